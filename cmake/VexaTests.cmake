@@ -1,0 +1,47 @@
+# vexa_test(name SOURCES ... LINK ... [LABELS ...] [TIMEOUT s] [RESOURCES]
+#           [DISPLAY [SCREEN 1920x1080] [WM] [COMPOSITOR] [BUS]])
+#
+# A Qt Test program. DISPLAY runs it on an X server of its own (see tests/support/with-display), so tests that
+# need a screen can run side by side; RESOURCES links the program's compiled-in resources.
+function(vexa_test name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "DISPLAY;WM;COMPOSITOR;BUS;RESOURCES" "SCREEN;TIMEOUT" "SOURCES;LINK;LABELS")
+  add_executable(${name} ${arg_SOURCES})
+  set_target_properties(${name} PROPERTIES AUTOMOC ON)
+  target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
+  target_link_libraries(${name} PRIVATE vexa_options ${arg_LINK} Qt5::Test)
+  if(arg_RESOURCES)
+    target_link_libraries(${name} PRIVATE vexa_resources)
+  endif()
+
+  set(command $<TARGET_FILE:${name}>)
+  set(labels ${arg_LABELS})
+  if(arg_DISPLAY)
+    list(APPEND labels display)
+    set(screen 1920x1080)
+    if(arg_SCREEN)
+      set(screen ${arg_SCREEN})
+    endif()
+    set(with "${PROJECT_SOURCE_DIR}/tests/support/with-display" --screen ${screen})
+    if(arg_WM)
+      list(APPEND with --wm)
+    endif()
+    if(arg_COMPOSITOR)
+      list(APPEND with --compositor)
+    endif()
+    if(arg_BUS)
+      list(APPEND with --bus)
+    endif()
+    list(PREPEND command ${with} --)
+  else()
+    list(APPEND labels logic)
+  endif()
+
+  add_test(NAME ${name} COMMAND ${command})
+  set(timeout 120)
+  if(arg_TIMEOUT)
+    set(timeout ${arg_TIMEOUT})
+  endif()
+  set_tests_properties(${name} PROPERTIES
+    LABELS "${labels}" TIMEOUT ${timeout}
+    ENVIRONMENT "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/support/lsan.supp:print_suppressions=0;UBSAN_OPTIONS=print_stacktrace=1")
+endfunction()

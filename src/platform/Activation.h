@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+class QWidget;
+
+/// The program's main window, shown again when the user activates the running program (dock icon, second start,
+/// launcher). Null until main has built it; not owned.
+extern QWidget *Window1;
+
+/// Installs what re-shows Window1 on activation. Without the means for it (no application object, no session bus)
+/// the program runs on without. GUI thread, once, after the application object exists.
+void setupDockClickHandler();
+
+namespace vexa::platform {
+
+/// Asks an instance that is already running in this session to show its window. True when one did, and this process
+/// should end; false when this is the only one, or nobody can tell. GUI thread, before anything else is started.
+bool forwardActivation();
+
+} // namespace vexa::platform
