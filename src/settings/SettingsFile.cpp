@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#include "settings/SettingsFile.h"
+
+#include "settings/SettingsFormat.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <filesystem>
+#include <system_error>
+
+namespace vexa {
+
+namespace {
+
+constexpr qint64 largestFile = 1024 * 1024;
+
+/// The file stays in its place while it gains its second name, so that no moment is without it. A link, or a
+/// file system that cannot give a file two names, has to be moved instead.
+bool keepAside(const QString &path) {
+    const QString aside = path + QStringLiteral(".bad");
+    QFile::remove(aside);
+    std::error_code failure;
+    if (!QFileInfo(path).isSymLink()) {
+        std::filesystem::create_hard_link(QFile::encodeName(path).toStdString(),
+                                          QFile::encodeName(aside).toStdString(), failure);
+        if (!failure)
+            return true;
+    }
+    return QFile::rename(path, aside);
+}
+
+} // namespace
+
+FileContent readSettingsFile(const QString &path) {
+    // Opening a pipe would wait for its writer, so what is not a file is never opened.
+    const QFileInfo info(path);
+    if (info.exists() && !info.isFile() && !info.isDir())
+        return {FileAccess::Refused, {}};
+
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    QByteArray bytes = file.read(largestFile + 1);
+    if (bytes.size() > largestFile)
+        return {FileAccess::Refused, {}};
+    return {FileAccess::Read, std::move(bytes)};
+}
+
+void replaceSettingsFile(const QString &path, const QByteArray &bytes) {
+    const QFileInfo info(path);
+    if (info.exists()) {
+        if (!info.isFile() || !info.isWritable())
+            return;
+        const FileContent present = readSettingsFile(path);
+        // The view echoes every value it is given; there is no need to go to the disk for what is there
+        // already.
+        if (present.bytes == bytes)
+            return;
+        if (!parseSettings(present.bytes) && !keepAside(path))
+            return;
+    }
+
+    QSaveFile file(path);
+    file.setDirectWriteFallback(true);
+    if (!file.open(QIODevice::WriteOnly))
+        return;
+    file.write(bytes);
+    file.commit();
+}
+
+} // namespace vexa

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+#include "settings/SettingsFormat.h"
+
+#include "settings/SettingsTable.h"
+#include "settings/ZrToolXmlClass.h"
+
+#include <QTextStream>
+#include <QXmlStreamReader>
+
+namespace vexa {
+
+namespace {
+
+constexpr int deepestNesting = 64;
+constexpr int indentation = 4;
+
+/// The document object model recurses over its nodes, so a deeply nested file would exhaust the stack. The
+/// stream reader does not recurse: it looks first.
+bool isSafeToParse(const QByteArray &bytes) {
+    QXmlStreamReader reader(bytes);
+    reader.setNamespaceProcessing(false);
+    int depth = 0;
+    while (!reader.atEnd()) {
+        const auto token = reader.readNext();
+        if (token == QXmlStreamReader::StartElement && ++depth > deepestNesting)
+            return false;
+        if (token == QXmlStreamReader::EndElement)
+            --depth;
+    }
+    return !reader.hasError();
+}
+
+QDomElement appendElement(QDomDocument &document, QDomNode parent, const QString &name) {
+    return parent.appendChild(document.createElement(name)).toElement();
+}
+
+} // namespace
+
+std::optional<QDomDocument> parseSettings(const QByteArray &bytes) {
+    QDomDocument document;
+    if (!isSafeToParse(bytes) || !document.setContent(bytes, false))
+        return std::nullopt;
+    return document;
+}
+
+void applySettings(const QDomDocument &document) {
+    const QDomElement root = document.documentElement();
+    ZrToolXmlClass::ifirstRun = root.attribute(QStringLiteral("FirstRun")).toInt() != 0;
+
+    // Neither the root's name nor that of its children matters, only the names below them.
+    for (QDomElement group = root.firstChildElement(); !group.isNull(); group = group.nextSiblingElement()) {
+        for (QDomNode node = group.firstChild(); !node.isNull(); node = node.nextSibling()) {
+            if (const Setting *setting = settingOfElement(node.nodeName()))
+                *setting->value = node.toElement().text().toInt();
+        }
+    }
+}
+
+QByteArray formatSettings() {
+    QDomDocument document;
+    document.appendChild(document.createProcessingInstruction(
+        QStringLiteral("xml"), QStringLiteral("version=\"1.0\" encoding=\"UTF-8\"")));
+    QDomElement root = appendElement(document, document, QStringLiteral("PenSetting"));
+    root.setAttribute(QStringLiteral("FirstRun"), 1);
+    const QDomElement group = appendElement(document, root, QStringLiteral("Setting"));
+    for (const Setting &setting : settingsTable) {
+        appendElement(document, group, QLatin1String(setting.element))
+            .appendChild(document.createTextNode(QString::number(*setting.value)));
+    }
+
+    QByteArray bytes;
+    QTextStream stream(&bytes);
+    document.save(stream, indentation, QDomNode::EncodingFromDocument);
+    stream.flush();
+    return bytes;
+}
+
+} // namespace vexa

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+
+/// The user's settings: one copy for the whole process, read and assigned directly. GUI thread only.
+///
+/// A change is made by assigning the member and then calling ZrXmlWrite(). The ranges belong to those who use
+/// a value; nothing is checked or clamped here. SettingsTable.h lists the members for those who loop over
+/// them.
+class ZrToolXmlClass {
+public:
+    /// Takes over what "VexaPenSetting.xml" beside the executable says, or, where that cannot be opened, what
+    /// the built-in file says. What the file does not mention, and everything when it is not well-formed,
+    /// stays.
+    static void ZrXmlRead();
+
+    /// Replaces the file whole. Where it cannot be written, nothing happens.
+    static void ZrXmlWrite();
+
+    /// What the long presses of keys 2 and 3 and the single press of key 4 do: 0 nothing, 1 slide show, 2
+    /// player, 3 blackboard, 4 screenshot.
+    static std::int32_t Key2P;
+    static std::int32_t Key3P;
+    static std::int32_t Key4C;
+    /// What holding key 4 shows: 0 spotlight, 1 magnifier, 2 laser.
+    static std::int32_t Key4P;
+    /// The three pens as indices into the pen palette, and their width as an index into the pen widths.
+    static std::int32_t PenColor0;
+    static std::int32_t PenColor1;
+    static std::int32_t PenColor2;
+    static std::int32_t PenThickness;
+    static std::int32_t LaserPenSize;
+    static std::int32_t LaserPenColor;
+    static std::int32_t MagnifierSize;
+    static std::int32_t MagnifierColor;
+    static std::int32_t SportLightSize;
+    static std::int32_t SportLightTran;
+    /// 1: started at login.
+    static std::int32_t AutoStart;
+    /// 0 Simplified Chinese, 1 Traditional Chinese, 2 English.
+    static std::int32_t Language;
+    /// Non-zero: the guide to the privacy permissions is shown at start.
+    static std::int32_t ShowPrivacyWindow;
+    static bool ifirstRun;
+};
