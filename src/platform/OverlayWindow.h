@@ -9,8 +9,12 @@ class QWidget;
 /// None of these functions changes the widget's windowFlags(); none takes ownership; none fails visibly.
 namespace vexa::platform {
 
+/// How much of the primary screen an overlay takes: all of it, or the space the desktop gives a maximised window.
+/// On X11 both are all of it.
+enum class Cover { FullScreen, Maximized };
+
 /// Shows the widget over the whole primary screen. Creates the native window if there is none yet.
-void showOverPrimaryScreen(QWidget &overlay);
+void showOverPrimaryScreen(QWidget &overlay, Cover cover = Cover::FullScreen);
 
 /// Shows the widget at its own geometry (points, relative to the desktop) as a card above everything.
 void showAboveAll(QWidget &card);
