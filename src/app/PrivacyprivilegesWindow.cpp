@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#include "app/PrivacyprivilegesWindow.h"
+
+#include "settings/ZrToolXmlClass.h"
+#include "ui_PrivacyprivilegesWindow.h"
+
+#include <QCoreApplication>
+#include <QQuickItem>
+#include <QTranslator>
+#include <QUrl>
+#include <array>
+
+PrivacyprivilegesWindow::PrivacyprivilegesWindow(QWidget *parent)
+    : QDialog(parent), m_ui(std::make_unique<Ui::PrivacyprivilegesWindow>()) {
+    m_ui->setupUi(this);
+    ZrToolXmlClass::ZrXmlRead();
+    changeLanguage(ZrToolXmlClass::Language);
+    connect(m_ui->pushButton, &QPushButton::clicked, this, &PrivacyprivilegesWindow::ClickButton);
+    connect(m_ui->pushButton_2, &QPushButton::clicked, this, &PrivacyprivilegesWindow::ClickButton2);
+
+    setWindowFlags(Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+    QPalette transparent = palette();
+    transparent.setBrush(QPalette::Window, Qt::transparent);
+    setPalette(transparent);
+    setAutoFillBackground(true);
+    setAttribute(Qt::WA_TranslucentBackground);
+    loadView();
+}
+
+PrivacyprivilegesWindow::~PrivacyprivilegesWindow() = default;
+
+void PrivacyprivilegesWindow::changeLanguage(int language) {
+    static const std::array<QString, 3> catalogues = {QStringLiteral(":/language_qm/lang_Cn.qm"),
+                                                      QStringLiteral(":/language_qm/lang_Tw.qm"),
+                                                      QStringLiteral(":/language_qm/lang_En.qm")};
+    // Deleting a translator takes it out of the application.
+    m_translator = std::make_unique<QTranslator>();
+    const bool known = language >= 0 && language < static_cast<int>(catalogues.size());
+    if (known && m_translator->load(catalogues.at(static_cast<std::size_t>(language)))) {
+        QCoreApplication::installTranslator(m_translator.get());
+    }
+    m_ui->retranslateUi(this);
+}
+
+void PrivacyprivilegesWindow::ClickButton() {
+    done(1);
+}
+
+void PrivacyprivilegesWindow::ClickButton2() {
+    done(0);
+}
+
+void PrivacyprivilegesWindow::recvQmlMessage(int id, int /*var1*/) {
+    if (id == 0 || id == 1) {
+        done(id);
+    }
+}
+
+void PrivacyprivilegesWindow::loadView() {
+    m_ui->quickWidget->setClearColor(Qt::transparent);
+    m_ui->quickWidget->setSource(QUrl(QStringLiteral("qrc:/PrivacyWindow.qml")));
+    if (const QObject *root = m_ui->quickWidget->rootObject()) {
+        connect(root, SIGNAL(qmlSignal(int, int)), this, SLOT(recvQmlMessage(int, int)));
+    }
+}

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QDialog>
+#include <memory>
+
+class QTranslator;
+
+namespace Ui {
+class PrivacyprivilegesWindow;
+}
+
+/// Tells which privacy permissions of the system the program needs. Run with exec(): the result is 1 when the
+/// user confirmed and does not want to be told again, else 0. It opens nothing and stores nothing itself.
+/// GUI thread only.
+class PrivacyprivilegesWindow : public QDialog {
+    Q_OBJECT
+
+public:
+    /// Reads the settings again, for the language to speak.
+    explicit PrivacyprivilegesWindow(QWidget *parent = nullptr);
+    ~PrivacyprivilegesWindow() override;
+
+    /// Switches the catalogue: 0 Simplified Chinese, 1 Traditional Chinese, 2 English. Any other index, or a
+    /// catalogue that cannot be loaded, leaves the source texts (Simplified Chinese).
+    void changeLanguage(int language);
+
+public slots:
+    void ClickButton();
+    void ClickButton2();
+    /// What the view's button says: 1 confirmed for good, 0 confirmed for now.
+    void recvQmlMessage(int id, int var1);
+
+private:
+    void loadView();
+
+    std::unique_ptr<Ui::PrivacyprivilegesWindow> m_ui;
+    std::unique_ptr<QTranslator> m_translator;
+};
