@@ -3,18 +3,27 @@
 
 class QWidget;
 
-/// The program's main window, shown again when the user activates the running program (dock icon, second start,
-/// launcher). Null until main has built it; not owned.
+/// The program's main window, shown again when the user activates the running program (dock icon, second
+/// start, launcher). Null until main has built it; not owned.
 extern QWidget *Window1;
 
-/// Installs what re-shows Window1 on activation. Without the means for it (no application object, no session bus)
-/// the program runs on without. GUI thread, once, after the application object exists.
+/// Installs what re-shows Window1 on activation. Without the means for it (no application object, no session
+/// bus) the program runs on without. GUI thread, once, after the application object exists.
 void setupDockClickHandler();
 
 namespace vexa::platform {
 
-/// Asks an instance that is already running in this session to show its window. True when one did, and this process
-/// should end; false when this is the only one, or nobody can tell. GUI thread, before anything else is started.
+/// Asks an instance that is already running in this session to show its window. True when one did, and this
+/// process should end; false when this is the only one, or nobody can tell. GUI thread, before anything else
+/// is started.
 bool forwardActivation();
+
+/// What an activation does: shows Window1 in front of the other windows. While there is no Window1 yet, it is
+/// remembered. GUI thread.
+void activateWindow();
+
+/// Makes up for an activation that came too early: the panel that withdraws by itself after the start comes
+/// back. GUI thread, once, when Window1 is set and shown.
+void resumeMissedActivation();
 
 } // namespace vexa::platform

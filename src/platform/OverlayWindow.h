@@ -5,8 +5,8 @@ class QWidget;
 
 /// How the windows that lie over a presentation behave on this desktop. GUI thread only.
 ///
-/// An overlay stands above a focused full-screen slide show and above panels, and leaves the focus where it is.
-/// None of these functions changes the widget's windowFlags(); none takes ownership; none fails visibly.
+/// An overlay stands above a focused full-screen slide show and above panels, and leaves the focus where it
+/// is. None of these functions changes the widget's windowFlags(); none takes ownership; none fails visibly.
 namespace vexa::platform {
 
 /// How much of the primary screen an overlay takes: all of it, or the space the desktop gives a maximised window.
@@ -19,8 +19,8 @@ void showOverPrimaryScreen(QWidget &overlay, Cover cover = Cover::FullScreen);
 /// Shows the widget at its own geometry (points, relative to the desktop) as a card above everything.
 void showAboveAll(QWidget &card);
 
-/// Sets the window's opacity, 1 fully visible; at 0 and below the window is invisible and takes no clicks. The
-/// change has reached the screen's server when this returns. May be called before and after showing.
+/// Sets the window's opacity, 1 fully visible; at 0 and below the window is invisible and takes no clicks.
+/// The change has reached the screen's server when this returns. May be called before and after showing.
 void setOverlayOpacity(QWidget &card, double opacity);
 
 } // namespace vexa::platform
