@@ -6,8 +6,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
-#include <filesystem>
-#include <system_error>
+#include <unistd.h>
 
 namespace vexa {
 
@@ -20,13 +19,9 @@ constexpr qint64 largestFile = 1024 * 1024;
 bool keepAside(const QString &path) {
     const QString aside = path + QStringLiteral(".bad");
     QFile::remove(aside);
-    std::error_code failure;
-    if (!QFileInfo(path).isSymLink()) {
-        std::filesystem::create_hard_link(QFile::encodeName(path).toStdString(),
-                                          QFile::encodeName(aside).toStdString(), failure);
-        if (!failure)
-            return true;
-    }
+    if (!QFileInfo(path).isSymLink()
+        && link(QFile::encodeName(path).constData(), QFile::encodeName(aside).constData()) == 0)
+        return true;
     return QFile::rename(path, aside);
 }
 

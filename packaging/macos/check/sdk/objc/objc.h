@@ -1,0 +1,10 @@
+// SPDX-License-Identifier: MIT
+// The part of the Objective-C runtime's types that this program uses, declared after Apple's documentation. For
+// checking and testing without Apple's development kit; a real build never sees this file.
+#pragma once
+
+typedef struct objc_class *Class;
+typedef struct objc_object *id;
+typedef struct objc_selector *SEL;
+typedef void (*IMP)(void);
+typedef bool BOOL; // as on arm64; on x86_64 it is a signed char
