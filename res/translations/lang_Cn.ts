@@ -1,0 +1,671 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_CN" sourcelanguage="zh_CN">
+<context>
+    <name>About</name>
+    <message>
+        <source>开机自启动</source>
+        <translation>开机自启动</translation>
+    </message>
+    <message>
+        <source>语言</source>
+        <translation>语言</translation>
+    </message>
+    <message>
+        <source>简体中文</source>
+        <translation>简体中文</translation>
+    </message>
+    <message>
+        <source>繁体中文</source>
+        <translation>繁体中文</translation>
+    </message>
+    <message>
+        <source>英语</source>
+        <translation>英语</translation>
+    </message>
+    <message>
+        <source>版本 1.0</source>
+        <translation>版本 2.0.0.0</translation>
+    </message>
+    <message>
+        <source>启动</source>
+        <translation>启动</translation>
+    </message>
+    <message>
+        <source>关于</source>
+        <translation>关于</translation>
+    </message>
+    <message>
+        <source>请访问Vexa官网以获得更多支持</source>
+        <translation>请访问Vexa官网以获得更多支持</translation>
+    </message>
+    <message>
+        <source>版权所有 © 2019-2021 维克萨科技有限公司</source>
+        <translation>版权所有 © 2019-2021 维克萨科技有限公司</translation>
+    </message>
+    <message>
+        <source>Form</source>
+        <translation></translation>
+    </message>
+</context>
+<context>
+    <name>AboutButton2</name>
+    <message>
+        <source></source>
+        <translation></translation>
+    </message>
+</context>
+<context>
+    <name>AboutButton3</name>
+    <message>
+        <source></source>
+        <translation></translation>
+    </message>
+</context>
+<context>
+    <name>blackBoardform</name>
+    <message>
+        <source>黑板</source>
+        <translation>黑板</translation>
+    </message>
+</context>
+<context>
+    <name>BlackWindow</name>
+    <message>
+        <source>Form</source>
+        <translation></translation>
+    </message>
+    <message>
+        <source>:/icon-lock-hover@1080p.png</source>
+        <translation></translation>
+    </message>
+    <message>
+        <source>:/icon-lock-normal@1080p.png</source>
+        <translation></translation>
+    </message>
+</context>
+<context>
+    <name>Key1Press</name>
+    <message>
+        <source>Form</source>
+        <translation></translation>
+    </message>
+</context>
+<context>
+    <name>Key1Window</name>
+    <message>
+        <source>切换画笔颜色</source>
+        <translation>切换画笔颜色</translation>
+    </message>
+    <message>
+        <source>开启/关闭批注</source>
+        <translation>开启/关闭批注</translation>
+    </message>
+    <message>
+        <source>单击</source>
+        <translation>单击</translation>
+    </message>
+    <message>
+        <source>长按</source>
+        <translation>长按</translation>
+    </message>
+    <message>
+        <source>颜色设置</source>
+        <translation>颜色设置</translation>
+    </message>
+</context>
+<context>
+    <name>Key2Window</name>
+    <message>
+        <source>无操作</source>
+        <translation>无操作</translation>
+    </message>
+    <message>
+        <source>PPT放映：开始/结束</source>
+        <translation>PPT放映：开始/结束</translation>
+    </message>
+    <message>
+        <source>上一页</source>
+        <translation>上一页</translation>
+    </message>
+    <message>
+        <source>播放器：暂停/播放</source>
+        <translation>播放器：暂停/播放</translation>
+    </message>
+    <message>
+        <source>屏幕截屏</source>
+        <translation>屏幕截屏</translation>
+    </message>
+    <message>
+        <source>黑板</source>
+        <translation>黑板</translation>
+    </message>
+    <message>
+        <source>单击</source>
+        <translation>单击</translation>
+    </message>
+    <message>
+        <source>长按</source>
+        <translation>长按</translation>
+    </message>
+</context>
+<context>
+    <name>Key3Window</name>
+    <message>
+        <source>无操作</source>
+        <translation>无操作</translation>
+    </message>
+    <message>
+        <source>PPT放映：开始/结束</source>
+        <translation>PPT放映：开始/结束</translation>
+    </message>
+    <message>
+        <source>下一页</source>
+        <translation>下一页</translation>
+    </message>
+    <message>
+        <source>播放器：暂停/播放</source>
+        <translation>播放器：暂停/播放</translation>
+    </message>
+    <message>
+        <source>屏幕截屏</source>
+        <translation>屏幕截屏</translation>
+    </message>
+    <message>
+        <source>黑板</source>
+        <translation>黑板</translation>
+    </message>
+    <message>
+        <source>单击</source>
+        <translation>单击</translation>
+    </message>
+    <message>
+        <source>长按</source>
+        <translation>长按</translation>
+    </message>
+</context>
+<context>
+    <name>Key4LongPress</name>
+    <message>
+        <source>放大镜</source>
+        <translation>放大镜</translation>
+    </message>
+    <message>
+        <source>数字激光点</source>
+        <translation>数字激光点</translation>
+    </message>
+    <message>
+        <source>聚光灯</source>
+        <translation>聚光灯</translation>
+    </message>
+    <message>
+        <source>Form</source>
+        <translation></translation>
+    </message>
+</context>
+<context>
+    <name>Key4Window</name>
+    <message>
+        <source>无操作</source>
+        <translation>无操作</translation>
+    </message>
+    <message>
+        <source>PPT放映：开始/结束</source>
+        <translation>PPT放映：开始/结束</translation>
+    </message>
+    <message>
+        <source>播放器：暂停/播放</source>
+        <translation>播放器：暂停/播放</translation>
+    </message>
+    <message>
+        <source>屏幕截屏</source>
+        <translation>屏幕截屏</translation>
+    </message>
+    <message>
+        <source>黑板</source>
+        <translation>黑板</translation>
+    </message>
+    <message>
+        <source>放大镜</source>
+        <translation>放大镜</translation>
+    </message>
+    <message>
+        <source>数字激光点</source>
+        <translation>数字激光点</translation>
+    </message>
+    <message>
+        <source>聚光灯</source>
+        <translation>聚光灯</translation>
+    </message>
+    <message>
+        <source>单击</source>
+        <translation>单击</translation>
+    </message>
+    <message>
+        <source>长按</source>
+        <translation>长按</translation>
+    </message>
+    <message>
+        <source>放大镜设置</source>
+        <translation>放大镜设置</translation>
+    </message>
+    <message>
+        <source>数字激光笔设置</source>
+        <translation>数字激光笔设置</translation>
+    </message>
+    <message>
+        <source>聚光灯设置</source>
+        <translation>聚光灯设置</translation>
+    </message>
+</context>
+<context>
+    <name>KeySetButton2</name>
+    <message>
+        <source></source>
+        <translation></translation>
+    </message>
+</context>
+<context>
+    <name>KeySetButton2_update</name>
+    <message>
+        <source></source>
+        <translation></translation>
+    </message>
+</context>
+<context>
+    <name>KeySetting2</name>
+    <message>
+        <source>无操作</source>
+        <translation>无操作</translation>
+    </message>
+    <message>
+        <source>PPT放映：开始/结束</source>
+        <translation>PPT放映：开始/结束</translation>
+    </message>
+    <message>
+        <source>播放器：暂停/播放</source>
+        <translation>播放器：暂停/播放</translation>
+    </message>
+    <message>
+        <source>屏幕截屏</source>
+        <translation>屏幕截屏</translation>
+    </message>
+    <message>
+        <source>黑屏</source>
+        <translation>黑屏</translation>
+    </message>
+    <message>
+        <source>Form</source>
+        <translation></translation>
+    </message>
+</context>
+<context>
+    <name>LightPen</name>
+    <message>
+        <source>Form</source>
+        <translation></translation>
+    </message>
+</context>
+<context>
+    <name>LightPenSet</name>
+    <message>
+        <source>Form</source>
+        <translation></translation>
+    </message>
+</context>
+<context>
+    <name>LightpenSetWindow</name>
+    <message>
+        <source>颜色</source>
+        <translation>颜色</translation>
+    </message>
+    <message>
+        <source>大小</source>
+        <translation>大小</translation>
+    </message>
+</context>
+<context>
+    <name>Magnifie</name>
+    <message>
+        <source>Form</source>
+        <translation></translation>
+    </message>
+</context>
+<context>
+    <name>MagnifierSet</name>
+    <message>
+        <source>Form</source>
+        <translation></translation>
+    </message>
+</context>
+<context>
+    <name>MagnifierSetWindow</name>
+    <message>
+        <source>颜色</source>
+        <translation>颜色</translation>
+    </message>
+    <message>
+        <source>大小</source>
+        <translation>大小</translation>
+    </message>
+</context>
+<context>
+    <name>MainKeySetting</name>
+    <message>
+        <source>无操作</source>
+        <translation>无操作</translation>
+    </message>
+    <message>
+        <source>PPT放映：开始/结束</source>
+        <translation>PPT放映：开始/结束</translation>
+    </message>
+    <message>
+        <source>上一页</source>
+        <translation>上一页</translation>
+    </message>
+    <message>
+        <source>下一页</source>
+        <translation>下一页</translation>
+    </message>
+    <message>
+        <source>播放器：暂停/播放</source>
+        <translation>播放器：暂停/播放</translation>
+    </message>
+    <message>
+        <source>屏幕截屏</source>
+        <translation>屏幕截屏</translation>
+    </message>
+    <message>
+        <source>黑屏</source>
+        <translation>黑屏</translation>
+    </message>
+    <message>
+        <source>放大镜</source>
+        <translation>放大镜</translation>
+    </message>
+    <message>
+        <source>数字激光点</source>
+        <translation>数字激光点</translation>
+    </message>
+    <message>
+        <source>聚光灯</source>
+        <translation>聚光灯</translation>
+    </message>
+    <message>
+        <source>批注：开始/退出</source>
+        <translation>批注：开始/退出</translation>
+    </message>
+    <message>
+        <source>画笔颜色切换</source>
+        <translation>画笔颜色切换</translation>
+    </message>
+    <message>
+        <source>Key1单击</source>
+        <translation>Key1单击</translation>
+    </message>
+    <message>
+        <source>Key1 长按</source>
+        <translation>Key1 长按</translation>
+    </message>
+    <message>
+        <source>Key2 单击</source>
+        <translation>Key2 单击</translation>
+    </message>
+    <message>
+        <source>Key2 长按</source>
+        <translation>Key2 长按</translation>
+    </message>
+    <message>
+        <source>Key3 单击</source>
+        <translation>Key3 单击</translation>
+    </message>
+    <message>
+        <source>Key3 长按</source>
+        <translation>Key3 长按</translation>
+    </message>
+    <message>
+        <source>Key4 单击</source>
+        <translation>Key4 单击</translation>
+    </message>
+    <message>
+        <source>Key4单击</source>
+        <translation>Key4单击</translation>
+    </message>
+    <message>
+        <source>Key4 长按</source>
+        <translation>Key4 长按</translation>
+    </message>
+    <message>
+        <source>Form</source>
+        <translation></translation>
+    </message>
+    <message>
+        <source>qrc:/MainKeySetButton.qml</source>
+        <translation></translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>无操作</source>
+        <translation>无操作</translation>
+    </message>
+    <message>
+        <source>PPT放映：开始/结束</source>
+        <translation>PPT放映：开始/结束</translation>
+    </message>
+    <message>
+        <source>上一页</source>
+        <translation>上一页</translation>
+    </message>
+    <message>
+        <source>下一页</source>
+        <translation>下一页</translation>
+    </message>
+    <message>
+        <source>播放器：暂停/播放</source>
+        <translation>播放器：暂停/播放</translation>
+    </message>
+    <message>
+        <source>屏幕截屏</source>
+        <translation>屏幕截屏</translation>
+    </message>
+    <message>
+        <source>黑板</source>
+        <translation>黑板</translation>
+    </message>
+    <message>
+        <source>放大镜</source>
+        <translation>放大镜</translation>
+    </message>
+    <message>
+        <source>数字激光点</source>
+        <translation>数字激光点</translation>
+    </message>
+    <message>
+        <source>聚光灯</source>
+        <translation>聚光灯</translation>
+    </message>
+    <message>
+        <source>切换画笔颜色</source>
+        <translation>切换画笔颜色</translation>
+    </message>
+    <message>
+        <source>开启/关闭批注</source>
+        <translation>开启/关闭批注</translation>
+    </message>
+    <message>
+        <source>单击</source>
+        <translation>单击</translation>
+    </message>
+    <message>
+        <source>长按</source>
+        <translation>长按</translation>
+    </message>
+    <message>
+        <source>截屏已保存</source>
+        <translation>截屏已保存</translation>
+    </message>
+    <message>
+        <source>Vexa Orbilo Setting</source>
+        <translation>Vexa Orbilo Setting</translation>
+    </message>
+    <message>
+        <source>MainWindow</source>
+        <translation></translation>
+    </message>
+</context>
+<context>
+    <name>PizhuForm</name>
+    <message>
+        <source>批注模式</source>
+        <translation>批注模式</translation>
+    </message>
+    <message>
+        <source>1</source>
+        <translation>1</translation>
+    </message>
+</context>
+<context>
+    <name>PizhuSetPenColor</name>
+    <message>
+        <source>颜色</source>
+        <translation>颜色</translation>
+    </message>
+    <message>
+        <source>画笔粗细</source>
+        <translation>画笔粗细</translation>
+    </message>
+</context>
+<context>
+    <name>PizhuSetPenSize</name>
+    <message>
+        <source>画笔粗细:</source>
+        <translation>画笔粗细:</translation>
+    </message>
+</context>
+<context>
+    <name>PrivacyprivilegesWindow</name>
+    <message>
+        <source>下次不再显示</source>
+        <translation>下次不再显示</translation>
+    </message>
+    <message>
+        <source>确定</source>
+        <translation>确定</translation>
+    </message>
+</context>
+<context>
+    <name>PrivacyWindow</name>
+    <message>
+        <source>由于系统隐私要求，请授权以下权限</source>
+        <translation>由于系统隐私要求，请授权以下权限</translation>
+    </message>
+    <message>
+        <source>辅助功能</source>
+        <translation>辅助功能</translation>
+    </message>
+    <message>
+        <source>输入监听</source>
+        <translation>输入监听</translation>
+    </message>
+    <message>
+        <source>屏幕录制</source>
+        <translation>屏幕录制</translation>
+    </message>
+    <message>
+        <source>完全磁盘访问权限</source>
+        <translation>完全磁盘访问权限</translation>
+    </message>
+    <message>
+        <source>重新安装需重新授权</source>
+        <translation>重新安装需重新授权</translation>
+    </message>
+    <message>
+        <source>下次不再提示</source>
+        <translation>下次不再提示</translation>
+    </message>
+    <message>
+        <source>确定</source>
+        <translation>确定</translation>
+    </message>
+</context>
+<context>
+    <name>PromptWindow</name>
+    <message>
+        <source>Vexa Orbilo Setting</source>
+        <translation>Vexa Orbilo Setting</translation>
+    </message>
+</context>
+<context>
+    <name>promptwindow2</name>
+    <message>
+        <source>颜色</source>
+        <translation>颜色</translation>
+    </message>
+</context>
+<context>
+    <name>SetWindow</name>
+    <message>
+        <source>设置</source>
+        <translation>设置</translation>
+    </message>
+    <message>
+        <source>开机自启动</source>
+        <translation>开机自启动</translation>
+    </message>
+    <message>
+        <source>语言</source>
+        <translation>语言</translation>
+    </message>
+    <message>
+        <source>简体中文</source>
+        <translation>简体中文</translation>
+    </message>
+    <message>
+        <source>繁体中文</source>
+        <translation>繁体中文</translation>
+    </message>
+    <message>
+        <source>英语</source>
+        <translation>英语</translation>
+    </message>
+    <message>
+        <source>2.0.0.0</source>
+        <translation>2.1.0.210527</translation>
+    </message>
+    <message>
+        <source>请访问Vexa官网以获得更多支持</source>
+        <translation>请访问Vexa官网以获得更多支持</translation>
+    </message>
+    <message>
+        <source>版权所有 © 2019-2021 维克萨科技有限公司</source>
+        <translation>版权所有 © 2019-2021 维克萨科技有限公司</translation>
+    </message>
+</context>
+<context>
+    <name>Spolight2</name>
+    <message>
+        <source>Form</source>
+        <translation></translation>
+    </message>
+</context>
+<context>
+    <name>SportLightSet</name>
+    <message>
+        <source>Form</source>
+        <translation></translation>
+    </message>
+</context>
+<context>
+    <name>SportLightSetWindow</name>
+    <message>
+        <source>大小</source>
+        <translation>大小</translation>
+    </message>
+    <message>
+        <source>透明度</source>
+        <translation>透明度</translation>
+    </message>
+</context>
+</TS>
