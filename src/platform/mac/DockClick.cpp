@@ -4,14 +4,10 @@
 #include "platform/Activation.h"
 #include "platform/mac/ObjectiveC.h"
 
-#include <QWidget>
 #include <QtDebug>
 
-QWidget *Window1 = nullptr;
-
 bool dockClickHandler(id, SEL, ...) {
-    if (Window1)
-        Window1->show();
+    vexa::platform::activateWindow();
     return false;
 }
 
