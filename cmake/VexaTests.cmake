@@ -1,16 +1,21 @@
-# vexa_test(name SOURCES ... LINK ... [LABELS ...] [TIMEOUT s] [RESOURCES]
+# vexa_test(name SOURCES ... LINK ... [LABELS ...] [TIMEOUT s] [RESOURCES] [OWN_FOLDER]
 #           [DISPLAY [SCREEN 1920x1080] [WM] [COMPOSITOR] [BUS]])
 #
 # A Qt Test program. DISPLAY runs it on an X server of its own (see tests/support/with-display), so tests that
-# need a screen can run side by side; RESOURCES links the program's compiled-in resources.
+# need a screen can run side by side; RESOURCES links the program's compiled-in resources. OWN_FOLDER keeps the
+# program in a folder of its own (name.dir): the settings file lies beside the executable, and tests that read or
+# write it must not share it.
 function(vexa_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "DISPLAY;WM;COMPOSITOR;BUS;RESOURCES" "SCREEN;TIMEOUT" "SOURCES;LINK;LABELS")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "DISPLAY;WM;COMPOSITOR;BUS;RESOURCES;OWN_FOLDER" "SCREEN;TIMEOUT" "SOURCES;LINK;LABELS")
   add_executable(${name} ${arg_SOURCES})
   set_target_properties(${name} PROPERTIES AUTOMOC ON)
   target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
   target_link_libraries(${name} PRIVATE vexa_options ${arg_LINK} Qt5::Test)
   if(arg_RESOURCES)
     target_link_libraries(${name} PRIVATE vexa_resources)
+  endif()
+  if(arg_OWN_FOLDER)
+    set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_CURRENT_BINARY_DIR}/${name}.dir")
   endif()
 
   set(command $<TARGET_FILE:${name}>)
