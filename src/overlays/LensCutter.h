@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QBitmap>
+#include <QPixmap>
+#include <QRect>
+
+namespace vexa {
+
+/// A disc inside a cut-out piece of a picture, in the piece's pixels.
+struct Disc {
+    QRect square; // around the disc; may begin outside the piece
+    double radius;
+};
+
+/// Cuts round pieces out of a picture. Keeps the last mask, as a moving lens nearly always asks for the same.
+class LensCutter {
+public:
+    /// What lies in `source` of the picture, both in pixels, transparent outside the disc. Where `source`
+    /// leaves the picture the piece is smaller, and begins where the picture does; null where nothing is
+    /// left.
+    QPixmap cut(const QPixmap &picture, const QRect &source, const Disc &disc);
+
+private:
+    const QBitmap &maskOf(const QSize &size, const Disc &disc);
+
+    QBitmap m_mask;
+    Disc m_disc{};
+};
+
+} // namespace vexa

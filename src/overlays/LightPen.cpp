@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#include "overlays/LightPen.h"
+
+#include "overlays/ColourBands.h"
+#include "settings/ZrToolXmlClass.h"
+#include "ui_LightPen.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPainterPath>
+
+namespace {
+constexpr int exitCode = 4;
+}
+
+LightPen::LightPen(QWidget *parent) : HeldTool(parent), m_form(std::make_unique<Ui::LightPen>()) {
+    m_form->setupUi(this);
+    setColorInit();
+}
+
+LightPen::~LightPen() = default;
+
+void LightPen::setColorInit() {
+    m_colour = vexa::colourOfSlider(ZrToolXmlClass::LaserPenColor);
+}
+
+void LightPen::Setbackground_transparent() {
+    QPalette clear = palette();
+    clear.setBrush(QPalette::All, QPalette::Window, QBrush(Qt::transparent));
+    setPalette(clear);
+}
+
+void LightPen::SetMousePress(bool /*pressed*/) {
+    takeMouse();
+    placeAtPointer();
+    drawNow();
+}
+
+void LightPen::ExitWindow() {
+    leave();
+}
+
+void LightPen::mousePressEvent(QMouseEvent *event) {
+    placeAt(event->localPos());
+    drawNow();
+}
+
+void LightPen::mouseReleaseEvent(QMouseEvent * /*event*/) {
+    giveMouseBack();
+    setDrawing(false);
+    close();
+}
+
+void LightPen::drawNow() {
+    setDrawing(true);
+    render();
+    showChanges();
+}
+
+void LightPen::report() {
+    emit singalExitWindow(exitCode);
+}
+
+int LightPen::extent() const {
+    return ZrToolXmlClass::LaserPenSize;
+}
+
+QRgb LightPen::ink() const {
+    return m_colour.rgba();
+}
+
+QRectF LightPen::draw(QPainter &layer) {
+    const double radius = extent();
+    const QRectF dot(position().x() - radius, position().y() - radius, 2 * radius, 2 * radius);
+    QPainterPath path;
+    path.addEllipse(dot);
+    layer.fillPath(path, QBrush(m_colour, Qt::SolidPattern));
+    return dot.normalized();
+}

@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: MIT
+#include "overlays/Magnifie.h"
+
+#include "overlays/ColourBands.h"
+#include "overlays/Truncation.h"
+#include "settings/ZrToolXmlClass.h"
+#include "ui_Magnifie.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPainterPath>
+
+using vexa::truncated;
+
+namespace {
+
+constexpr int exitCode = 3;
+constexpr float zoom = 1.25F;
+constexpr int rings = 3;
+
+/// Along one axis: where the lens is drawn, and how far the disc in the piece begins before the piece does.
+struct Placing {
+    double at;
+    int discAt;
+};
+
+Placing placeLens(double begin, bool atEdge) {
+    if (atEdge)
+        return {0, truncated(float(begin) / zoom)};
+    return {begin, 0};
+}
+
+} // namespace
+
+Magnifie::Magnifie(QWidget *parent) : HeldTool(parent), m_form(std::make_unique<Ui::Magnifie>()) {
+    m_form->setupUi(this);
+    setColorInit();
+}
+
+Magnifie::~Magnifie() = default;
+
+void Magnifie::setColorInit() {
+    m_ringColour = vexa::colourOfSlider(ZrToolXmlClass::MagnifierColor);
+}
+
+void Magnifie::grabScreen() {}
+
+void Magnifie::SetMousePress(bool /*pressed*/) {
+    takeMouse();
+    setDrawing(true);
+    placeAtPointer();
+    render();
+}
+
+void Magnifie::ExitWindow() {
+    leave();
+}
+
+void Magnifie::mousePressEvent(QMouseEvent *event) {
+    takeMouse();
+    setDrawing(true);
+    placeAt(event->localPos());
+}
+
+void Magnifie::mouseReleaseEvent(QMouseEvent * /*event*/) {
+    giveMouseBack();
+    setDrawing(false);
+    close();
+}
+
+void Magnifie::report() {
+    emit singalExitWindow(exitCode);
+}
+
+int Magnifie::extent() const {
+    return ZrToolXmlClass::MagnifierSize;
+}
+
+QRgb Magnifie::ink() const {
+    return m_ringColour.rgba();
+}
+
+QRectF Magnifie::draw(QPainter &layer) {
+    QRectF touched = drawLens(layer);
+    layer.setPen(m_ringColour);
+    for (int ring = 0; ring < rings; ++ring) {
+        const double radius = double(extent()) + ring;
+        const QRectF circle(position().x() - radius, position().y() - radius, 2 * radius, 2 * radius);
+        QPainterPath path;
+        path.addEllipse(circle);
+        layer.drawPath(path);
+        touched |= circle.normalized();
+    }
+    return touched;
+}
+
+QRectF Magnifie::drawLens(QPainter &layer) {
+    const double scale = backgroundScale();
+    const float diameter = 2 * float(extent());
+    const int sourceRadius = truncated(diameter / (2 * zoom));
+    const int sourceDiameter = truncated(diameter / zoom);
+    const int side = truncated(sourceDiameter * scale);
+    const QRect source(truncated((position().x() - sourceRadius) * scale),
+                       truncated((position().y() - sourceRadius) * scale), side, side);
+
+    // Near the left and the top edge the lens stands at the edge and the disc in it moves instead.
+    const double left = double(position().x()) - extent();
+    const double top = double(position().y()) - extent();
+    const Placing x = placeLens(left, left < 1);
+    const Placing y = placeLens(top, top <= 0);
+    const QPoint discAt(truncated(x.discAt * scale), truncated(y.discAt * scale));
+
+    const QPixmap piece =
+        m_cutter.cut(background(), source, {QRect(discAt, QSize(side, side)), sourceRadius * scale});
+    if (piece.isNull())
+        return {};
+    const QPixmap magnified =
+        piece.scaled(truncated(zoom * float(piece.width())), truncated(float(piece.height()) * zoom),
+                     Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    const QPointF at(x.at, y.at);
+    layer.drawPixmap(at, magnified);
+    return {at, QSizeF(magnified.size()) / magnified.devicePixelRatio()};
+}

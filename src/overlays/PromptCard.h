@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+#include <QWidget>
+
+class QLabel;
+
+namespace vexa {
+
+/// What the two prompts have in common: a card in the middle of the primary screen, above everything, that
+/// fades out by itself. It leaves the focus where it is; once faded it is still shown, but neither seen nor
+/// clicked.
+///
+/// The prompts are this class's children; it carries no Q_OBJECT. GUI thread only.
+class PromptCard : public QWidget {
+public:
+    void setText(const QString &text);
+    /// Shows the colour of one of the three pens (0 to 2) in the swatch; changes nothing for other slots, and
+    /// for settings outside the palette.
+    void setCurcolor(int slot);
+
+    void showWithTimer();
+    /// There, but invisible, without a fade.
+    void showWithTransperent();
+    /// Invisible at once; a fade ends.
+    void hideWindow();
+    /// Does showWithTimer() after the prompt's delay.
+    void delayShow();
+
+protected:
+    /// `delay` in milliseconds, for delayShow().
+    PromptCard(QWidget *parent, Qt::WindowFlags flags, int delay);
+
+    /// The form's labels, which stay the form's, and the card's picture. For the constructors, once.
+    void dress(QLabel *text, QLabel *swatch);
+    /// Shows the card with that size, fully visible, and lets it fade: 20 steps of so many milliseconds.
+    void showAndFade(const QSize &size, int stepInterval);
+
+    virtual QString swatchStyle(int slot, const QString &colour) const = 0;
+    virtual void retranslate() = 0;
+
+    void timerEvent(QTimerEvent *event) override;
+    void changeEvent(QEvent *event) override;
+
+    int m_colourSlot = 0;
+
+private:
+    void showCentred(const QSize &size, double opacity);
+    void stopFade();
+
+    const int m_delay;
+    QLabel *m_text = nullptr;
+    QLabel *m_swatch = nullptr;
+    int m_fadeTimer = -1;
+    int m_delayTimer = -1;
+    double m_opacity = 1.0;
+};
+
+} // namespace vexa

@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+#include "overlays/Spolight2.h"
+
+#include "overlays/Truncation.h"
+#include "settings/ZrToolXmlClass.h"
+#include "ui_Spolight2.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+#include <algorithm>
+
+using vexa::truncated;
+
+namespace {
+constexpr int exitCode = 2;
+}
+
+Spolight2::Spolight2(QWidget *parent) : HeldTool(parent), m_form(std::make_unique<Ui::Spolight2>()) {
+    m_form->setupUi(this);
+}
+
+Spolight2::~Spolight2() = default;
+
+void Spolight2::Set_Background_OpaCity(int alpha) {
+    QPalette veiled = palette();
+    veiled.setBrush(QPalette::All, QPalette::Window, QBrush(QColor(0, 0, 0, alpha)));
+    setAutoFillBackground(true);
+    setPalette(veiled);
+}
+
+void Spolight2::SetMousePress(bool pressed) {
+    setDrawing(pressed);
+    placeAtPointer();
+    render();
+}
+
+void Spolight2::ExitWindow() {
+    leave();
+}
+
+void Spolight2::mousePressEvent(QMouseEvent *event) {
+    setDrawing(true);
+    placeAt(event->localPos());
+    showChanges();
+}
+
+void Spolight2::mouseReleaseEvent(QMouseEvent * /*event*/) {
+    setDrawing(false);
+    close();
+}
+
+void Spolight2::report() {
+    emit singalExitWindow(exitCode);
+}
+
+std::optional<int> Spolight2::veil() const {
+    return ZrToolXmlClass::SportLightTran;
+}
+
+void Spolight2::drawVeil(QPainter &layer) const {
+    const QRect whole(QPoint(), screenSize());
+    layer.setBrush(QColor(0, 0, 0, ZrToolXmlClass::SportLightTran));
+    layer.drawRects(&whole, 1);
+}
+
+int Spolight2::extent() const {
+    return ZrToolXmlClass::SportLightSize;
+}
+
+QRectF Spolight2::draw(QPainter &layer) {
+    const double scale = backgroundScale();
+    const double radius = extent();
+    const double left = position().x() - radius;
+    const double top = position().y() - radius;
+    const int side = truncated(2 * radius * scale);
+
+    // Where the screen's edge cuts the piece, its mask moves back by as much, so that the disc stays at the
+    // pointer.
+    const QPoint discAt(truncated(std::min(left, 0.0) * scale), truncated(std::min(top, 0.0) * scale));
+    const QRect source(truncated(left * scale), truncated(top * scale), side, side);
+    const QPixmap piece =
+        m_cutter.cut(background(), source, {QRect(discAt, QSize(side, side)), radius * scale});
+    if (piece.isNull())
+        return {};
+
+    const QPointF at(std::clamp(left, 0.0, double(screenSize().width())),
+                     std::clamp(top, 0.0, double(screenSize().height())));
+    layer.drawPixmap(at, piece);
+    return {at, QSizeF(piece.size()) / piece.devicePixelRatio()};
+}

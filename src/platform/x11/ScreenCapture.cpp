@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#include "platform/ScreenCapture.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <QX11Info>
+
+#include <X11/Xlib.h>
+#include <X11/extensions/Xfixes.h>
+
+#include <memory>
+
+namespace vexa::platform {
+
+QPixmap captureScreenRect(const QRect &rect) {
+    QScreen *screen = QGuiApplication::primaryScreen();
+    // Beyond the desktop's edges the server would leave whatever was in the memory.
+    const QRect inside = rect & screen->virtualGeometry();
+    if (inside.isEmpty())
+        return {};
+    const QPoint at = inside.topLeft() - screen->geometry().topLeft();
+    return screen->grabWindow(0, at.x(), at.y(), inside.width(), inside.height());
+}
+
+CursorPicture currentCursorPicture() {
+    if (!QX11Info::isPlatformX11())
+        return {};
+    const std::unique_ptr<XFixesCursorImage, int (*)(void *)> cursor(
+        XFixesGetCursorImage(QX11Info::display()), XFree);
+    if (!cursor)
+        return {};
+    // Each word comes in a long, whatever a long's size is.
+    QImage image(cursor->width, cursor->height, QImage::Format_RGB32);
+    const unsigned long *word = cursor->pixels;
+    for (int y = 0; y < image.height(); ++y) {
+        auto *line = reinterpret_cast<QRgb *>(image.scanLine(y));
+        for (int x = 0; x < image.width(); ++x)
+            line[x] = static_cast<QRgb>(*word++);
+    }
+    return {image, image.size()};
+}
+
+// Whoever sees an X session may look at its screen: there is no such permission and no place to send anyone.
+void openScreenRecordingSettings() {}
+
+} // namespace vexa::platform
