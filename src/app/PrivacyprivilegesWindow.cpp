@@ -4,11 +4,8 @@
 #include "settings/ZrToolXmlClass.h"
 #include "ui_PrivacyprivilegesWindow.h"
 
-#include <QCoreApplication>
 #include <QQuickItem>
-#include <QTranslator>
 #include <QUrl>
-#include <array>
 
 PrivacyprivilegesWindow::PrivacyprivilegesWindow(QWidget *parent)
     : QDialog(parent), m_ui(std::make_unique<Ui::PrivacyprivilegesWindow>()) {
@@ -30,15 +27,7 @@ PrivacyprivilegesWindow::PrivacyprivilegesWindow(QWidget *parent)
 PrivacyprivilegesWindow::~PrivacyprivilegesWindow() = default;
 
 void PrivacyprivilegesWindow::changeLanguage(int language) {
-    static const std::array<QString, 3> catalogues = {QStringLiteral(":/language_qm/lang_Cn.qm"),
-                                                      QStringLiteral(":/language_qm/lang_Tw.qm"),
-                                                      QStringLiteral(":/language_qm/lang_En.qm")};
-    // Deleting a translator takes it out of the application.
-    m_translator = std::make_unique<QTranslator>();
-    const bool known = language >= 0 && language < static_cast<int>(catalogues.size());
-    if (known && m_translator->load(catalogues.at(static_cast<std::size_t>(language)))) {
-        QCoreApplication::installTranslator(m_translator.get());
-    }
+    m_language.change(language);
     m_ui->retranslateUi(this);
 }
 

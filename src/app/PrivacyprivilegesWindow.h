@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "app/Language.h"
+
 #include <QDialog>
 #include <memory>
-
-class QTranslator;
 
 namespace Ui {
 class PrivacyprivilegesWindow;
@@ -35,5 +35,5 @@ private:
     void loadView();
 
     std::unique_ptr<Ui::PrivacyprivilegesWindow> m_ui;
-    std::unique_ptr<QTranslator> m_translator;
+    vexa::Language m_language;
 };

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+#include <QTranslator>
+#include <memory>
+
+namespace vexa {
+
+/// The interface language of the whole application, as long as this object lives. GUI thread only.
+class Language {
+public:
+    /// Replaces the catalogue in use by that of the language: 0 Simplified Chinese, 1 Traditional Chinese, 2
+    /// English. For any other value, and when the catalogue cannot be loaded, the source texts show, which
+    /// are Simplified Chinese.
+    void change(int language);
+
+private:
+    std::unique_ptr<QTranslator> m_translator; ///< null while the source texts show
+};
+
+} // namespace vexa

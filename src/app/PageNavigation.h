@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/Page_Num.h"
+
+#include <array>
+#include <vector>
+
+class QStackedWidget;
+class QWidget;
+
+namespace vexa {
+
+/// The widget pages of a window and the way back through them. Every page has its own height, which the
+/// window takes on with it. GUI thread only; nothing here is owned.
+class PageNavigation {
+public:
+    /// The page of each slot; null where none is built.
+    using Slots = std::array<QWidget *, 10>;
+
+    PageNavigation(QWidget &window, QStackedWidget &stack, QWidget &backButton, const Slots &pages = {});
+
+    /// Shows a page; any other value does nothing.
+    void show(Page_Num page);
+
+    /// Puts a page on the way back, and offers the way back.
+    void remember(Page_Num page);
+
+    /// Remembers the page now shown, unless that is the settings page, and shows the settings page.
+    void showSettings();
+
+    /// Shows the page remembered last and forgets it; without one nothing happens.
+    void goBack();
+
+private:
+    QWidget &m_window;
+    QStackedWidget &m_stack;
+    QWidget &m_backButton;
+    Slots m_pages;
+    std::vector<Page_Num> m_history;
+};
+
+} // namespace vexa

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+#include "app/PictureWriter.h"
+
+#include <QFileInfo>
+#include <QImageWriter>
+#include <QMutexLocker>
+#include <QSaveFile>
+#include <algorithm>
+#include <utility>
+
+namespace vexa {
+
+namespace {
+
+constexpr int quality = 50;
+
+void writePicture(const QString &path, const QImage &picture) {
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly))
+        return;
+    QImageWriter writer(&file, QFileInfo(path).suffix().toLatin1());
+    writer.setQuality(quality);
+    // Without the commit the file's place stays as it was, and what has been written so far goes.
+    if (writer.write(picture))
+        file.commit();
+}
+
+} // namespace
+
+PictureWriter::PictureWriter() {
+    m_thread.setMaxThreadCount(1); // this keeps the order
+}
+
+PictureWriter::~PictureWriter() {
+    flush();
+}
+
+void PictureWriter::write(const QString &path, const QImage &picture) {
+    const QMutexLocker lock(&m_mutex);
+    const auto same =
+        std::find_if(m_waiting.begin(), m_waiting.end(), [&](const Job &job) { return job.path == path; });
+    if (same != m_waiting.end())
+        m_waiting.erase(same);
+    m_waiting.push_back({path, picture});
+    if (std::exchange(m_writing, true))
+        return;
+    m_thread.start([this] { writeAll(); });
+}
+
+void PictureWriter::flush() {
+    m_thread.waitForDone();
+}
+
+void PictureWriter::writeAll() {
+    for (;;) {
+        Job job;
+        {
+            const QMutexLocker lock(&m_mutex);
+            if (m_waiting.empty()) {
+                m_writing = false;
+                return;
+            }
+            job = std::move(m_waiting.front());
+            m_waiting.pop_front();
+        }
+        writePicture(job.path, job.picture);
+    }
+}
+
+} // namespace vexa

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QPoint>
+#include <optional>
+
+class QMouseEvent;
+class QWidget;
+
+namespace vexa {
+
+/// Moves a window without a frame along with the pointer while the left button is held on it.
+class WindowDrag {
+public:
+    explicit WindowDrag(QWidget &window) : m_window(window) {}
+
+    void press(const QMouseEvent &event);
+    void move(const QMouseEvent &event);
+    void release(const QMouseEvent &event);
+
+private:
+    QWidget &m_window;
+    std::optional<QPoint> m_last; ///< the pointer on the screen at the last event, while dragging
+};
+
+} // namespace vexa
