@@ -4,19 +4,19 @@
 #include <cstdint>
 #include <memory>
 
-/// What a session's input looks like to the portable event tap, and how input is put back into the session. One
-/// implementation per window system; everything above this header is the same on all of them.
+/// What a session's input looks like to the portable event tap, and how input is put back into the session.
+/// One implementation per window system; everything above this header is the same on all of them.
 namespace vexa {
 
-/// One event in the product's units: macOS event types and virtual key codes, pointer positions in points from the
-/// top-left corner of the primary screen.
+/// One event in the product's units: macOS event types and virtual key codes, pointer positions in points
+/// from the top-left corner of the primary screen.
 struct InputEvent {
-    std::uint32_t type = 0;    ///< 1 left down, 2 left up, 5 moved, 10 key down, 11 key up, 12 flags changed
-    std::int64_t keyCode = 0;  ///< virtual key code; key events only
-    std::uint64_t flags = 0;   ///< modifier flags; key events only
-    double x = 0;              ///< points; pointer events only
+    std::uint32_t type = 0;   ///< 1 left down, 2 left up, 5 moved, 10 key down, 11 key up, 12 flags changed
+    std::int64_t keyCode = 0; ///< virtual key code; key events only
+    std::uint64_t flags = 0;  ///< modifier flags; key events only
+    double x = 0;             ///< points; pointer events only
     double y = 0;
-    std::uint32_t button = 0;  ///< 0 left; pointer events only
+    std::uint32_t button = 0; ///< 0 left; pointer events only
 };
 
 /// A stream of the session's input. Used on the thread that opened it, and destroyed there.
@@ -43,10 +43,11 @@ public:
     virtual bool post(const InputEvent &event) = 0;
 };
 
-/// The backend that the portable taps and posts use: the session's own unless another was set. Never null.
+/// The backend that the portable taps and posts use. Never null; until one is set, a backend that permits
+/// nothing.
 InputBackend &inputBackend();
 
-/// Replaces the backend, for tests; null restores the session's own. Not owned; call while no tap exists.
+/// Sets the backend; null sets the one that permits nothing. Not owned; call while no tap exists.
 void setInputBackend(InputBackend *backend);
 
 } // namespace vexa

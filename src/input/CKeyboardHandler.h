@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+#include <future>
+#include <thread>
+
+#include "input/CAnyKeyboardKiller.h"
+#include "input/CKeyboardMessage.h"
+
+/// Owns the listener thread, and passes on to the GUI thread what it hears. Lives on the GUI thread.
+class CKeyboardHandler : public QObject {
+    Q_OBJECT
+
+public:
+    /// Starts the thread and waits until it listens. Throws std::future_error (broken promise) when it
+    /// cannot; the thread has ended by then.
+    CKeyboardHandler();
+
+    /// Stops the listener and joins its thread.
+    ~CKeyboardHandler() override;
+
+    /// The thread's body. A failure of the listener is told by signalKeyboardException.
+    static void run(std::promise<CAnyKeyboardKiller> promise, CKeyboardHandler *handler);
+
+    void activate();
+    void deactivate();
+    void stopListening() const;
+
+signals:
+    void signalKeyboardException(CKeyboardExceptionMessage message);
+    void MysignalKeyboardMessage(int key, int state);
+    void MysignalMouseMessage(int event, int x, int y);
+
+public slots:
+    void slotOnKeyboardException(const CKeyboardExceptionMessage &message);
+    void slotOnKeyboardMessage(const CKeyboardMessage &message);
+    void slotOnMouseMessage(const CKeyboardMessage &message);
+
+private:
+    // The thread object goes last but for the base, so it comes first.
+    std::thread m_thread;
+    CAnyKeyboardKiller m_killer;
+    bool m_active = true;
+};

@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: MIT
+#include "input/CKeyboardListenerMac.h"
+
+#include <stdexcept>
+
+namespace {
+
+int keyCodeOf(CGEventRef event) {
+    return int(CGEventGetIntegerValueField(event, kCGKeyboardEventKeycode));
+}
+
+} // namespace
+
+const CFStringRef CKeyboardListenerMac::PORT_NAME = CFSTR("KeyboardKillerPort");
+
+void CKeyboardListenerMac::CKiller::stopListening() const {
+    const CFTimeInterval sendTimeout = 60; // seconds
+    m_port.SendRequest(0, nullptr, sendTimeout, 0, nullptr, nullptr);
+}
+
+CKeyboardListenerMac::CKeyboardListenerMac(std::promise<CAnyKeyboardKiller> promise) : QObject(nullptr) {
+    SetupRunLoop();
+
+    CMessagePort killerPort(CFMessagePortCreateRemote(kCFAllocatorDefault, PORT_NAME));
+    if (!killerPort)
+        throw std::runtime_error("Failed to create killerMessagePort");
+    promise.set_value(CAnyKeyboardKiller(std::make_unique<CKiller>(std::move(killerPort))));
+}
+
+void CKeyboardListenerMac::SetupRunLoop() {
+    m_eventTap.Set(CGEventTapCreate(kCGSessionEventTap, kCGHeadInsertEventTap, kCGEventTapOptionListenOnly,
+                                    CreateMask(), StaticCallbackFunction, this));
+    if (!m_eventTap)
+        throw std::runtime_error("Failed to create eventTap");
+
+    m_port.Set(
+        CFMessagePortCreateLocal(kCFAllocatorDefault, PORT_NAME, MessagePortCallback, nullptr, nullptr));
+    if (!m_port)
+        throw std::runtime_error("Failed to create messagePort");
+
+    m_portSource.Set(CFMessagePortCreateRunLoopSource(kCFAllocatorDefault, m_port.Get(), 0));
+    m_tapSource.Set(CFMachPortCreateRunLoopSource(kCFAllocatorDefault, m_eventTap.Get(), 0));
+    CFRunLoopAddSource(CFRunLoopGetCurrent(), m_portSource.Get(), kCFRunLoopCommonModes);
+    CFRunLoopAddSource(CFRunLoopGetCurrent(), m_tapSource.Get(), kCFRunLoopCommonModes);
+}
+
+int CKeyboardListenerMac::exec() {
+    CFRunLoopRun();
+    return 0;
+}
+
+CGEventRef CKeyboardListenerMac::StaticCallbackFunction(CGEventTapProxy, CGEventType type, CGEventRef event,
+                                                        void *userInfo) {
+    return static_cast<CKeyboardListenerMac *>(userInfo)->CallbackFunction(type, event);
+}
+
+CGEventRef CKeyboardListenerMac::CallbackFunction(CGEventType type, CGEventRef event) {
+    switch (type) {
+    case kCGEventMouseMoved: {
+        const CGPoint point = CGEventGetLocation(event);
+        emit signalMouseMessage(CKeyboardMessage(int(type), int(point.x), int(point.y)));
+        break;
+    }
+    case kCGEventKeyDown:
+        keyChanged(event, 1);
+        break;
+    case kCGEventKeyUp:
+        keyChanged(event, 0);
+        break;
+    case kCGEventFlagsChanged:
+        flagsChanged(event);
+        break;
+    case kCGEventTapDisabledByTimeout:
+        // The system takes a tap out that was slow to answer; without this the pen would be dead from then
+        // on.
+        CGEventTapEnable(m_eventTap.Get(), true);
+        break;
+    default:
+        break;
+    }
+    return event;
+}
+
+void CKeyboardListenerMac::keyChanged(CGEventRef event, int state) {
+    emit signalKeyboardMessage(CKeyboardMessage(keyCodeOf(event), state));
+}
+
+/// Counts changes from an all-released start instead of reading the event's flags, which tell left from right
+/// only on some keyboards.
+void CKeyboardListenerMac::flagsChanged(CGEventRef event) {
+    constexpr int leftShift = 56, leftOption = 58, leftControl = 59;
+    const int keyCode = keyCodeOf(event);
+    int state = 0;
+    switch (keyCode) {
+    case leftShift:
+        state = m_shift = !m_shift;
+        break;
+    case leftOption:
+        state = m_option = !m_option;
+        break;
+    case leftControl:
+        state = m_control = !m_control;
+        break;
+    default:
+        break;
+    }
+    emit signalKeyboardMessage(CKeyboardMessage(keyCode, state));
+}
+
+CGEventMask CKeyboardListenerMac::CreateMask() {
+    return CGEventMaskBit(kCGEventLeftMouseDown) | CGEventMaskBit(kCGEventLeftMouseUp) |
+           CGEventMaskBit(kCGEventMouseMoved) | CGEventMaskBit(kCGEventKeyDown) |
+           CGEventMaskBit(kCGEventKeyUp) | CGEventMaskBit(kCGEventFlagsChanged);
+}
+
+CFDataRef CKeyboardListenerMac::MessagePortCallback(CFMessagePortRef, SInt32, CFDataRef, void *) {
+    KillFunction();
+    return nullptr;
+}
+
+void CKeyboardListenerMac::KillFunction() {
+    CFRunLoopStop(CFRunLoopGetCurrent());
+}

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#include "input/CKeyboardListenerMac.h"
+
+namespace {
+
+constexpr CGKeyCode escapeKey = 53, returnKey = 36, spaceKey = 49, pageUpKey = 116;
+
+/// The event is never released, deliberately: a posted key is the system's from then on.
+void postKey(CGKeyCode key, bool down, CGEventFlags flags = 0) {
+    CGEventRef event = CGEventCreateKeyboardEvent(nullptr, key, down);
+    if (flags != 0)
+        CGEventSetFlags(event, flags);
+    CGEventPost(kCGHIDEventTap, event);
+}
+
+void postLeft(CGEventType type, int x, int y) {
+    PostMouseEvent(kCGMouseButtonLeft, type, CGPointMake(x, y));
+}
+
+} // namespace
+
+bool CKeyboardListenerMac::EnterPPT = false;
+
+void CKeyboardListenerMac::SetPPTFullScreen() {
+    EnterPPT = !EnterPPT;
+    if (EnterPPT)
+        postKey(returnKey, true, kCGEventFlagMaskCommand);
+    else
+        postKey(escapeKey, true);
+}
+
+void CKeyboardListenerMac::SetPlayOrPause() {
+    postKey(spaceKey, true);
+    postKey(spaceKey, false);
+}
+
+void CKeyboardListenerMac::SetPageUp() {
+    postKey(pageUpKey, true);
+}
+
+void CKeyboardListenerMac::SetMouseMove(int x, int y) {
+    postLeft(kCGEventMouseMoved, x, y);
+}
+
+void CKeyboardListenerMac::SetMouseDown(int x, int y) {
+    postLeft(kCGEventMouseMoved, x, y);
+    postLeft(kCGEventLeftMouseDown, x, y);
+}
+
+void CKeyboardListenerMac::SetMouseClick(int x, int y) {
+    postLeft(kCGEventMouseMoved, x, y);
+    postLeft(kCGEventLeftMouseDown, x, y);
+    postLeft(kCGEventLeftMouseUp, x, y);
+}
+
+void CKeyboardListenerMac::SetpTosysCamera() {}
+
+/// The source is not released, deliberately; the event is.
+void PostMouseEvent(CGMouseButton button, CGEventType type, CGPoint point) {
+    CGEventSourceRef source = CGEventSourceCreate(kCGEventSourceStatePrivate);
+    CGEventRef event = CGEventCreateMouseEvent(source, type, point, button);
+    CGEventSetType(event, type);
+    CGEventPost(kCGHIDEventTap, event);
+    CFRelease(event);
+}
