@@ -1,0 +1,217 @@
+// SPDX-License-Identifier: MIT
+#include "support/UserFile.h"
+
+#include <QtTest>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+using Store = ZrToolXmlClass;
+
+/// Whatever lies at the place of the settings file: the values in memory stay, nothing crashes or waits, and
+/// nothing of the user's is lost by the next save.
+class SettingsBadFilesTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup() { userfile::clear(); }
+
+    void whatIsNotWellFormedChangesNothingAndIsKept_data();
+    void whatIsNotWellFormedChangesNothingAndIsKept();
+    void sixtyFourLevelsAreRead();
+    void aMebibyteIsRead();
+    void aHugeFileIsNotTakenIn();
+    void manySmallElementsStayBounded();
+    void onlyTheFirstSaveKeepsTheFileAside();
+    void aNewerBadFileTakesTheOldOnesPlace();
+    void aBadLinkIsMovedAside();
+    void aFolderCountsAsNoFile();
+    void aDanglingLinkCountsAsNoFile();
+    void aPipeIsNeitherReadNorReplaced();
+    void aDeviceIsNeitherReadNorReplaced();
+};
+
+namespace {
+
+void assignMarks() {
+    Store::Key2P = 41;
+    Store::Language = 42;
+    Store::ShowPrivacyWindow = 43;
+    Store::ifirstRun = true;
+}
+
+bool marksStand() {
+    return Store::Key2P == 41 && Store::Language == 42 && Store::ShowPrivacyWindow == 43 && Store::ifirstRun;
+}
+
+QByteArray nested(int levels) {
+    return QByteArray("<a>").repeated(levels) + QByteArray("</a>").repeated(levels);
+}
+
+QByteArray entityBomb() {
+    QByteArray text = "<?xml version=\"1.0\"?><!DOCTYPE b [<!ENTITY e0 \"boom boom boom boom\">";
+    for (int i = 1; i < 12; ++i) {
+        const QByteArray inner = "&e" + QByteArray::number(i - 1) + ';';
+        text += "<!ENTITY e" + QByteArray::number(i) + " \"" + inner.repeated(10) + "\">";
+    }
+    return text + "]><PenSetting><Setting><Key2P>&e11;</Key2P></Setting></PenSetting>";
+}
+
+/// The most memory the process has ever held, in MiB.
+long peakMemory() {
+    struct rusage usage {};
+    getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_maxrss / 1024;
+}
+
+} // namespace
+
+void SettingsBadFilesTest::init() {
+    userfile::clear();
+    userfile::forgetSettings();
+    assignMarks();
+}
+
+void SettingsBadFilesTest::whatIsNotWellFormedChangesNothingAndIsKept_data() {
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("empty") << QByteArray("");
+    QTest::newRow("blank") << QByteArray("  \n");
+    QTest::newRow("only a byte-order mark") << QByteArray("\xEF\xBB\xBF");
+    QTest::newRow("only the declaration") << QByteArray("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n");
+    QTest::newRow("words") << QByteArray("Key2P=4\nLanguage=1\n");
+    QTest::newRow("noise") << QByteArray::fromHex("00ff13fe80817f00deadbeef").repeated(50);
+    QTest::newRow("zeros") << QByteArray(700, '\0');
+    QTest::newRow("cut off") << QByteArray("<PenSetting FirstRun=\"0\"><Setting><Key2P>4</Key2P><Langu");
+    QTest::newRow("not closed") << QByteArray(
+        "<PenSetting FirstRun=\"0\"><Setting><Key2P>4</Key2P></Setting>");
+    QTest::newRow("two roots") << QByteArray("<a><b><Key2P>4</Key2P></b></a><a/>");
+    QTest::newRow("unknown entity") << QByteArray("<a><b><Key2P>&nothing;</Key2P></b></a>");
+    QTest::newRow("wrong bytes for its encoding") << QByteArray("<a><b><Key2P>4</Key2P></b>\xFF\xFE\xFA</a>");
+    QTest::newRow("65 levels") << nested(65);
+    QTest::newRow("500,000 levels, not closed") << QByteArray("<a>").repeated(340000);
+    QTest::newRow("100,000 levels") << nested(100000);
+    QTest::newRow("entity bomb") << entityBomb();
+    QTest::newRow("one byte over a mebibyte") << "<a>" + QByteArray(1024 * 1024 + 1 - 7, ' ') + "</a>";
+}
+
+void SettingsBadFilesTest::whatIsNotWellFormedChangesNothingAndIsKept() {
+    QFETCH(QByteArray, bytes);
+    QVERIFY(userfile::write(bytes));
+    Store::ZrXmlRead();
+    QVERIFY(marksStand());
+    QCOMPARE(userfile::read(), bytes);
+    QVERIFY(!QFileInfo::exists(userfile::badPath()));
+
+    Store::ZrXmlWrite();
+    QCOMPARE(userfile::read(userfile::badPath()), bytes);
+    userfile::forgetSettings();
+    Store::ZrXmlRead();
+    QCOMPARE(Store::Key2P, 41);
+}
+
+void SettingsBadFilesTest::sixtyFourLevelsAreRead() {
+    QVERIFY(userfile::write("<a><b><Key2P>4</Key2P>" + nested(62) + "</b></a>"));
+    Store::ZrXmlRead();
+    QCOMPARE(Store::Key2P, 4);
+}
+
+void SettingsBadFilesTest::aMebibyteIsRead() {
+    const QByteArray head = "<a><b><Key2P>4</Key2P></b>";
+    QVERIFY(userfile::write(head + QByteArray(1024 * 1024 - head.size() - 4, ' ') + "</a>"));
+    QCOMPARE(QFileInfo(userfile::path()).size(), 1024 * 1024);
+    Store::ZrXmlRead();
+    QCOMPARE(Store::Key2P, 4);
+}
+
+void SettingsBadFilesTest::aHugeFileIsNotTakenIn() {
+    QVERIFY(userfile::write("<a><b><Key2P>4</Key2P></b></a>"));
+    QVERIFY(QFile::resize(userfile::path(), 100LL * 1024 * 1024));
+    const long before = peakMemory();
+    Store::ZrXmlRead();
+    QVERIFY(marksStand());
+    Store::ZrXmlWrite();
+    QCOMPARE(QFileInfo(userfile::badPath()).size(), 100LL * 1024 * 1024);
+    QVERIFY2(peakMemory() - before < 50, "a file of 100 MiB was read into memory");
+}
+
+void SettingsBadFilesTest::manySmallElementsStayBounded() {
+    const long before = peakMemory();
+    QVERIFY(userfile::write("<a><b>" + QByteArray("<c/>").repeated(262000) + "<Key2P>4</Key2P></b></a>"));
+    Store::ZrXmlRead();
+    QCOMPARE(Store::Key2P, 4);
+    QVERIFY2(peakMemory() - before < 300, "a file of 1 MiB took more than 300 MiB of memory");
+}
+
+void SettingsBadFilesTest::onlyTheFirstSaveKeepsTheFileAside() {
+    QVERIFY(userfile::write("broken"));
+    Store::ZrXmlWrite();
+    Store::Key3P = 77;
+    Store::ZrXmlWrite();
+    QCOMPARE(userfile::read(userfile::badPath()), QByteArray("broken"));
+    QVERIFY(userfile::read().contains("<Key3P>77</Key3P>"));
+}
+
+void SettingsBadFilesTest::aNewerBadFileTakesTheOldOnesPlace() {
+    QVERIFY(userfile::write("broken"));
+    Store::ZrXmlWrite();
+    QVERIFY(userfile::write("broken again"));
+    Store::ZrXmlWrite();
+    QCOMPARE(userfile::read(userfile::badPath()), QByteArray("broken again"));
+    QVERIFY(userfile::read().contains("<Key2P>41</Key2P>"));
+}
+
+void SettingsBadFilesTest::aBadLinkIsMovedAside() {
+    const QString target = QCoreApplication::applicationDirPath() + QStringLiteral("/elsewhere.xml");
+    QFile file(target);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("broken");
+    file.close();
+    QVERIFY(QFile::link(target, userfile::path()));
+
+    Store::ZrXmlRead();
+    QVERIFY(marksStand());
+    Store::ZrXmlWrite();
+    QCOMPARE(userfile::read(userfile::badPath()), QByteArray("broken"));
+    QVERIFY(userfile::read().contains("<Key2P>41</Key2P>"));
+    QVERIFY(QFile::remove(target));
+}
+
+void SettingsBadFilesTest::aFolderCountsAsNoFile() {
+    QVERIFY(QDir().mkdir(userfile::path()));
+    Store::ZrXmlRead();
+    QCOMPARE(Store::Key2P, 1); // the built-in file's
+    QCOMPARE(Store::ShowPrivacyWindow, 43);
+    Store::ZrXmlWrite();
+    QVERIFY(QFileInfo(userfile::path()).isDir());
+    QVERIFY(!QFileInfo::exists(userfile::badPath()));
+}
+
+void SettingsBadFilesTest::aDanglingLinkCountsAsNoFile() {
+    QVERIFY(QFile::link(QStringLiteral("/nowhere/at/all.xml"), userfile::path()));
+    Store::ZrXmlRead();
+    QCOMPARE(Store::Key2P, 1); // the built-in file's
+    Store::ZrXmlWrite();
+    QVERIFY(QFileInfo(userfile::path()).isSymLink());
+}
+
+void SettingsBadFilesTest::aPipeIsNeitherReadNorReplaced() {
+    QCOMPARE(mkfifo(QFile::encodeName(userfile::path()).constData(), 0600), 0);
+    Store::ZrXmlRead();
+    QVERIFY(marksStand());
+    Store::ZrXmlWrite();
+    struct stat status {};
+    QCOMPARE(stat(QFile::encodeName(userfile::path()).constData(), &status), 0);
+    QVERIFY(S_ISFIFO(status.st_mode));
+}
+
+void SettingsBadFilesTest::aDeviceIsNeitherReadNorReplaced() {
+    QVERIFY(QFile::link(QStringLiteral("/dev/zero"), userfile::path()));
+    Store::ZrXmlRead();
+    QVERIFY(marksStand());
+    Store::ZrXmlWrite();
+    QVERIFY(!QFileInfo(QStringLiteral("/dev/zero")).isFile());
+    QVERIFY(QFileInfo(userfile::path()).isSymLink());
+}
+
+QTEST_GUILESS_MAIN(SettingsBadFilesTest)
+#include "SettingsBadFilesTest.moc"
