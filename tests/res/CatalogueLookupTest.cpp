@@ -20,6 +20,7 @@ private slots:
     void withoutACatalogueTheSourceVersionShows();
     void simplifiedRestoresTheSourcesAfterAnotherLanguage();
     void anUnknownCatalogueLoadsNothing();
+    void theTextsOfThisPortComeAlong();
     void cleanup();
 
 private:
@@ -147,6 +148,17 @@ void CatalogueLookupTest::anUnknownCatalogueLoadsNothing() {
     QVERIFY(!none.load(QString()));
     QVERIFY(!none.load(":/language_qm/lang_Fr.qm"));
     QCOMPARE(shown("Key1Window", "单击"), QString("单击"));
+}
+
+void CatalogueLookupTest::theTextsOfThisPortComeAlong() {
+    install(Catalogue::English);
+    QCOMPARE(shown("MainWindow", "关闭"), QString("Close"));
+    QCOMPARE(shown("MainWindow", "最小化"), QString("Minimize"));
+    cleanup();
+    install(Catalogue::Traditional);
+    QCOMPARE(shown("MainWindow", "关闭"), QString("關閉"));
+    cleanup();
+    QCOMPARE(shown("MainWindow", "关闭"), QString("关闭"));
 }
 
 QTEST_GUILESS_MAIN(CatalogueLookupTest)
