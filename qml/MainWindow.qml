@@ -1,20 +1,53 @@
 // SPDX-License-Identifier: MIT
 import QtQuick 2.15
+import QtQuick.Controls 1.4 as Controls1
 
+// The panel: the pen between its four keys, what each key does, and a view to change it. The root is all that the host
+// knows of the view.
 Rectangle {
     id: root
 
     property bool changeBackgroundcolor: true
+    property int key2Action: 1
+    property int key3Action: 3
+    property int key4Action: 4
+    property int key4Tool: 0
     property string text1
     property string text2
+    readonly property var actionTexts: [qsTr("无操作"), qsTr("PPT放映：开始/结束"), qsTr("播放器：暂停/播放"), qsTr("黑板"), qsTr("屏幕截屏")]
+    readonly property var toolTexts: [qsTr("聚光灯"), qsTr("放大镜"), qsTr("数字激光点")]
 
     signal qmlSignal(int x, int y, int statrx, int starty)
     signal qmlSignal1(int id, int var1, int var2)
 
-    // The one entry point of the host: hands a value to the view that shows it.
+    // The host's one entry point: hands a value to the view that shows it, and to the summary.
     function setvalue(id1, var1, var2) {
+        const view = viewOf(id1)
+        if (view)
+            view.setvalue(id1, var1, var2)
+        summarise(id1, var1)
         if (id1 === 1000)
             visible = var1
+    }
+
+    function viewOf(id1) {
+        if (id1 >= 2 && id1 <= 7 || id1 === 14 || id1 === 15)
+            return key4Window
+        if (id1 >= 8 && id1 <= 11)
+            return key1Window
+        return { 12: key2Window, 13: key3Window, 16: setWindow, 17: setWindow }[id1]
+    }
+
+    // A code without a text leaves the summary as it is.
+    function summarise(id1, code) {
+        if (id1 === 12 && code in actionTexts)
+            key2Action = code
+        else if (id1 === 13 && code in actionTexts)
+            key3Action = code
+        else if (id1 === 14 && code in actionTexts)
+            key4Action = code
+        else if (id1 === 15 && code in toolTexts)
+            key4Tool = code
     }
 
     function setText1(String1, String2) {
@@ -22,10 +55,185 @@ Rectangle {
         text2 = String2
     }
 
-    width: 999
-    height: 650
     color: "#333333"
+    height: 650
+    width: 999
 
-    // A change made in any view shows everywhere at once, without waiting for the host.
-    onQmlSignal1: setvalue(id, var1, var2)
+    // A change made in any view shows everywhere at once, without a round trip through the host.
+    onQmlSignal1: (id1, var1, var2) => setvalue(id1, var1, var2)
+
+    Picture {
+        anchors.fill: parent
+        source: "qrc:/bg@3x.png"
+    }
+
+    DragArea {
+        anchors.fill: parent
+
+        onDragged: (dx, dy, startx, starty) => root.qmlSignal(dx, dy, startx, starty)
+    }
+
+    Controls1.ExclusiveGroup {
+        id: viewGroup
+    }
+
+    KeySummary {
+        clickCaption: qsTr("单击")
+        clickPosition: Qt.point(608, 518)
+        clickText: qsTr("切换画笔颜色")
+        endAligned: true
+        longPressCaption: qsTr("长按")
+        longPressPosition: Qt.point(579, 556)
+        longPressText: qsTr("开启/关闭批注")
+        title: qsTr("Key 1")
+        titlePosition: Qt.point(657, 491)
+    }
+
+    KeySummary {
+        clickCaption: qsTr("单击")
+        clickPosition: Qt.point(296, 518)
+        clickText: qsTr("上一页")
+        longPressCaption: qsTr("长按")
+        longPressPosition: Qt.point(296, 556)
+        longPressText: root.actionTexts[root.key2Action]
+        title: qsTr("Key 2")
+        titlePosition: Qt.point(296, 491)
+    }
+
+    KeySummary {
+        clickCaption: qsTr("单击")
+        clickPosition: Qt.point(608, 116)
+        clickText: qsTr("下一页")
+        endAligned: true
+        longPressCaption: qsTr("长按")
+        longPressPosition: Qt.point(506, 154)
+        longPressText: root.actionTexts[root.key3Action]
+        title: qsTr("Key 3")
+        titlePosition: Qt.point(646, 89)
+    }
+
+    KeySummary {
+        clickCaption: qsTr("单击")
+        clickPosition: Qt.point(296, 116)
+        clickText: root.actionTexts[root.key4Action]
+        longPressCaption: qsTr("长按")
+        longPressPosition: Qt.point(296, 154)
+        longPressText: root.toolTexts[root.key4Tool]
+        title: qsTr("Key 4")
+        titlePosition: Qt.point(296, 89)
+    }
+
+    KeyButton {
+        id: key1Button
+
+        btnID: 1
+        direction: 1
+        exclusiveGroup: viewGroup
+        name: qsTr("Key 1")
+        x: 679
+        y: 457
+    }
+
+    Key1Window {
+        id: key1Window
+
+        visible: key1Button.checked
+        x: 712
+        y: 87
+    }
+
+    KeyButton {
+        id: key2Button
+
+        btnID: 2
+        exclusiveGroup: viewGroup
+        name: qsTr("Key 2")
+        x: 296
+        y: 457
+    }
+
+    Key2Window {
+        id: key2Window
+
+        visible: key2Button.checked
+        x: 30
+        y: 321
+    }
+
+    KeyButton {
+        id: key3Button
+
+        btnID: 3
+        direction: 1
+        exclusiveGroup: viewGroup
+        name: qsTr("Key 3")
+        x: 679
+        y: 196
+    }
+
+    Key3Window {
+        id: key3Window
+
+        visible: key3Button.checked
+        x: 712
+        y: 87
+    }
+
+    KeyButton {
+        id: key4Button
+
+        btnID: 4
+        exclusiveGroup: viewGroup
+        name: qsTr("Key 4")
+        x: 296
+        y: 196
+    }
+
+    Key4Window {
+        id: key4Window
+
+        visible: key4Button.checked
+        x: 30
+        y: 87
+    }
+
+    KeyButton {
+        id: setButton
+
+        exclusiveGroup: viewGroup
+        height: 18
+        name: setWindow.title
+        style: 1
+        width: 18
+        x: 951
+        y: 598
+    }
+
+    SetWindow {
+        id: setWindow
+
+        height: 390
+        visible: setButton.checked
+        width: 247
+        x: 722
+        y: 207
+    }
+
+    TitleButton {
+        icon: "qrc:/icon-minus.png"
+        name: qsTr("最小化")
+        x: 919
+        y: 12
+
+        onClicked: root.qmlSignal1(0, 0, 0)
+    }
+
+    TitleButton {
+        icon: "qrc:/icon-X.png"
+        name: qsTr("关闭")
+        x: 955
+        y: 12
+
+        onClicked: root.qmlSignal1(0, 0, 0)
+    }
 }

@@ -1,10 +1,125 @@
 // SPDX-License-Identifier: MIT
 import QtQuick 2.15
 
+// The guide: which permissions of the system the program needs. The button says whether to show it again.
 Rectangle {
+    id: root
+
     signal qmlSignal(int id, int var1)
 
-    width: 494
-    height: 300
+    component Permission: PanelText {
+        font.pixelSize: 10
+        width: 400
+        x: 59
+    }
+
     color: "transparent"
+    height: 300
+    width: 494
+
+    Picture {
+        anchors.fill: parent
+        source: "qrc:/pri_bg@3x.png"
+    }
+
+    Picture {
+        height: 54
+        source: "qrc:/setting@3x.png"
+        width: 54
+        x: 17
+        y: 25
+    }
+
+    PanelText {
+        font.pixelSize: 16
+        fontSizeMode: Text.Fit
+        height: 33
+        text: qsTr("由于系统隐私要求，请授权以下权限")
+        verticalAlignment: Text.AlignVCenter
+        width: 291
+        wrapMode: Text.WordWrap
+        x: 79
+        y: 39
+    }
+
+    Picture {
+        height: 122
+        source: "qrc:/pri_frame@3x.png"
+        width: 454
+        x: 20
+        y: 86
+    }
+
+    Permission {
+        text: qsTr("辅助功能")
+        y: 97
+    }
+
+    Permission {
+        text: qsTr("输入监听")
+        y: 127
+    }
+
+    Permission {
+        text: qsTr("完全磁盘访问权限")
+        y: 157
+    }
+
+    Permission {
+        text: qsTr("屏幕录制")
+        y: 187
+    }
+
+    PanelText {
+        text: qsTr("重新安装需重新授权")
+        width: 454
+        x: 20
+        y: 218
+    }
+
+    CheckLine {
+        id: never
+
+        text: qsTr("下次不再提示")
+        x: 20
+        y: 256
+    }
+
+    Item {
+        height: 32
+        width: 88
+        x: 386
+        y: 248
+
+        Picture {
+            anchors.fill: parent
+            source: "qrc:/button@3x.png"
+        }
+
+        Rectangle {
+            anchors.fill: parent
+            border.color: "white"
+            border.width: confirm.activeFocus ? 1 : 0
+            color: confirm.pressed ? "#30000000" : confirm.containsMouse ? "#30FFFFFF" : "transparent"
+            radius: 5
+        }
+
+        PanelText {
+            id: confirmText
+
+            anchors.fill: parent
+            color: "#333333"
+            horizontalAlignment: Text.AlignHCenter
+            text: qsTr("确定")
+            verticalAlignment: Text.AlignVCenter
+        }
+
+        ClickArea {
+            id: confirm
+
+            Accessible.name: confirmText.text
+            Accessible.role: Accessible.Button
+            onTriggered: root.qmlSignal(never.checked ? 1 : 0, 0)
+        }
+    }
 }

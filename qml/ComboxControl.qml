@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+import QtQuick 2.15
+import QtQuick.Controls 2.15
+
+// A list to choose from. Its rows are changed in place when the texts are given again in another language: a new
+// model would put the choice back to the first row.
+ComboBox {
+    id: root
+
+    property string borderColor: "#606060"
+    property string fillColor: "#2F2F2F"
+    property string icondown: "qrc:/icon-down@3x.png"
+    property string iconup: "qrc:/icon-up@3x.png"
+    property string name
+    property string selectFillColor: "#3D3D3D"
+    property var texts: []
+
+    component RowText: PanelText {
+        Accessible.ignored: true
+        color: "#7D7D7D"
+        font: root.font
+        fontSizeMode: Text.FixedSize
+        leftPadding: 10
+        verticalAlignment: Text.AlignVCenter
+    }
+
+    font.family: "Arial"
+    font.pixelSize: 13
+    height: 30
+    padding: 0
+    textRole: "label"
+    width: 207
+
+    Accessible.name: name
+
+    background: Rectangle {
+        border.color: root.visualFocus ? "#FFCC0D" : root.hovered ? Qt.lighter(root.borderColor, 1.3) : root.borderColor
+        border.width: 1
+        color: root.fillColor
+        radius: 5
+    }
+    contentItem: RowText {
+        rightPadding: 24
+        text: root.displayText
+    }
+    delegate: ItemDelegate {
+        id: row
+
+        highlighted: root.highlightedIndex === index
+        height: 30
+        padding: 0
+        text: model.label
+        width: root.width - 2
+
+        background: Rectangle {
+            color: row.highlighted ? root.selectFillColor : root.fillColor
+            radius: 4
+        }
+        contentItem: RowText {
+            text: row.text
+        }
+    }
+    indicator: Picture {
+        fillMode: Image.PreserveAspectFit
+        source: root.popup.visible ? root.iconup : root.icondown
+        width: 12
+        x: root.width - 20
+        y: (root.height - height) / 2
+    }
+    model: ListModel {
+        id: rows
+    }
+    popup: Popup {
+        height: list.contentHeight + 2
+        padding: 1
+        width: root.width
+        y: root.height
+
+        background: Rectangle {
+            border.color: root.borderColor
+            border.width: 1
+            color: root.fillColor
+            radius: 5
+        }
+        contentItem: ListView {
+            id: list
+
+            boundsBehavior: Flickable.StopAtBounds
+            currentIndex: root.highlightedIndex
+            model: root.delegateModel
+        }
+    }
+
+    onTextsChanged: {
+        for (let i = 0; i < texts.length; ++i)
+            rows.set(i, { "label": texts[i] })
+    }
+}

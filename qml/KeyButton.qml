@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+import QtQuick 2.15
+import QtQuick.Controls 1.4 as Controls1
+
+// Opens and closes a view. The group it is given to keeps at most one view open.
+Rectangle {
+    id: root
+
+    property int btnID: 0
+    property bool checked: false
+    property int direction: 0 // 0 left, 1 right
+    property Controls1.ExclusiveGroup exclusiveGroup: null
+    property string iconleftnormal: "qrc:/icon-left@3x.png"
+    property string iconleftsel: "qrc:/icon-left-selected@3x.png"
+    property string iconrightnormal: "qrc:/icon-right@3x.png"
+    property string iconrightsel: "qrc:/icon-right-selected@3x.png"
+    property string name
+    property string seticon: "qrc:/icon-setting@3x.png"
+    property int style: 0 // 0 arrow, 1 gear
+
+    function icon() {
+        if (style === 1)
+            return seticon
+        if (direction === 0)
+            return checked ? iconleftsel : iconleftnormal
+        return checked ? iconrightsel : iconrightnormal
+    }
+
+    color: "transparent"
+    height: 24
+    width: 24
+
+    onExclusiveGroupChanged: {
+        if (exclusiveGroup)
+            exclusiveGroup.bindCheckable(root)
+    }
+
+    Halo {
+        focused: area.activeFocus
+        hovered: area.containsMouse
+        pressed: area.pressed
+    }
+
+    Picture {
+        fillMode: Image.Pad
+        source: root.icon()
+    }
+
+    ClickArea {
+        id: area
+
+        Accessible.checkable: true
+        Accessible.checked: root.checked
+        Accessible.name: root.name
+        Accessible.role: Accessible.Button
+        onTriggered: root.checked = !root.checked
+    }
+}

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+import QtGraphicalEffects 1.15
+import QtQuick 2.15
+
+// A size, chosen on a track that is filled up to the handle and glows under the pointer.
+ValueSet {
+    id: root
+
+    track: Item {
+        Rectangle {
+            anchors.verticalCenter: parent.verticalCenter
+            color: "#5A5A5A"
+            height: 4
+            radius: 2
+            width: parent.width
+        }
+
+        DropShadow {
+            anchors.fill: filled
+            color: "#FFCC0D"
+            samples: 8
+            source: filled
+            visible: root.slider.hovered || root.slider.pressed
+        }
+
+        Rectangle {
+            id: filled
+
+            anchors.verticalCenter: parent.verticalCenter
+            color: "#FFCC0D"
+            height: 4
+            radius: 2
+            width: root.handle.x + root.handle.width / 2
+        }
+    }
+}

@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+import QtGraphicalEffects 1.15
+import QtQuick 2.15
+
+ToolSetWindow {
+    id: root
+
+    signal qmlSignal_spo(int id, int var1, int var2)
+
+    function setvalue(id1, var1, var2) {
+        if (id1 === 2) {
+            darknessSet.curValue = var1
+        } else if (id1 === 3) {
+            sizeSet.curValue = var1
+            showSize()
+        } else if (id1 === 15) {
+            visible = var2
+        }
+    }
+
+    function showSize() {
+        light.width = sizeSet.curValue / 3.5
+    }
+
+    firstCaption: qsTr("透明度")
+    secondCaption: qsTr("大小")
+
+    Rectangle {
+        anchors.fill: root.preview
+        color: "black"
+        opacity: darknessSet.curValue / 255
+    }
+
+    // The light: the same picture once more, unveiled, cut out as a circle.
+    Item {
+        id: light
+
+        anchors.centerIn: root.preview
+        height: width
+        width: 60
+
+        Item {
+            id: unveiled
+
+            anchors.fill: parent
+            clip: true
+            visible: false
+
+            Picture {
+                fillMode: Image.PreserveAspectCrop
+                height: root.preview.height
+                source: root.preview.source
+                width: root.preview.width
+                x: root.preview.x - light.x
+                y: root.preview.y - light.y
+            }
+        }
+
+        Rectangle {
+            id: circle
+
+            anchors.fill: parent
+            radius: width / 2
+            visible: false
+        }
+
+        OpacityMask {
+            anchors.fill: parent
+            maskSource: circle
+            source: unveiled
+        }
+    }
+
+    LightLevelSet {
+        id: darknessSet
+
+        curValue: 80
+        height: 6
+        maxsize: 255
+        minsize: 80
+        name: root.firstCaption
+        width: 175
+        x: 16
+        y: 176
+
+        onQmlSignal: root.qmlSignal_spo(2, curValue, 0)
+    }
+
+    LightLevelSet {
+        id: sizeSet
+
+        curValue: 50
+        height: 6
+        maxsize: 250
+        minsize: 50
+        name: root.secondCaption
+        width: 175
+        x: 16
+        y: 228
+
+        onQmlSignal: {
+            root.showSize()
+            root.qmlSignal_spo(3, curValue, 0)
+        }
+    }
+}

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+import QtQuick 2.15
+
+// A button of the title line: an icon in a target that is easier to hit than the icon itself.
+Item {
+    id: root
+
+    property alias icon: picture.source
+    property string name
+
+    signal clicked
+
+    height: 32
+    width: 32
+
+    Rectangle {
+        anchors.fill: parent
+        border.color: "#FFCC0D"
+        border.width: area.activeFocus ? 1 : 0
+        color: area.pressed ? "#38FFFFFF" : area.containsMouse ? "#1CFFFFFF" : "transparent"
+        radius: 6
+    }
+
+    Picture {
+        id: picture
+
+        anchors.centerIn: parent
+        fillMode: Image.PreserveAspectFit
+        height: 16
+        width: 16
+    }
+
+    ClickArea {
+        id: area
+
+        Accessible.name: root.name
+        Accessible.role: Accessible.Button
+        onTriggered: root.clicked()
+    }
+}

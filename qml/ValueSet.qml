@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+import QtQuick 2.15
+import QtQuick.Controls 2.15
+
+// A setting chosen with a slider. A value given from outside moves the slider; whatever moves the slider is reported,
+// and so is a click that leaves it where it is. Values out of range are reported as the slider shows them.
+Rectangle {
+    id: root
+
+    property int curValue: 5
+    property alias handle: slider.handle
+    property bool loaded: false
+    property int maxsize: 30
+    property int minsize: 5
+    property string name
+    readonly property alias slider: slider
+    property int tickFrequency: 1
+    property alias track: slider.background
+
+    signal qmlSignal
+
+    function show() {
+        if (!loaded)
+            return
+        slider.value = curValue
+        if (slider.value !== curValue) {
+            curValue = slider.value
+            qmlSignal()
+        }
+    }
+
+    color: "#444444"
+    height: 80
+    width: 640
+
+    Component.onCompleted: {
+        slider.value = curValue
+        loaded = true
+    }
+    onCurValueChanged: show()
+
+    MouseArea {
+        anchors.fill: parent
+
+        onClicked: root.qmlSignal()
+    }
+
+    Slider {
+        id: slider
+
+        property bool moved: false
+
+        anchors.verticalCenter: parent.verticalCenter
+        from: root.minsize
+        height: parent.height
+        padding: 0
+        snapMode: Slider.SnapAlways
+        stepSize: root.tickFrequency
+        to: root.maxsize
+        value: 5
+        width: parent.width
+
+        Accessible.name: root.name
+
+        // The handle is taller than the track: all of it, and a little more, can be grabbed.
+        containmentMask: QtObject {
+            function contains(point: point): bool {
+                return point.x >= -3 && point.x <= slider.width + 3 && Math.abs(point.y - slider.height / 2) <= 9
+            }
+        }
+        handle: Rectangle {
+            border.color: "#FFCC0D"
+            border.width: slider.visualFocus ? 2 : 0
+            color: slider.pressed ? "#E0E0E0" : "white"
+            height: 12
+            radius: 6
+            width: 12
+            x: slider.leftPadding + slider.visualPosition * (slider.availableWidth - width)
+            y: (slider.height - height) / 2
+        }
+
+        onPressedChanged: {
+            if (pressed)
+                moved = false
+            else if (!moved)
+                root.qmlSignal()
+        }
+        onValueChanged: {
+            if (!root.loaded)
+                return
+            moved = true
+            root.curValue = value
+            root.qmlSignal()
+        }
+    }
+}
