@@ -19,15 +19,14 @@ ComboBox {
         Accessible.ignored: true
         color: "#7D7D7D"
         font: root.font
-        fontSizeMode: Text.FixedSize
         leftPadding: 10
-        verticalAlignment: Text.AlignVCenter
     }
 
     font.family: "Arial"
     font.pixelSize: 13
     height: 30
-    padding: 0
+    leftPadding: 0
+    rightPadding: 0
     textRole: "label"
     width: 207
 
@@ -87,6 +86,7 @@ ComboBox {
 
             boundsBehavior: Flickable.StopAtBounds
             currentIndex: root.highlightedIndex
+            highlightMoveDuration: 0
             model: root.delegateModel
         }
     }

@@ -126,6 +126,7 @@ Rectangle {
     KeyButton {
         id: key1Button
 
+        objectName: "key1Button"
         btnID: 1
         direction: 1
         exclusiveGroup: viewGroup
@@ -145,6 +146,7 @@ Rectangle {
     KeyButton {
         id: key2Button
 
+        objectName: "key2Button"
         btnID: 2
         exclusiveGroup: viewGroup
         name: qsTr("Key 2")
@@ -163,6 +165,7 @@ Rectangle {
     KeyButton {
         id: key3Button
 
+        objectName: "key3Button"
         btnID: 3
         direction: 1
         exclusiveGroup: viewGroup
@@ -182,6 +185,7 @@ Rectangle {
     KeyButton {
         id: key4Button
 
+        objectName: "key4Button"
         btnID: 4
         exclusiveGroup: viewGroup
         name: qsTr("Key 4")
@@ -200,6 +204,7 @@ Rectangle {
     KeyButton {
         id: setButton
 
+        objectName: "setButton"
         exclusiveGroup: viewGroup
         height: 18
         name: setWindow.title

@@ -18,7 +18,6 @@ Rectangle {
     PanelText {
         anchors.verticalCenter: parent.verticalCenter
         color: "#7D7D7D"
-        fontSizeMode: Text.FixedSize
         text: root.showtext
         width: parent.width - 2 * x
         x: 10

@@ -35,7 +35,6 @@ Rectangle {
         fontSizeMode: Text.Fit
         height: 33
         text: qsTr("由于系统隐私要求，请授权以下权限")
-        verticalAlignment: Text.AlignVCenter
         width: 291
         wrapMode: Text.WordWrap
         x: 79
@@ -111,7 +110,6 @@ Rectangle {
             color: "#333333"
             horizontalAlignment: Text.AlignHCenter
             text: qsTr("确定")
-            verticalAlignment: Text.AlignVCenter
         }
 
         ClickArea {

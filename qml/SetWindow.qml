@@ -157,7 +157,7 @@ Rectangle {
 
     SmallPrint {
         height: 21
-        text: qsTr("Copyright © 2019-2021 Vexa 公司 版权所有")
+        text: qsTr("版权所有 © 2019-2021 维克萨科技有限公司")
         wrapMode: Text.WordWrap
         y: 345
     }

@@ -39,6 +39,21 @@ Rectangle {
     }
     onCurValueChanged: show()
 
+    // The handle is taller than the track: all of it, and a little more, can be grabbed.
+    QtObject {
+        id: reach
+
+        function contains(point: point): bool {
+            return point.x >= -3 && point.x <= slider.width + 3 && Math.abs(point.y - slider.height / 2) <= 9
+        }
+    }
+
+    Binding {
+        property: "containmentMask"
+        target: slider
+        value: reach
+    }
+
     MouseArea {
         anchors.fill: parent
 
@@ -62,12 +77,6 @@ Rectangle {
 
         Accessible.name: root.name
 
-        // The handle is taller than the track: all of it, and a little more, can be grabbed.
-        containmentMask: QtObject {
-            function contains(point: point): bool {
-                return point.x >= -3 && point.x <= slider.width + 3 && Math.abs(point.y - slider.height / 2) <= 9
-            }
-        }
         handle: Rectangle {
             border.color: "#FFCC0D"
             border.width: slider.visualFocus ? 2 : 0

@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: MIT
+//
+// panel-pictures FOLDER: draws every view of the panel and of the guide, in the three languages, into FOLDER.
+// With QT_SCALE_FACTOR=2 the pictures are as on a screen of twice the density and their names end with @2x.
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QQuickItem>
+#include <QQuickWidget>
+#include <QTimer>
+#include <QTranslator>
+#include <array>
+#include <cstdio>
+#include <functional>
+
+namespace {
+
+constexpr std::array<const char *, 3> languages = {"Cn", "Tw", "En"};
+
+/// Lets the view handle what was changed, and draw it.
+void settle() {
+    QEventLoop loop;
+    QTimer::singleShot(50, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+void push(QObject *root, int id, int value) {
+    QMetaObject::invokeMethod(root, "setvalue", Q_ARG(QVariant, id), Q_ARG(QVariant, value),
+                              Q_ARG(QVariant, 0));
+}
+
+class Album {
+public:
+    Album(const QString &folder, const QString &language) : m_folder(folder), m_language(language) {}
+
+    bool add(const QQuickWidget &view, const QString &name) {
+        settle();
+        const QString density = view.devicePixelRatioF() > 1 ? QStringLiteral("@2x") : QString();
+        const QString path = m_folder.filePath(name + '-' + m_language + density + QStringLiteral(".png"));
+        if (view.grabFramebuffer().save(path)) {
+            return true;
+        }
+        std::fprintf(stderr, "panel-pictures: cannot write %s\n", qPrintable(path));
+        return false;
+    }
+
+private:
+    QDir m_folder;
+    QString m_language;
+};
+
+/// The values a settled user might have: every control shows something.
+void fill(QObject *root, int language) {
+    const std::array<int, 16> values = {132, 183, 890, 177, 22, 13, 2, 3, 5, 1, 1, 3, 4, 0, language, 1};
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        push(root, static_cast<int>(i) + 2, values.at(i));
+    }
+}
+
+bool drawPanel(Album &album, int language) {
+    QQuickWidget view(QUrl(QStringLiteral("qrc:/MainWindow.qml")));
+    view.show();
+    QQuickItem *root = view.rootObject();
+    if (root == nullptr) {
+        return false;
+    }
+    fill(root, language);
+
+    struct Scene {
+        const char *name;
+        const char *button; ///< which button opens the view, or null
+        int tool;
+    };
+    const std::array<Scene, 8> scenes = {{{"overview", nullptr, 0},
+                                          {"key1", "key1Button", 0},
+                                          {"key2", "key2Button", 0},
+                                          {"key3", "key3Button", 0},
+                                          {"key4-spotlight", "key4Button", 0},
+                                          {"key4-magnifier", "key4Button", 1},
+                                          {"key4-laser", "key4Button", 2},
+                                          {"settings", "setButton", 0}}};
+    for (const Scene &scene : scenes) {
+        push(root, 15, scene.tool);
+        if (scene.button != nullptr) {
+            root->findChild<QObject *>(QLatin1String(scene.button))->setProperty("checked", true);
+        }
+        if (!album.add(view, QLatin1String(scene.name))) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool drawGuide(Album &album) {
+    QQuickWidget view;
+    view.setClearColor(Qt::transparent);
+    view.setSource(QUrl(QStringLiteral("qrc:/PrivacyWindow.qml")));
+    view.show();
+    return album.add(view, QStringLiteral("guide"));
+}
+
+} // namespace
+
+int main(int argc, char *argv[]) {
+    qputenv("QT_FONT_DPI", "72");
+    QApplication application(argc, argv);
+    if (argc != 2 || !QDir().mkpath(QFile::decodeName(argv[1]))) {
+        std::fprintf(stderr, "panel-pictures FOLDER: draws the views into FOLDER\n");
+        return 2;
+    }
+    for (std::size_t i = 0; i < languages.size(); ++i) {
+        const QString language = QLatin1String(languages.at(i));
+        QTranslator catalogue;
+        if (!catalogue.load(QStringLiteral(":/language_qm/lang_%1.qm").arg(language))) {
+            std::fprintf(stderr, "panel-pictures: no catalogue for %s\n", qPrintable(language));
+            return 1;
+        }
+        QApplication::installTranslator(&catalogue);
+        Album album(QFile::decodeName(argv[1]), language);
+        if (!drawPanel(album, static_cast<int>(i)) || !drawGuide(album)) {
+            return 1;
+        }
+    }
+    return 0;
+}
