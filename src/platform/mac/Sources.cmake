@@ -1,0 +1,13 @@
+# The sources of the macOS side, by their place under src/platform; the tests build them too, on any system.
+set(vexa_mac_sources
+  Activation.cpp
+  mac/AutoStart.cpp
+  mac/CursorBitmap.cpp
+  mac/CursorPicture.cpp
+  mac/DisplayImage.cpp
+  mac/DockClick.cpp
+  mac/OverlayWindow.cpp
+  mac/PrivacyPane.cpp
+  mac/ScreenCapture.cpp
+  mac/Session.cpp)
+list(TRANSFORM vexa_mac_sources PREPEND "${PROJECT_SOURCE_DIR}/src/platform/")

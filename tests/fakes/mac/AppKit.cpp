@@ -1,0 +1,226 @@
+// SPDX-License-Identifier: MIT
+#include "fakes/mac/AppKit.h"
+
+#include <utility>
+
+namespace fakes {
+
+namespace {
+
+AppKit *current = nullptr;
+
+struct Text : objc_object {
+    std::string characters;
+};
+
+struct Bitmap : objc_object {
+    Cursor content;
+};
+
+template<typename Object = objc_object> std::unique_ptr<Object> make(const char *type) {
+    auto object = std::make_unique<Object>();
+    object->isa = objc_getClass(type);
+    return object;
+}
+
+id lasting(const char *type) {
+    return AppKit::instance().lasting(make<>(type));
+}
+
+id autoreleased(const char *type) {
+    return AppKit::instance().autoreleased(make<>(type));
+}
+
+void defineApplication(AppKit &fresh) {
+    const Class object = defineClass("NSObject");
+    method(
+        object, "class", "#@:", +[](id self, SEL) { return self->isa; });
+    classMethod(
+        defineClass("NSApplication", object), "sharedApplication",
+        "@@:", +[](id, SEL) { return AppKit::instance().hasApplication ? lasting("NSApplication") : id{}; });
+    method(
+        objc_getClass("NSApplication"), "delegate", "@@:", +[](id, SEL) {
+            const AppKit &kit = AppKit::instance();
+            return kit.hasDelegate ? lasting(kit.delegateClass->name.c_str()) : id{};
+        });
+    fresh.delegateClass = defineClass("ToolkitDelegate", defineClass("ToolkitDelegateParent", object));
+}
+
+void definePools() {
+    const Class pool = defineClass("NSAutoreleasePool", objc_getClass("NSObject"));
+    classMethod(
+        pool, "alloc", "@@:", +[](id, SEL) { return AppKit::instance().openPool(); });
+    method(
+        pool, "init", "@@:", +[](id self, SEL) { return self; });
+    method(
+        pool, "drain", "v@:", +[](id self, SEL) { AppKit::instance().drain(self); });
+}
+
+void defineCursor() {
+    const Class object = objc_getClass("NSObject");
+    classMethod(
+        defineClass("NSCursor", object), "currentSystemCursor",
+        "@@:", +[](id, SEL) { return AppKit::instance().cursor.exists ? autoreleased("NSCursor") : id{}; });
+    method(
+        objc_getClass("NSCursor"), "image",
+        "@@:", +[](id, SEL) { return AppKit::instance().cursor.hasImage ? autoreleased("NSImage") : id{}; });
+    const Class image = defineClass("NSImage", object);
+    defineClass("NSData", object);
+    method(
+        image, "TIFFRepresentation",
+        "@@:", +[](id, SEL) { return AppKit::instance().cursor.hasData ? autoreleased("NSData") : id{}; });
+    method(
+        image, "size", "{CGSize=dd}@:", +[](id, SEL) { return AppKit::instance().cursor.size; });
+}
+
+const Cursor &contentOf(id bitmap) {
+    return static_cast<Bitmap *>(bitmap)->content;
+}
+
+void defineBitmap() {
+    const Class bitmap = defineClass("NSBitmapImageRep", objc_getClass("NSObject"));
+    classMethod(
+        bitmap, "imageRepWithData:", "@@:@", +[](id, SEL, id data) -> id {
+            if (!data)
+                misuse("imageRepWithData: raises without data");
+            AppKit &kit = AppKit::instance();
+            if (!kit.cursor.decodes)
+                return nullptr;
+            auto made = make<Bitmap>("NSBitmapImageRep");
+            made->content = kit.cursor;
+            return kit.autoreleased(std::move(made));
+        });
+    method(
+        bitmap, "bitmapData", "*@:", +[](id self, SEL) -> unsigned char * {
+            auto &content = static_cast<Bitmap *>(self)->content;
+            return content.hasBytes ? content.bytes.data() : nullptr;
+        });
+    method(
+        bitmap, "pixelsWide", "q@:", +[](id self, SEL) { return contentOf(self).pixelsWide; });
+    method(
+        bitmap, "pixelsHigh", "q@:", +[](id self, SEL) { return contentOf(self).pixelsHigh; });
+    method(
+        bitmap, "bytesPerRow", "q@:", +[](id self, SEL) { return contentOf(self).bytesPerRow; });
+    method(
+        bitmap, "bitsPerPixel", "q@:", +[](id self, SEL) { return contentOf(self).bitsPerPixel; });
+    method(
+        bitmap, "bitsPerSample", "q@:", +[](id self, SEL) { return contentOf(self).bitsPerSample; });
+    method(
+        bitmap, "samplesPerPixel", "q@:", +[](id self, SEL) { return contentOf(self).samplesPerPixel; });
+    method(
+        bitmap, "isPlanar", "B@:", +[](id self, SEL) { return contentOf(self).planar; });
+    method(
+        bitmap, "bitmapFormat", "Q@:", +[](id self, SEL) { return contentOf(self).format; });
+}
+
+void defineWorkspace() {
+    const Class object = objc_getClass("NSObject");
+    const auto text = +[](id, SEL, const char *characters) {
+        auto made = make<Text>("NSString");
+        made->characters = characters;
+        return AppKit::instance().autoreleased(std::move(made));
+    };
+    classMethod(defineClass("NSString", object), "stringWithUTF8String:", "@@:r*", text);
+    classMethod(
+        defineClass("NSURL", object), "URLWithString:", "@@:@", +[](id, SEL, id string) -> id {
+            if (!AppKit::instance().acceptsUrls)
+                return nullptr;
+            auto made = make<Text>("NSURL");
+            made->characters = static_cast<Text *>(string)->characters;
+            return AppKit::instance().autoreleased(std::move(made));
+        });
+    const Class workspace = defineClass("NSWorkspace", object);
+    classMethod(
+        workspace, "sharedWorkspace", "@@:", +[](id, SEL) { return lasting("NSWorkspace"); });
+    method(
+        workspace, "openURL:", "B@:@", +[](id, SEL, id url) {
+            AppKit::instance().openedUrls.push_back(static_cast<Text *>(url)->characters);
+            return true;
+        });
+}
+
+void tell(id window, const std::string &what) {
+    static_cast<Window *>(window)->told.push_back(what);
+}
+
+void defineWindow() {
+    const Class object = objc_getClass("NSObject");
+    method(
+        defineClass("NSView", object), "window",
+        "@@:", +[](id, SEL) -> id { return &AppKit::instance().window; });
+    const Class window = defineClass("NSWindow", object);
+    method(
+        window, "setCollectionBehavior:", "v@:Q", +[](id self, SEL, unsigned long value) {
+            tell(self, "collectionBehavior " + std::to_string(value));
+        });
+    method(
+        window, "setLevel:", "v@:q",
+        +[](id self, SEL, long value) { tell(self, "level " + std::to_string(value)); });
+    method(
+        window, "setHidesOnDeactivate:", "v@:B",
+        +[](id self, SEL, bool value) { tell(self, "hidesOnDeactivate " + std::to_string(value)); });
+    method(
+        window, "setIgnoresMouseEvents:", "v@:B",
+        +[](id self, SEL, bool value) { tell(self, "ignoresMouseEvents " + std::to_string(value)); });
+    method(
+        window, "orderFrontRegardless", "v@:", +[](id self, SEL) { tell(self, "orderFrontRegardless"); });
+}
+
+} // namespace
+
+AppKit::AppKit() {
+    if (current)
+        misuse("two AppKits at a time");
+    current = this;
+    defineApplication(*this);
+    definePools();
+    defineCursor();
+    defineBitmap();
+    defineWorkspace();
+    defineWindow();
+    window.isa = objc_getClass("NSWindow");
+}
+
+AppKit::~AppKit() {
+    forgetClasses();
+    current = nullptr;
+}
+
+AppKit &AppKit::instance() {
+    if (!current)
+        misuse("there is no AppKit");
+    return *current;
+}
+
+void AppKit::showViewAt(id address) {
+    alias(address, lasting(make<>("NSView")));
+}
+
+id AppKit::autoreleased(std::unique_ptr<objc_object> object) {
+    if (m_pools.empty()) {
+        ++m_strays;
+        return lasting(std::move(object));
+    }
+    Pool &owner = m_pools.back().second;
+    owner.push_back(std::move(object));
+    return owner.back().get();
+}
+
+id AppKit::lasting(std::unique_ptr<objc_object> object) {
+    m_lasting.push_back(std::move(object));
+    return m_lasting.back().get();
+}
+
+id AppKit::openPool() {
+    ++m_poolsMade;
+    m_pools.emplace_back(make<>("NSAutoreleasePool"), Pool{});
+    return m_pools.back().first.get();
+}
+
+void AppKit::drain(id pool) {
+    if (m_pools.empty() || m_pools.back().first.get() != pool)
+        misuse("a pool is drained that is not the innermost one");
+    m_pools.pop_back();
+}
+
+} // namespace fakes

@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+#include "fakes/mac/Displays.h"
+
+#include <QtMac>
+
+#include <cstdlib>
+
+struct CGImage {
+    QImage picture;
+};
+
+namespace fakes {
+
+namespace {
+Displays *current = nullptr;
+}
+
+Displays::Displays() {
+    current = this;
+}
+Displays::~Displays() {
+    current = nullptr;
+}
+
+Displays &Displays::instance() {
+    if (!current)
+        std::abort();
+    return *current;
+}
+
+static QRectF toQt(CGRect rect) {
+    return {rect.origin.x, rect.origin.y, rect.size.width, rect.size.height};
+}
+
+static const Display *find(CGDirectDisplayID id) {
+    for (const Display &display : Displays::instance().connected) {
+        if (display.id == id)
+            return &display;
+    }
+    return nullptr;
+}
+
+} // namespace fakes
+
+using namespace fakes;
+
+CGError CGGetDisplaysWithRect(CGRect rect, std::uint32_t maxDisplays, CGDirectDisplayID *displays,
+                              std::uint32_t *matchingDisplayCount) {
+    Displays &desktop = Displays::instance();
+    desktop.searched.push_back(toQt(rect));
+    desktop.roomOffered = maxDisplays;
+    *matchingDisplayCount = 0;
+    for (const Display &display : desktop.connected) {
+        if (display.bounds.intersects(toQt(rect)) && *matchingDisplayCount < maxDisplays)
+            displays[(*matchingDisplayCount)++] = display.id;
+    }
+    return kCGErrorSuccess;
+}
+
+CGRect CGDisplayBounds(CGDirectDisplayID id) {
+    Displays::instance().boundsRead.push_back(id);
+    const Display *const display = find(id);
+    if (!display)
+        return CGRectMake(0, 0, 0, 0);
+    const QRectF &bounds = display->bounds;
+    return CGRectMake(bounds.x(), bounds.y(), bounds.width(), bounds.height());
+}
+
+// Found by its name at run time only, so no header declares it.
+extern "C" CGImageRef CGDisplayCreateImageForRect(CGDirectDisplayID id, CGRect rect);
+CGImageRef CGDisplayCreateImageForRect(CGDirectDisplayID id, CGRect rect) {
+    Displays &desktop = Displays::instance();
+    desktop.captured.push_back({id, toQt(rect)});
+    const Display *const display = find(id);
+    if (!display)
+        return nullptr;
+    const double scale = display->picture.width() / display->bounds.width();
+    const QRectF wanted(rect.origin.x * scale, rect.origin.y * scale, rect.size.width * scale,
+                        rect.size.height * scale);
+    const QRect visible = wanted.toRect() & display->picture.rect();
+    if (visible.isEmpty())
+        return nullptr;
+    ++desktop.imagesAlive;
+    return new CGImage{display->picture.copy(visible)};
+}
+
+void CGImageRelease(CGImageRef image) {
+    if (!image)
+        return;
+    --Displays::instance().imagesAlive;
+    delete image;
+}
+
+QPixmap QtMac::fromCGImageRef(CGImageRef image) {
+    return QPixmap::fromImage(image->picture);
+}

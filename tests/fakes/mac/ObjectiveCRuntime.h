@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "fakes/mac/MessageSend.h"
+
+#include <objc/runtime.h>
+
+#include <map>
+#include <string>
+
+/// What the runtime's opaque types hold here. A class is an object too: its own class, the metaclass, has its
+/// class methods.
+struct objc_object {
+    Class isa = nullptr;
+    virtual ~objc_object() = default;
+};
+
+struct objc_method {
+    IMP implementation = nullptr;
+    std::string encoding;
+};
+
+struct objc_class : objc_object {
+    std::string name;
+    Class super = nullptr;
+    std::map<std::string, objc_method> methods;
+};
+
+/// The tests' side of the fake runtime: making classes and objects. One runtime for the process;
+/// single-threaded.
+namespace fakes {
+
+/// Makes a class that objc_getClass finds by its name.
+Class defineClass(const char *name, Class super = nullptr);
+
+/// Forgets all classes and aliases. No object of them may be used any more.
+void forgetClasses();
+
+/// From now on, until the classes are forgotten, adding and replacing methods fails.
+void refuseMethodChanges();
+
+/// Makes messages to an address that is no object here, such as a window's number, arrive at the object.
+void alias(id address, id object);
+
+/// Registers a method under the encoding that Apple's headers give it. Ends the process when the function has
+/// another type, which would be a mistake of the test.
+template<typename Result, typename... Arguments>
+void method(Class type, const char *selector, const char *encoding,
+            Result (*function)(id, SEL, Arguments...));
+template<typename Result, typename... Arguments>
+void classMethod(Class type, const char *selector, const char *encoding,
+                 Result (*function)(id, SEL, Arguments...)) {
+    method(type->isa, selector, encoding, function);
+}
+
+/// Ends the process with a word on what was done wrong.
+[[noreturn]] void misuse(const std::string &what);
+
+template<typename Result, typename... Arguments>
+void method(Class type, const char *selector, const char *encoding,
+            Result (*function)(id, SEL, Arguments...)) {
+    if (methodEncoding<Result, Arguments...>() != encoding)
+        misuse(std::string(selector) + " is registered as " + encoding + " but written as " +
+               methodEncoding<Result, Arguments...>());
+    type->methods[selector] = {(IMP)function, encoding};
+}
+
+} // namespace fakes

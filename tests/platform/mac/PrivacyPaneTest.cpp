@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#include "fakes/mac/AppKit.h"
+#include "platform/ScreenCapture.h"
+
+#include <QtTest>
+
+#include <optional>
+
+class PrivacyPaneTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { m_kit.emplace(); }
+    void cleanup() {
+        QCOMPARE(m_kit->poolsOpen(), 0);
+        QCOMPARE(m_kit->strays(), 0);
+        m_kit.reset();
+    }
+
+    void opensTheScreenRecordingPane() {
+        vexa::platform::openScreenRecordingSettings();
+        const std::vector<std::string> expected{
+            "x-apple.systempreferences:com.apple.preference.security?Privacy_ScreenCapture"};
+        QVERIFY(m_kit->openedUrls == expected);
+    }
+
+    void opensNothingWithoutAUrl() {
+        m_kit->acceptsUrls = false;
+        vexa::platform::openScreenRecordingSettings();
+        QVERIFY(m_kit->openedUrls.empty());
+    }
+
+private:
+    std::optional<fakes::AppKit> m_kit;
+};
+
+QTEST_GUILESS_MAIN(PrivacyPaneTest)
+#include "PrivacyPaneTest.moc"
