@@ -1,0 +1,208 @@
+// SPDX-License-Identifier: MIT
+#include "app/PictureWriter.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <csignal>
+#include <memory>
+#include <random>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+using vexa::PictureWriter;
+
+namespace {
+
+QImage plain(const QColor &colour) {
+    QImage picture(64, 48, QImage::Format_RGB32);
+    picture.fill(colour);
+    return picture;
+}
+
+/// A picture that takes its time to compress.
+QImage noise(int width, int height) {
+    QImage picture(width, height, QImage::Format_RGB32);
+    std::minstd_rand random(7);
+    for (int y = 0; y < height; ++y) {
+        auto *line = reinterpret_cast<QRgb *>(picture.scanLine(y));
+        for (int x = 0; x < width; ++x)
+            line[x] = 0xff000000U | static_cast<QRgb>(random());
+    }
+    return picture;
+}
+
+/// Lets files of this process grow to so many bytes only, as a disk without more space does.
+class FullDisk {
+public:
+    explicit FullDisk(rlim_t bytes) {
+        std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &m_before);
+        rlimit limit = m_before;
+        limit.rlim_cur = bytes;
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &m_before); }
+
+    FullDisk(const FullDisk &) = delete;
+    FullDisk &operator=(const FullDisk &) = delete;
+
+private:
+    rlimit m_before{};
+};
+
+/// No permission stops root: for its life this makes the process an ordinary user's.
+class OrdinaryUser {
+public:
+    OrdinaryUser() {
+        if (m_root && seteuid(65534) != 0)
+            qFatal("cannot become an ordinary user");
+    }
+    ~OrdinaryUser() {
+        if (m_root && seteuid(0) != 0)
+            qFatal("cannot become root again");
+    }
+
+    OrdinaryUser(const OrdinaryUser &) = delete;
+    OrdinaryUser &operator=(const OrdinaryUser &) = delete;
+
+private:
+    const bool m_root = geteuid() == 0;
+};
+
+} // namespace
+
+class PictureWriterTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void writesThePictureInTheFormatOfItsSuffix();
+    void laterPictureOfTheSamePathReplacesTheEarlierOne();
+    void writesInTheOrderInWhichItWasGiven();
+    void returnsWhilePicturesAreBeingWritten();
+    void endOfTheWriterWaitsForAllFiles();
+    void fullDiskLeavesNoHalfFile();
+    void fullDiskLeavesTheFileThatWasThere();
+    void folderThatCannotBeWrittenGetsNoFile();
+    void missingFolderGetsNoFile();
+
+private:
+    QString file(const char *name) const { return m_folder->filePath(QLatin1String(name)); }
+    QStringList files() const {
+        return QDir(m_folder->path()).entryList(QDir::Files | QDir::Hidden, QDir::Name);
+    }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+};
+
+void PictureWriterTest::init() {
+    m_folder = std::make_unique<QTemporaryDir>();
+    QVERIFY(m_folder->isValid());
+}
+
+void PictureWriterTest::writesThePictureInTheFormatOfItsSuffix() {
+    PictureWriter writer;
+    const QImage picture = noise(61, 43);
+    writer.write(file("a.png"), picture);
+    writer.flush();
+    QCOMPARE(files(), QStringList{QStringLiteral("a.png")});
+    QFile written(file("a.png"));
+    QVERIFY(written.open(QIODevice::ReadOnly));
+    QCOMPARE(written.read(8), QByteArray("\x89PNG\r\n\x1a\n"));
+    QCOMPARE(QImage(file("a.png")).convertToFormat(QImage::Format_RGB32), picture);
+}
+
+void PictureWriterTest::laterPictureOfTheSamePathReplacesTheEarlierOne() {
+    PictureWriter writer;
+    for (const QColor colour : {Qt::red, Qt::green, Qt::blue})
+        writer.write(file("same.png"), plain(colour));
+    writer.flush();
+    QCOMPARE(files(), QStringList{QStringLiteral("same.png")});
+    QCOMPARE(QImage(file("same.png")).pixelColor(3, 3), QColor(Qt::blue));
+}
+
+void PictureWriterTest::writesInTheOrderInWhichItWasGiven() {
+    PictureWriter writer;
+    // A large one first: with more than one thread, the small ones would overtake it.
+    writer.write(file("0.png"), noise(1000, 1000));
+    for (const char *name : {"1.png", "2.png", "3.png"})
+        writer.write(file(name), plain(Qt::red));
+    writer.flush();
+    QCOMPARE(files().size(), 4);
+    for (int i = 1; i < 4; ++i)
+        QVERIFY(QFileInfo(m_folder->filePath(QStringLiteral("%1.png").arg(i - 1))).lastModified() <=
+                QFileInfo(m_folder->filePath(QStringLiteral("%1.png").arg(i))).lastModified());
+}
+
+void PictureWriterTest::returnsWhilePicturesAreBeingWritten() {
+    PictureWriter writer;
+    const QImage large = noise(3840, 2160);
+    for (const char *name : {"a.png", "b.png", "c.png", "d.png"})
+        writer.write(file(name), large);
+    bool answered = false;
+    QTimer::singleShot(0, this, [&answered] { answered = true; });
+    QCoreApplication::processEvents();
+    QVERIFY(answered);
+    QVERIFY(!QFileInfo::exists(file("d.png")));
+    writer.flush();
+    QCOMPARE(files().size(), 4);
+}
+
+void PictureWriterTest::endOfTheWriterWaitsForAllFiles() {
+    {
+        PictureWriter writer;
+        for (const char *name : {"a.png", "b.png", "c.png"})
+            writer.write(file(name), noise(800, 600));
+    }
+    QCOMPARE(files().size(), 3);
+    for (const QString &name : files())
+        QCOMPARE(QImage(m_folder->filePath(name)).size(), QSize(800, 600));
+}
+
+void PictureWriterTest::fullDiskLeavesNoHalfFile() {
+    {
+        const FullDisk full(20000);
+        PictureWriter writer;
+        writer.write(file("a.png"), noise(800, 600));
+    }
+    QCOMPARE(files(), QStringList());
+}
+
+void PictureWriterTest::fullDiskLeavesTheFileThatWasThere() {
+    PictureWriter writer;
+    writer.write(file("a.png"), plain(Qt::red));
+    writer.flush();
+    {
+        const FullDisk full(20000);
+        writer.write(file("a.png"), noise(800, 600));
+        writer.flush();
+    }
+    QCOMPARE(files(), QStringList{QStringLiteral("a.png")});
+    QCOMPARE(QImage(file("a.png")).pixelColor(3, 3), QColor(Qt::red));
+}
+
+void PictureWriterTest::folderThatCannotBeWrittenGetsNoFile() {
+    QCOMPARE(chmod(QFile::encodeName(m_folder->path()).constData(), 0555), 0);
+    {
+        const OrdinaryUser user;
+        PictureWriter writer;
+        writer.write(file("a.png"), plain(Qt::red));
+    }
+    QCOMPARE(files(), QStringList());
+    QCOMPARE(chmod(QFile::encodeName(m_folder->path()).constData(), 0755), 0);
+}
+
+void PictureWriterTest::missingFolderGetsNoFile() {
+    PictureWriter writer;
+    writer.write(file("missing/a.png"), plain(Qt::red));
+    writer.flush();
+    QVERIFY(!QFileInfo::exists(file("missing")));
+}
+
+QTEST_GUILESS_MAIN(PictureWriterTest)
+#include "PictureWriterTest.moc"
