@@ -1,0 +1,255 @@
+// SPDX-License-Identifier: MIT
+#include "packaging/DesktopEntry.h"
+
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QtTest>
+#include <memory>
+
+/// The two scripts that register the program with the session, run from folders with awkward names.
+class AutoStartScriptsTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void theEntryStartsTheProgram_data();
+    void theEntryStartsTheProgram();
+    void aSessionStartsTheProgram_data();
+    void aSessionStartsTheProgram();
+    void theEntryCanBeReadByAll();
+    void withoutAConfigurationFolderItGoesBelowHome();
+    void aRelativeConfigurationFolderIsIgnored();
+    void theScriptFindsItsFolderFromARelativeCall();
+    void openingTwiceLeavesOneEntry();
+    void theOldEntryIsReplacedAndNotRewritten();
+    void openingFailsWhereNoFolderCanBeMade();
+    void openingFailsWhereTheEntryCannotStand();
+    void openingFailsWithoutAProgramBesideIt();
+    void openingFailsWithoutAHome();
+    void closingRemovesTheEntry();
+    void closingWithoutAnEntrySucceeds();
+    void closingFailsWhereTheEntryCannotBeRemoved();
+
+private:
+    void installIn(const QString &folder);
+    int run(const QString &script, const QStringList &without = {});
+    QString path(const QString &name) const { return m_root->filePath(name); }
+    QString entryFile() const { return path("config/autostart/VexaOrbilo.desktop"); }
+    QByteArray startedProgram();
+
+    std::unique_ptr<QTemporaryDir> m_root;
+    QString m_folder;
+    QProcessEnvironment m_environment;
+};
+
+namespace {
+
+void addFolders() {
+    QTest::addColumn<QString>("folder");
+    QTest::newRow("plain") << "bin";
+    QTest::newRow("blanks") << " two  blanks ";
+    QTest::newRow("double quotes") << "a \"quoted\" name";
+    QTest::newRow("single quotes") << "presenter's";
+    QTest::newRow("percent signs") << "100% %f %%u";
+    QTest::newRow("backslashes") << "C:\\temp\\new\\\\s\\";
+    QTest::newRow("dollar signs") << "$HOME ${HOME} $(id)";
+    QTest::newRow("backquotes") << "`id`";
+    QTest::newRow("equals sign") << "e=mc2";
+    QTest::newRow("shell characters") << ";#&|<>*?~()!{}[]^";
+    QTest::newRow("leading dash") << "-n";
+    QTest::newRow("tab") << "a\tb";
+    QTest::newRow("line ends") << "a\nb\r\n";
+    QTest::newRow("Chinese") << "演示笔 翻頁筆";
+    QTest::newRow("Greek and umlauts") << "Παρουσίαση Übung";
+    QTest::newRow("right to left") << "عرض تقديمي";
+    QTest::newRow("all at once") << "%\\\"$`'=\n\t 笔";
+}
+
+} // namespace
+
+void AutoStartScriptsTest::init() {
+    m_root = std::make_unique<QTemporaryDir>();
+    m_environment = QProcessEnvironment::systemEnvironment();
+    m_environment.insert("XDG_CONFIG_HOME", path("config"));
+    m_environment.insert("HOME", path("home"));
+    installIn("bin");
+}
+
+/// Puts the scripts and a stand-in program, which notes the name it was started by, into `folder`.
+void AutoStartScriptsTest::installIn(const QString &folder) {
+    m_folder = path(folder);
+    QVERIFY(QDir().mkpath(m_folder));
+    for (const QString name : {"setAutoStartOpen.sh", "setAutoStartClose.sh"})
+        QVERIFY(QFile::copy(QStringLiteral(SCRIPTS "/") + name, m_folder + '/' + name));
+    QFile program(m_folder + "/VexaOrbilo");
+    QVERIFY(program.open(QIODevice::WriteOnly));
+    program.write("#!/bin/sh\nprintf %s \"$0\" >\"$NOTE.part\" && mv \"$NOTE.part\" \"$NOTE\"\n");
+    program.close();
+    QVERIFY(program.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    m_environment.insert("NOTE", path("note"));
+}
+
+int AutoStartScriptsTest::run(const QString &script, const QStringList &without) {
+    QProcess process;
+    QProcessEnvironment environment = m_environment;
+    for (const QString &name : without)
+        environment.remove(name);
+    process.setProcessEnvironment(environment);
+    process.start(m_folder + '/' + script, QStringList());
+    return process.waitForFinished(-1) && process.exitStatus() == QProcess::NormalExit ? process.exitCode()
+                                                                                       : -1;
+}
+
+/// The name that the stand-in noted, once it has run.
+QByteArray AutoStartScriptsTest::startedProgram() {
+    if (!QTest::qWaitFor([this] { return QFile::exists(path("note")); }, 30000))
+        return {};
+    QFile note(path("note"));
+    return note.open(QIODevice::ReadOnly) ? note.readAll() : QByteArray();
+}
+
+void AutoStartScriptsTest::theEntryStartsTheProgram_data() {
+    addFolders();
+}
+
+void AutoStartScriptsTest::theEntryStartsTheProgram() {
+    QFETCH(QString, folder);
+    installIn("programs/" + folder);
+    QCOMPARE(run("setAutoStartOpen.sh"), 0);
+
+    const DesktopEntry entry(entryFile());
+    const QByteArray program = QFile::encodeName(m_folder + "/VexaOrbilo");
+    QCOMPARE(entry.value("Type"), QByteArray("Application"));
+    QCOMPARE(entry.value("Name"), QByteArray("Vexa Orbilo"));
+    QCOMPARE(entry.value("TryExec"), program);
+    QByteArrayList words = entry.command();
+    QVERIFY(!words.isEmpty());
+    QCOMPARE(words.last(), program);
+
+    QProcess session;
+    session.setProcessEnvironment(m_environment);
+    QStringList arguments;
+    for (const QByteArray &word : words)
+        arguments.append(QFile::decodeName(word));
+    session.start(arguments.takeFirst(), arguments);
+    QVERIFY(session.waitForFinished(-1));
+    QCOMPARE(startedProgram(), program);
+}
+
+void AutoStartScriptsTest::aSessionStartsTheProgram_data() {
+    addFolders();
+}
+
+void AutoStartScriptsTest::aSessionStartsTheProgram() {
+    const QString launcher = QStandardPaths::findExecutable("gio");
+    QVERIFY2(!launcher.isEmpty(), "gio (libglib2.0-bin) is needed");
+    QFETCH(QString, folder);
+    installIn("programs/" + folder);
+    QCOMPARE(run("setAutoStartOpen.sh"), 0);
+    QProcess session;
+    session.setProcessEnvironment(m_environment);
+    session.setProcessChannelMode(QProcess::ForwardedChannels);
+    session.start(launcher, {"launch", entryFile()});
+    QVERIFY(session.waitForFinished(-1));
+    QCOMPARE(session.exitCode(), 0);
+    QCOMPARE(startedProgram(), QFile::encodeName(m_folder + "/VexaOrbilo"));
+}
+
+void AutoStartScriptsTest::theEntryCanBeReadByAll() {
+    QCOMPARE(run("setAutoStartOpen.sh"), 0);
+    const QFile::Permissions readable = QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther;
+    QCOMPARE(QFile::permissions(entryFile()) & readable, readable);
+}
+
+void AutoStartScriptsTest::withoutAConfigurationFolderItGoesBelowHome() {
+    const QString entry = path("home/.config/autostart/VexaOrbilo.desktop");
+    QCOMPARE(run("setAutoStartOpen.sh", {"XDG_CONFIG_HOME"}), 0);
+    QVERIFY(QFile::exists(entry));
+    QVERIFY(!QFile::exists(entryFile()));
+    QCOMPARE(run("setAutoStartClose.sh", {"XDG_CONFIG_HOME"}), 0);
+    QVERIFY(!QFile::exists(entry));
+}
+
+void AutoStartScriptsTest::aRelativeConfigurationFolderIsIgnored() {
+    m_environment.insert("XDG_CONFIG_HOME", "config");
+    QCOMPARE(run("setAutoStartOpen.sh"), 0);
+    QVERIFY(QFile::exists(path("home/.config/autostart/VexaOrbilo.desktop")));
+    QVERIFY(!QFile::exists(m_folder + "/config"));
+    QCOMPARE(run("setAutoStartClose.sh"), 0);
+    QVERIFY(!QFile::exists(path("home/.config/autostart/VexaOrbilo.desktop")));
+}
+
+void AutoStartScriptsTest::theScriptFindsItsFolderFromARelativeCall() {
+    QProcess process;
+    m_environment.insert("CDPATH", path("."));
+    process.setProcessEnvironment(m_environment);
+    process.setWorkingDirectory(m_root->path());
+    process.start("/bin/sh", {"bin/setAutoStartOpen.sh"});
+    QVERIFY(process.waitForFinished(-1));
+    QCOMPARE(process.exitCode(), 0);
+    QCOMPARE(DesktopEntry(entryFile()).command(),
+             QByteArrayList{QFile::encodeName(m_folder + "/VexaOrbilo")});
+}
+
+void AutoStartScriptsTest::openingTwiceLeavesOneEntry() {
+    QCOMPARE(run("setAutoStartOpen.sh"), 0);
+    QCOMPARE(run("setAutoStartOpen.sh"), 0);
+    QCOMPARE(QDir(path("config/autostart")).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+             QStringList{"VexaOrbilo.desktop"});
+}
+
+void AutoStartScriptsTest::theOldEntryIsReplacedAndNotRewritten() {
+    QVERIFY(QDir().mkpath(path("config/autostart")));
+    QFile old(entryFile());
+    QVERIFY(old.open(QIODevice::ReadWrite));
+    old.write("an older entry");
+    QVERIFY(old.flush());
+    QCOMPARE(run("setAutoStartOpen.sh"), 0);
+    QVERIFY(old.seek(0));
+    QCOMPARE(old.readAll(), QByteArray("an older entry")); // who had it open still reads it whole
+    QCOMPARE(DesktopEntry(entryFile()).value("Name"), QByteArray("Vexa Orbilo"));
+}
+
+void AutoStartScriptsTest::openingFailsWhereNoFolderCanBeMade() {
+    QFile inTheWay(path("config"));
+    QVERIFY(inTheWay.open(QIODevice::WriteOnly));
+    QVERIFY(run("setAutoStartOpen.sh") > 0);
+}
+
+void AutoStartScriptsTest::openingFailsWhereTheEntryCannotStand() {
+    QVERIFY(QDir().mkpath(entryFile() + "/in the way"));
+    QVERIFY(run("setAutoStartOpen.sh") > 0);
+    QCOMPARE(QDir(path("config/autostart")).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+             QStringList{"VexaOrbilo.desktop"}); // the draft is gone
+}
+
+void AutoStartScriptsTest::openingFailsWithoutAProgramBesideIt() {
+    QVERIFY(QFile::remove(m_folder + "/VexaOrbilo"));
+    QVERIFY(run("setAutoStartOpen.sh") > 0);
+    QVERIFY(!QFile::exists(entryFile()));
+}
+
+void AutoStartScriptsTest::openingFailsWithoutAHome() {
+    QVERIFY(run("setAutoStartOpen.sh", {"XDG_CONFIG_HOME", "HOME"}) > 0);
+    QVERIFY(run("setAutoStartClose.sh", {"XDG_CONFIG_HOME", "HOME"}) > 0);
+}
+
+void AutoStartScriptsTest::closingRemovesTheEntry() {
+    QCOMPARE(run("setAutoStartOpen.sh"), 0);
+    QVERIFY(QFile::exists(entryFile()));
+    QCOMPARE(run("setAutoStartClose.sh"), 0);
+    QVERIFY(!QFile::exists(entryFile()));
+}
+
+void AutoStartScriptsTest::closingWithoutAnEntrySucceeds() {
+    QCOMPARE(run("setAutoStartClose.sh"), 0);
+}
+
+void AutoStartScriptsTest::closingFailsWhereTheEntryCannotBeRemoved() {
+    QVERIFY(QDir().mkpath(entryFile() + "/in the way"));
+    QVERIFY(run("setAutoStartClose.sh") > 0);
+}
+
+QTEST_GUILESS_MAIN(AutoStartScriptsTest)
+#include "AutoStartScriptsTest.moc"
