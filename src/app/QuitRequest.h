@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+
+namespace vexa {
+
+/// Remembers that the program has been asked to end. The event loop itself forgets a quit() that comes while
+/// a dialog runs its own loop, and would then run on for ever. GUI thread; at most one, after the application
+/// object.
+class QuitRequest : public QObject {
+public:
+    QuitRequest();
+
+    /// Ends the event loops that are running now, and those that run() would start.
+    void request();
+    bool requested() const { return m_requested; }
+
+    /// Runs the application's event loop, unless the program has been asked to end before. Returns its exit
+    /// code.
+    int run();
+
+    /// Notices when the session asks the application to quit.
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    bool m_requested = false;
+};
+
+} // namespace vexa

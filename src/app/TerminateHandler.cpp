@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#include "app/TerminateHandler.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <future>
+
+namespace vexa {
+
+void reportUncaughtAndExit() noexcept {
+    const char *text = "ended unexpectedly";
+    // The text has to be used while the exception is held: it goes with it.
+    const std::exception_ptr uncaught = std::current_exception();
+    try {
+        if (uncaught)
+            std::rethrow_exception(uncaught);
+    } catch (const std::future_error &) {
+        // The listener broke its promise to start. Why is known to the listener alone.
+        text = "cannot listen to the keyboard and the pointer of this session";
+    } catch (const std::exception &error) {
+        text = error.what();
+    } catch (...) {
+        text = "ended by an unknown failure";
+    }
+    std::fprintf(stderr, "VexaOrbilo: %s\n", text);
+    std::_Exit(EXIT_FAILURE);
+}
+
+} // namespace vexa

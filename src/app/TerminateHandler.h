@@ -1,0 +1,10 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+namespace vexa {
+
+/// For std::set_terminate: says in one line on stderr what nobody caught and ends the process with 1. A
+/// listener that cannot start is the user's to solve, not a crash: nothing is dumped.
+[[noreturn]] void reportUncaughtAndExit() noexcept;
+
+} // namespace vexa
