@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QRegion>
+#include <QSize>
+#include <vector>
+
+namespace vexa {
+
+/// Collects changed pixels into squares, so that a thousand single pixels become a handful of rectangles.
+class DamageTiles {
+public:
+    explicit DamageTiles(const QSize &pixels);
+
+    void add(int x, int y) {
+        const auto tile = static_cast<std::size_t>((y >> shift) * m_columns + (x >> shift));
+        if (m_damaged[tile])
+            return;
+        m_damaged[tile] = true;
+        m_list.push_back(static_cast<int>(tile));
+    }
+
+    /// The squares since the last call, in points.
+    QRegion take(qreal devicePixelRatio);
+
+private:
+    static constexpr int shift = 5;
+
+    int m_columns;
+    std::vector<bool> m_damaged;
+    std::vector<int> m_list;
+};
+
+} // namespace vexa

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QImage>
+#include <QPainterPath>
+#include <QPen>
+#include <QPoint>
+#include <QRect>
+#include <QSize>
+#include <deque>
+#include <functional>
+#include <vector>
+
+namespace vexa {
+
+/// How much of each pixel the stroke that is being drawn covers, as if its whole path were filled at once, kept
+/// up to date at a price that does not depend on how long the stroke has become.
+///
+/// A fill sums the signed areas of all outlines, so pieces far from the tip add a constant to the sum around it.
+/// What a new piece changes is therefore the difference between two short paths: the last few pieces with the
+/// new one and without it. Both begin at the same place, so the cap there drops out. Where nothing but those
+/// few pieces covers a pixel the short path is the whole truth; where older ink runs below or beside it, its
+/// share stays and the difference is added.
+///
+/// Sizes are points on the outside and device pixels on the inside. Any thread, no widget.
+class StrokeCoverage {
+public:
+    StrokeCoverage(const QSize &pixels, qreal devicePixelRatio);
+
+    /// The pen of the pieces to come.
+    void setPen(const QPen &pen) { m_pen = pen; }
+
+    /// Nothing is covered any more.
+    void clear();
+
+    /// Begins a new line at the point, which covers nothing yet.
+    void moveTo(const QPointF &point);
+
+    using Changed = std::function<void(int x, int y)>;
+
+    /// Adds a quadratic piece from where the line ends. Calls changed for every pixel whose coverage is now
+    /// another.
+    void quadTo(const QPointF &control, const QPointF &end, const Changed &changed);
+
+    /// 0 to 255 for each pixel of one row.
+    const uchar *row(int y) const { return m_coverage.constScanLine(y); }
+
+private:
+    struct Piece {
+        QPointF start, control, end;
+    };
+
+    QRect reach(const Piece &piece) const;
+    void forgetDistantPieces();
+    void fill(const QPainterPath &path, const QRect &pixels);
+
+    QPen m_pen;
+    QPointF m_end;
+    std::deque<Piece> m_tail; ///< the last pieces, the newest at the back
+    QImage m_coverage;
+    QImage m_scratch; ///< in place with the layer: moved coordinates would round differently
+    std::vector<uchar> m_before;
+};
+
+} // namespace vexa
