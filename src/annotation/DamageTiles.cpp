@@ -7,7 +7,8 @@ namespace vexa {
 
 DamageTiles::DamageTiles(const QSize &pixels)
     : m_columns((pixels.width() >> shift) + 1)
-    , m_damaged(static_cast<std::size_t>(m_columns) * static_cast<std::size_t>((pixels.height() >> shift) + 1)) {}
+    , m_damaged(static_cast<std::size_t>(m_columns) *
+                static_cast<std::size_t>((pixels.height() >> shift) + 1)) {}
 
 QRegion DamageTiles::take(qreal devicePixelRatio) {
     constexpr int side = 1 << shift;
@@ -16,11 +17,13 @@ QRegion DamageTiles::take(qreal devicePixelRatio) {
     QRegion region;
     for (auto first = m_list.begin(); first != m_list.end();) {
         auto last = first;
-        for (auto next = first + 1; next != m_list.end() && *next == *last + 1 && *next % m_columns != 0; ++next)
+        for (auto next = first + 1; next != m_list.end() && *next == *last + 1 && *next % m_columns != 0;
+             ++next)
             last = next;
-        const QRectF pixels((*first % m_columns) * side, (*first / m_columns) * side, (*last - *first + 1) * side,
-                            side);
-        region += QRectF(pixels.topLeft() / devicePixelRatio, pixels.size() / devicePixelRatio).toAlignedRect();
+        const QRectF pixels((*first % m_columns) * side, (*first / m_columns) * side,
+                            (*last - *first + 1) * side, side);
+        region +=
+            QRectF(pixels.topLeft() / devicePixelRatio, pixels.size() / devicePixelRatio).toAlignedRect();
         first = last + 1;
     }
     for (const int tile : m_list)

@@ -61,7 +61,8 @@ QRegion InkLayer::extend(const QPoint &point) {
 void InkLayer::end() {
     m_drawing = false;
     for (const Pixel &pixel : m_moving)
-        m_watched[static_cast<std::size_t>(pixel.y) * static_cast<std::size_t>(m_image.width()) + pixel.x] = false;
+        m_watched[static_cast<std::size_t>(pixel.y) * static_cast<std::size_t>(m_image.width()) + pixel.x] =
+            false;
     m_moving.clear();
 }
 
@@ -70,7 +71,8 @@ QRegion InkLayer::erase(const QPoint &centre, int diameter, bool smoothEdge) {
 }
 
 /// Like a pen, a disc has its diameter rounded down to an even number.
-QRect InkLayer::fillDisc(const QPoint &centre, int diameter, bool smoothEdge, QPainter::CompositionMode mode) {
+QRect InkLayer::fillDisc(const QPoint &centre, int diameter, bool smoothEdge,
+                         QPainter::CompositionMode mode) {
     const int radius = diameter / 2;
     QPainterPath disc;
     disc.addEllipse(centre.x() - radius, centre.y() - radius, 2 * radius, 2 * radius);
@@ -80,16 +82,19 @@ QRect InkLayer::fillDisc(const QPoint &centre, int diameter, bool smoothEdge, QP
     painter.fillPath(disc, m_pen.color());
     painter.end();
 
-    const QRect points = QRect(centre.x() - radius, centre.y() - radius, 2 * radius, 2 * radius).adjusted(-1, -1, 1, 1);
+    const QRect points =
+        QRect(centre.x() - radius, centre.y() - radius, 2 * radius, 2 * radius).adjusted(-1, -1, 1, 1);
     if (m_drawing) {
         const qreal ratio = m_image.devicePixelRatio();
-        watchCovered(QRectF(QPointF(points.topLeft()) * ratio, QSizeF(points.size()) * ratio).toAlignedRect());
+        watchCovered(
+            QRectF(QPointF(points.topLeft()) * ratio, QSizeF(points.size()) * ratio).toAlignedRect());
     }
     return points;
 }
 
 void InkLayer::watch(int x, int y) {
-    const auto index = static_cast<std::size_t>(y) * static_cast<std::size_t>(m_image.width()) + static_cast<std::size_t>(x);
+    const auto index =
+        static_cast<std::size_t>(y) * static_cast<std::size_t>(m_image.width()) + static_cast<std::size_t>(x);
     if (m_watched[index])
         return;
     m_watched[index] = true;

@@ -14,12 +14,12 @@ namespace vexa {
 
 /// A transparent picture with all the ink of a drawing, one pen and one eraser.
 ///
-/// The picture is that of an antialiased pen which draws the whole stroke again at every sample: the edges of a
-/// stroke grow heavier while it is drawn, until blending once more no longer changes a pixel. A pixel's next
-/// value depends on its value and its coverage alone, so one that a sample leaves as it is stays so until its
-/// coverage changes. Only the pixels that still move are kept in a list and blended again. An opaque colour
-/// moves each channel by at least one at every step, so none stays in the list for more than 255 samples, and
-/// a sample costs the same however long the stroke is.
+/// The picture is that of an antialiased pen which draws the whole stroke again at every sample: the edges of
+/// a stroke grow heavier while it is drawn, until blending once more no longer changes a pixel. A pixel's
+/// next value depends on its value and its coverage alone, so one that a sample leaves as it is stays so
+/// until its coverage changes. Only the pixels that still move are kept in a list and blended again. An
+/// opaque colour moves each channel by at least one at every step, so none stays in the list for more than
+/// 255 samples, and a sample costs the same however long the stroke is.
 ///
 /// Points in, regions of points that changed out. Any thread, no widget.
 class InkLayer {
@@ -29,8 +29,8 @@ public:
 
     const QImage &image() const { return m_image; }
 
-    /// The pen from now on; a stroke that is being drawn takes it over with its next sample. An invalid colour
-    /// draws black.
+    /// The pen from now on; a stroke that is being drawn takes it over with its next sample. An invalid
+    /// colour draws black.
     void setPen(const QPen &pen);
 
     /// Sets the pen down: a dot, the beginning of a stroke, or one more line of a stroke that has not ended.

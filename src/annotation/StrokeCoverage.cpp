@@ -10,7 +10,8 @@ namespace vexa {
 
 namespace {
 
-// A line that dwells on the spot would keep all its pieces near its tip; older ones are then taken as settled.
+// A line that dwells on the spot would keep all its pieces near its tip; older ones are then taken as
+// settled.
 constexpr std::size_t longestTail = 24;
 
 QImage emptyPlane(const QSize &pixels, qreal devicePixelRatio) {
@@ -84,11 +85,13 @@ QRect StrokeCoverage::reach(const Piece &piece) const {
     const qreal margin = m_pen.widthF() / 2 + 2;
     const auto [left, right] = std::minmax({piece.start.x(), piece.control.x(), piece.end.x()});
     const auto [top, bottom] = std::minmax({piece.start.y(), piece.control.y(), piece.end.y()});
-    const QRectF points = QRectF(QPointF(left, top), QPointF(right, bottom)).adjusted(-margin, -margin, margin, margin);
+    const QRectF points =
+        QRectF(QPointF(left, top), QPointF(right, bottom)).adjusted(-margin, -margin, margin, margin);
     return QRectF(points.topLeft() * ratio, points.size() * ratio).toAlignedRect();
 }
 
-/// Keeps as much of the line's end as is needed to have the cap at its beginning out of the new piece's reach.
+/// Keeps as much of the line's end as is needed to have the cap at its beginning out of the new piece's
+/// reach.
 void StrokeCoverage::forgetDistantPieces() {
     const qreal enough = m_pen.widthF() + 8;
     auto needed = m_tail.size();

@@ -13,14 +13,14 @@
 
 namespace vexa {
 
-/// How much of each pixel the stroke that is being drawn covers, as if its whole path were filled at once, kept
-/// up to date at a price that does not depend on how long the stroke has become.
+/// How much of each pixel the stroke that is being drawn covers, as if its whole path were filled at once,
+/// kept up to date at a price that does not depend on how long the stroke has become.
 ///
-/// A fill sums the signed areas of all outlines, so pieces far from the tip add a constant to the sum around it.
-/// What a new piece changes is therefore the difference between two short paths: the last few pieces with the
-/// new one and without it. Both begin at the same place, so the cap there drops out. Where nothing but those
-/// few pieces covers a pixel the short path is the whole truth; where older ink runs below or beside it, its
-/// share stays and the difference is added.
+/// A fill sums the signed areas of all outlines, so pieces far from the tip add a constant to the sum around
+/// it. What a new piece changes is therefore the difference between two short paths: the last few pieces with
+/// the new one and without it. Both begin at the same place, so the cap there drops out. Where nothing but
+/// those few pieces covers a pixel the short path is the whole truth; where older ink runs below or beside
+/// it, its share stays and the difference is added.
 ///
 /// Sizes are points on the outside and device pixels on the inside. Any thread, no widget.
 class StrokeCoverage {

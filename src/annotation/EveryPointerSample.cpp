@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#include "annotation/EveryPointerSample.h"
+
+#include <QCoreApplication>
+
+namespace vexa {
+
+namespace {
+int users = 0;
+bool compressedBefore = false;
+} // namespace
+
+EveryPointerSample::EveryPointerSample() {
+    if (users++ > 0)
+        return;
+    compressedBefore = QCoreApplication::testAttribute(Qt::AA_CompressHighFrequencyEvents);
+    QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
+}
+
+EveryPointerSample::~EveryPointerSample() {
+    if (--users == 0)
+        QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, compressedBefore);
+}
+
+} // namespace vexa
