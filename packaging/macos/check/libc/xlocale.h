@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// On Apple's systems the functions that take a locale are declared here, elsewhere with their families, if at all.
+// On Apple's systems the functions that take a locale are declared here, elsewhere with their families, if at
+// all.
 #pragma once
 
 #include <locale.h>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The part of Core Foundation that this program uses, declared after Apple's documentation. For checking and testing
-// without Apple's development kit; a real build never sees this file.
+// The part of Core Foundation that this program uses, declared after Apple's documentation. For checking and
+// testing without Apple's development kit; a real build never sees this file.
 #pragma once
 
 #include <cstdint>
@@ -26,7 +26,8 @@ struct CFMessagePortContext {
     void (*release)(const void *info);
     CFStringRef (*copyDescription)(const void *info);
 };
-typedef CFDataRef (*CFMessagePortCallBack)(CFMessagePortRef local, SInt32 messageId, CFDataRef data, void *info);
+typedef CFDataRef (*CFMessagePortCallBack)(CFMessagePortRef local, SInt32 messageId, CFDataRef data,
+                                           void *info);
 
 extern "C" {
 extern const CFAllocatorRef kCFAllocatorDefault;
@@ -50,12 +51,15 @@ void CFMachPortInvalidate(CFMachPortRef port);
 Boolean CFMachPortIsValid(CFMachPortRef port);
 CFRunLoopSourceRef CFMachPortCreateRunLoopSource(CFAllocatorRef allocator, CFMachPortRef port, CFIndex order);
 
-CFMessagePortRef CFMessagePortCreateLocal(CFAllocatorRef allocator, CFStringRef name, CFMessagePortCallBack callout,
-                                          CFMessagePortContext *context, Boolean *shouldFreeInfo);
+CFMessagePortRef CFMessagePortCreateLocal(CFAllocatorRef allocator, CFStringRef name,
+                                          CFMessagePortCallBack callout, CFMessagePortContext *context,
+                                          Boolean *shouldFreeInfo);
 CFMessagePortRef CFMessagePortCreateRemote(CFAllocatorRef allocator, CFStringRef name);
-CFRunLoopSourceRef CFMessagePortCreateRunLoopSource(CFAllocatorRef allocator, CFMessagePortRef local, CFIndex order);
+CFRunLoopSourceRef CFMessagePortCreateRunLoopSource(CFAllocatorRef allocator, CFMessagePortRef local,
+                                                    CFIndex order);
 void CFMessagePortInvalidate(CFMessagePortRef port);
 Boolean CFMessagePortIsValid(CFMessagePortRef port);
-SInt32 CFMessagePortSendRequest(CFMessagePortRef remote, SInt32 messageId, CFDataRef data, CFTimeInterval sendTimeout,
-                                CFTimeInterval receiveTimeout, CFStringRef replyMode, CFDataRef *returnData);
+SInt32 CFMessagePortSendRequest(CFMessagePortRef remote, SInt32 messageId, CFDataRef data,
+                                CFTimeInterval sendTimeout, CFTimeInterval receiveTimeout,
+                                CFStringRef replyMode, CFDataRef *returnData);
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The part of Core Graphics that this program uses, declared after Apple's documentation. For checking and testing
-// without Apple's development kit; a real build never sees this file.
+// The part of Core Graphics that this program uses, declared after Apple's documentation. For checking and
+// testing without Apple's development kit; a real build never sees this file.
 #pragma once
 
 #include <CoreFoundation/CoreFoundation.h>
@@ -18,9 +18,15 @@ struct CGRect {
     CGPoint origin;
     CGSize size;
 };
-inline CGPoint CGPointMake(CGFloat x, CGFloat y) { return {x, y}; }
-inline CGSize CGSizeMake(CGFloat width, CGFloat height) { return {width, height}; }
-inline CGRect CGRectMake(CGFloat x, CGFloat y, CGFloat width, CGFloat height) { return {{x, y}, {width, height}}; }
+inline CGPoint CGPointMake(CGFloat x, CGFloat y) {
+    return {x, y};
+}
+inline CGSize CGSizeMake(CGFloat width, CGFloat height) {
+    return {width, height};
+}
+inline CGRect CGRectMake(CGFloat x, CGFloat y, CGFloat width, CGFloat height) {
+    return {{x, y}, {width, height}};
+}
 
 enum CGError : std::int32_t { kCGErrorSuccess = 0, kCGErrorFailure = 1000, kCGErrorIllegalArgument = 1001 };
 typedef std::uint32_t CGDirectDisplayID;
@@ -48,7 +54,11 @@ enum CGEventType : std::uint32_t {
     kCGEventTapDisabledByTimeout = 0xFFFFFFFE,
     kCGEventTapDisabledByUserInput = 0xFFFFFFFF
 };
-enum CGMouseButton : std::uint32_t { kCGMouseButtonLeft = 0, kCGMouseButtonRight = 1, kCGMouseButtonCenter = 2 };
+enum CGMouseButton : std::uint32_t {
+    kCGMouseButtonLeft = 0,
+    kCGMouseButtonRight = 1,
+    kCGMouseButtonCenter = 2
+};
 enum CGEventField : std::uint32_t { kCGKeyboardEventAutorepeat = 8, kCGKeyboardEventKeycode = 9 };
 enum CGEventTapLocation : std::uint32_t {
     kCGHIDEventTap = 0,
@@ -71,7 +81,8 @@ enum : CGEventFlags {
 };
 #define CGEventMaskBit(type) (CGEventMask(1) << (type))
 
-typedef CGEventRef (*CGEventTapCallBack)(CGEventTapProxy proxy, CGEventType type, CGEventRef event, void *userInfo);
+typedef CGEventRef (*CGEventTapCallBack)(CGEventTapProxy proxy, CGEventType type, CGEventRef event,
+                                         void *userInfo);
 
 extern "C" {
 CGError CGGetDisplaysWithRect(CGRect rect, std::uint32_t maxDisplays, CGDirectDisplayID *displays,
@@ -93,7 +104,7 @@ void CGEventSetFlags(CGEventRef event, CGEventFlags flags);
 void CGEventSetType(CGEventRef event, CGEventType type);
 void CGEventPost(CGEventTapLocation tap, CGEventRef event);
 CGEventRef CGEventCreateKeyboardEvent(CGEventSourceRef source, CGKeyCode virtualKey, bool keyDown);
-CGEventRef CGEventCreateMouseEvent(CGEventSourceRef source, CGEventType mouseType, CGPoint mouseCursorPosition,
-                                   CGMouseButton mouseButton);
+CGEventRef CGEventCreateMouseEvent(CGEventSourceRef source, CGEventType mouseType,
+                                   CGPoint mouseCursorPosition, CGMouseButton mouseButton);
 CGEventSourceRef CGEventSourceCreate(CGEventSourceStateID stateID);
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The part of the Objective-C runtime's types that this program uses, declared after Apple's documentation. For
-// checking and testing without Apple's development kit; a real build never sees this file.
+// The part of the Objective-C runtime's types that this program uses, declared after Apple's documentation.
+// For checking and testing without Apple's development kit; a real build never sees this file.
 #pragma once
 
 typedef struct objc_class *Class;

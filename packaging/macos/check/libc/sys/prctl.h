@@ -1,0 +1,2 @@
+// SPDX-License-Identifier: MIT
+#error only Linux has this header
