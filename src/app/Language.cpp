@@ -11,15 +11,18 @@ namespace vexa {
 
 namespace {
 
+constexpr const char *simplifiedFace = "Noto Sans CJK SC";
+constexpr const char *traditionalFace = "Noto Sans CJK TC";
+
 struct Catalogue {
     const char *file;
     const char *chineseFace;
 };
 
 constexpr std::array<Catalogue, 3> catalogues{{
-    {":/language_qm/lang_Cn.qm", "Noto Sans CJK SC"},
-    {":/language_qm/lang_Tw.qm", "Noto Sans CJK TC"},
-    {":/language_qm/lang_En.qm", "Noto Sans CJK SC"},
+    {":/language_qm/lang_Cn.qm", simplifiedFace},
+    {":/language_qm/lang_Tw.qm", traditionalFace},
+    {":/language_qm/lang_En.qm", simplifiedFace},
 }};
 
 const Catalogue *catalogueOf(int language) {
@@ -29,7 +32,18 @@ const Catalogue *catalogueOf(int language) {
 
 } // namespace
 
+void Language::chooseFace(int language) {
+    const Catalogue *catalogue = catalogueOf(language);
+    const QString face = QStringLiteral("Arial");
+    QFont::removeSubstitutions(face);
+    // Where there is no Arial, its metric twin stands in for it. Left to itself the system draws Chinese text
+    // outside a Chinese session with the Japanese forms.
+    QFont::insertSubstitutions(face, {QStringLiteral("Liberation Sans"),
+                                      QLatin1String(catalogue ? catalogue->chineseFace : simplifiedFace)});
+}
+
 void Language::change(int language) {
+    chooseFace(language);
     m_translator.reset(); // a translator takes itself out of the application
     const Catalogue *catalogue = catalogueOf(language);
     if (!catalogue)

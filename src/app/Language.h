@@ -15,6 +15,10 @@ public:
     /// are Simplified Chinese.
     void change(int language);
 
+    /// Has Chinese text in the interface's face drawn as readers of that language expect it. Text that has
+    /// been laid out before keeps its look, so this comes before the first window; change() does it too.
+    static void chooseFace(int language);
+
 private:
     std::unique_ptr<QTranslator> m_translator; ///< null while the source texts show
 };

@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/Language.h"
+#include "app/OpenTools.h"
+#include "app/PageNavigation.h"
+#include "app/PenChords.h"
+#include "app/Screenshots.h"
+#include "app/WindowDrag.h"
+
+#include <QMainWindow>
+#include <QVariant>
+#include <memory>
+
+class CKeyboardHandler;
+class PromptWindow;
+
+namespace Ui {
+class MainWindow;
+}
+
+/// The settings panel, and behind it the one place where the pen's keys become actions. It hosts the settings
+/// view, stores and saves what the view reports, and carries out what the chords ask for. Closing only hides
+/// it. GUI thread only. Nothing fails visibly.
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    explicit MainWindow(QWidget *parent = nullptr);
+
+    /// Waits for screenshots still to be written; closes every tool that is open.
+    ~MainWindow() override;
+
+    /// Reads the settings again and shows them all in the view.
+    void Qml_Init();
+
+    /// Switches the interface to 0 Simplified Chinese, 1 Traditional Chinese, 2 English.
+    void changeLanguage(int language);
+
+    /// Calls the view's function "setvalue". Without a view the message is lost.
+    void SetValue(QObject *root, const QVariant &id, const QVariant &var1, const QVariant &var2);
+
+    /// Connects the window to the session's input. The handler is not owned and outlives the window.
+    void SetKeyboardClass(CKeyboardHandler *handler);
+
+    /// Makes the directory with all missing parents, as far as possible, and returns its path.
+    QString mkMutiDir(const QString &path);
+
+    /// Saves what the primary screen shows now as a file on the desktop.
+    void FullScreenShot();
+
+    /// Runs a key action: 1 slide show, 2 player, 3 blackboard, 4 screenshot, anything else nothing.
+    void LongPressEvent(int action);
+
+    /// Starts the slide show, or ends it when it is believed to run.
+    void SetPptFullScreen();
+
+signals:
+    /// Closes every held tool.
+    void signalExitWindow();
+
+public slots:
+    void SwitchPage(Page_Num page);
+    void AddPageHistory(Page_Num page);
+    void ClickSetButton();
+    void ClickHelpButton();
+    void ClickBackButton();
+    void ClickCloseButton();
+    /// Opens or closes the annotation.
+    void ClickButton();
+    /// Opens or closes the blackboard.
+    void ClickBlackButton();
+    void ClickSpolightButton();
+    void ClickMagnifierButton();
+    void ClickLightPenButton();
+    void RecvKeboardMessage(int key, int state);
+    void RecvGlobaleMouseMessage(int event, int x, int y);
+    /// A tool has closed by itself: 0 blackboard, 1 annotation, 2 spotlight, 3 magnifier, 4 laser.
+    void RecvWindowMessage(int which);
+    /// The view's drag: how far the pointer has moved, in points.
+    void recvQmlMoveWindow(int x, int y, int startx, int starty);
+    /// A message of the view: 0 hides the window, 2 to 17 are settings.
+    void recvQmlMessage1(int id, int var1, int var2);
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void timerEvent(QTimerEvent *event) override;
+
+private:
+    void dressWindow();
+    void loadView();
+    void carryOut(vexa::PenCommand command);
+    void openHeldTool();
+    void takeAnnouncedShot();
+    void changeAutoStart(int message, int value);
+    void startTimerOnce(int &id, int milliseconds);
+    void stopTimer(int &id);
+    void refocusSoon();
+    void cancelRefocus();
+    void refocusSlideShow();
+    void exitHeldTool();
+    void playOrPause();
+    void withdraw();
+
+    std::unique_ptr<Ui::MainWindow> m_ui;
+    vexa::PageNavigation m_pages;
+    vexa::WindowDrag m_drag;
+    vexa::Language m_language;
+    vexa::PenChords m_chords;
+    vexa::OpenTools m_tools;
+    vexa::Screenshots m_screenshots;
+    std::unique_ptr<PromptWindow> m_screenshotPrompt;
+    std::unique_ptr<PromptWindow> m_startPrompt;
+    QObject *m_viewRoot = nullptr; ///< null when the view could not be loaded
+    bool m_followPointer = false;  ///< a held tool is out
+    bool m_shotDue = false;        ///< a screenshot waits for the screen to be uncovered
+    int m_qmlInitTimer = -1;
+    int m_toolExitTimer = -1;
+    int m_refocusTimer = -1;
+    int m_slideShowTimer = -1;
+    int m_playPauseTimer = -1;
+};

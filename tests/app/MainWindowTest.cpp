@@ -1,0 +1,492 @@
+// SPDX-License-Identifier: MIT
+#include "app/MainWindow.h"
+
+#include "overlays/PromptWindow.h"
+#include "settings/ZrToolXmlClass.h"
+#include "support/TestMain.h"
+#include "support/UserFile.h"
+
+#include <QJSValue>
+#include <QLabel>
+#include <QMetaMethod>
+#include <QPushButton>
+#include <QQuickItem>
+#include <QQuickWidget>
+#include <QStackedWidget>
+
+using Settings = ZrToolXmlClass;
+
+namespace {
+
+/// One call of the view's function "setvalue".
+using Call = QVariantList;
+
+/// The main window over a view that only remembers what it is told.
+struct Panel {
+    MainWindow window;
+    QQuickItem *root = window.findChild<QQuickWidget *>(QStringLiteral("quickWidget"))->rootObject();
+
+    QList<Call> calls() const {
+        QList<Call> all;
+        for (const QVariant &call : root->property("calls").value<QJSValue>().toVariant().toList())
+            all += call.toList();
+        return all;
+    }
+    void forgetCalls() { QMetaObject::invokeMethod(root, "forget"); }
+    void send(int id, int var1, int var2 = 0) {
+        QMetaObject::invokeMethod(root, "qmlSignal1", Q_ARG(int, id), Q_ARG(int, var1), Q_ARG(int, var2));
+    }
+    template<typename Widget> Widget *part(const char *name) {
+        return window.findChild<Widget *>(QLatin1String(name));
+    }
+};
+
+struct Stored {
+    const char *element;
+    int id;
+    int *value;
+};
+
+const QList<Stored> storedSettings{
+    {"SportLightTran", 2, &Settings::SportLightTran},
+    {"SportLightSize", 3, &Settings::SportLightSize},
+    {"MagnifierColor", 4, &Settings::MagnifierColor},
+    {"MagnifierSize", 5, &Settings::MagnifierSize},
+    {"LaserPenColor", 6, &Settings::LaserPenColor},
+    {"LaserPenSize", 7, &Settings::LaserPenSize},
+    {"PenColor0", 8, &Settings::PenColor0},
+    {"PenColor1", 9, &Settings::PenColor1},
+    {"PenColor2", 10, &Settings::PenColor2},
+    {"PenThickness", 11, &Settings::PenThickness},
+    {"Key2P", 12, &Settings::Key2P},
+    {"Key3P", 13, &Settings::Key3P},
+    {"Key4C", 14, &Settings::Key4C},
+    {"Key4P", 15, &Settings::Key4P},
+    {"Language", 16, &Settings::Language},
+    {"AutoStart", 17, &Settings::AutoStart},
+};
+
+/// A settings file that holds, for each identifier, so much more than the identifier.
+QByteArray fileWith(int more) {
+    QByteArray xml = "<PenSetting FirstRun=\"1\"><Setting>";
+    for (const Stored &setting : storedSettings)
+        xml += '<' + QByteArray(setting.element) + '>' + QByteArray::number(setting.id + more) + "</" +
+               QByteArray(setting.element) + '>';
+    return xml + "</Setting></PenSetting>";
+}
+
+QList<Call> everySettingWith(int more) {
+    QList<Call> calls;
+    for (int id = 2; id <= 17; ++id)
+        calls += Call{id, id + more, 0};
+    return calls;
+}
+
+void writeScript(const char *name, const QByteArray &text) {
+    QFile script(QCoreApplication::applicationDirPath() + '/' + QLatin1String(name));
+    QVERIFY(script.open(QIODevice::WriteOnly));
+    script.write("#!/bin/sh\n" + text + '\n');
+    script.close();
+    QVERIFY(script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+}
+
+} // namespace
+
+class MainWindowTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanupTestCase();
+
+    void signalsAndSlotsStandInTheirOrder();
+    void formHasItsPartsAndTheViewCoversThem();
+    void windowIsFrameless();
+    void windowIsKnownToTheView();
+
+    void settingsFileIsReadAndEverySettingShownInOrderAtStart();
+    void fillingTheViewReadsTheFileAgain();
+    void outlandishValuesReachTheViewUnchanged();
+    void everySettingIsStoredAndSavedAtOnce_data();
+    void everySettingIsStoredAndSavedAtOnce();
+    void messagesWithoutASettingChangeAndSaveNothing_data();
+    void messagesWithoutASettingChangeAndSaveNothing();
+    void messageZeroHidesTheWindow();
+    void viewIsFilledAgainAfterALanguageChange();
+    void secondLanguageChangeWithinTheDelayFillsTheViewOnce();
+
+    void startAtLoginFollowsTheScript_data();
+    void startAtLoginFollowsTheScript();
+    void missingScriptLeavesStartAtLogin();
+
+    void viewsDragMovesTheWindow();
+    void leftButtonDragsTheWindow();
+    void otherButtonsDragNothing();
+
+    void closingOnlyHides();
+    void titleButtonsHide();
+    void windowWithdrawsAfterTheStartAndLeavesThePrompt();
+    void withdrawalHappensOnce();
+
+    void backButtonSavesEvenWithoutHistory();
+    void pagesResizeTheWindow();
+    void settingsPageHasItsSize();
+};
+
+void MainWindowTest::init() {
+    userfile::clear();
+    userfile::forgetSettings();
+}
+
+void MainWindowTest::cleanupTestCase() {
+    userfile::clear();
+}
+
+void MainWindowTest::signalsAndSlotsStandInTheirOrder() {
+    const QMetaObject &meta = MainWindow::staticMetaObject;
+    QCOMPARE(meta.superClass(), &QMainWindow::staticMetaObject);
+    QStringList methods;
+    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i)
+        methods += QString::fromLatin1(meta.method(i).methodSignature());
+    const QStringList expected{
+        QStringLiteral("signalExitWindow()"),
+        QStringLiteral("SwitchPage(Page_Num)"),
+        QStringLiteral("AddPageHistory(Page_Num)"),
+        QStringLiteral("ClickSetButton()"),
+        QStringLiteral("ClickHelpButton()"),
+        QStringLiteral("ClickBackButton()"),
+        QStringLiteral("ClickCloseButton()"),
+        QStringLiteral("ClickButton()"),
+        QStringLiteral("ClickBlackButton()"),
+        QStringLiteral("ClickSpolightButton()"),
+        QStringLiteral("ClickMagnifierButton()"),
+        QStringLiteral("ClickLightPenButton()"),
+        QStringLiteral("RecvKeboardMessage(int,int)"),
+        QStringLiteral("RecvGlobaleMouseMessage(int,int,int)"),
+        QStringLiteral("RecvWindowMessage(int)"),
+        QStringLiteral("recvQmlMoveWindow(int,int,int,int)"),
+        QStringLiteral("recvQmlMessage1(int,int,int)"),
+    };
+    QCOMPARE(methods, expected);
+    QCOMPARE(meta.method(meta.methodOffset()).methodType(), QMetaMethod::Signal);
+    QCOMPARE(meta.method(meta.methodOffset() + 1).methodType(), QMetaMethod::Slot);
+}
+
+void MainWindowTest::formHasItsPartsAndTheViewCoversThem() {
+    Panel panel;
+    QCOMPARE(panel.window.size(), QSize(999, 650));
+    QCOMPARE(panel.window.windowTitle(), QStringLiteral("MainWindow"));
+    QVERIFY(panel.part<QWidget>("centralwidget"));
+    for (const char *name : {"BACKButton", "CloseBtn", "MinBtn", "HelpBtn", "SetBtn"})
+        QVERIFY2(panel.part<QPushButton>(name), name);
+    for (int i = 1; i <= 4; ++i) {
+        auto *key = panel.part<QPushButton>(qPrintable(QStringLiteral("BTN_KEY_%1").arg(i)));
+        QVERIFY(key);
+        QCOMPARE(key->text(), QStringLiteral("Key %1").arg(i));
+    }
+    auto *stack = panel.part<QStackedWidget>("stackedWidget");
+    QVERIFY(stack);
+    QCOMPARE(stack->indexOf(panel.part<QWidget>("page")), 0);
+    QCOMPARE(stack->indexOf(panel.part<QWidget>("page_2")), 1);
+
+    auto *label = panel.part<QLabel>("label");
+    QVERIFY(label);
+    QCOMPARE(label->text(), QStringLiteral("VexaOrbilo"));
+    QCOMPARE(label->font().family(), QStringLiteral("Arial"));
+    QCOMPARE(label->font().pointSize(), 30);
+    QCOMPARE(label->font().weight(), 75);
+
+    auto *view = panel.part<QQuickWidget>("quickWidget");
+    QVERIFY(view);
+    QCOMPARE(view->geometry(), QRect(0, 0, 999, 650));
+    QCOMPARE(view->parentWidget()->children().constLast(), view);
+}
+
+void MainWindowTest::windowIsFrameless() {
+    Panel panel;
+    QCOMPARE(int(panel.window.windowFlags()), 2049);
+    QVERIFY(panel.window.autoFillBackground());
+}
+
+void MainWindowTest::windowIsKnownToTheView() {
+    Panel panel;
+    QVariant title;
+    QMetaObject::invokeMethod(panel.root, "hostTitle", Q_RETURN_ARG(QVariant, title));
+    QCOMPARE(title.toString(), QStringLiteral("MainWindow"));
+}
+
+void MainWindowTest::settingsFileIsReadAndEverySettingShownInOrderAtStart() {
+    QVERIFY(userfile::write(fileWith(100)));
+    Panel panel;
+    QCOMPARE(panel.calls(), everySettingWith(100));
+}
+
+void MainWindowTest::fillingTheViewReadsTheFileAgain() {
+    QVERIFY(userfile::write(fileWith(100)));
+    Panel panel;
+    panel.forgetCalls();
+    QVERIFY(userfile::write(fileWith(200)));
+    panel.window.Qml_Init();
+    QCOMPARE(panel.calls(), everySettingWith(200));
+}
+
+void MainWindowTest::outlandishValuesReachTheViewUnchanged() {
+    QVERIFY(userfile::write("<a><b><Key2P>7</Key2P><LaserPenSize>-5</LaserPenSize></b></a>"));
+    Panel panel;
+    QVERIFY(panel.calls().contains(Call{12, 7, 0}));
+    QVERIFY(panel.calls().contains(Call{7, -5, 0}));
+}
+
+void MainWindowTest::everySettingIsStoredAndSavedAtOnce_data() {
+    QTest::addColumn<int>("index");
+    for (int i = 0; i < storedSettings.size() - 1; ++i)
+        QTest::newRow(storedSettings.at(i).element) << i;
+}
+
+void MainWindowTest::everySettingIsStoredAndSavedAtOnce() {
+    QFETCH(int, index);
+    const Stored &setting = storedSettings.at(index);
+    Panel panel;
+    panel.forgetCalls();
+    userfile::clear();
+    panel.send(setting.id, 4711, 99);
+    QCOMPARE(*setting.value, 4711);
+    const QByteArray element(setting.element);
+    QVERIFY(userfile::read().contains('<' + element + ">4711</" + element + '>'));
+    QCOMPARE(userfile::read().count("4711"), 1);
+    QVERIFY(panel.calls().isEmpty()); // the view has shown it already
+}
+
+void MainWindowTest::messagesWithoutASettingChangeAndSaveNothing_data() {
+    QTest::addColumn<int>("id");
+    for (int id : {-1, 1, 18, 19, 1000, 65536 + 2})
+        QTest::addRow("%d", id) << id;
+}
+
+void MainWindowTest::messagesWithoutASettingChangeAndSaveNothing() {
+    QFETCH(int, id);
+    QVERIFY(userfile::write(fileWith(100)));
+    Panel panel;
+    panel.window.show();
+    userfile::clear();
+    panel.send(id, 4711);
+    QVERIFY(userfile::read().isNull());
+    for (const Stored &setting : storedSettings)
+        QCOMPARE(*setting.value, setting.id + 100);
+    QVERIFY(panel.window.isVisible());
+}
+
+void MainWindowTest::messageZeroHidesTheWindow() {
+    Panel panel;
+    panel.window.show();
+    userfile::clear();
+    panel.send(0, 0);
+    QVERIFY(panel.window.isHidden());
+    QVERIFY(userfile::read().isNull());
+}
+
+void MainWindowTest::viewIsFilledAgainAfterALanguageChange() {
+    QVERIFY(userfile::write(fileWith(100)));
+    Panel panel;
+    panel.forgetCalls();
+    QElapsedTimer sinceChange;
+    sinceChange.start();
+    panel.send(16, 2);
+    QVERIFY(panel.calls().isEmpty());
+    QTRY_COMPARE(panel.calls().size(), 16);
+    QVERIFY(sinceChange.elapsed() >= 190); // coarse timers keep within five per cent
+    QList<Call> expected = everySettingWith(100);
+    expected[16 - 2] = Call{16, 2, 0};
+    QCOMPARE(panel.calls(), expected);
+}
+
+void MainWindowTest::secondLanguageChangeWithinTheDelayFillsTheViewOnce() {
+    Panel panel;
+    panel.window.show();
+    QTRY_VERIFY(panel.window.isHidden()); // the timer of the start is out of the way
+    panel.window.show();
+    panel.forgetCalls();
+    panel.send(16, 1);
+    panel.send(16, 2);
+    QTRY_COMPARE(panel.calls().size(), 16);
+    QTest::qWait(400);
+    QCOMPARE(panel.calls().size(), 16);
+    QVERIFY(panel.window.isVisible());
+}
+
+void MainWindowTest::startAtLoginFollowsTheScript_data() {
+    QTest::addColumn<int>("before");
+    QTest::addColumn<int>("asked");
+    QTest::addColumn<int>("exitCode");
+    QTest::addColumn<int>("after");
+    QTest::addColumn<QVariant>("note");
+    QTest::newRow("turned off") << 1 << 0 << 0 << 0 << QVariant(0);
+    QTest::newRow("not turned off") << 1 << 0 << 3 << 1 << QVariant(true);
+    QTest::newRow("turned on") << 0 << 1 << 0 << 1 << QVariant(1);
+    QTest::newRow("turned on by another value") << 0 << 5 << 0 << 5 << QVariant(5);
+    QTest::newRow("not turned on") << 0 << 1 << 1 << 0 << QVariant(false);
+}
+
+void MainWindowTest::startAtLoginFollowsTheScript() {
+    QFETCH(int, before);
+    QFETCH(int, asked);
+    QFETCH(int, exitCode);
+    QFETCH(int, after);
+    QFETCH(QVariant, note);
+    const QByteArray right = "echo \"$0\" >> \"$0.ran\"; exit " + QByteArray::number(exitCode);
+    writeScript(asked ? "setAutoStartOpen.sh" : "setAutoStartClose.sh", right);
+    writeScript(asked ? "setAutoStartClose.sh" : "setAutoStartOpen.sh", "echo wrong >> \"$0.ran\"; exit 9");
+    const QString folder = QCoreApplication::applicationDirPath();
+    QFile::remove(folder + QStringLiteral("/setAutoStartOpen.sh.ran"));
+    QFile::remove(folder + QStringLiteral("/setAutoStartClose.sh.ran"));
+
+    Panel panel;
+    Settings::AutoStart = before;
+    panel.forgetCalls();
+    userfile::clear();
+    panel.send(17, asked);
+
+    QCOMPARE(Settings::AutoStart, after);
+    const QList<Call> expected{Call{17, after, note}};
+    QCOMPARE(panel.calls(), expected);
+    QVERIFY(userfile::read().contains("<AutoStart>" + QByteArray::number(after) + "</AutoStart>"));
+    QCOMPARE(QFile::exists(folder + QStringLiteral("/setAutoStartOpen.sh.ran")), asked != 0);
+    QCOMPARE(QFile::exists(folder + QStringLiteral("/setAutoStartClose.sh.ran")), asked == 0);
+}
+
+void MainWindowTest::missingScriptLeavesStartAtLogin() {
+    const QString folder = QCoreApplication::applicationDirPath();
+    QFile::remove(folder + QStringLiteral("/setAutoStartOpen.sh"));
+    Panel panel;
+    Settings::AutoStart = 0;
+    panel.forgetCalls();
+    panel.send(17, 1);
+    QCOMPARE(Settings::AutoStart, 0);
+    const QList<Call> expected{Call{17, 0, false}};
+    QCOMPARE(panel.calls(), expected);
+}
+
+void MainWindowTest::viewsDragMovesTheWindow() {
+    Panel panel;
+    panel.window.move(100, 120);
+    QMetaObject::invokeMethod(panel.root, "qmlSignal", Q_ARG(int, 7), Q_ARG(int, -3), Q_ARG(int, 400),
+                              Q_ARG(int, 500));
+    QCOMPARE(panel.window.pos(), QPoint(107, 117));
+}
+
+void MainWindowTest::leftButtonDragsTheWindow() {
+    Panel panel;
+    panel.window.move(100, 120);
+    panel.window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&panel.window));
+    const auto send = [&panel](QEvent::Type type, const QPointF &screen, Qt::MouseButton button,
+                               Qt::MouseButtons held) {
+        QMouseEvent event(type, panel.window.mapFromGlobal(screen.toPoint()), screen, button, held,
+                          Qt::NoModifier);
+        QCoreApplication::sendEvent(&panel.window, &event);
+    };
+    send(QEvent::MouseButtonPress, QPointF(200.4, 199.6), Qt::LeftButton, Qt::LeftButton);
+    send(QEvent::MouseMove, QPointF(210, 195), Qt::NoButton, Qt::LeftButton);
+    QCOMPARE(panel.window.pos(), QPoint(110, 115));
+    send(QEvent::MouseMove, QPointF(215, 205), Qt::NoButton, Qt::LeftButton);
+    QCOMPARE(panel.window.pos(), QPoint(115, 125));
+    send(QEvent::MouseButtonRelease, QPointF(215, 205), Qt::RightButton, Qt::LeftButton);
+    send(QEvent::MouseMove, QPointF(216, 205), Qt::NoButton, Qt::LeftButton);
+    QCOMPARE(panel.window.pos(), QPoint(116, 125));
+    send(QEvent::MouseButtonRelease, QPointF(216, 205), Qt::LeftButton, Qt::NoButton);
+    send(QEvent::MouseMove, QPointF(300, 300), Qt::NoButton, Qt::NoButton);
+    QCOMPARE(panel.window.pos(), QPoint(116, 125));
+}
+
+void MainWindowTest::otherButtonsDragNothing() {
+    Panel panel;
+    panel.window.move(100, 120);
+    for (Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton}) {
+        QMouseEvent press(QEvent::MouseButtonPress, QPointF(5, 5), QPointF(105, 125), button, button,
+                          Qt::NoModifier);
+        QCoreApplication::sendEvent(&panel.window, &press);
+        QMouseEvent move(QEvent::MouseMove, QPointF(50, 50), QPointF(150, 170), Qt::NoButton, button,
+                         Qt::NoModifier);
+        QCoreApplication::sendEvent(&panel.window, &move);
+        QCOMPARE(panel.window.pos(), QPoint(100, 120));
+    }
+}
+
+void MainWindowTest::closingOnlyHides() {
+    Panel panel;
+    panel.window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&panel.window));
+    QVERIFY(!panel.window.close());
+    QVERIFY(panel.window.isHidden());
+    panel.window.show();
+    QVERIFY(panel.window.isVisible());
+}
+
+void MainWindowTest::titleButtonsHide() {
+    for (const char *name : {"CloseBtn", "MinBtn"}) {
+        Panel panel;
+        panel.window.show();
+        panel.part<QPushButton>(name)->click();
+        QVERIFY2(panel.window.isHidden(), name);
+    }
+}
+
+void MainWindowTest::windowWithdrawsAfterTheStartAndLeavesThePrompt() {
+    QElapsedTimer sinceStart;
+    sinceStart.start();
+    Panel panel;
+    panel.window.show();
+    QVERIFY(panel.window.isVisible());
+    QTRY_VERIFY(panel.window.isHidden());
+    QVERIFY(sinceStart.elapsed() >= 475);
+
+    QStringList strips;
+    for (QWidget *widget : QApplication::topLevelWidgets())
+        if (qobject_cast<PromptWindow *>(widget) && widget->isVisible() && widget->windowOpacity() > 0.5)
+            strips += QStringLiteral("%1x%2 %3")
+                          .arg(widget->width())
+                          .arg(widget->height())
+                          .arg(widget->findChild<QLabel *>(QStringLiteral("label"))->text());
+    QCOMPARE(strips, QStringList{QStringLiteral("300x60 Vexa Orbilo Setting")});
+}
+
+void MainWindowTest::withdrawalHappensOnce() {
+    Panel panel;
+    panel.window.show();
+    QTRY_VERIFY(panel.window.isHidden());
+    panel.window.show();
+    QTest::qWait(700);
+    QVERIFY(panel.window.isVisible());
+}
+
+void MainWindowTest::backButtonSavesEvenWithoutHistory() {
+    QVERIFY(userfile::write(fileWith(100)));
+    Panel panel;
+    userfile::clear();
+    panel.part<QPushButton>("BACKButton")->click();
+    QVERIFY(userfile::read().contains("<Key2P>112</Key2P>"));
+    QCOMPARE(panel.window.size(), QSize(999, 650));
+    QCOMPARE(panel.part<QStackedWidget>("stackedWidget")->currentIndex(), 0);
+}
+
+void MainWindowTest::pagesResizeTheWindow() {
+    Panel panel;
+    panel.window.AddPageHistory(Page_3);
+    panel.window.SwitchPage(Page_6);
+    QCOMPARE(panel.window.size(), QSize(640, 691));
+    QCOMPARE(panel.part<QStackedWidget>("stackedWidget")->currentIndex(), 0);
+    panel.window.ClickBackButton();
+    QCOMPARE(panel.window.size(), QSize(640, 439));
+}
+
+void MainWindowTest::settingsPageHasItsSize() {
+    Panel panel;
+    panel.part<QPushButton>("SetBtn")->click();
+    QCOMPARE(panel.window.size(), QSize(640, 541));
+    QCOMPARE(panel.part<QStackedWidget>("stackedWidget")->size(), QSize(640, 450));
+    panel.part<QPushButton>("HelpBtn")->click();
+    QCOMPARE(panel.window.size(), QSize(640, 541));
+}
+
+VEXA_WIDGET_TEST_MAIN(MainWindowTest)
+#include "MainWindowTest.moc"
