@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <cstdlib>
+#include <memory>
+
+struct xcb_connection_t;
+struct xcb_extension_t;
+
+namespace vexa::x11 {
+
+struct FreeReply {
+    void operator()(void *reply) const { std::free(reply); }
+};
+
+/// What the server answered; null when the request failed.
+template<typename T> using Reply = std::unique_ptr<T, FreeReply>;
+
+/// An own connection to the session's X server, apart from the toolkit's.
+class Connection {
+public:
+    /// Null when the server cannot be reached.
+    static std::unique_ptr<Connection> open();
+
+    ~Connection();
+    Connection(const Connection &) = delete;
+    Connection &operator=(const Connection &) = delete;
+
+    xcb_connection_t *get() const { return m_connection; }
+    int fd() const;
+    bool isBroken() const;
+    std::uint32_t root() const;
+
+    /// The bits by which the server tells this client's things from others'.
+    std::uint32_t clientId() const;
+
+    bool has(xcb_extension_t &extension) const;
+
+    /// Returns when the server has done all that was asked. False when the connection broke or it refused
+    /// something since the last time.
+    bool sync();
+
+    /// Throws away events that have arrived. True when one was a refusal.
+    bool dropEvents();
+
+private:
+    explicit Connection(xcb_connection_t *connection) : m_connection(connection) {}
+
+    xcb_connection_t *const m_connection;
+};
+
+} // namespace vexa::x11

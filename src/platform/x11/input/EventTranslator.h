@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <bitset>
+#include <deque>
+#include <functional>
+
+#include "platform/quartz/InputBackend.h"
+#include "platform/x11/input/KeyTable.h"
+#include "platform/x11/input/PrimaryScreen.h"
+
+namespace vexa::x11 {
+
+/// One event as the server records it.
+struct DeviceEvent {
+    enum Type : std::uint8_t { KeyPress = 2, KeyRelease, ButtonPress, ButtonRelease, Motion };
+
+    Type type;
+    std::uint8_t detail; ///< X key code or button
+    Pixels position;     ///< on the X desktop
+    std::uint16_t state; ///< modifiers and buttons before the event
+};
+
+/// Turns what the server records into the product's events: keys by position, one flags-changed event for
+/// each real change of a modifier, pointer moves without drags. Knows nothing of connections.
+class EventTranslator {
+public:
+    PrimaryScreen screen;
+
+    void take(const DeviceEvent &event);
+
+    /// Keeps the key event to itself that comes next, if it is this one: it is our own doing.
+    void hideNext(DeviceEvent::Type type, XKeyCode key);
+
+    /// Invents the release of every modifier believed held that the server does not hold.
+    void reconcile(const std::function<bool(XKeyCode)> &isDown);
+
+    /// True while a modifier is believed held. All are taken for released at the start.
+    bool anyModifierHeld() const { return m_held.any(); }
+
+    /// Counts the events of modifiers, to see whether there were any.
+    int modifierEvents() const { return m_modifierEvents; }
+
+    /// Takes the next event out. False when there is none.
+    bool next(InputEvent &event);
+
+private:
+    void takeKey(const DeviceEvent &event);
+    void changeModifier(int virtualKey, bool down);
+    void takeButton(const DeviceEvent &event);
+    void takeMotion(const DeviceEvent &event);
+    InputEvent keyEvent(std::uint32_t type, int virtualKey) const;
+    InputEvent pointerEvent(std::uint32_t type, Pixels position) const;
+    bool isHidden(const DeviceEvent &event);
+
+    std::deque<InputEvent> m_events;
+    std::bitset<128> m_held; ///< modifiers, by virtual key
+    int m_modifierEvents = 0;
+    DeviceEvent::Type m_hiddenType = DeviceEvent::KeyPress;
+    XKeyCode m_hiddenKey = 0; ///< 0: nothing to hide
+};
+
+} // namespace vexa::x11

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#include "platform/x11/input/FakeInput.h"
+
+#include <cstring>
+#include <limits>
+#include <xcb/xcb.h>
+#include <xcb/xtest.h>
+
+#include "platform/x11/input/Connection.h"
+
+namespace vexa::x11 {
+
+namespace {
+
+// The server does not read the position of a faked key, but it records it: there the mark travels.
+constexpr std::int16_t hiddenMark = 1;
+
+std::int16_t coordinate(int value) {
+    constexpr int lowest = std::numeric_limits<std::int16_t>::min();
+    constexpr int highest = std::numeric_limits<std::int16_t>::max();
+    return static_cast<std::int16_t>(std::min(std::max(value, lowest), highest));
+}
+
+} // namespace
+
+void fakeKey(const Connection &connection, bool down, XKeyCode key, Seen seen) {
+    xcb_test_fake_input(connection.get(), down ? XCB_KEY_PRESS : XCB_KEY_RELEASE, key, XCB_CURRENT_TIME,
+                        XCB_NONE, seen == Seen::No ? hiddenMark : std::int16_t{0}, 0, 0);
+}
+
+void fakeButton(const Connection &connection, bool down, std::uint8_t button) {
+    xcb_test_fake_input(connection.get(), down ? XCB_BUTTON_PRESS : XCB_BUTTON_RELEASE, button,
+                        XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
+}
+
+void fakeMotion(const Connection &connection, Pixels position) {
+    const std::uint8_t absolute = 0;
+    xcb_test_fake_input(connection.get(), XCB_MOTION_NOTIFY, absolute, XCB_CURRENT_TIME, connection.root(),
+                        coordinate(position.x), coordinate(position.y), 0);
+}
+
+std::optional<HiddenKey> hiddenKeyOf(const std::uint8_t *request, std::size_t size) {
+    xcb_test_fake_input_request_t fake{};
+    if (size < sizeof fake)
+        return std::nullopt;
+    std::memcpy(&fake, request, sizeof fake);
+    if (fake.minor_opcode != XCB_TEST_FAKE_INPUT || fake.rootX != hiddenMark)
+        return std::nullopt;
+    if (fake.type != XCB_KEY_PRESS && fake.type != XCB_KEY_RELEASE)
+        return std::nullopt;
+    return HiddenKey{static_cast<DeviceEvent::Type>(fake.type), fake.detail};
+}
+
+} // namespace vexa::x11

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "platform/x11/input/KeyTable.h"
+
+namespace vexa::x11 {
+
+class Connection;
+
+/// A set of keys, by X key code.
+class KeySet {
+public:
+    bool has(XKeyCode key) const { return (m_bits[key / 8] >> (key % 8)) & 1; }
+    void add(const std::uint8_t (&bits)[32]) {
+        for (std::size_t i = 0; i < m_bits.size(); ++i)
+            m_bits[i] = static_cast<std::uint8_t>(m_bits[i] | bits[i]);
+    }
+
+private:
+    std::array<std::uint8_t, 32> m_bits{};
+};
+
+/// The keys that are down for the session, whoever holds them. Empty when the server cannot say.
+KeySet keysDown(const Connection &connection);
+
+/// The keys that some real keyboard holds, also those that were since released for the session by a faked
+/// event.
+KeySet keysHeldByHand(const Connection &connection);
+
+} // namespace vexa::x11

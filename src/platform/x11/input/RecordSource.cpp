@@ -1,0 +1,205 @@
+// SPDX-License-Identifier: MIT
+#include "platform/x11/input/RecordSource.h"
+
+#include <cstring>
+#include <sys/epoll.h>
+#include <sys/timerfd.h>
+#include <xcb/randr.h>
+#include <xcb/record.h>
+#include <xcb/xcbext.h>
+#include <xcb/xtest.h>
+
+#include "platform/quartz/CoreGraphics.h"
+#include "platform/x11/input/FakeInput.h"
+#include "platform/x11/input/Keyboards.h"
+#include "platform/x11/input/XTestPoster.h"
+
+namespace vexa::x11 {
+
+namespace {
+
+constexpr int eventSize = 32;
+constexpr long checkAfterNanoseconds = 250'000'000;
+
+// What a record holds.
+enum Category : std::uint8_t { FromServer = 0, FromClient = 1 };
+
+xcb_record_range_t deviceEvents() {
+    xcb_record_range_t range{};
+    range.device_events = {XCB_KEY_PRESS, XCB_MOTION_NOTIFY};
+    return range;
+}
+
+xcb_record_range_t fakeRequests(const Connection &connection) {
+    const std::uint8_t opcode = xcb_get_extension_data(connection.get(), &xcb_test_id)->major_opcode;
+    xcb_record_range_t range{};
+    range.ext_requests.major = {opcode, opcode};
+    range.ext_requests.minor = {XCB_TEST_FAKE_INPUT, XCB_TEST_FAKE_INPUT};
+    return range;
+}
+
+bool succeeds(const Connection &connection, xcb_void_cookie_t cookie) {
+    const Reply<xcb_generic_error_t> error(xcb_request_check(connection.get(), cookie));
+    return !error && !connection.isBroken();
+}
+
+} // namespace
+
+std::unique_ptr<RecordSource> RecordSource::open(XTestPoster &poster, double pixelsPerPoint) {
+    const auto posterClient = poster.connect();
+    auto control = Connection::open();
+    auto data = Connection::open();
+    if (!posterClient || !control || !data || !control->has(xcb_record_id) || !data->has(xcb_record_id))
+        return nullptr;
+    auto source =
+        std::unique_ptr<RecordSource>(new RecordSource(poster, std::move(control), std::move(data)));
+    source->m_translator.screen.pixelsPerPoint = pixelsPerPoint;
+    return source->start(*posterClient) ? std::move(source) : nullptr;
+}
+
+RecordSource::RecordSource(XTestPoster &poster, std::unique_ptr<Connection> control,
+                           std::unique_ptr<Connection> data)
+    : m_poster(poster)
+    , m_control(std::move(control))
+    , m_data(std::move(data))
+    , m_timer(timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK))
+    , m_poll(epoll_create1(EPOLL_CLOEXEC)) {}
+
+bool RecordSource::start(std::uint32_t posterClient) {
+    if (!m_timer.isValid() || !m_poll.isValid())
+        return false;
+    xcb_connection_t *x = m_control->get();
+
+    // The server hands out records when it has something to send to anybody: where no window takes the keys
+    // or the pointer, this makes us the one.
+    const std::uint32_t taken =
+        XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_KEY_RELEASE | XCB_EVENT_MASK_POINTER_MOTION;
+    xcb_change_window_attributes(x, m_control->root(), XCB_CW_EVENT_MASK, &taken);
+    if (m_control->has(xcb_randr_id))
+        xcb_randr_select_input(x, m_control->root(),
+                               XCB_RANDR_NOTIFY_MASK_SCREEN_CHANGE | XCB_RANDR_NOTIFY_MASK_OUTPUT_CHANGE |
+                                   XCB_RANDR_NOTIFY_MASK_CRTC_CHANGE);
+    m_translator.screen.origin = primaryOrigin(*m_control);
+
+    const xcb_record_context_t context = xcb_generate_id(x);
+    const xcb_record_client_spec_t everybody = XCB_RECORD_CS_ALL_CLIENTS;
+    const xcb_record_range_t events = deviceEvents();
+    const xcb_record_range_t requests = fakeRequests(*m_control);
+    if (!succeeds(*m_control, xcb_record_create_context_checked(x, context, 0, 1, 1, &everybody, &events)) ||
+        !succeeds(*m_control,
+                  xcb_record_register_clients_checked(x, context, 0, 1, 1, &posterClient, &requests)))
+        return false;
+
+    // The first record says that recording has begun: from here on nothing is missed.
+    const auto cookie = xcb_record_enable_context(m_data->get(), context);
+    const Reply<xcb_record_enable_context_reply_t> begun(
+        xcb_record_enable_context_reply(m_data->get(), cookie, nullptr));
+    if (!begun)
+        return false;
+    m_records = cookie.sequence;
+    for (const int fd : {m_data->fd(), m_control->fd(), m_timer.get()})
+        watch(fd);
+    return true;
+}
+
+void RecordSource::watch(int fd) const {
+    epoll_event event{};
+    event.events = EPOLLIN;
+    event.data.fd = fd;
+    epoll_ctl(m_poll.get(), EPOLL_CTL_ADD, fd, &event);
+}
+
+void RecordSource::forget(int fd) const {
+    epoll_ctl(m_poll.get(), EPOLL_CTL_DEL, fd, nullptr);
+}
+
+bool RecordSource::next(InputEvent &event) {
+    if (!m_translator.next(event)) {
+        readControl();
+        checkModifiers();
+        readRecords();
+        if (!m_translator.next(event))
+            return false;
+    }
+    if (event.type == kCGEventFlagsChanged) {
+        m_poster.settle(static_cast<int>(event.keyCode));
+        scheduleCheck();
+    }
+    return true;
+}
+
+/// True when there were any.
+bool RecordSource::readRecords() {
+    bool any = false;
+    void *record = nullptr;
+    xcb_generic_error_t *error = nullptr;
+    while (xcb_poll_for_reply(m_data->get(), m_records, &record, &error) && record) {
+        const Reply<xcb_record_enable_context_reply_t> reply(
+            static_cast<xcb_record_enable_context_reply_t *>(record));
+        if (reply->category == FromServer || reply->category == FromClient)
+            take(xcb_record_enable_context_data(reply.get()),
+                 xcb_record_enable_context_data_length(reply.get()), reply->category == FromServer);
+        any = true;
+    }
+    std::free(error);
+    m_data->dropEvents();
+    if (m_data->isBroken())
+        forget(m_data->fd()); // the server is gone, and the descriptor would be readable for ever
+    return any;
+}
+
+void RecordSource::take(const std::uint8_t *data, int size, bool fromServer) {
+    if (!fromServer) {
+        if (const auto hidden = hiddenKeyOf(data, static_cast<std::size_t>(size)))
+            m_translator.hideNext(hidden->type, hidden->key);
+        return;
+    }
+    for (; size >= eventSize; data += eventSize, size -= eventSize) {
+        xcb_key_press_event_t event; // the five kinds have the same shape
+        std::memcpy(&event, data, sizeof event);
+        m_translator.take({static_cast<DeviceEvent::Type>(event.response_type),
+                           event.detail,
+                           {event.root_x, event.root_y},
+                           event.state});
+    }
+}
+
+/// Events of this connection mean that the screens have changed, or nothing.
+void RecordSource::readControl() {
+    const std::uint8_t randr = m_control->has(xcb_randr_id)
+                                   ? xcb_get_extension_data(m_control->get(), &xcb_randr_id)->first_event
+                                   : 0;
+    bool changed = false;
+    while (const Reply<xcb_generic_event_t> event{xcb_poll_for_event(m_control->get())})
+        changed = changed || (randr != 0 && (event->response_type & 0x7f) >= randr);
+    if (m_control->isBroken())
+        forget(m_control->fd());
+    else if (changed)
+        m_translator.screen.origin = primaryOrigin(*m_control);
+}
+
+void RecordSource::scheduleCheck() const {
+    itimerspec when{};
+    when.it_value.tv_nsec = checkAfterNanoseconds;
+    timerfd_settime(m_timer.get(), 0, &when, nullptr);
+}
+
+/// While modifiers are held: looks now and then whether the server agrees, for a release that it never told
+/// of.
+void RecordSource::checkModifiers() {
+    std::uint64_t expirations = 0;
+    if (read(m_timer.get(), &expirations, sizeof expirations) != sizeof expirations)
+        return;
+    if (m_control->isBroken() || !m_translator.anyModifierHeld())
+        return;
+    // The records of all that happened before the answer arrive before it. If there was anything about
+    // modifiers among them, the answer may be older than what we know.
+    const int before = m_translator.modifierEvents();
+    const KeySet down = keysDown(*m_control);
+    readRecords();
+    if (m_control->isBroken() == false && m_translator.modifierEvents() == before)
+        m_translator.reconcile([&down](XKeyCode key) { return down.has(key); });
+    scheduleCheck();
+}
+
+} // namespace vexa::x11

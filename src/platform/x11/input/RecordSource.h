@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "platform/quartz/InputBackend.h"
+#include "platform/x11/input/Connection.h"
+#include "platform/x11/input/EventTranslator.h"
+#include "platform/x11/input/FileDescriptor.h"
+
+namespace vexa::x11 {
+
+class XTestPoster;
+
+/// The session's input as the server's RECORD extension tells it: whoever has the focus or a grab.
+class RecordSource : public InputSource {
+public:
+    /// Null when the server cannot be reached or does not record. What the poster hides is not heard; it
+    /// outlives the source.
+    static std::unique_ptr<RecordSource> open(XTestPoster &poster, double pixelsPerPoint);
+
+    int fd() const override { return m_poll.get(); }
+    bool next(InputEvent &event) override;
+
+private:
+    RecordSource(XTestPoster &poster, std::unique_ptr<Connection> control, std::unique_ptr<Connection> data);
+
+    bool start(std::uint32_t posterClient);
+    void watch(int fd) const;
+    void forget(int fd) const;
+    bool readRecords();
+    void take(const std::uint8_t *data, int size, bool fromServer);
+    void readControl();
+    void checkModifiers();
+    void scheduleCheck() const;
+
+    XTestPoster &m_poster;
+    const std::unique_ptr<Connection> m_control; ///< asks
+    const std::unique_ptr<Connection> m_data;    ///< is told; can do nothing else meanwhile
+    const FileDescriptor m_timer;                ///< of the next check of the modifiers
+    const FileDescriptor m_poll;                 ///< of all of these
+    unsigned m_records = 0;                      ///< the request that the records answer
+    EventTranslator m_translator;
+};
+
+} // namespace vexa::x11

@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: MIT
+#include "platform/x11/input/XTestPoster.h"
+
+#include <xcb/xcb.h>
+#include <xcb/xtest.h>
+
+#include "platform/quartz/CoreGraphics.h"
+#include "platform/x11/input/FakeInput.h"
+#include "platform/x11/input/Keyboards.h"
+#include "platform/x11/input/ModifierLift.h"
+
+namespace vexa::x11 {
+
+namespace {
+
+constexpr std::uint8_t leftButton = 1;
+
+/// Keeps other clients' requests waiting.
+class ServerGrab {
+public:
+    explicit ServerGrab(xcb_connection_t *connection) : m_connection(connection) {
+        xcb_grab_server(m_connection);
+    }
+    ~ServerGrab() { xcb_ungrab_server(m_connection); }
+    ServerGrab(const ServerGrab &) = delete;
+    ServerGrab &operator=(const ServerGrab &) = delete;
+
+private:
+    xcb_connection_t *const m_connection;
+};
+
+/// The key to press; 0 when there is none for it. What starts a slide show is command and return on macOS and
+/// F5 here; other keys with modifiers are not known.
+XKeyCode keyToPress(const InputEvent &event) {
+    constexpr int returnKey = 36, f5Key = 96;
+    if (event.flags == 0)
+        return event.keyCode >= 0 && event.keyCode < 128 ? positionOf(static_cast<int>(event.keyCode))
+                                                         : XKeyCode{0};
+    const bool startsShow = event.keyCode == returnKey && event.flags == kCGEventFlagMaskCommand;
+    return startsShow ? positionOf(f5Key) : XKeyCode{0};
+}
+
+bool pointerIsAt(const Connection &connection, Pixels position) {
+    xcb_connection_t *x = connection.get();
+    const Reply<xcb_query_pointer_reply_t> pointer(
+        xcb_query_pointer_reply(x, xcb_query_pointer(x, connection.root()), nullptr));
+    return pointer && pointer->root_x == position.x && pointer->root_y == position.y;
+}
+
+} // namespace
+
+XTestPoster::~XTestPoster() {
+    if (!m_connection)
+        return;
+    for (std::size_t key = 0; key < m_held.size(); ++key)
+        if (m_held[key])
+            settleHeld(static_cast<XKeyCode>(key));
+}
+
+std::optional<std::uint32_t> XTestPoster::connect() {
+    const std::lock_guard lock(m_mutex);
+    if (!ensureConnection())
+        return std::nullopt;
+    return m_connection->clientId();
+}
+
+bool XTestPoster::ensureConnection() {
+    if (m_connection && !m_connection->isBroken())
+        return true;
+    m_held.reset();
+    m_connection = Connection::open();
+    if (m_connection && !m_connection->has(xcb_test_id))
+        m_connection.reset();
+    return m_connection != nullptr;
+}
+
+bool XTestPoster::post(const InputEvent &event, double pixelsPerPoint) {
+    const std::lock_guard lock(m_mutex);
+    if (!ensureConnection())
+        return false;
+    switch (event.type) {
+    case kCGEventKeyDown:
+        return postKey(keyToPress(event));
+    case kCGEventKeyUp:
+        return keyToPress(event) != 0;
+    case kCGEventLeftMouseDown:
+        return postButton(event, pixelsPerPoint, true);
+    case kCGEventLeftMouseUp:
+        return postButton(event, pixelsPerPoint, false);
+    case kCGEventMouseMoved:
+        fakeMotion(*m_connection, pixelsOf(event, pixelsPerPoint));
+        return m_connection->sync();
+    default:
+        return false;
+    }
+}
+
+bool XTestPoster::postKey(XKeyCode key) {
+    return key != 0 && withoutModifiers([this, key] {
+               fakeKey(*m_connection, true, key);
+               fakeKey(*m_connection, false, key);
+           });
+}
+
+bool XTestPoster::postButton(const InputEvent &event, double pixelsPerPoint, bool down) {
+    const Pixels pixels = pixelsOf(event, pixelsPerPoint);
+    if (!pointerIsAt(*m_connection, pixels))
+        fakeMotion(*m_connection, pixels);
+    return withoutModifiers([this, down] { fakeButton(*m_connection, down, leftButton); });
+}
+
+Pixels XTestPoster::pixelsOf(const InputEvent &event, double pixelsPerPoint) const {
+    return PrimaryScreen{primaryOrigin(*m_connection), pixelsPerPoint}.toPixels({event.x, event.y});
+}
+
+template<typename Fake> bool XTestPoster::withoutModifiers(Fake fake) {
+    {
+        const ServerGrab grab(m_connection->get());
+        ModifierLift lift(*m_connection);
+        fake();
+        for (const XKeyCode key : lift.restore())
+            m_held.set(key);
+    }
+    return m_connection->sync();
+}
+
+void XTestPoster::settle(int virtualKey) {
+    const std::lock_guard lock(m_mutex);
+    const XKeyCode key = positionOf(virtualKey);
+    if (m_connection && m_held[key])
+        settleHeld(key);
+}
+
+/// The faking device keeps thinking that it holds the key, and as long as it does so others cannot fake its
+/// press.
+void XTestPoster::settleHeld(XKeyCode key) {
+    {
+        const ServerGrab grab(m_connection->get());
+        if (!keysDown(*m_connection).has(key)) {
+            fakeKey(*m_connection, false, key, Seen::No);
+            m_held.reset(key);
+        }
+    }
+    m_connection->sync();
+}
+
+} // namespace vexa::x11

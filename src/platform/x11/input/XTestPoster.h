@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <bitset>
+#include <memory>
+#include <mutex>
+#include <optional>
+
+#include "platform/quartz/InputBackend.h"
+#include "platform/x11/input/Connection.h"
+#include "platform/x11/input/KeyTable.h"
+#include "platform/x11/input/PrimaryScreen.h"
+
+namespace vexa::x11 {
+
+/// Puts events into the session, over a connection of its own. Any thread.
+class XTestPoster {
+public:
+    ~XTestPoster();
+
+    /// Connects, if that has not happened yet. The id of this client on the server; nothing when it cannot
+    /// post.
+    std::optional<std::uint32_t> connect();
+
+    /// Posts at once. A key down is a press and a release, since a key left down would repeat for ever; the
+    /// key up that may follow is nothing.
+    bool post(const InputEvent &event, double pixelsPerPoint);
+
+    /// To be called when a modifier was let go: gives up our own hold of it, if a restoring left one.
+    void settle(int virtualKey);
+
+private:
+    bool ensureConnection();
+    bool postKey(XKeyCode key);
+    bool postButton(const InputEvent &event, double pixelsPerPoint, bool down);
+    Pixels pixelsOf(const InputEvent &event, double pixelsPerPoint) const;
+    void settleHeld(XKeyCode key);
+    template<typename Fake> bool withoutModifiers(Fake fake);
+
+    std::mutex m_mutex; ///< guards what follows
+    std::unique_ptr<Connection> m_connection;
+    std::bitset<256> m_held; ///< modifiers that a restoring holds down in the keyboard's stead, by X key code
+};
+
+} // namespace vexa::x11
