@@ -19,10 +19,15 @@ int QuitRequest::run() {
     return m_requested ? 0 : QApplication::exec();
 }
 
+// The toolkit's own answer would be to close every window and to stay when one refuses, as the panel does.
+// Which of the two events a system's quit arrives as depends on the toolkit's release.
 bool QuitRequest::eventFilter(QObject *watched, QEvent *event) {
-    if (watched == QCoreApplication::instance() && event->type() == QEvent::Quit)
-        m_requested = true;
-    return false;
+    const bool asked = event->type() == QEvent::Quit || event->type() == QEvent::Close;
+    if (watched != QCoreApplication::instance() || !asked)
+        return false;
+    event->accept();
+    request();
+    return true;
 }
 
 } // namespace vexa

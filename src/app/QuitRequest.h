@@ -20,7 +20,7 @@ public:
     /// code.
     int run();
 
-    /// Notices when the session asks the application to quit.
+    /// Notices when the desktop asks the application to quit: by its menu, its dock icon or at log-out.
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:

@@ -2,9 +2,31 @@
 #include "app/QuitRequest.h"
 #include "support/TestMain.h"
 
+#include <QCloseEvent>
 #include <QDialog>
 #include <QTimer>
+#include <memory>
 #include <optional>
+
+namespace {
+
+/// Like the panel, which only hides, and like the prompts, which stay.
+class Refusing : public QWidget {
+public:
+    explicit Refusing(bool hides) : m_hides(hides) { show(); }
+
+protected:
+    void closeEvent(QCloseEvent *event) override {
+        if (m_hides)
+            hide();
+        event->ignore();
+    }
+
+private:
+    bool m_hides;
+};
+
+} // namespace
 
 class QuitRequestTest : public QObject {
     Q_OBJECT
@@ -14,6 +36,9 @@ private slots:
     void endsTheRunningLoopWithZero();
     void isRememberedWhenItComesDuringADialog();
     void isRememberedWhenTheSessionAsksDuringADialog();
+    void isGrantedAlthoughWindowsRefuseToClose_data();
+    void isGrantedAlthoughWindowsRefuseToClose();
+    void aWindowsOwnCloseIsNoRequest();
     void withoutOneTheLoopEndsWithItsOwnCode();
     void theLastWindowsEndIsNoRequest();
 };
@@ -50,6 +75,38 @@ void QuitRequestTest::isRememberedWhenTheSessionAsksDuringADialog() {
     dialog.exec();
     QVERIFY(quit.requested());
     QCOMPARE(quit.run(), 0);
+}
+
+void QuitRequestTest::isGrantedAlthoughWindowsRefuseToClose_data() {
+    QTest::addColumn<bool>("asClose");
+    QTest::newRow("as a quit") << false;
+    QTest::newRow("as a close of the application") << true;
+}
+
+void QuitRequestTest::isGrantedAlthoughWindowsRefuseToClose() {
+    QFETCH(bool, asClose);
+    vexa::QuitRequest quit;
+    const Refusing panel(true);
+    const Refusing prompt(false);
+    bool granted = false;
+    QTimer::singleShot(0, [&] {
+        const std::unique_ptr<QEvent> event(asClose ? new QCloseEvent : new QEvent(QEvent::Quit));
+        QCoreApplication::sendEvent(QCoreApplication::instance(), event.get());
+        granted = event->isAccepted();
+        if (!granted)
+            QCoreApplication::exit(7);
+    });
+    QCOMPARE(quit.run(), 0);
+    QVERIFY(granted);
+    QVERIFY(quit.requested());
+}
+
+void QuitRequestTest::aWindowsOwnCloseIsNoRequest() {
+    vexa::QuitRequest quit;
+    Refusing panel(true);
+    panel.close();
+    QCoreApplication::processEvents();
+    QVERIFY(!quit.requested());
 }
 
 void QuitRequestTest::withoutOneTheLoopEndsWithItsOwnCode() {
