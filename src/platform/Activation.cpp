@@ -35,6 +35,7 @@ void activateWindow() {
         missedActivation = true;
         return;
     }
+    Window1->setWindowState(Window1->windowState() & ~Qt::WindowMinimized);
     Window1->show();
     Window1->raise();
     Window1->activateWindow();

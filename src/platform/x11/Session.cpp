@@ -1,21 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Session.h"
 
+#include "platform/SessionInput.h"
+
 #include <QByteArray>
-#include <X11/Xlib.h>
 #include <stdexcept>
-#include <string>
 
 namespace vexa::platform {
 
 void prepareSession() {
-    // Without a display the toolkit aborts with a core dump, so the program looks first.
-    Display *const display = XOpenDisplay(nullptr);
-    if (!display) {
-        throw std::runtime_error(std::string("cannot reach the X display \"") + XDisplayName(nullptr) +
-                                 "\" (is DISPLAY set, and is the X server running?)");
-    }
-    XCloseDisplay(display);
+    // Looked at first, since the toolkit aborts with a core dump where there is no display.
+    if (const std::string obstacle = sessionInputObstacle(); !obstacle.empty())
+        throw std::runtime_error(obstacle);
 
     // The pen is heard through the X server, so the windows belong there too, also where a Wayland session
     // offers itself to the toolkit.

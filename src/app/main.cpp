@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#include "app/MainWindow.h"
+#include "app/PrivacyGate.h"
+#include "app/PrivacyprivilegesWindow.h"
+#include "app/QuitRequest.h"
+#include "app/TerminateHandler.h"
+#include "app/TerminationSignals.h"
+#include "input/CKeyboardHandler.h"
+#include "input/CKeyboardMessage.h"
+#include "overlays/Grab.h"
+#include "platform/Activation.h"
+#include "platform/Session.h"
+#include "platform/SessionInput.h"
+#include "settings/ZrToolXmlClass.h"
+
+#include <QApplication>
+#include <QScreen>
+#include <exception>
+
+/// Everything lives in here and is destroyed in reverse order: the window must not hear of input any more
+/// when it is gone, and the listener thread is joined while there still is an application.
+int main(int argc, char *argv[]) {
+    std::set_terminate(vexa::reportUncaughtAndExit);
+    vexa::platform::prepareSession();
+
+    QApplication application(argc, argv);
+    if (vexa::platform::forwardActivation())
+        return 0;
+
+    // The panel refuses to close, which must not be taken for a refusal to log out.
+    QGuiApplication::setFallbackSessionManagementEnabled(false);
+    vexa::QuitRequest quit;
+    const vexa::TerminationSignals terminationSignals;
+    QObject::connect(&terminationSignals, &vexa::TerminationSignals::arrived, &quit,
+                     &vexa::QuitRequest::request);
+
+    vexa::registerKeyboardMessages();
+    vexa::platform::useSessionInput(QGuiApplication::primaryScreen()->devicePixelRatio());
+    CKeyboardHandler keyboardHandler;
+    setupDockClickHandler();
+    QApplication::setQuitOnLastWindowClosed(false);
+    ZrToolXmlClass::ZrXmlRead();
+
+    const auto runGuide = [] { return PrivacyprivilegesWindow().exec(); };
+    const auto openScreenRecordingSettings = [&quit] {
+        if (!quit.requested())
+            Grab::SetpTosysCamera();
+    };
+    vexa::passPrivacyGate({runGuide, openScreenRecordingSettings});
+    if (quit.requested())
+        return 0;
+
+    MainWindow mainWindow;
+    mainWindow.SetKeyboardClass(&keyboardHandler);
+    Window1 = &mainWindow;
+    mainWindow.show();
+    vexa::platform::resumeMissedActivation();
+    return quit.run();
+}
