@@ -2,7 +2,6 @@
 #include "platform/x11/input/Keyboards.h"
 
 #include <string_view>
-#include <vector>
 #include <xcb/xcb.h>
 #include <xcb/xinput.h>
 
@@ -12,11 +11,22 @@ namespace vexa::x11 {
 
 namespace {
 
-/// All keyboards but the one through which clients fake keys.
-std::vector<std::uint8_t> realKeyboards(xcb_connection_t *x) {
+void addKeys(KeySet &keys, const xcb_input_query_device_state_reply_t *state) {
+    auto part = xcb_input_query_device_state_classes_iterator(state);
+    for (; part.rem > 0; xcb_input_input_state_next(&part))
+        if (part.data->class_id == XCB_INPUT_INPUT_CLASS_KEY)
+            keys.add(reinterpret_cast<const xcb_input_key_state_t *>(part.data)->keys);
+}
+
+} // namespace
+
+std::vector<std::uint8_t> realKeyboards(const Connection &connection) {
+    std::vector<std::uint8_t> keyboards;
+    if (!connection.has(xcb_input_id))
+        return keyboards;
+    xcb_connection_t *x = connection.get();
     const Reply<xcb_input_list_input_devices_reply_t> list(
         xcb_input_list_input_devices_reply(x, xcb_input_list_input_devices(x), nullptr));
-    std::vector<std::uint8_t> keyboards;
     if (!list)
         return keyboards;
     auto device = xcb_input_list_input_devices_devices_iterator(list.get());
@@ -31,15 +41,6 @@ std::vector<std::uint8_t> realKeyboards(xcb_connection_t *x) {
     return keyboards;
 }
 
-void addKeys(KeySet &keys, const xcb_input_query_device_state_reply_t *state) {
-    auto part = xcb_input_query_device_state_classes_iterator(state);
-    for (; part.rem > 0; xcb_input_input_state_next(&part))
-        if (part.data->class_id == XCB_INPUT_INPUT_CLASS_KEY)
-            keys.add(reinterpret_cast<const xcb_input_key_state_t *>(part.data)->keys);
-}
-
-} // namespace
-
 KeySet keysDown(const Connection &connection) {
     xcb_connection_t *x = connection.get();
     const Reply<xcb_query_keymap_reply_t> reply(xcb_query_keymap_reply(x, xcb_query_keymap(x), nullptr));
@@ -51,11 +52,9 @@ KeySet keysDown(const Connection &connection) {
 
 KeySet keysHeldByHand(const Connection &connection) {
     KeySet keys;
-    if (!connection.has(xcb_input_id))
-        return keys;
     xcb_connection_t *x = connection.get();
     std::vector<xcb_input_query_device_state_cookie_t> cookies;
-    for (const std::uint8_t keyboard : realKeyboards(x))
+    for (const std::uint8_t keyboard : realKeyboards(connection))
         cookies.push_back(xcb_input_query_device_state(x, keyboard));
     for (const auto cookie : cookies) {
         const Reply<xcb_input_query_device_state_reply_t> state(

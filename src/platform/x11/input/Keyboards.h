@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <vector>
 
 #include "platform/x11/input/KeyTable.h"
 
@@ -22,6 +23,9 @@ public:
 private:
     std::array<std::uint8_t, 32> m_bits{};
 };
+
+/// The session's keyboards, by the server's numbers, but the one through which clients fake keys.
+std::vector<std::uint8_t> realKeyboards(const Connection &connection);
 
 /// The keys that are down for the session, whoever holds them. Empty when the server cannot say.
 KeySet keysDown(const Connection &connection);
