@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "annotation/PizhuForm.h"
+#include "annotation/blackBoardform.h"
+#include "app/MainWindow.h"
+#include "fakes/RecordingBackend.h"
+#include "input/CKeyboardListenerMac.h"
+#include "overlays/LightPen.h"
+#include "overlays/Magnifie.h"
+#include "overlays/Spolight2.h"
+
+#include <QApplication>
+#include <QDeadlineTimer>
+#include <QPushButton>
+#include <QtTest>
+
+/// The keys of the pen.
+namespace pen {
+constexpr int a = 0;
+constexpr int s = 1;
+constexpr int d = 2;
+constexpr int g = 5;
+constexpr int y = 16;
+constexpr int i = 34;
+constexpr int j = 38;
+constexpr int m = 46;
+} // namespace pen
+
+/// A main window with a pen, in a session that only writes down what is posted into it.
+class ToolPanel {
+public:
+    ToolPanel() { CKeyboardListenerMac::EnterPPT = false; }
+    ~ToolPanel() { CKeyboardListenerMac::EnterPPT = false; }
+
+    vexa::RecordingBackend session;
+    MainWindow window;
+
+    void holdModifiers(bool held) {
+        for (int key : {59, 56, 58})
+            window.RecvKeboardMessage(key, held ? 1 : 0);
+    }
+    void press(int key) {
+        holdModifiers(true);
+        window.RecvKeboardMessage(key, 1);
+    }
+    void release(int key) {
+        window.RecvKeboardMessage(key, 0);
+        holdModifiers(false);
+    }
+    void chord(int key) {
+        press(key);
+        release(key);
+    }
+
+    /// The windows of that kind that are on the screen.
+    template<typename Tool> static QList<Tool *> open() {
+        QList<Tool *> found;
+        for (QWidget *widget : QApplication::topLevelWidgets())
+            if (auto *tool = qobject_cast<Tool *>(widget); tool && tool->isVisible())
+                found += tool;
+        return found;
+    }
+    static int openHeldTools() {
+        return open<LightPen>().size() + open<Magnifie>().size() + open<Spolight2>().size();
+    }
+    static bool nothingOpen() {
+        return openHeldTools() == 0 && open<PizhuForm>().isEmpty() && open<blackBoardform>().isEmpty();
+    }
+    /// Every object of a tool, also of one that is about to go.
+    static int objects() {
+        int count = 0;
+        for (QWidget *widget : QApplication::topLevelWidgets())
+            count += qobject_cast<LightPen *>(widget) || qobject_cast<Magnifie *>(widget) ||
+                     qobject_cast<Spolight2 *>(widget) || qobject_cast<PizhuForm *>(widget) ||
+                     qobject_cast<blackBoardform *>(widget);
+        return count;
+    }
+
+    /// A click on a held tool: its release dismisses it.
+    static void click(QWidget *tool) { QTest::mouseClick(tool, Qt::LeftButton, {}, QPoint(300, 300)); }
+    /// A press on the exit button of annotation or blackboard.
+    static void pressExit(QWidget *form) {
+        QTest::mousePress(form->findChild<QPushButton *>(QStringLiteral("pushButton")), Qt::LeftButton);
+    }
+};
