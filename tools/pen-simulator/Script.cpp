@@ -17,8 +17,8 @@ const char *const scriptHelp =
   pen-simulator COMMAND [COMMAND ...]     or the commands on standard input, line by line
 
 The pen's keys:
-  key1 press            open or close the annotation
-  key1 long             next pen colour
+  key1 press            next pen colour
+  key1 long             open or close the annotation
   key2 long             the action of key 2
   key3 long             the action of key 3
   key4 click            the action of key 4 (key4 press says the same)
@@ -125,8 +125,8 @@ x11::Pixels takePlace(Words &words) {
 void readKeyOneToThree(Script &script, const std::string &key, const std::string &what) {
     // Keys 1 and 3 arm themselves before they act.
     static const std::map<std::string, std::vector<Letter>> chords{
-        {"key1 press", {Letter::M, Letter::I}},
-        {"key1 long", {Letter::Y}},
+        {"key1 press", {Letter::Y}},
+        {"key1 long", {Letter::M, Letter::I}},
         {"key2 long", {Letter::A}},
         {"key3 long", {Letter::M, Letter::J}},
     };
