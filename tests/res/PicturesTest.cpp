@@ -179,7 +179,7 @@ void PicturesTest::thePicturesAreThoseOfTheirSources() {
         const QImage kept = premultiplied(":/" + name);
         QCOMPARE(rendered.size(), kept.size());
         // Another version of the renderer may differ by a hair at edges.
-        QVERIFY2(meanDifference(rendered, kept) < 0.5, qPrintable(name));
+        QVERIFY2(meanDifference(rendered, kept) < 0.1, qPrintable(name));
     }
 }
 
