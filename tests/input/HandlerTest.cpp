@@ -1,0 +1,251 @@
+// SPDX-License-Identifier: MIT
+#include <QSignalSpy>
+#include <QtTest>
+#include <thread>
+
+#include "fakes/RecordingBackend.h"
+#include "input/CKeyboardHandler.h"
+
+namespace {
+
+int threadsOfThisProcess() {
+    return QDir(QStringLiteral("/proc/self/task")).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size();
+}
+
+std::atomic<int> failuresTold{0};
+
+/// Called at the begin of every signal of this program, on the thread that emits it.
+void countFailuresTold(QObject *caller, int signal, void **) {
+    const int index = CKeyboardHandler::staticMetaObject.indexOfSignal(
+        "signalKeyboardException(CKeyboardExceptionMessage)");
+    const int offset = CKeyboardHandler::staticMetaObject.methodOffset();
+    const int signalOffset = QObject::staticMetaObject.indexOfSignal("objectNameChanged(QString)") + 1;
+    if (caller->metaObject() == &CKeyboardHandler::staticMetaObject &&
+        signal - signalOffset == index - offset)
+        ++failuresTold;
+}
+
+} // namespace
+
+// The toolkit's hook for debuggers: the one way to hear of a signal of an object whose constructor fails.
+struct QSignalSpyCallbackSet {
+    void (*signalBegin)(QObject *, int, void **);
+    void (*slotBegin)(QObject *, int, void **);
+    void (*signalEnd)(QObject *, int);
+    void (*slotEnd)(QObject *, int);
+};
+extern void qt_register_signal_spy_callbacks(QSignalSpyCallbackSet *callbacks);
+
+class HandlerTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void cleanup() { m_backend.refuse(false); }
+
+    void aPressAndAReleaseArriveOnceAndInOrder();
+    void aModifierArrivesWithItsToggledState();
+    void aPointerMoveArrivesWithWholeCoordinates();
+    void aClickBringsNothing();
+    void messagesArriveOnTheGuiThread();
+    void theListenerLivesOnAThreadOfItsOwn();
+    void destroyingAnIdleHandlerReturns();
+    void destroyingABusyHandlerReturns();
+    void stoppingTwiceIsHarmless();
+    void aRefusedTapBreaksThePromiseAndLeavesNoThread();
+    void aFailedConstructionIsToldByTheHandlerToo();
+    void aSecondHandlerBreaksItsPromiseAndTheFirstWorksOn();
+    void aFailureIsToldWithItsText_data();
+    void aFailureIsToldWithItsText();
+    void aRunWithoutPromiseIsToldAsFailure();
+    void theExceptionSlotIgnoresWhatItIsTold();
+    void activationHasNoEffect();
+
+private:
+    vexa::RecordingBackend m_backend;
+};
+
+void HandlerTest::initTestCase() {
+    // The handler makes its messages known by itself.
+    QCOMPARE(QMetaType::type("CKeyboardMessage"), int(QMetaType::UnknownType));
+    { CKeyboardHandler handler; }
+    QVERIFY(QMetaType::type("CKeyboardMessage") != QMetaType::UnknownType);
+    QVERIFY(QMetaType::type("CKeyboardExceptionMessage") != QMetaType::UnknownType);
+}
+
+void HandlerTest::aPressAndAReleaseArriveOnceAndInOrder() {
+    CKeyboardHandler handler;
+    QSignalSpy keys(&handler, &CKeyboardHandler::MysignalKeyboardMessage);
+    m_backend.feedKey(5, true);
+    m_backend.feedKey(5, false);
+    m_backend.feedKey(0, true);
+    QTRY_COMPARE(keys.size(), 3);
+    QCOMPARE(keys.takeFirst(), (QVariantList{5, 1}));
+    QCOMPARE(keys.takeFirst(), (QVariantList{5, 0}));
+    QCOMPARE(keys.takeFirst(), (QVariantList{0, 1}));
+}
+
+void HandlerTest::aModifierArrivesWithItsToggledState() {
+    CKeyboardHandler handler;
+    QSignalSpy keys(&handler, &CKeyboardHandler::MysignalKeyboardMessage);
+    for (const int key : {59, 60, 59})
+        m_backend.feedModifier(key);
+    QTRY_COMPARE(keys.size(), 3);
+    QCOMPARE(keys.at(0), (QVariantList{59, 1}));
+    QCOMPARE(keys.at(1), (QVariantList{60, 0}));
+    QCOMPARE(keys.at(2), (QVariantList{59, 0}));
+}
+
+void HandlerTest::aPointerMoveArrivesWithWholeCoordinates() {
+    CKeyboardHandler handler;
+    QSignalSpy moves(&handler, &CKeyboardHandler::MysignalMouseMessage);
+    m_backend.feedMove(100.9, -0.5);
+    QTRY_COMPARE(moves.size(), 1);
+    QCOMPARE(moves.first(), (QVariantList{5, 100, 0}));
+}
+
+void HandlerTest::aClickBringsNothing() {
+    CKeyboardHandler handler;
+    QSignalSpy keys(&handler, &CKeyboardHandler::MysignalKeyboardMessage);
+    QSignalSpy moves(&handler, &CKeyboardHandler::MysignalMouseMessage);
+    m_backend.feedButton(true);
+    m_backend.feedButton(false);
+    m_backend.feedKey(5, true); // comes after, so whatever the click brought would be here
+    QTRY_COMPARE(keys.size(), 1);
+    QVERIFY(moves.isEmpty());
+}
+
+void HandlerTest::messagesArriveOnTheGuiThread() {
+    CKeyboardHandler handler;
+    QThread *thread = nullptr;
+    QObject context;
+    connect(
+        &handler, &CKeyboardHandler::MysignalKeyboardMessage, &context,
+        [&thread] { thread = QThread::currentThread(); }, Qt::DirectConnection);
+    m_backend.feedKey(5, true);
+    QTRY_VERIFY(thread);
+    QCOMPARE(thread, QThread::currentThread());
+}
+
+void HandlerTest::theListenerLivesOnAThreadOfItsOwn() {
+    const int before = threadsOfThisProcess();
+    CKeyboardHandler handler;
+    QCOMPARE(threadsOfThisProcess(), before + 1);
+    QCOMPARE(m_backend.openSources(), 1);
+}
+
+void HandlerTest::destroyingAnIdleHandlerReturns() {
+    const int before = threadsOfThisProcess();
+    { CKeyboardHandler handler; }
+    QCOMPARE(m_backend.openSources(), 0);
+    QTRY_COMPARE(threadsOfThisProcess(), before); // the system forgets a joined thread a moment later
+}
+
+void HandlerTest::destroyingABusyHandlerReturns() {
+    std::atomic<bool> done{false};
+    std::thread typist([this, &done] {
+        while (!done)
+            m_backend.feedKey(5, true);
+    });
+    { CKeyboardHandler handler; }
+    done = true;
+    typist.join();
+    QCOMPARE(m_backend.openSources(), 0);
+}
+
+void HandlerTest::stoppingTwiceIsHarmless() {
+    CKeyboardHandler handler;
+    handler.stopListening();
+    QTRY_COMPARE(m_backend.openSources(), 0);
+    handler.stopListening();
+}
+
+void HandlerTest::aRefusedTapBreaksThePromiseAndLeavesNoThread() {
+    m_backend.refuse();
+    const int before = threadsOfThisProcess();
+    try {
+        CKeyboardHandler handler;
+        QFAIL("a handler was built without a listener");
+    } catch (const std::future_error &error) {
+        QCOMPARE(error.code(), std::make_error_code(std::future_errc::broken_promise));
+    }
+    QTRY_COMPARE(threadsOfThisProcess(), before);
+    QCOMPARE(m_backend.openSources(), 0);
+
+    m_backend.refuse(false);
+    CKeyboardHandler handler; // nothing of the failed one is in the way
+}
+
+void HandlerTest::aFailedConstructionIsToldByTheHandlerToo() {
+    failuresTold = 0;
+    QSignalSpyCallbackSet callbacks{countFailuresTold, nullptr, nullptr, nullptr};
+    qt_register_signal_spy_callbacks(&callbacks);
+    { CKeyboardHandler handler; }
+    QCOMPARE(failuresTold, 0);
+    m_backend.refuse();
+    QVERIFY_EXCEPTION_THROWN(CKeyboardHandler(), std::future_error);
+    qt_register_signal_spy_callbacks(nullptr);
+    QCOMPARE(failuresTold, 1);
+}
+
+void HandlerTest::aSecondHandlerBreaksItsPromiseAndTheFirstWorksOn() {
+    CKeyboardHandler first;
+    QSignalSpy keys(&first, &CKeyboardHandler::MysignalKeyboardMessage);
+    QVERIFY_EXCEPTION_THROWN(CKeyboardHandler(), std::future_error);
+    m_backend.feedKey(5, true);
+    QTRY_COMPARE(keys.size(), 1);
+}
+
+void HandlerTest::aFailureIsToldWithItsText_data() {
+    QTest::addColumn<bool>("refused");
+    QTest::addColumn<QByteArray>("text");
+    QTest::newRow("no tap") << true << QByteArray("Failed to create eventTap");
+    QTest::newRow("port taken") << false << QByteArray("Failed to create messagePort");
+}
+
+void HandlerTest::aFailureIsToldWithItsText() {
+    QFETCH(bool, refused);
+    CKeyboardHandler handler; // holds the port
+    QSignalSpy failures(&handler, &CKeyboardHandler::signalKeyboardException);
+    m_backend.refuse(refused);
+    std::thread(CKeyboardHandler::run, std::promise<CAnyKeyboardKiller>(), &handler).join();
+    QCOMPARE(failures.size(), 1); // told while the thread was still running, on this living handler
+    QTEST(failures.first().first().value<CKeyboardExceptionMessage>().text, "text");
+}
+
+void HandlerTest::aRunWithoutPromiseIsToldAsFailure() {
+    CKeyboardHandler *handler = new CKeyboardHandler;
+    QSignalSpy failures(handler, &CKeyboardHandler::signalKeyboardException);
+    handler->stopListening();
+    QTRY_COMPARE(m_backend.openSources(), 0); // its port is free
+    std::promise<CAnyKeyboardKiller> promise;
+    const std::promise<CAnyKeyboardKiller> taken(std::move(promise));
+    std::thread(CKeyboardHandler::run, std::move(promise), handler).join();
+    QCOMPARE(failures.size(), 1);
+    QVERIFY(!failures.first().first().value<CKeyboardExceptionMessage>().text.isEmpty());
+    delete handler; // the handle it kept reaches nobody, and the destructor still joins
+}
+
+void HandlerTest::theExceptionSlotIgnoresWhatItIsTold() {
+    CKeyboardHandler handler;
+    QSignalSpy failures(&handler, &CKeyboardHandler::signalKeyboardException);
+    QSignalSpy keys(&handler, &CKeyboardHandler::MysignalKeyboardMessage);
+    handler.slotOnKeyboardException(CKeyboardExceptionMessage("any"));
+    QVERIFY(failures.isEmpty());
+    m_backend.feedKey(5, true);
+    QTRY_COMPARE(keys.size(), 1);
+}
+
+void HandlerTest::activationHasNoEffect() {
+    CKeyboardHandler handler;
+    QSignalSpy keys(&handler, &CKeyboardHandler::MysignalKeyboardMessage);
+    handler.deactivate();
+    m_backend.feedKey(5, true);
+    QTRY_COMPARE(keys.size(), 1);
+    handler.activate();
+    m_backend.feedKey(5, false);
+    QTRY_COMPARE(keys.size(), 2);
+}
+
+QTEST_GUILESS_MAIN(HandlerTest)
+#include "HandlerTest.moc"

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#include <QtTest>
+
+#include "fakes/RecordingBackend.h"
+#include "input/CKeyboardHandler.h"
+
+namespace {
+
+int openDescriptors() {
+    return QDir(QStringLiteral("/proc/self/fd"))
+        .entryList(QDir::NoDotAndDotDot | QDir::AllEntries | QDir::System)
+        .size();
+}
+
+} // namespace
+
+/// What a leak or a lost stop request would show at, sooner or later.
+class StartStopTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void twoThousandStartsAndStopsLeaveNothingBehind();
+    void failedStartsInBetweenLeaveNothingBehind();
+};
+
+void StartStopTest::twoThousandStartsAndStopsLeaveNothingBehind() {
+    vexa::RecordingBackend backend;
+    { CKeyboardHandler first; }
+    const int before = openDescriptors();
+    for (int i = 0; i < 2000; ++i) {
+        CKeyboardHandler handler;
+        if (i % 2)
+            backend.feedKey(5, true);
+    }
+    QCOMPARE(backend.openedSources(), 2001);
+    QCOMPARE(backend.openSources(), 0);
+    QCOMPARE(openDescriptors(), before);
+}
+
+void StartStopTest::failedStartsInBetweenLeaveNothingBehind() {
+    vexa::RecordingBackend backend;
+    { CKeyboardHandler first; }
+    const int before = openDescriptors();
+    for (int i = 0; i < 100; ++i) {
+        backend.refuse();
+        QVERIFY_EXCEPTION_THROWN(CKeyboardHandler(), std::future_error);
+        backend.refuse(false);
+        CKeyboardHandler handler;
+        QVERIFY_EXCEPTION_THROWN(CKeyboardHandler(), std::future_error);
+    }
+    QCOMPARE(backend.openSources(), 0);
+    QCOMPARE(openDescriptors(), before);
+}
+
+QTEST_GUILESS_MAIN(StartStopTest)
+#include "StartStopTest.moc"

@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: MIT
+#include <QtTest>
+
+#include "fakes/RecordingBackend.h"
+#include "input/CKeyboardListenerMac.h"
+
+namespace {
+
+struct Posted {
+    std::uint32_t type;
+    std::int64_t key;
+    std::uint64_t flags;
+    double x, y;
+    bool operator==(const Posted &other) const {
+        return type == other.type && key == other.key && flags == other.flags && x == other.x && y == other.y;
+    }
+};
+
+Posted key(std::uint32_t type, int code, std::uint64_t flags = 0) {
+    return {type, code, flags, 0, 0};
+}
+
+Posted mouse(std::uint32_t type, double x, double y) {
+    return {type, 0, 0, x, y};
+}
+
+} // namespace
+
+class SyntheticInputTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+
+    void twoSlideShowCallsPostCommandReturnThenEscape();
+    void playOrPausePostsSpaceDownAndUp();
+    void pageUpPostsNoKeyUp();
+    void movingPostsOneMove();
+    void pressingMovesFirstAndDoesNotRelease();
+    void clickingMovesPressesAndReleases();
+    void anyMouseEventCanBePosted();
+    void openingThePermissionPanePostsNothing();
+    void onlyTheSlideShowFlipsTheFlag();
+    void aRefusedPostChangesNothingElse();
+
+private:
+    QVector<Posted> posted() const;
+
+    vexa::RecordingBackend m_backend;
+};
+
+void SyntheticInputTest::init() {
+    m_backend.refuse(false);
+    m_backend.clearPosts();
+    CKeyboardListenerMac::EnterPPT = false;
+}
+
+QVector<Posted> SyntheticInputTest::posted() const {
+    QVector<Posted> all;
+    for (const vexa::InputEvent &event : m_backend.posts())
+        all.append({event.type, event.keyCode, event.flags, event.x, event.y});
+    return all;
+}
+
+void SyntheticInputTest::twoSlideShowCallsPostCommandReturnThenEscape() {
+    CKeyboardListenerMac::SetPPTFullScreen();
+    QVERIFY(CKeyboardListenerMac::EnterPPT);
+    QCOMPARE(posted(), (QVector<Posted>{key(10, 36, 1048576)}));
+    CKeyboardListenerMac::SetPPTFullScreen();
+    QVERIFY(!CKeyboardListenerMac::EnterPPT);
+    QCOMPARE(posted(), (QVector<Posted>{key(10, 36, 1048576), key(10, 53)}));
+}
+
+void SyntheticInputTest::playOrPausePostsSpaceDownAndUp() {
+    CKeyboardListenerMac::SetPlayOrPause();
+    QCOMPARE(posted(), (QVector<Posted>{key(10, 49), key(11, 49)}));
+}
+
+void SyntheticInputTest::pageUpPostsNoKeyUp() {
+    CKeyboardListenerMac::SetPageUp();
+    QCOMPARE(posted(), (QVector<Posted>{key(10, 116)}));
+}
+
+void SyntheticInputTest::movingPostsOneMove() {
+    CKeyboardListenerMac::SetMouseMove(4, -7);
+    QCOMPARE(posted(), (QVector<Posted>{mouse(5, 4, -7)}));
+}
+
+void SyntheticInputTest::pressingMovesFirstAndDoesNotRelease() {
+    CKeyboardListenerMac::SetMouseDown(10, 20);
+    QCOMPARE(posted(), (QVector<Posted>{mouse(5, 10, 20), mouse(1, 10, 20)}));
+}
+
+void SyntheticInputTest::clickingMovesPressesAndReleases() {
+    CKeyboardListenerMac::SetMouseClick(10, 20);
+    QCOMPARE(posted(), (QVector<Posted>{mouse(5, 10, 20), mouse(1, 10, 20), mouse(2, 10, 20)}));
+    for (const vexa::InputEvent &event : m_backend.posts())
+        QCOMPARE(event.button, 0u);
+}
+
+void SyntheticInputTest::anyMouseEventCanBePosted() {
+    PostMouseEvent(kCGMouseButtonRight, kCGEventLeftMouseUp, CGPointMake(1.5, 2.5));
+    QCOMPARE(posted(), (QVector<Posted>{mouse(2, 1.5, 2.5)}));
+    QCOMPARE(m_backend.posts().front().button, 1u);
+}
+
+void SyntheticInputTest::openingThePermissionPanePostsNothing() {
+    CKeyboardListenerMac::SetpTosysCamera();
+    QVERIFY(posted().isEmpty());
+}
+
+void SyntheticInputTest::onlyTheSlideShowFlipsTheFlag() {
+    for (const bool flag : {false, true}) {
+        CKeyboardListenerMac::EnterPPT = flag;
+        CKeyboardListenerMac::SetPlayOrPause();
+        CKeyboardListenerMac::SetPageUp();
+        CKeyboardListenerMac::SetMouseClick(1, 1);
+        CKeyboardListenerMac::SetMouseDown(1, 1);
+        CKeyboardListenerMac::SetpTosysCamera();
+        QCOMPARE(CKeyboardListenerMac::EnterPPT, flag);
+    }
+}
+
+void SyntheticInputTest::aRefusedPostChangesNothingElse() {
+    m_backend.refuse();
+    CKeyboardListenerMac::SetPPTFullScreen();
+    QVERIFY(CKeyboardListenerMac::EnterPPT);
+    QVERIFY(posted().isEmpty());
+}
+
+QTEST_GUILESS_MAIN(SyntheticInputTest)
+#include "SyntheticInputTest.moc"

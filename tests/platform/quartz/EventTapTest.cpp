@@ -1,0 +1,228 @@
+// SPDX-License-Identifier: MIT
+#include <QtTest>
+#include <vector>
+
+#include "fakes/RecordingBackend.h"
+#include "platform/quartz/Quartz.h"
+
+namespace {
+
+struct Seen {
+    std::vector<std::uint32_t> types;
+    CFMachPortRef tap = nullptr;
+    bool enableAgain = false;
+    bool invalidate = false;
+    double x = 0, y = 0;
+};
+
+constexpr std::uint32_t lastType = 11; // a key up ends the loop
+
+CGEventRef see(CGEventTapProxy, CGEventType type, CGEventRef event, void *userInfo) {
+    auto *seen = static_cast<Seen *>(userInfo);
+    seen->types.push_back(type);
+    seen->x = CGEventGetLocation(event).x;
+    seen->y = CGEventGetLocation(event).y;
+    if (type == kCGEventTapDisabledByTimeout && seen->enableAgain)
+        CGEventTapEnable(seen->tap, true);
+    if (seen->invalidate)
+        CFMachPortInvalidate(seen->tap);
+    if (type == lastType)
+        CFRunLoopStop(CFRunLoopGetCurrent());
+    return event;
+}
+
+constexpr CGEventMask keysOnly = (1 << 10) | (1 << 11);
+
+} // namespace
+
+class EventTapTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { m_backend = std::make_unique<vexa::RecordingBackend>(); }
+    void cleanup() { m_backend.reset(); }
+
+    void aRefusingBackendGivesNoTap();
+    void withoutABackendThereIsNoTapAndPostsAreLost();
+    void onlyTypesInTheMaskAreSeen();
+    void aDisabledTapMissesWhatHappens();
+    void aTapDisabledByTheSystemIsToldWhateverItsMask();
+    void aTapNotEnabledAgainStaysDisabled();
+    void typesBeyondTheMaskAreNotSeen();
+    void aTapMayBeInvalidatedInItsCallback();
+    void invalidatingClosesTheSource();
+    void aBurstLongerThanOneTurnIsSeenWhole();
+    void postedEventsReachTheBackend();
+    void everySourceOfEventsIsCounted();
+
+private:
+    void run(Seen &seen, CGEventMask mask, const std::function<void()> &feed);
+
+    std::unique_ptr<vexa::RecordingBackend> m_backend;
+};
+
+void EventTapTest::run(Seen &seen, CGEventMask mask, const std::function<void()> &feed) {
+    CFMachPortRef tap = CGEventTapCreate(kCGSessionEventTap, kCGHeadInsertEventTap,
+                                         kCGEventTapOptionListenOnly, mask, see, &seen);
+    QVERIFY(tap);
+    seen.tap = tap;
+    CFRunLoopSourceRef source = CFMachPortCreateRunLoopSource(kCFAllocatorDefault, tap, 0);
+    CFRunLoopAddSource(CFRunLoopGetCurrent(), source, kCFRunLoopCommonModes);
+    feed();
+    CFRunLoopRun();
+    CFMachPortInvalidate(tap);
+    CFRelease(tap);
+    CFRelease(source);
+}
+
+void EventTapTest::aRefusingBackendGivesNoTap() {
+    m_backend->refuse();
+    QVERIFY(!CGEventTapCreate(kCGSessionEventTap, kCGHeadInsertEventTap, kCGEventTapOptionListenOnly,
+                              keysOnly, see, nullptr));
+}
+
+void EventTapTest::withoutABackendThereIsNoTapAndPostsAreLost() {
+    vexa::setInputBackend(nullptr);
+    QVERIFY(!CGEventTapCreate(kCGSessionEventTap, kCGHeadInsertEventTap, kCGEventTapOptionListenOnly,
+                              keysOnly, see, nullptr));
+    QVERIFY(!vexa::inputBackend().post({}));
+    QVERIFY(m_backend->posts().empty());
+}
+
+void EventTapTest::onlyTypesInTheMaskAreSeen() {
+    Seen seen;
+    run(seen, keysOnly, [this] {
+        m_backend->feedMove(1, 2);
+        m_backend->feedKey(5, true);
+        m_backend->feedModifier(56);
+        m_backend->feedButton(true);
+        m_backend->feedKey(5, false);
+    });
+    QCOMPARE(seen.types, (std::vector<std::uint32_t>{10, 11}));
+}
+
+void EventTapTest::aDisabledTapMissesWhatHappens() {
+    Seen seen;
+    CFMachPortRef tap = CGEventTapCreate(kCGSessionEventTap, kCGHeadInsertEventTap,
+                                         kCGEventTapOptionListenOnly, keysOnly, see, &seen);
+    CFRunLoopSourceRef source = CFMachPortCreateRunLoopSource(kCFAllocatorDefault, tap, 0);
+    CFRunLoopAddSource(CFRunLoopGetCurrent(), source, kCFRunLoopCommonModes);
+    CGEventTapEnable(tap, false);
+
+    // A second tap, which is not disabled, ends the loop after the first one has had its turn.
+    Seen other;
+    run(other, keysOnly, [this] { m_backend->feedKey(5, false); });
+    QVERIFY(seen.types.empty());
+    QCOMPARE(other.types, std::vector<std::uint32_t>{11});
+    CFMachPortInvalidate(tap);
+    CFRelease(tap);
+    CFRelease(source);
+}
+
+void EventTapTest::aTapDisabledByTheSystemIsToldWhateverItsMask() {
+    Seen seen;
+    seen.enableAgain = true;
+    vexa::InputEvent disabled;
+    disabled.type = 0xFFFFFFFE;
+    run(seen, keysOnly, [&] {
+        m_backend->feed(disabled);
+        m_backend->feedKey(5, false);
+    });
+    QCOMPARE(seen.types, (std::vector<std::uint32_t>{0xFFFFFFFE, 11}));
+}
+
+void EventTapTest::aTapNotEnabledAgainStaysDisabled() {
+    Seen seen;
+    Seen other;
+    vexa::InputEvent disabled;
+    disabled.type = 0xFFFFFFFF;
+    CFMachPortRef tap = CGEventTapCreate(kCGSessionEventTap, kCGHeadInsertEventTap,
+                                         kCGEventTapOptionListenOnly, keysOnly, see, &seen);
+    CFRunLoopSourceRef source = CFMachPortCreateRunLoopSource(kCFAllocatorDefault, tap, 0);
+    CFRunLoopAddSource(CFRunLoopGetCurrent(), source, kCFRunLoopCommonModes);
+    m_backend->feed(disabled); // the second tap does not exist yet and does not see this
+    run(other, keysOnly, [this] { m_backend->feedKey(5, false); });
+    QCOMPARE(seen.types, std::vector<std::uint32_t>{0xFFFFFFFF});
+    QCOMPARE(other.types, std::vector<std::uint32_t>{11});
+    CFMachPortInvalidate(tap);
+    CFRelease(tap);
+    CFRelease(source);
+}
+
+void EventTapTest::typesBeyondTheMaskAreNotSeen() {
+    Seen seen;
+    run(seen, ~CGEventMask{0}, [this] {
+        vexa::InputEvent strange;
+        strange.type = 64 + 10;
+        m_backend->feed(strange);
+        m_backend->feedKey(5, false);
+    });
+    QCOMPARE(seen.types, std::vector<std::uint32_t>{11});
+}
+
+void EventTapTest::aTapMayBeInvalidatedInItsCallback() {
+    Seen seen;
+    seen.invalidate = true;
+    run(seen, keysOnly, [this] {
+        m_backend->feedKey(5, true);
+        m_backend->feedKey(5, true);
+    });
+    QCOMPARE(seen.types, std::vector<std::uint32_t>{10}); // and the loop, left without sources, returned
+}
+
+void EventTapTest::invalidatingClosesTheSource() {
+    CFMachPortRef tap = CGEventTapCreate(kCGSessionEventTap, kCGHeadInsertEventTap,
+                                         kCGEventTapOptionListenOnly, keysOnly, see, nullptr);
+    QCOMPARE(m_backend->openSources(), 1);
+    CFMachPortInvalidate(tap);
+    QCOMPARE(m_backend->openSources(), 0);
+    QVERIFY(!CFMachPortCreateRunLoopSource(kCFAllocatorDefault, tap, 0));
+    CFRelease(tap);
+}
+
+void EventTapTest::aBurstLongerThanOneTurnIsSeenWhole() {
+    Seen seen;
+    run(seen, keysOnly | (1 << 5), [this] {
+        for (int i = 0; i < 1000; ++i)
+            m_backend->feedMove(i, -i);
+        m_backend->feedKey(5, false);
+    });
+    QCOMPARE(seen.types.size(), std::size_t{1001});
+}
+
+void EventTapTest::postedEventsReachTheBackend() {
+    CGEventRef key = CGEventCreateKeyboardEvent(nullptr, 36, true);
+    CGEventSetFlags(key, kCGEventFlagMaskCommand);
+    CGEventPost(kCGHIDEventTap, key);
+    QCOMPARE(CGEventGetFlags(key), CGEventFlags{0x100000});
+    QCOMPARE(CGEventGetIntegerValueField(key, kCGKeyboardEventKeycode), std::int64_t{36});
+    CFRelease(key);
+
+    CGEventRef mouse =
+        CGEventCreateMouseEvent(nullptr, kCGEventMouseMoved, CGPointMake(1.5, -2), kCGMouseButtonRight);
+    CGEventSetType(mouse, kCGEventLeftMouseUp);
+    CGEventPost(kCGHIDEventTap, mouse);
+    CFRelease(mouse);
+
+    const auto posts = m_backend->posts();
+    QCOMPARE(posts.size(), std::size_t{2});
+    QCOMPARE(posts[0].type, 10u);
+    QCOMPARE(posts[0].keyCode, std::int64_t{36});
+    QCOMPARE(posts[0].flags, std::uint64_t{1048576});
+    QCOMPARE(posts[1].type, 2u);
+    QCOMPARE(posts[1].x, 1.5);
+    QCOMPARE(posts[1].y, -2.0);
+    QCOMPARE(posts[1].button, 1u);
+}
+
+void EventTapTest::everySourceOfEventsIsCounted() {
+    CGEventSourceRef first = CGEventSourceCreate(kCGEventSourceStatePrivate);
+    CGEventSourceRef second = CGEventSourceCreate(kCGEventSourceStatePrivate);
+    QVERIFY(first && second);
+    CFRelease(first);
+    CFRelease(second);
+    QVERIFY(CGEventSourceCreate(kCGEventSourceStatePrivate)); // still there, although none was kept
+}
+
+QTEST_GUILESS_MAIN(EventTapTest)
+#include "EventTapTest.moc"
