@@ -30,6 +30,9 @@ constexpr unsigned long littleEndian = 512;
 
 } // namespace
 
+Q_DECLARE_METATYPE(Bytes)
+Q_DECLARE_METATYPE(BitmapLayout)
+
 class CursorBitmapTest : public QObject {
     Q_OBJECT
 
@@ -139,9 +142,6 @@ private slots:
 
     void isNullWithoutBytes() { QVERIFY(readBitmap(nullptr, layoutOf(4, 32), {1, 1}).isNull()); }
 };
-
-Q_DECLARE_METATYPE(Bytes)
-Q_DECLARE_METATYPE(BitmapLayout)
 
 QTEST_GUILESS_MAIN(CursorBitmapTest)
 #include "CursorBitmapTest.moc"
