@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "fakes/mac/Quartz.h"
+
+#include <condition_variable>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <string>
+
+/// What the opaque types of the fake Core Foundation and Core Graphics hold. One lock guards them all.
+namespace fakes {
+
+/// Counted by CFRetain and CFRelease. The base comes first, so that a reference to anything is one to this.
+struct Object {
+    enum class Kind { Lasting, Event };
+
+    explicit Object(Kind ofKind);
+    virtual ~Object();
+    Object(const Object &) = delete;
+    Object &operator=(const Object &) = delete;
+
+    const Kind kind;
+    int references = 1;
+};
+
+std::mutex &quartzLock();
+Quartz &currentQuartz();
+
+} // namespace fakes
+
+struct __CFString {
+    std::string text;
+};
+
+struct __CFRunLoop {
+    std::condition_variable changed;
+    std::deque<std::function<void()>> waiting;
+    int sources = 0;
+    bool stopped = false;
+
+    void queue(std::function<void()> task); ///< the lock is held
+};
+
+struct __CFRunLoopSource : fakes::Object {
+    __CFRunLoopSource() : Object(Kind::Lasting) {}
+    CFRunLoopRef loop = nullptr;
+    __CFMachPort *tap = nullptr;
+    __CFMessagePort *port = nullptr;
+    ~__CFRunLoopSource() override;
+};
+
+struct __CFMachPort : fakes::Object {
+    __CFMachPort() : Object(Kind::Lasting) {}
+    ~__CFMachPort() override;
+    fakes::TapRequest request;
+    CGEventTapCallBack callback = nullptr;
+    void *userInfo = nullptr;
+    bool enabled = true;
+    bool valid = true;
+    CFRunLoopSourceRef source = nullptr;
+};
+
+struct __CFMessagePort : fakes::Object {
+    __CFMessagePort() : Object(Kind::Lasting) {}
+    ~__CFMessagePort() override;
+    std::string name;
+    bool local = false;
+    bool valid = true;
+    CFMessagePortCallBack callback = nullptr;
+    void *info = nullptr;
+    CFRunLoopSourceRef source = nullptr;
+};
+
+struct __CGEventSource {
+    CGEventSourceStateID state;
+};
+
+struct __CGEvent : fakes::Object {
+    __CGEvent() : Object(Kind::Event) {}
+    fakes::InputEvent content;
+};

@@ -1,0 +1,173 @@
+// SPDX-License-Identifier: MIT
+#include "fakes/mac/Quartz.h"
+#include "input/CKeyboardHandler.h"
+#include "input/CKeyboardListenerMac.h"
+
+#include <QSignalSpy>
+#include <QtTest>
+
+#include <future>
+#include <optional>
+
+namespace {
+
+fakes::InputEvent key(CGEventType type, std::int64_t code) {
+    fakes::InputEvent event;
+    event.type = type;
+    event.keyCode = code;
+    return event;
+}
+
+fakes::InputEvent pointer(CGEventType type, double x, double y) {
+    fakes::InputEvent event;
+    event.type = type;
+    event.point = {x, y};
+    return event;
+}
+
+using Messages = QList<QList<QVariant>>;
+
+} // namespace
+
+/// The program's own listener, built against Apple's names, on a fake of what Apple has behind them.
+class ListenerTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { m_quartz.emplace(); }
+    void cleanup() {
+        QCOMPARE(m_quartz->objectsAlive(), 0);
+        QVERIFY(m_quartz->swallowsNothing());
+        m_quartz.reset();
+    }
+
+    void asksForAListeningTapOfTheSession() {
+        const CKeyboardHandler handler;
+        const auto taps = m_quartz->taps();
+        QCOMPARE(taps.size(), std::size_t{1});
+        QCOMPARE(int(taps[0].location), 1);
+        QCOMPARE(int(taps[0].placement), 0);
+        QCOMPARE(int(taps[0].options), 1);
+        QCOMPARE(quint64(taps[0].mask), quint64(7206));
+    }
+
+    void tellsKeysAndPointerInTheirOrder() {
+        const CKeyboardHandler handler;
+        QSignalSpy keys(&handler, &CKeyboardHandler::MysignalKeyboardMessage);
+        QSignalSpy moves(&handler, &CKeyboardHandler::MysignalMouseMessage);
+        QVERIFY(m_quartz->send(key(kCGEventFlagsChanged, 59)));
+        QVERIFY(m_quartz->send(key(kCGEventKeyDown, 5)));
+        QVERIFY(m_quartz->send(key(kCGEventKeyUp, 5)));
+        QVERIFY(m_quartz->send(key(kCGEventFlagsChanged, 59)));
+        QVERIFY(m_quartz->send(pointer(kCGEventMouseMoved, 100.9, -0.5)));
+        QTRY_COMPARE(moves.count(), 1);
+        QCOMPARE(Messages(keys), (Messages{{59, 1}, {5, 1}, {5, 0}, {59, 0}}));
+        QCOMPARE(Messages(moves), (Messages{{5, 100, 0}}));
+    }
+
+    void saysNothingOfClicks() {
+        const CKeyboardHandler handler;
+        QSignalSpy moves(&handler, &CKeyboardHandler::MysignalMouseMessage);
+        QVERIFY(m_quartz->send(pointer(kCGEventLeftMouseDown, 1, 1)));
+        QVERIFY(m_quartz->send(pointer(kCGEventLeftMouseUp, 1, 1)));
+        QVERIFY(!m_quartz->send(pointer(kCGEventLeftMouseDragged, 2, 2)));
+        QVERIFY(m_quartz->send(pointer(kCGEventMouseMoved, 3, 3)));
+        QTRY_COMPARE(moves.count(), 1);
+        QCOMPARE(Messages(moves), (Messages{{5, 3, 3}}));
+    }
+
+    void switchesATapOnAgainThatWasTooSlow() {
+        const CKeyboardHandler handler;
+        QSignalSpy keys(&handler, &CKeyboardHandler::MysignalKeyboardMessage);
+        m_quartz->disableTaps(kCGEventTapDisabledByTimeout);
+        QCOMPARE(m_quartz->enabledTaps(), 1);
+        QVERIFY(m_quartz->send(key(kCGEventKeyDown, 1)));
+        QTRY_COMPARE(keys.count(), 1);
+        QCOMPARE(Messages(keys), (Messages{{1, 1}}));
+    }
+
+    void leavesATapOffThatTheUserSwitchedOff() {
+        const CKeyboardHandler handler;
+        m_quartz->disableTaps(kCGEventTapDisabledByUserInput);
+        QCOMPARE(m_quartz->enabledTaps(), 0);
+        QVERIFY(!m_quartz->send(key(kCGEventKeyDown, 1)));
+    }
+
+    void doesNotStartWhenTheTapIsRefused() {
+        m_quartz->permitsTaps = false;
+        QVERIFY_EXCEPTION_THROWN(CKeyboardHandler(), std::future_error);
+    }
+
+    void namesTheStepThatFailed_data() {
+        QTest::addColumn<int>("step");
+        QTest::addColumn<QByteArray>("text");
+        QTest::newRow("tap") << 0 << QByteArray("Failed to create eventTap");
+        QTest::newRow("local port") << 1 << QByteArray("Failed to create messagePort");
+        QTest::newRow("remote port") << 2 << QByteArray("Failed to create killerMessagePort");
+    }
+
+    void namesTheStepThatFailed() {
+        QFETCH(int, step);
+        QFETCH(QByteArray, text);
+        constexpr bool fakes::Quartz::*steps[] = {&fakes::Quartz::permitsTaps,
+                                                  &fakes::Quartz::permitsLocalPorts,
+                                                  &fakes::Quartz::permitsRemotePorts};
+        *m_quartz.*steps[step] = false;
+        std::promise<CAnyKeyboardKiller> promise;
+        auto killer = promise.get_future();
+        QByteArray thrown;
+        try {
+            CKeyboardListenerMac listener(std::move(promise));
+        } catch (const std::runtime_error &error) {
+            thrown = error.what();
+        }
+        QCOMPARE(thrown, text);
+        QVERIFY_EXCEPTION_THROWN(killer.get(), std::future_error);
+    }
+
+    void startsAndStopsAgainAndAgain() {
+        for (int time = 0; time < 20; ++time)
+            const CKeyboardHandler handler;
+        QCOMPARE(m_quartz->taps().size(), std::size_t{20});
+    }
+
+    void postsTheSlideShowsKeys() {
+        CKeyboardListenerMac::EnterPPT = false;
+        CKeyboardListenerMac::SetPPTFullScreen();
+        CKeyboardListenerMac::SetPPTFullScreen();
+        const auto posted = m_quartz->posted();
+        QCOMPARE(posted.size(), std::size_t{2});
+        QCOMPARE(posted[0].keyCode, std::int64_t{36});
+        QCOMPARE(quint64(posted[0].flags), quint64(0x100000));
+        QCOMPARE(posted[1].keyCode, std::int64_t{53});
+        QCOMPARE(quint64(posted[1].flags), quint64(0));
+        for (const auto &event : posted) {
+            QCOMPARE(int(event.type), 10);
+            QCOMPARE(int(event.location), 0);
+        }
+        QVERIFY(!CKeyboardListenerMac::EnterPPT);
+        QCOMPARE(m_quartz->eventsAlive(), 2); // posted keys stay the system's
+    }
+
+    void postsAClickWhereThePointerThenStays() {
+        CKeyboardListenerMac::SetMouseClick(30, -4);
+        const auto posted = m_quartz->posted();
+        const int types[] = {5, 1, 2};
+        QCOMPARE(posted.size(), std::size(types));
+        for (std::size_t i = 0; i < posted.size(); ++i) {
+            QCOMPARE(int(posted[i].type), types[i]);
+            QCOMPARE(posted[i].point.x, 30.0);
+            QCOMPARE(posted[i].point.y, -4.0);
+            QCOMPARE(int(posted[i].button), 0);
+            QCOMPARE(int(posted[i].location), 0);
+            QVERIFY(posted[i].privateSource);
+        }
+        QCOMPARE(m_quartz->eventsAlive(), 0);
+    }
+
+private:
+    std::optional<fakes::Quartz> m_quartz;
+};
+
+QTEST_GUILESS_MAIN(ListenerTest)
+#include "ListenerTest.moc"
