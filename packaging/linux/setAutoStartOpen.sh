@@ -91,6 +91,7 @@ cat >"$draft" <<ENTRY
 Type=Application
 Name=Vexa Orbilo
 Comment=Companion of the presentation pen
+Icon=example.vexa.VexaOrbilo
 Exec=$exec_line
 TryExec=$try_exec
 Terminal=false
