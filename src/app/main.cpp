@@ -54,6 +54,6 @@ int main(int argc, char *argv[]) {
     mainWindow.SetKeyboardClass(&keyboardHandler);
     Window1 = &mainWindow;
     mainWindow.show();
-    vexa::platform::resumeMissedActivation();
+    vexa::platform::awaitWithdrawal();
     return quit.run();
 }

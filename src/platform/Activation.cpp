@@ -2,8 +2,10 @@
 #include "platform/Activation.h"
 
 #include <QEvent>
+#include <QPointer>
 #include <QTimer>
 #include <QWidget>
+#include <utility>
 
 QWidget *Window1 = nullptr;
 
@@ -11,18 +13,21 @@ namespace vexa::platform {
 
 namespace {
 
-bool missedActivation = false;
+bool cameEarly = false;
+QPointer<QObject> pendingWithdrawal;
 
-/// Shows its window again the next time it hides.
-class ShowAgain : public QObject {
+/// Waits until its window hides for the first time.
+class Withdrawal : public QObject {
 public:
-    explicit ShowAgain(QWidget *window) : QObject(window) { window->installEventFilter(this); }
+    explicit Withdrawal(QWidget *window) : QObject(window) { window->installEventFilter(this); }
 
     bool eventFilter(QObject *watched, QEvent *event) override {
         if (event->type() == QEvent::Hide) {
             watched->removeEventFilter(this);
             deleteLater();
-            QTimer::singleShot(0, watched, activateWindow);
+            pendingWithdrawal = nullptr;
+            if (std::exchange(cameEarly, false))
+                QTimer::singleShot(0, watched, activateWindow);
         }
         return false;
     }
@@ -31,21 +36,18 @@ public:
 } // namespace
 
 void activateWindow() {
-    if (!Window1) {
-        missedActivation = true;
+    if (!Window1 || pendingWithdrawal)
+        cameEarly = true;
+    if (!Window1)
         return;
-    }
     Window1->setWindowState(Window1->windowState() & ~Qt::WindowMinimized);
     Window1->show();
     Window1->raise();
     Window1->activateWindow();
 }
 
-void resumeMissedActivation() {
-    if (!missedActivation || !Window1)
-        return;
-    missedActivation = false;
-    new ShowAgain(Window1);
+void awaitWithdrawal() {
+    pendingWithdrawal = new Withdrawal(Window1);
 }
 
 } // namespace vexa::platform

@@ -22,8 +22,8 @@ bool forwardActivation();
 /// remembered. GUI thread.
 void activateWindow();
 
-/// Makes up for an activation that came too early: the panel that withdraws by itself after the start comes
-/// back. GUI thread, once, when Window1 is set and shown.
-void resumeMissedActivation();
+/// Call once, when Window1 is set and shown: soon after the start it withdraws by itself. The user who has
+/// activated the program before that wants it back, and gets it then. GUI thread.
+void awaitWithdrawal();
 
 } // namespace vexa::platform

@@ -37,7 +37,8 @@ private slots:
     void openingShowsTheWindowToo();
     void anUnknownActionDoesNothing();
     void anActivationBeforeThereIsAWindowIsRemembered();
-    void withoutAMissedActivationTheWindowMayWithdraw();
+    void anActivationBeforeTheWithdrawalIsRemembered();
+    void withoutAnEarlyActivationTheWindowMayWithdraw();
 
 private:
     QDBusMessage call(const QString &method, const QVariantList &arguments);
@@ -132,7 +133,7 @@ void ActivationTest::anActivationBeforeThereIsAWindowIsRemembered() {
 
     Window1 = m_window.get();
     m_window->show();
-    vexa::platform::resumeMissedActivation();
+    vexa::platform::awaitWithdrawal();
     m_window->hide(); // as the panel does by itself after the start
     QTRY_VERIFY(m_window->isVisible());
     m_window->hide();
@@ -140,9 +141,18 @@ void ActivationTest::anActivationBeforeThereIsAWindowIsRemembered() {
     QVERIFY(!m_window->isVisible());
 }
 
-void ActivationTest::withoutAMissedActivationTheWindowMayWithdraw() {
+void ActivationTest::anActivationBeforeTheWithdrawalIsRemembered() {
     m_window->show();
-    vexa::platform::resumeMissedActivation();
+    vexa::platform::awaitWithdrawal();
+    call(QStringLiteral("Activate"), {QVariantMap()});
+    m_window->hide();
+    QTRY_VERIFY(m_window->isVisible());
+}
+
+void ActivationTest::withoutAnEarlyActivationTheWindowMayWithdraw() {
+    call(QStringLiteral("Activate"), {QVariantMap()});
+    m_window->show();
+    vexa::platform::awaitWithdrawal();
     m_window->hide();
     handleQueuedEvents();
     QVERIFY(!m_window->isVisible());
