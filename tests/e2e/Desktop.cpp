@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: MIT
+#include "e2e/Desktop.h"
+
+#include <QGuiApplication>
+#include <QPixmap>
+#include <QScreen>
+#include <QX11Info>
+#include <algorithm>
+#include <cstdlib>
+#include <memory>
+#include <xcb/xcb.h>
+
+namespace e2e {
+
+namespace {
+
+template<typename Reply> std::unique_ptr<Reply, decltype(&std::free)> owned(Reply *reply) {
+    return {reply, &std::free};
+}
+
+xcb_connection_t *connection() {
+    return QX11Info::connection();
+}
+
+xcb_atom_t atom(const char *name) {
+    const auto length = static_cast<std::uint16_t>(qstrlen(name));
+    const auto reply =
+        owned(xcb_intern_atom_reply(connection(), xcb_intern_atom(connection(), 0, length, name), nullptr));
+    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+}
+
+QByteArray property(xcb_window_t window, const char *name) {
+    const auto cookie = xcb_get_property(connection(), 0, window, atom(name), XCB_ATOM_ANY, 0, 1024);
+    const auto reply = owned(xcb_get_property_reply(connection(), cookie, nullptr));
+    if (!reply)
+        return {};
+    return {static_cast<const char *>(xcb_get_property_value(reply.get())),
+            xcb_get_property_value_length(reply.get())};
+}
+
+bool belongsTo(xcb_window_t window, qint64 pid) {
+    const QByteArray value = property(window, "_NET_WM_PID");
+    std::uint32_t number = 0;
+    if (value.size() != sizeof number)
+        return false;
+    memcpy(&number, value.constData(), sizeof number);
+    return number == pid;
+}
+
+Window describe(xcb_window_t window) {
+    Window result;
+    const auto geometry =
+        owned(xcb_get_geometry_reply(connection(), xcb_get_geometry(connection(), window), nullptr));
+    const auto attributes = owned(xcb_get_window_attributes_reply(
+        connection(), xcb_get_window_attributes(connection(), window), nullptr));
+    if (!geometry || !attributes)
+        return result; // it has gone meanwhile
+    const auto place = owned(xcb_translate_coordinates_reply(
+        connection(), xcb_translate_coordinates(connection(), window, geometry->root, 0, 0), nullptr));
+    if (!place)
+        return result;
+    result.id = window;
+    result.title = QString::fromUtf8(property(window, "_NET_WM_NAME"));
+    result.geometry = QRect(place->dst_x, place->dst_y, geometry->width, geometry->height);
+    result.visible = attributes->map_state == XCB_MAP_STATE_VIEWABLE;
+    result.managed = !attributes->override_redirect;
+    return result;
+}
+
+/// A window manager puts top-level windows into frames, so they are looked for some levels deep.
+void collect(xcb_window_t parent, qint64 pid, int levels, QVector<Window> &found) {
+    const auto tree =
+        owned(xcb_query_tree_reply(connection(), xcb_query_tree(connection(), parent), nullptr));
+    if (!tree)
+        return;
+    const xcb_window_t *const children = xcb_query_tree_children(tree.get());
+    for (int i = 0; i < xcb_query_tree_children_length(tree.get()); ++i) {
+        if (belongsTo(children[i], pid)) {
+            const Window window = describe(children[i]);
+            if (window.id)
+                found.append(window);
+        } else if (levels > 1) {
+            collect(children[i], pid, levels - 1, found);
+        }
+    }
+}
+
+} // namespace
+
+QVector<Window> windowsOf(qint64 pid) {
+    QVector<Window> found;
+    collect(static_cast<xcb_window_t>(QX11Info::appRootWindow()), pid, 3, found);
+    return found;
+}
+
+QVector<Window> visibleWindowsOf(qint64 pid) {
+    QVector<Window> windows = windowsOf(pid);
+    windows.erase(
+        std::remove_if(windows.begin(), windows.end(), [](const Window &window) { return !window.visible; }),
+        windows.end());
+    return windows;
+}
+
+Window visibleWindowOfSize(qint64 pid, const QSize &size) {
+    for (const Window &window : visibleWindowsOf(pid)) {
+        if (window.geometry.size() == size)
+            return window;
+    }
+    return {};
+}
+
+Window panelOf(qint64 pid) {
+    return visibleWindowOfSize(pid, QSize(999, 650));
+}
+
+QImage grabScreen() {
+    return QGuiApplication::primaryScreen()->grabWindow(0).toImage().convertToFormat(QImage::Format_RGB32);
+}
+
+QRgb pixelAt(const QPoint &position) {
+    return QGuiApplication::primaryScreen()
+        ->grabWindow(0, position.x(), position.y(), 1, 1)
+        .toImage()
+        .convertToFormat(QImage::Format_RGB32)
+        .pixel(0, 0);
+}
+
+void askToClose(const Window &window) {
+    xcb_client_message_event_t message{};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = window.id;
+    message.type = atom("WM_PROTOCOLS");
+    message.data.data32[0] = atom("WM_DELETE_WINDOW");
+    xcb_send_event(connection(), 0, window.id, XCB_EVENT_MASK_NO_EVENT,
+                   reinterpret_cast<const char *>(&message));
+    xcb_flush(connection());
+}
+
+} // namespace e2e

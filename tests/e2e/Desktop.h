@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QImage>
+#include <QPoint>
+#include <QRect>
+#include <QString>
+#include <QVector>
+
+/// What a person in front of the screen sees of a program. Needs an application object on the X display.
+namespace e2e {
+
+struct Window {
+    quint32 id = 0;
+    QString title;
+    QRect geometry; ///< device pixels, on the root window, without a frame
+    bool visible = false;
+    bool managed = false; ///< the window manager places it
+};
+
+/// Every top-level window of the process, shown or not.
+QVector<Window> windowsOf(qint64 pid);
+
+/// Those that are shown.
+QVector<Window> visibleWindowsOf(qint64 pid);
+
+/// The shown window of this size, or one with id 0.
+Window visibleWindowOfSize(qint64 pid, const QSize &size);
+
+/// The settings panel, when it is shown.
+Window panelOf(qint64 pid);
+
+QImage grabScreen();
+QRgb pixelAt(const QPoint &position);
+
+/// Asks the window manager to close the window, as its close button does.
+void askToClose(const Window &window);
+
+} // namespace e2e

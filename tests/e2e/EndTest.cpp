@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+#include "e2e/Desktop.h"
+#include "e2e/Pen.h"
+#include "e2e/Program.h"
+#include "support/TestMain.h"
+
+#include <csignal>
+
+namespace {
+
+constexpr int patience = 20000; // milliseconds
+const QSize guideSize(494, 300);
+
+e2e::Program::Settings settings(int showGuide) {
+    return {{QStringLiteral("ShowPrivacyWindow"), showGuide}, {QStringLiteral("Key4P"), 2}};
+}
+
+} // namespace
+
+/// The ways in which a system ends the program: each time with 0, everything destroyed in its order.
+class EndTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void signalsEndItWithZero_data();
+    void signalsEndItWithZero();
+    void signalsEndItDuringTheGuide_data() { signalsEndItWithZero_data(); }
+    void signalsEndItDuringTheGuide();
+    void aSignalEndsItWhileAToolIsOpen();
+    void aSignalRightAfterTheStartEndsIt();
+};
+
+void EndTest::signalsEndItWithZero_data() {
+    QTest::addColumn<int>("number");
+    QTest::newRow("SIGTERM") << SIGTERM;
+    QTest::newRow("SIGINT") << SIGINT;
+    QTest::newRow("SIGHUP") << SIGHUP;
+}
+
+void EndTest::signalsEndItWithZero() {
+    QFETCH(int, number);
+    e2e::Program program(settings(0));
+    QVERIFY(program.start());
+    QTRY_VERIFY_WITH_TIMEOUT(e2e::windowsOf(program.pid()).size() >= 3, patience);
+    program.signal(number);
+    const auto end = program.waitForEnd();
+    QVERIFY(end.normal);
+    QCOMPARE(end.code, 0);
+}
+
+void EndTest::signalsEndItDuringTheGuide() {
+    QFETCH(int, number);
+    e2e::Program program(settings(1));
+    const QByteArray before = program.settingsFile();
+    QVERIFY(program.start());
+    QTRY_VERIFY_WITH_TIMEOUT(e2e::visibleWindowOfSize(program.pid(), guideSize).id, patience);
+    program.signal(number);
+    const auto end = program.waitForEnd();
+    QVERIFY(end.normal);
+    QCOMPARE(end.code, 0);
+    QCOMPARE(program.settingsFile(), before);
+}
+
+void EndTest::aSignalEndsItWhileAToolIsOpen() {
+    e2e::Program program(settings(0));
+    QVERIFY(program.start());
+    QTRY_VERIFY_WITH_TIMEOUT(e2e::windowsOf(program.pid()).size() >= 3, patience);
+    const auto toolOpens = [&] { return e2e::visibleWindowOfSize(program.pid(), QSize(1920, 1080)).id != 0; };
+    e2e::typeChord(e2e::PenKey::G);
+    QTRY_VERIFY_WITH_TIMEOUT(toolOpens(), patience);
+    program.signal(SIGTERM);
+    const auto end = program.waitForEnd();
+    QVERIFY(end.normal);
+    QCOMPARE(end.code, 0);
+}
+
+void EndTest::aSignalRightAfterTheStartEndsIt() {
+    // The signal may find the program before it watches for signals, and then simply ends it.
+    for (int i = 0; i < 10; ++i) {
+        e2e::Program program(settings(0));
+        QVERIFY(program.start());
+        QTest::qWait(i * 40);
+        program.signal(SIGTERM);
+        const auto end = program.waitForEnd();
+        QVERIFY(end.normal ? end.code == 0 : end.code == SIGTERM);
+    }
+}
+
+VEXA_WIDGET_TEST_MAIN(EndTest)
+#include "EndTest.moc"

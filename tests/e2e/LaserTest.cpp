@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#include "e2e/Desktop.h"
+#include "e2e/Pen.h"
+#include "e2e/Program.h"
+#include "support/TestMain.h"
+
+namespace {
+
+constexpr int patience = 20000; // milliseconds
+constexpr int radius = 20;
+const QRgb dotColour = qRgb(0, 255, 90); // what the slider's 600 stands for
+
+} // namespace
+
+/// From the pen's chord to the dot on the screen, and back.
+class LaserTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void holdingKeyFourPutsADotUnderThePointer();
+};
+
+void LaserTest::holdingKeyFourPutsADotUnderThePointer() {
+    e2e::Program program({{QStringLiteral("ShowPrivacyWindow"), 0},
+                          {QStringLiteral("Key4P"), 2},
+                          {QStringLiteral("LaserPenSize"), radius},
+                          {QStringLiteral("LaserPenColor"), 600}});
+    QVERIFY(program.start());
+    QTRY_VERIFY_WITH_TIMEOUT(e2e::windowsOf(program.pid()).size() >= 3, patience);
+    QTRY_VERIFY_WITH_TIMEOUT(!e2e::panelOf(program.pid()).id, patience);
+
+    const QPoint first(400, 300);
+    const QPoint second(1200, 700);
+    e2e::movePointer(first);
+    const QRgb empty = e2e::pixelAt(first);
+    QVERIFY(empty != dotColour);
+
+    e2e::typeChord(e2e::PenKey::G);
+    QTRY_COMPARE_WITH_TIMEOUT(e2e::pixelAt(first), dotColour, patience);
+    const QImage screen = e2e::grabScreen();
+    for (const QPoint &direction : {QPoint(1, 0), QPoint(-1, 0), QPoint(0, 1), QPoint(0, -1)}) {
+        QCOMPARE(screen.pixel(first + direction * (radius - 2)), dotColour);
+        QCOMPARE(screen.pixel(first + direction * (radius + 2)), empty);
+    }
+
+    e2e::movePointer(second);
+    QTRY_COMPARE_WITH_TIMEOUT(e2e::pixelAt(second), dotColour, patience);
+    QCOMPARE(e2e::pixelAt(first), empty);
+
+    e2e::typeChord(e2e::PenKey::S);
+    QTRY_COMPARE_WITH_TIMEOUT(e2e::pixelAt(second), empty, patience);
+    QTRY_VERIFY_WITH_TIMEOUT(!e2e::visibleWindowOfSize(program.pid(), QSize(1920, 1080)).id, patience);
+    QVERIFY(program.isRunning());
+}
+
+VEXA_WIDGET_TEST_MAIN(LaserTest)
+#include "LaserTest.moc"
