@@ -5,20 +5,26 @@
 # need a screen can run side by side; RESOURCES links the program's compiled-in resources. OWN_FOLDER keeps the
 # program in a folder of its own (name.dir): the settings file lies beside the executable, and tests that read or
 # write it must not share it.
+#
+# vexa_test(name PROGRAM other ...): the program of another test once more, on another display or with an
+# ENVIRONMENT of its own.
 function(vexa_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "DISPLAY;WM;COMPOSITOR;BUS;RESOURCES;OWN_FOLDER" "SCREEN;TIMEOUT" "SOURCES;LINK;LABELS")
-  add_executable(${name} ${arg_SOURCES})
-  set_target_properties(${name} PROPERTIES AUTOMOC ON)
-  target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
-  target_link_libraries(${name} PRIVATE vexa_options ${arg_LINK} Qt5::Test)
-  if(arg_RESOURCES)
-    target_link_libraries(${name} PRIVATE vexa_resources)
-  endif()
-  if(arg_OWN_FOLDER)
-    set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_CURRENT_BINARY_DIR}/${name}.dir")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "DISPLAY;WM;COMPOSITOR;BUS;RESOURCES;OWN_FOLDER" "SCREEN;TIMEOUT;PROGRAM" "SOURCES;LINK;LABELS;ENVIRONMENT")
+  if(NOT arg_PROGRAM)
+    set(arg_PROGRAM ${name})
+    add_executable(${name} ${arg_SOURCES})
+    set_target_properties(${name} PROPERTIES AUTOMOC ON)
+    target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
+    target_link_libraries(${name} PRIVATE vexa_options ${arg_LINK} Qt5::Test)
+    if(arg_RESOURCES)
+      target_link_libraries(${name} PRIVATE vexa_resources)
+    endif()
+    if(arg_OWN_FOLDER)
+      set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_CURRENT_BINARY_DIR}/${name}.dir")
+    endif()
   endif()
 
-  set(command $<TARGET_FILE:${name}>)
+  set(command $<TARGET_FILE:${arg_PROGRAM}>)
   set(labels ${arg_LABELS})
   if(arg_DISPLAY)
     list(APPEND labels display)
@@ -46,7 +52,9 @@ function(vexa_test name)
   if(arg_TIMEOUT)
     set(timeout ${arg_TIMEOUT})
   endif()
-  set_tests_properties(${name} PROPERTIES
-    LABELS "${labels}" TIMEOUT ${timeout}
-    ENVIRONMENT "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/support/lsan.supp:print_suppressions=0;UBSAN_OPTIONS=print_stacktrace=1")
+  set(environment
+    "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/support/lsan.supp:print_suppressions=0"
+    "UBSAN_OPTIONS=print_stacktrace=1"
+    ${arg_ENVIRONMENT})
+  set_tests_properties(${name} PROPERTIES LABELS "${labels}" TIMEOUT ${timeout} ENVIRONMENT "${environment}")
 endfunction()

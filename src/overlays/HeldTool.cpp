@@ -32,11 +32,6 @@ HeldTool::HeldTool(QWidget *parent)
     setAttribute(Qt::WA_MouseTracking);
     setCursor(Qt::BlankCursor);
 
-    const qreal ratio = QGuiApplication::primaryScreen()->devicePixelRatio();
-    m_layer = QPixmap((QSizeF(screenSize()) * ratio).toSize());
-    m_layer.setDevicePixelRatio(ratio);
-    m_layer.fill(Qt::transparent);
-
     m_guardTimer = startTimer(guardInterval);
     m_frameTimer = startTimer(frameInterval);
 }
@@ -160,36 +155,45 @@ int HeldTool::backgroundScale() const {
     return m_background.width() / screenSize().width();
 }
 
-void HeldTool::drawVeil(QPainter & /*layer*/) const {}
+void HeldTool::drawVeil(QPainter & /*painter*/) const {}
 
-void HeldTool::clear(QPainter &layer, const QRect &area) const {
-    layer.save();
-    layer.setCompositionMode(QPainter::CompositionMode_Source);
-    layer.fillRect(area, Qt::transparent);
-    layer.setCompositionMode(QPainter::CompositionMode_SourceOver);
-    layer.setClipRect(area);
-    drawVeil(layer);
-    layer.restore();
+QPixmap HeldTool::clearPicture(const QRect &area) const {
+    const qreal ratio = QGuiApplication::primaryScreen()->devicePixelRatio();
+    QPixmap picture((QSizeF(area.size()) * ratio).toSize());
+    picture.setDevicePixelRatio(ratio);
+    picture.fill(Qt::transparent);
+    return picture;
+}
+
+void HeldTool::renderVeil() {
+    m_veilAlpha = veil();
+    m_veil = clearPicture(m_screen);
+    QPainter painter(&m_veil);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    drawVeil(painter);
+    m_changed = m_screen;
 }
 
 void HeldTool::render() {
+    if (veil() != m_veilAlpha)
+        renderVeil();
+
     const Look look{m_position, extent(), ink()};
-    const std::optional<int> veiled = veil();
-    const bool newVeil = veiled != m_veiled;
-    if (m_look == look && !newVeil)
+    if (m_look == look)
+        return;
+    m_look = look;
+    m_changed += m_area;
+    // One point more on each side, for the soft edge.
+    m_area = (prepare().adjusted(-1, -1, 1, 1) & QRectF(m_screen)).toAlignedRect();
+    m_changed += m_area;
+    if (m_area.isEmpty())
         return;
 
-    QPainter layer(&m_layer);
-    layer.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-    const QRect stale = newVeil ? m_screen : m_touched;
-    clear(layer, stale);
-    // One point more on each side, for the soft edge.
-    m_touched = (draw(layer).adjusted(-1, -1, 1, 1) & QRectF(m_screen)).toAlignedRect();
-
-    m_changed += stale;
-    m_changed += m_touched;
-    m_look = look;
-    m_veiled = veiled;
+    m_picture = clearPicture(m_area);
+    QPainter painter(&m_picture);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.translate(-m_area.topLeft());
+    draw(painter);
 }
 
 void HeldTool::showChanges() {
@@ -205,8 +209,15 @@ void HeldTool::paintEvent(QPaintEvent *event) {
     if (!m_drawing)
         return;
     QPainter painter(this);
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-    painter.drawPixmap(0, 0, m_layer);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    // Rectangle by rectangle: through any other clip, double-density pictures are resampled.
+    for (const QRect &rect : event->region()) {
+        painter.setClipRect(rect);
+        if (!m_veil.isNull())
+            painter.drawPixmap(0, 0, m_veil);
+        if (!m_area.isEmpty())
+            painter.drawPixmap(m_area.topLeft(), m_picture);
+    }
 }
 
 } // namespace vexa

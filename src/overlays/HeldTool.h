@@ -43,19 +43,21 @@ protected:
     void takeMouse();
     void giveMouseBack();
 
-    /// Brings the layer up to date with what the tool depends on.
+    /// Brings the tool's picture up to date with what it depends on.
     void render();
-    /// Has what changed in the layer painted.
+    /// Has what changed in it painted.
     void showChanges();
 
-    /// The veil over the whole screen on which the tool is drawn; nothing for a clear screen.
-    virtual std::optional<int> veil() const { return std::nullopt; }
-    virtual void drawVeil(QPainter &layer) const;
     /// The size and the colour that the tool would be drawn with now.
     virtual int extent() const = 0;
     virtual QRgb ink() const { return 0; }
-    /// Draws the tool and returns the area it touched.
-    virtual QRectF draw(QPainter &layer) = 0;
+    /// Makes ready what draw() needs and returns the area it will touch.
+    virtual QRectF prepare() = 0;
+    /// The painter does not antialias yet: a pixmap so drawn would get a thin edge where the screen ends.
+    virtual void draw(QPainter &painter) const = 0;
+    /// The alpha of the veil between the background and the tool, for tools that have one.
+    virtual std::optional<int> veil() const { return std::nullopt; }
+    virtual void drawVeil(QPainter &painter) const;
 
     const QPixmap &background() const { return m_background; }
     QSize screenSize() const { return m_screen.size(); }
@@ -79,19 +81,22 @@ private:
     void stopTimer(int &timer);
     void guardTick();
     void finish();
-    void clear(QPainter &layer, const QRect &area) const;
+    /// A clear picture of that part of the screen.
+    QPixmap clearPicture(const QRect &area) const;
+    void renderVeil();
 
     const QRect m_screen; // the primary screen, its own top-left corner as origin
     QPoint m_position;
     bool m_drawing = false;
     QPixmap m_background;
-    QPixmap m_layer;
 
-    std::optional<Look> m_look;  // what the layer shows,
-    std::optional<int> m_veiled; // on which veil,
-    QRect m_touched;             // and where
-    QRegion m_changed;           // what of it the window does not show yet
-    QRegion m_due;               // and what it was asked to paint
+    std::optional<Look> m_look; // what the tool's picture shows
+    QPixmap m_picture;
+    QRect m_area; // where it belongs
+    std::optional<int> m_veilAlpha;
+    QPixmap m_veil;
+    QRegion m_changed; // what of these the window does not show yet
+    QRegion m_due;     // and what it was asked to paint
 
     bool m_exitRequested = false;
     bool m_closed = false;

@@ -69,11 +69,15 @@ QRgb LightPen::ink() const {
     return m_colour.rgba();
 }
 
-QRectF LightPen::draw(QPainter &layer) {
+QRectF LightPen::prepare() {
     const double radius = extent();
-    const QRectF dot(position().x() - radius, position().y() - radius, 2 * radius, 2 * radius);
+    m_dot = QRectF(position().x() - radius, position().y() - radius, 2 * radius, 2 * radius);
+    return m_dot.normalized();
+}
+
+void LightPen::draw(QPainter &painter) const {
     QPainterPath path;
-    path.addEllipse(dot);
-    layer.fillPath(path, QBrush(m_colour, Qt::SolidPattern));
-    return dot.normalized();
+    path.addEllipse(m_dot);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillPath(path, QBrush(m_colour, Qt::SolidPattern));
 }

@@ -39,11 +39,13 @@ protected:
     void report() override;
     int extent() const override;
     QRgb ink() const override;
-    QRectF draw(QPainter &layer) override;
+    QRectF prepare() override;
+    void draw(QPainter &painter) const override;
 
 private:
     void drawNow();
 
     std::unique_ptr<Ui::LightPen> m_form;
     QColor m_colour;
+    QRectF m_dot;
 };

@@ -8,7 +8,6 @@
 
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPainterPath>
 
 using vexa::truncated;
 
@@ -16,7 +15,6 @@ namespace {
 
 constexpr int exitCode = 3;
 constexpr float zoom = 1.25F;
-constexpr int rings = 3;
 
 /// Along one axis: where the lens is drawn, and how far the disc in the piece begins before the piece does.
 struct Placing {
@@ -80,21 +78,20 @@ QRgb Magnifie::ink() const {
     return m_ringColour.rgba();
 }
 
-QRectF Magnifie::draw(QPainter &layer) {
-    QRectF touched = drawLens(layer);
-    layer.setPen(m_ringColour);
-    for (int ring = 0; ring < rings; ++ring) {
-        const double radius = double(extent()) + ring;
-        const QRectF circle(position().x() - radius, position().y() - radius, 2 * radius, 2 * radius);
-        QPainterPath path;
-        path.addEllipse(circle);
-        layer.drawPath(path);
-        touched |= circle.normalized();
+QRectF Magnifie::prepare() {
+    prepareLens();
+    QRectF touched(m_lensAt, QSizeF(m_magnified.size()) / m_magnified.devicePixelRatio());
+    double radius = extent();
+    for (QPainterPath &ring : m_rings) {
+        ring = QPainterPath();
+        ring.addEllipse(position().x() - radius, position().y() - radius, 2 * radius, 2 * radius);
+        touched |= ring.boundingRect();
+        radius += 1;
     }
     return touched;
 }
 
-QRectF Magnifie::drawLens(QPainter &layer) {
+void Magnifie::prepareLens() {
     const double scale = backgroundScale();
     const float diameter = 2 * float(extent());
     const int sourceRadius = truncated(diameter / (2 * zoom));
@@ -112,12 +109,20 @@ QRectF Magnifie::drawLens(QPainter &layer) {
 
     const QPixmap piece =
         m_cutter.cut(background(), source, {QRect(discAt, QSize(side, side)), sourceRadius * scale});
-    if (piece.isNull())
-        return {};
-    const QPixmap magnified =
+    if (piece.isNull()) {
+        m_magnified = QPixmap();
+        return;
+    }
+    m_magnified =
         piece.scaled(truncated(zoom * float(piece.width())), truncated(float(piece.height()) * zoom),
                      Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    const QPointF at(x.at, y.at);
-    layer.drawPixmap(at, magnified);
-    return {at, QSizeF(magnified.size()) / magnified.devicePixelRatio()};
+    m_lensAt = QPointF(x.at, y.at);
+}
+
+void Magnifie::draw(QPainter &painter) const {
+    painter.drawPixmap(m_lensAt, m_magnified);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(m_ringColour);
+    for (const QPainterPath &ring : m_rings)
+        painter.drawPath(ring);
 }

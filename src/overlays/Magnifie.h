@@ -4,6 +4,9 @@
 #include "overlays/HeldTool.h"
 #include "overlays/LensCutter.h"
 
+#include <QPainterPath>
+
+#include <array>
 #include <memory>
 
 namespace Ui {
@@ -40,13 +43,17 @@ protected:
     void report() override;
     int extent() const override;
     QRgb ink() const override;
-    QRectF draw(QPainter &layer) override;
+    QRectF prepare() override;
+    void draw(QPainter &painter) const override;
 
 private:
-    /// Draws the enlarged piece of the screen and returns where.
-    QRectF drawLens(QPainter &layer);
+    /// Enlarges the piece of the screen that the lens shows.
+    void prepareLens();
 
     std::unique_ptr<Ui::Magnifie> m_form;
     QColor m_ringColour;
     vexa::LensCutter m_cutter;
+    QPixmap m_magnified;
+    QPointF m_lensAt;
+    std::array<QPainterPath, 3> m_rings;
 };

@@ -58,17 +58,18 @@ std::optional<int> Spolight2::veil() const {
     return ZrToolXmlClass::SportLightTran;
 }
 
-void Spolight2::drawVeil(QPainter &layer) const {
+void Spolight2::drawVeil(QPainter &painter) const {
+    // With the painter's own pen: the veil has an outline, which darkens the screen's outermost pixels.
     const QRect whole(QPoint(), screenSize());
-    layer.setBrush(QColor(0, 0, 0, ZrToolXmlClass::SportLightTran));
-    layer.drawRects(&whole, 1);
+    painter.setBrush(QColor(0, 0, 0, ZrToolXmlClass::SportLightTran));
+    painter.drawRects(&whole, 1);
 }
 
 int Spolight2::extent() const {
     return ZrToolXmlClass::SportLightSize;
 }
 
-QRectF Spolight2::draw(QPainter &layer) {
+QRectF Spolight2::prepare() {
     const double scale = backgroundScale();
     const double radius = extent();
     const double left = position().x() - radius;
@@ -79,13 +80,14 @@ QRectF Spolight2::draw(QPainter &layer) {
     // pointer.
     const QPoint discAt(truncated(std::min(left, 0.0) * scale), truncated(std::min(top, 0.0) * scale));
     const QRect source(truncated(left * scale), truncated(top * scale), side, side);
-    const QPixmap piece =
-        m_cutter.cut(background(), source, {QRect(discAt, QSize(side, side)), radius * scale});
-    if (piece.isNull())
+    m_disc = m_cutter.cut(background(), source, {QRect(discAt, QSize(side, side)), radius * scale});
+    if (m_disc.isNull())
         return {};
+    m_discAt = QPointF(std::clamp(left, 0.0, double(screenSize().width())),
+                       std::clamp(top, 0.0, double(screenSize().height())));
+    return {m_discAt, QSizeF(m_disc.size()) / m_disc.devicePixelRatio()};
+}
 
-    const QPointF at(std::clamp(left, 0.0, double(screenSize().width())),
-                     std::clamp(top, 0.0, double(screenSize().height())));
-    layer.drawPixmap(at, piece);
-    return {at, QSizeF(piece.size()) / piece.devicePixelRatio()};
+void Spolight2::draw(QPainter &painter) const {
+    painter.drawPixmap(m_discAt, m_disc);
 }

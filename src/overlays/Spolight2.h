@@ -37,11 +37,14 @@ protected:
 
     void report() override;
     std::optional<int> veil() const override;
-    void drawVeil(QPainter &layer) const override;
+    void drawVeil(QPainter &painter) const override;
     int extent() const override;
-    QRectF draw(QPainter &layer) override;
+    QRectF prepare() override;
+    void draw(QPainter &painter) const override;
 
 private:
     std::unique_ptr<Ui::Spolight2> m_form;
     vexa::LensCutter m_cutter;
+    QPixmap m_disc;
+    QPointF m_discAt;
 };

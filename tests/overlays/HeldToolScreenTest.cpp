@@ -1,0 +1,239 @@
+// SPDX-License-Identifier: MIT
+//
+// Each held tool, moved over the real screen, against the plain renderer: pixel by pixel, wherever it goes.
+#include "overlays/LightPen.h"
+#include "overlays/Magnifie.h"
+#include "overlays/PlainRenderer.h"
+#include "overlays/ScreenProbe.h"
+#include "overlays/Spolight2.h"
+#include "platform/OverlayWindow.h"
+#include "settings/ZrToolXmlClass.h"
+#include "support/TestMain.h"
+
+#include <QPainter>
+#include <QPointer>
+
+using namespace vexa::test;
+
+namespace {
+
+/// Corners, edges, the middle, places where a tool of radius 60 to 183 is cut, steps near and far.
+QVector<QPoint> walk() {
+    const int right = screenPoints().width() - 1;
+    const int bottom = screenPoints().height() - 1;
+    const QPoint middle(right / 2, bottom / 2);
+    return {middle,
+            middle + QPoint(1, 0),
+            middle + QPoint(12, 7),
+            {4, 4},
+            {right - 4, 4},
+            {right - 4, bottom - 4},
+            {4, bottom - 4},
+            {0, 0},
+            {right, bottom},
+            {middle.x(), 0},
+            {right, middle.y()},
+            {middle.x(), bottom},
+            {0, middle.y()},
+            {10, 10},
+            {50, 50},
+            {100, 99},
+            {101, 100},
+            {99, 101},
+            {right - 50, bottom - 90},
+            {right + 30, bottom + 30},
+            {-30, 200},
+            {5000, 5000},
+            middle};
+}
+
+const QColor red(255, 0, 0);
+const QColor blue(0, 129 - 4, 255); // slider value 890
+
+} // namespace
+
+class HeldToolScreenTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void laser_data();
+    void laser();
+    void spotlight_data();
+    void spotlight();
+    void magnifier_data();
+    void magnifier();
+    void settingsThatChangeWhileOpenAreFollowed();
+    void aNewPictureWhileOpenIsFollowed();
+    void aPictureThatDoesNotSayItsDensityIsShownWhole();
+    void whatAnotherWindowCoveredComesBack();
+
+private:
+    /// Walks over the screen with the tool and compares; `plain` draws what must be seen at a position.
+    template<typename Tool, typename Plain> void walkWith(Tool *tool, const Plain &plain);
+};
+
+void HeldToolScreenTest::init() {
+    ZrToolXmlClass::LaserPenColor = 510;
+    ZrToolXmlClass::MagnifierColor = 890;
+    ZrToolXmlClass::SportLightTran = 132;
+    QCursor::setPos(screenPoints().width() / 2, screenPoints().height() / 2);
+}
+
+template<typename Tool, typename Plain> void HeldToolScreenTest::walkWith(Tool *tool, const Plain &plain) {
+    const QPointer<Tool> open(tool);
+    QPixmap background = screenWall();
+    tool->Setbackground(&background);
+    tool->SetMousePress(true);
+    vexa::platform::showOverPrimaryScreen(*tool);
+    for (const QPoint &at : walk()) {
+        tool->SetMouseMove(at.x(), at.y());
+        const QImage expected = plain(background, at);
+        QTRY_COMPARE_WITH_TIMEOUT(differences(shownOnScreen(), expected), 0, 60000);
+    }
+    tool->close();
+    QTRY_VERIFY(open.isNull());
+}
+
+void HeldToolScreenTest::laser_data() {
+    QTest::addColumn<int>("size");
+    for (const int size : {0, 1, 2, 13, 100})
+        QTest::addRow("%d", size) << size;
+}
+
+void HeldToolScreenTest::laser() {
+    QFETCH(int, size);
+    ZrToolXmlClass::LaserPenSize = size;
+    walkWith(new LightPen, [&](const QPixmap &background, const QPoint &at) {
+        return plainLaser(background, at, size, red);
+    });
+}
+
+void HeldToolScreenTest::spotlight_data() {
+    QTest::addColumn<int>("size");
+    QTest::addColumn<int>("alpha");
+    QTest::newRow("usual") << 183 << 132;
+    QTest::newRow("100") << 100 << 175;
+    QTest::newRow("one point") << 1 << 255;
+    QTest::newRow("no disc") << 0 << 132;
+    QTest::newRow("larger than the screen") << 3000 << 132;
+    QTest::newRow("clear veil") << 100 << 0;
+    QTest::newRow("no veil above 255") << 100 << 256;
+    QTest::newRow("no veil below 0") << 100 << -1;
+    QTest::newRow("opaque veil") << 100 << 255;
+}
+
+void HeldToolScreenTest::spotlight() {
+    QFETCH(int, size);
+    QFETCH(int, alpha);
+    ZrToolXmlClass::SportLightSize = size;
+    ZrToolXmlClass::SportLightTran = alpha;
+    walkWith(new Spolight2, [&](const QPixmap &background, const QPoint &at) {
+        return plainSpotlight(background, at, size, alpha);
+    });
+}
+
+void HeldToolScreenTest::magnifier_data() {
+    QTest::addColumn<int>("size");
+    for (const int size : {0, 1, 2, 60, 100, 177, 2000})
+        QTest::addRow("%d", size) << size;
+}
+
+void HeldToolScreenTest::magnifier() {
+    QFETCH(int, size);
+    ZrToolXmlClass::MagnifierSize = size;
+    walkWith(new Magnifie, [&](const QPixmap &background, const QPoint &at) {
+        return plainMagnifier(background, at, size, blue);
+    });
+}
+
+void HeldToolScreenTest::settingsThatChangeWhileOpenAreFollowed() {
+    ZrToolXmlClass::SportLightSize = 100;
+    auto *tool = new Spolight2;
+    QPixmap background = screenWall();
+    tool->Setbackground(&background);
+    tool->SetMousePress(true);
+    vexa::platform::showOverPrimaryScreen(*tool);
+    tool->SetMouseMove(300, 200);
+    const struct {
+        int size, alpha;
+    } steps[] = {{100, 132}, {40, 132}, {120, 132}, {120, 20}, {0, 20}, {90, 256}, {90, 200}};
+    for (const auto &step : steps) {
+        ZrToolXmlClass::SportLightSize = step.size;
+        ZrToolXmlClass::SportLightTran = step.alpha;
+        const QImage expected = plainSpotlight(background, {300, 200}, step.size, step.alpha);
+        QTRY_COMPARE_WITH_TIMEOUT(differences(shownOnScreen(), expected), 0, 60000);
+    }
+    tool->close();
+}
+
+void HeldToolScreenTest::aNewPictureWhileOpenIsFollowed() {
+    ZrToolXmlClass::MagnifierSize = 100;
+    auto *tool = new Magnifie;
+    QPixmap background = screenWall();
+    tool->Setbackground(&background);
+    tool->SetMousePress(true);
+    vexa::platform::showOverPrimaryScreen(*tool);
+    tool->SetMouseMove(300, 200);
+    QTRY_COMPARE(differences(shownOnScreen(), plainMagnifier(background, {300, 200}, 100, blue)), 0);
+
+    background.fill(QColor(10, 200, 30)); // the caller's picture is the caller's
+    tool->SetMouseMove(310, 200);
+    QTRY_COMPARE(differences(shownOnScreen(), plainMagnifier(screenWall(), {310, 200}, 100, blue)), 0);
+
+    tool->Setbackground(&background);
+    QTRY_COMPARE(differences(shownOnScreen(), plainMagnifier(background, {310, 200}, 100, blue)), 0);
+    tool->close();
+}
+
+void HeldToolScreenTest::aPictureThatDoesNotSayItsDensityIsShownWhole() {
+    ZrToolXmlClass::SportLightSize = 100;
+    auto *tool = new Spolight2;
+    QPixmap mute = wall(screenPoints() * 2, 1);
+    tool->Setbackground(&mute);
+    tool->SetMousePress(true);
+    tool->SetMouseMove(300, 200);
+    vexa::platform::showOverPrimaryScreen(*tool);
+    const auto lit = [&](const QPoint &at) {
+        const QPoint pixel = at * screenRatio();
+        const QRgb shown = shownOnScreen().pixel(pixel);
+        QPixmap dense = mute;
+        dense.setDevicePixelRatio(2);
+        QImage whole(screenPoints() * screenRatio(), QImage::Format_RGB32);
+        whole.setDevicePixelRatio(screenRatio());
+        QPainter painter(&whole);
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter.drawPixmap(0, 0, dense);
+        painter.end();
+        return alike(shown, whole.pixel(pixel), 24);
+    };
+    QTRY_VERIFY(lit({300, 200}));
+    QTRY_VERIFY(lit({300 - 96, 200}));
+    QTRY_VERIFY(lit({300, 200 + 96}));
+    QTRY_VERIFY(!lit({300 + 106, 200}));
+    QTRY_VERIFY(!lit({300, 200 + 106}));
+    tool->close();
+}
+
+void HeldToolScreenTest::whatAnotherWindowCoveredComesBack() {
+    ZrToolXmlClass::LaserPenSize = 100;
+    auto *tool = new LightPen;
+    QPixmap background = screenWall();
+    tool->Setbackground(&background);
+    tool->SetMousePress(true);
+    tool->SetMouseMove(300, 200);
+    vexa::platform::showOverPrimaryScreen(*tool);
+    const QImage expected = plainLaser(background, {300, 200}, 100, red);
+    QTRY_COMPARE(differences(shownOnScreen(), expected), 0);
+    {
+        QWidget above(nullptr, Qt::FramelessWindowHint);
+        above.setGeometry(250, 150, 400, 200);
+        vexa::platform::showAboveAll(above);
+        QTRY_VERIFY(differences(shownOnScreen(), expected) > 1000);
+    }
+    QTRY_COMPARE(differences(shownOnScreen(), expected), 0);
+    tool->close();
+}
+
+VEXA_WIDGET_TEST_MAIN(HeldToolScreenTest)
+#include "HeldToolScreenTest.moc"

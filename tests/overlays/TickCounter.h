@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QEvent>
+#include <QMap>
+#include <QObject>
+#include <QTimerEvent>
+
+namespace vexa::test {
+
+/// Counts the ticks of a held tool's two timers, so that tests can wait for a tick instead of a time. The
+/// quick one is the one that ticks first.
+class TickCounter : public QObject {
+public:
+    explicit TickCounter(QObject *tool) { tool->installEventFilter(this); }
+
+    int quickTicks() const { return m_ticks.value(m_quick); }
+    int slowTicks() const {
+        int all = 0;
+        for (const int ticks : m_ticks)
+            all += ticks;
+        return all - quickTicks();
+    }
+    int paints() const { return m_paints; }
+
+    bool eventFilter(QObject * /*watched*/, QEvent *event) override {
+        if (event->type() == QEvent::Timer) {
+            const int id = static_cast<QTimerEvent *>(event)->timerId();
+            if (m_ticks.isEmpty())
+                m_quick = id;
+            ++m_ticks[id];
+        }
+        if (event->type() == QEvent::Paint)
+            ++m_paints;
+        return false;
+    }
+
+private:
+    QMap<int, int> m_ticks;
+    int m_quick = 0;
+    int m_paints = 0;
+};
+
+} // namespace vexa::test
