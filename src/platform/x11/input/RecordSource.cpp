@@ -71,9 +71,9 @@ bool RecordSource::start(std::uint32_t posterClient) {
     xcb_connection_t *x = m_control->get();
 
     // The server hands out records when it has something to send to anybody: where no window takes the keys
-    // or the pointer, this makes us the one.
-    const std::uint32_t taken =
-        XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_KEY_RELEASE | XCB_EVENT_MASK_POINTER_MOTION;
+    // or the pointer, this makes us the one. The structure is that of the screens.
+    const std::uint32_t taken = XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_KEY_RELEASE |
+                                XCB_EVENT_MASK_POINTER_MOTION | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
     xcb_change_window_attributes(x, m_control->root(), XCB_CW_EVENT_MASK, &taken);
     if (m_control->has(xcb_randr_id))
         xcb_randr_select_input(x, m_control->root(),
@@ -164,14 +164,15 @@ void RecordSource::take(const std::uint8_t *data, int size, bool fromServer) {
     }
 }
 
-/// Events of this connection mean that the screens have changed, or nothing.
 void RecordSource::readControl() {
-    const std::uint8_t randr = m_control->has(xcb_randr_id)
-                                   ? xcb_get_extension_data(m_control->get(), &xcb_randr_id)->first_event
-                                   : 0;
+    const int randr = m_control->has(xcb_randr_id)
+                          ? xcb_get_extension_data(m_control->get(), &xcb_randr_id)->first_event
+                          : 0x80;
     bool changed = false;
-    while (const Reply<xcb_generic_event_t> event{xcb_poll_for_event(m_control->get())})
-        changed = changed || (randr != 0 && (event->response_type & 0x7f) >= randr);
+    while (const Reply<xcb_generic_event_t> event{xcb_poll_for_event(m_control->get())}) {
+        const int type = event->response_type & 0x7f;
+        changed = changed || type == XCB_CONFIGURE_NOTIFY || type >= randr;
+    }
     if (m_control->isBroken())
         forget(m_control->fd());
     else if (changed)

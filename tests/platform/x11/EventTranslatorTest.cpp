@@ -1,0 +1,231 @@
+// SPDX-License-Identifier: MIT
+#include <QtTest>
+
+#include "platform/x11/input/EventTranslator.h"
+
+using vexa::InputEvent;
+using vexa::x11::DeviceEvent;
+using vexa::x11::EventTranslator;
+using vexa::x11::XKeyCode;
+
+namespace {
+
+constexpr XKeyCode control = 37, shift = 50, option = 64, rightControl = 105, capsLock = 66, letterG = 42;
+
+struct Key {
+    std::uint32_t type;
+    std::int64_t key;
+    bool operator==(const Key &other) const { return type == other.type && key == other.key; }
+};
+using Keys = QVector<Key>;
+
+} // namespace
+
+class EventTranslatorTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { m_translator = EventTranslator(); }
+
+    void keysKeepTheirRepeats();
+    void unknownKeysAreLeftOut();
+    void aModifierChangesOncePerRealChange();
+    void aReleaseWithoutItsPressIsNoChange();
+    void leftAndRightAreDifferentKeys();
+    void flagsShowWhatIsHeld();
+    void aHiddenKeyChangesNothing();
+    void onlyTheVeryNextKeyIsHidden();
+    void aHiddenKeyThatNeverCameHidesNothingElse();
+    void aLostReleaseIsInvented();
+    void nothingIsInventedForWhatTheServerHolds();
+    void aPressIsNeverInvented();
+    void motionWithAButtonHeldIsNoMove_data();
+    void motionWithAButtonHeldIsNoMove();
+    void onlyTheLeftButtonIsTold();
+    void positionsAreRelativeToThePrimaryScreenAndInPoints();
+    void pointsBecomePixelsAgain();
+
+private:
+    void key(bool down, XKeyCode code) {
+        m_translator.take({down ? DeviceEvent::KeyPress : DeviceEvent::KeyRelease, code, {0, 0}, 0});
+    }
+    void press(XKeyCode code) { key(true, code); }
+    void release(XKeyCode code) { key(false, code); }
+    QVector<InputEvent> takeAll();
+    Keys takeKeys();
+
+    EventTranslator m_translator;
+};
+
+QVector<InputEvent> EventTranslatorTest::takeAll() {
+    QVector<InputEvent> all;
+    for (InputEvent event; m_translator.next(event);)
+        all.append(event);
+    return all;
+}
+
+Keys EventTranslatorTest::takeKeys() {
+    Keys keys;
+    for (const InputEvent &event : takeAll())
+        keys.append({event.type, event.keyCode});
+    return keys;
+}
+
+void EventTranslatorTest::keysKeepTheirRepeats() {
+    press(letterG);
+    press(letterG);
+    press(letterG);
+    release(letterG);
+    QCOMPARE(takeKeys(), (Keys{{10, 5}, {10, 5}, {10, 5}, {11, 5}}));
+}
+
+void EventTranslatorTest::unknownKeysAreLeftOut() {
+    press(255);
+    release(255);
+    QVERIFY(takeKeys().isEmpty());
+}
+
+void EventTranslatorTest::aModifierChangesOncePerRealChange() {
+    press(control);
+    press(control); // the second keyboard, or a repeat
+    QCOMPARE(takeKeys(), (Keys{{12, 59}}));
+    release(control);
+    release(control);
+    QCOMPARE(takeKeys(), (Keys{{12, 59}}));
+    press(capsLock);
+    release(capsLock);
+    QCOMPARE(takeKeys(), (Keys{{12, 57}, {12, 57}}));
+}
+
+void EventTranslatorTest::aReleaseWithoutItsPressIsNoChange() {
+    release(shift);
+    QVERIFY(takeKeys().isEmpty());
+    press(shift);
+    QCOMPARE(takeKeys(), (Keys{{12, 56}}));
+}
+
+void EventTranslatorTest::leftAndRightAreDifferentKeys() {
+    press(control);
+    press(rightControl);
+    release(control);
+    release(rightControl);
+    QCOMPARE(takeKeys(), (Keys{{12, 59}, {12, 62}, {12, 59}, {12, 62}}));
+}
+
+void EventTranslatorTest::flagsShowWhatIsHeld() {
+    press(control);
+    press(shift);
+    press(option);
+    press(letterG);
+    release(shift);
+    const auto events = takeAll();
+    QCOMPARE(events.size(), 5);
+    QCOMPARE(events[0].flags, std::uint64_t{0x40000});
+    QCOMPARE(events[2].flags, std::uint64_t{0xE0000});
+    QCOMPARE(events[3].flags, std::uint64_t{0xE0000});
+    QCOMPARE(events[4].flags, std::uint64_t{0xC0000});
+}
+
+void EventTranslatorTest::aHiddenKeyChangesNothing() {
+    press(control);
+    m_translator.hideNext(DeviceEvent::KeyRelease, control);
+    release(control);
+    QVERIFY(m_translator.anyModifierHeld());
+    m_translator.hideNext(DeviceEvent::KeyPress, control);
+    press(control);
+    release(control);
+    QCOMPARE(takeKeys(), (Keys{{12, 59}, {12, 59}}));
+    QVERIFY(!m_translator.anyModifierHeld());
+}
+
+void EventTranslatorTest::onlyTheVeryNextKeyIsHidden() {
+    press(control);
+    m_translator.hideNext(DeviceEvent::KeyRelease, control);
+    release(control);
+    release(control); // the user's
+    QCOMPARE(takeKeys(), (Keys{{12, 59}, {12, 59}}));
+}
+
+void EventTranslatorTest::aHiddenKeyThatNeverCameHidesNothingElse() {
+    press(control);
+    m_translator.hideNext(DeviceEvent::KeyRelease, control);
+    press(letterG); // the server had nothing to release
+    release(control);
+    QCOMPARE(takeKeys(), (Keys{{12, 59}, {10, 5}, {12, 59}}));
+}
+
+void EventTranslatorTest::aLostReleaseIsInvented() {
+    press(control);
+    press(shift);
+    takeAll();
+    m_translator.reconcile([](XKeyCode key) { return key == shift; });
+    QCOMPARE(takeKeys(), (Keys{{12, 59}}));
+    release(control); // should it come after all
+    QVERIFY(takeKeys().isEmpty());
+    release(shift);
+    QCOMPARE(takeKeys(), (Keys{{12, 56}}));
+}
+
+void EventTranslatorTest::nothingIsInventedForWhatTheServerHolds() {
+    press(control);
+    takeAll();
+    m_translator.reconcile([](XKeyCode) { return true; });
+    QVERIFY(takeKeys().isEmpty());
+    QVERIFY(m_translator.anyModifierHeld());
+}
+
+void EventTranslatorTest::aPressIsNeverInvented() {
+    m_translator.reconcile([](XKeyCode) { return true; }); // held since before we listened
+    QVERIFY(takeKeys().isEmpty());
+    QVERIFY(!m_translator.anyModifierHeld());
+}
+
+void EventTranslatorTest::motionWithAButtonHeldIsNoMove_data() {
+    QTest::addColumn<int>("state");
+    QTest::addColumn<bool>("move");
+    QTest::newRow("nothing held") << 0 << true;
+    QTest::newRow("modifiers held") << 0xFF << true;
+    QTest::newRow("left button") << 0x100 << false;
+    QTest::newRow("middle button") << 0x200 << false;
+    QTest::newRow("right button") << 0x400 << false;
+}
+
+void EventTranslatorTest::motionWithAButtonHeldIsNoMove() {
+    QFETCH(int, state);
+    m_translator.take({DeviceEvent::Motion, 0, {5, 6}, static_cast<std::uint16_t>(state)});
+    const auto events = takeAll();
+    QTEST(events.size() == 1 && events[0].type == 5, "move");
+    QVERIFY(events.size() <= 1);
+}
+
+void EventTranslatorTest::onlyTheLeftButtonIsTold() {
+    for (std::uint8_t button = 1; button <= 9; ++button) {
+        m_translator.take({DeviceEvent::ButtonPress, button, {5, 6}, 0});
+        m_translator.take({DeviceEvent::ButtonRelease, button, {5, 6}, 0});
+    }
+    const auto events = takeAll();
+    QCOMPARE(events.size(), 2);
+    QCOMPARE(events[0].type, 1u);
+    QCOMPARE(events[1].type, 2u);
+    QCOMPARE(events[0].x, 5.0);
+    QCOMPARE(events[0].y, 6.0);
+}
+
+void EventTranslatorTest::positionsAreRelativeToThePrimaryScreenAndInPoints() {
+    m_translator.screen = {{1920, 100}, 2};
+    m_translator.take({DeviceEvent::Motion, 0, {1919, 301}, 0});
+    const auto events = takeAll();
+    QCOMPARE(events.size(), 1);
+    QCOMPARE(events[0].x, -0.5);
+    QCOMPARE(events[0].y, 100.5);
+}
+
+void EventTranslatorTest::pointsBecomePixelsAgain() {
+    const vexa::x11::PrimaryScreen screen{{1920, 100}, 1.5};
+    const auto pixels = screen.toPixels({10, -4});
+    QCOMPARE(pixels.x, 1935);
+    QCOMPARE(pixels.y, 94);
+}
+
+QTEST_GUILESS_MAIN(EventTranslatorTest)
+#include "EventTranslatorTest.moc"

@@ -1,0 +1,531 @@
+// SPDX-License-Identifier: MIT
+#include <QProcess>
+#include <QtTest>
+#include <atomic>
+#include <map>
+#include <poll.h>
+#include <thread>
+
+#include "Hand.h"
+#include "platform/SessionInput.h"
+#include "platform/quartz/InputBackend.h"
+#include "platform/x11/input/ModifierLift.h"
+
+using vexa::InputEvent;
+
+namespace {
+
+// X key codes
+constexpr int control = 37, shift = 50, option = 64, rightShift = 62, letterA = 38, letterG = 42, f20 = 198;
+constexpr int f5 = 71, escape = 9, space = 65, pageUp = 112, letterC = 54;
+constexpr int penModifiers[] = {control, shift, option};
+
+struct Told {
+    std::uint32_t type;
+    std::int64_t key;
+    double x, y;
+    bool operator==(const Told &other) const {
+        return type == other.type && key == other.key && x == other.x && y == other.y;
+    }
+};
+using All = QVector<Told>;
+
+Told told(std::uint32_t type, int key) {
+    return {type, key, 0, 0};
+}
+
+Told toldAt(std::uint32_t type, double x, double y) {
+    return {type, 0, x, y};
+}
+
+void run(const QString &command) {
+    QProcess process;
+    process.start(QStringLiteral("sh"), {QStringLiteral("-c"), command});
+    QVERIFY2(process.waitForFinished(30000) && process.exitCode() == 0,
+             qPrintable(command + QString::fromLocal8Bit(process.readAllStandardError())));
+}
+
+InputEvent keyEvent(std::uint32_t type, int key, std::uint64_t flags = 0) {
+    InputEvent event;
+    event.type = type;
+    event.keyCode = key;
+    event.flags = flags;
+    return event;
+}
+
+InputEvent mouseEvent(std::uint32_t type, double x, double y) {
+    InputEvent event;
+    event.type = type;
+    event.x = x;
+    event.y = y;
+    return event;
+}
+
+bool post(const InputEvent &event) {
+    return vexa::inputBackend().post(event);
+}
+
+} // namespace
+
+/// The X backend on a real X server: input by a second keyboard and by other clients, one source that
+/// listens.
+class SessionInputTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void nothingIsInTheWayOfListening();
+    void thePensLettersHaveTheirCodes_data();
+    void thePensLettersHaveTheirCodes();
+    void codesDoNotFollowTheLayout_data();
+    void codesDoNotFollowTheLayout();
+    void aPenChordArrivesWhole();
+    void rightModifiersHaveTheirOwnCodes();
+    void aModifierHeldByTwoKeyboardsChangesOnce();
+    void aModifierHeldSinceBeforeStartsWithItsNextPress();
+    void aKeyHeldDownRepeatsUntilItsOneRelease();
+    void anUnpluggedKeyboardLetsGoOfItsModifiers();
+    void clicksAreToldAndDragsAreNot();
+    void theWheelIsNotTold();
+    void warpsAreToldAsMoves();
+    void keysAreHeardThroughOtherClientsGrabs_data();
+    void keysAreHeardThroughOtherClientsGrabs();
+    void movesAreHeardThroughAPointerGrab();
+    void positionsLeftOfThePrimaryScreenAreNegative();
+    void positionsAreInPoints();
+    void severalSourcesHearTheSame();
+
+    void commandReturnBecomesF5();
+    void aKeyDownIsAPressAndAReleaseAndTheKeyUpNothing();
+    void keysThatCannotBePostedAreRefused();
+    void aClickMovesFirstAndThePointerStays();
+    void pointsArePostedRelativeToThePrimaryScreen();
+    void keysArriveWithoutTheModifiersHeld_data();
+    void keysArriveWithoutTheModifiersHeld();
+    void modifiersAreAsBeforeAfterAPost();
+    void clicksArriveWithoutTheModifiersHeld();
+    void aModifierLetGoDuringAPostStaysReleased();
+    void programsCanFakeModifiersAfterAPost();
+    void nothingSticksWhenModifiersChangeWhilePosting();
+
+private:
+    All hear(const std::function<void()> &action);
+    bool takeNext(InputEvent &event);
+
+    std::unique_ptr<Hand> m_hand;
+    std::unique_ptr<vexa::InputSource> m_source;
+};
+
+void SessionInputTest::init() {
+    m_hand = std::make_unique<Hand>();
+    m_hand->moveTo(500, 500);
+    vexa::platform::useSessionInput(1);
+    m_source = vexa::inputBackend().open();
+    QVERIFY(m_source);
+}
+
+void SessionInputTest::cleanup() {
+    m_hand->ungrab();
+    for (int key = 8; key < 256; ++key)
+        QVERIFY2(!m_hand->isDown(key), qPrintable(QStringLiteral("key %1 is still down").arg(key)));
+    m_source.reset();
+    m_hand.reset();
+    vexa::setInputBackend(nullptr);
+}
+
+bool SessionInputTest::takeNext(InputEvent &event) {
+    while (!m_source->next(event)) {
+        pollfd descriptor{m_source->fd(), POLLIN, 0};
+        if (poll(&descriptor, 1, 20000) != 1)
+            return false;
+    }
+    return true;
+}
+
+/// What is told of an action: all that comes before a marker key.
+All SessionInputTest::hear(const std::function<void()> &action) {
+    constexpr int marker = 90; // F20
+    action();
+    m_hand->press(f20);
+    m_hand->release(f20);
+    All all;
+    InputEvent event;
+    while (takeNext(event)) {
+        if (event.keyCode != marker)
+            all.append({event.type, event.keyCode, event.x, event.y});
+        else if (event.type == 11)
+            return all;
+    }
+    QTest::qFail("the marker was not heard", __FILE__, __LINE__);
+    return all;
+}
+
+void SessionInputTest::nothingIsInTheWayOfListening() {
+    QCOMPARE(vexa::platform::sessionInputObstacle(), std::string());
+}
+
+void SessionInputTest::thePensLettersHaveTheirCodes_data() {
+    QTest::addColumn<int>("x");
+    QTest::addColumn<int>("key");
+    QTest::newRow("A") << 38 << 0;
+    QTest::newRow("S") << 39 << 1;
+    QTest::newRow("D") << 40 << 2;
+    QTest::newRow("G") << 42 << 5;
+    QTest::newRow("Y") << 29 << 16;
+    QTest::newRow("I") << 31 << 34;
+    QTest::newRow("J") << 44 << 38;
+    QTest::newRow("M") << 58 << 46;
+}
+
+void SessionInputTest::thePensLettersHaveTheirCodes() {
+    QFETCH(int, x);
+    QFETCH(int, key);
+    QCOMPARE(hear([&] {
+                 m_hand->press(x);
+                 m_hand->release(x);
+             }),
+             (All{told(10, key), told(11, key)}));
+}
+
+void SessionInputTest::codesDoNotFollowTheLayout_data() {
+    QTest::addColumn<QString>("layout");
+    QTest::newRow("French") << QStringLiteral("fr");
+    QTest::newRow("Dvorak") << QStringLiteral("us dvorak");
+    QTest::newRow("control on caps lock") << QStringLiteral("us -option ctrl:nocaps");
+}
+
+void SessionInputTest::codesDoNotFollowTheLayout() {
+    QFETCH(QString, layout);
+    run(QStringLiteral("setxkbmap ") + layout);
+    QCOMPARE(hear([&] {
+                 for (const int key : {letterA, letterG}) {
+                     m_hand->press(key);
+                     m_hand->release(key);
+                 }
+             }),
+             (All{told(10, 0), told(11, 0), told(10, 5), told(11, 5)}));
+    run(QStringLiteral("setxkbmap us -option ''"));
+}
+
+void SessionInputTest::aPenChordArrivesWhole() {
+    QCOMPARE(hear([&] {
+                 for (const int key : {control, shift, option, letterG})
+                     m_hand->press(key);
+                 for (const int key : {letterG, option, shift, control})
+                     m_hand->release(key);
+             }),
+             (All{told(12, 59), told(12, 56), told(12, 58), told(10, 5), told(11, 5), told(12, 58),
+                  told(12, 56), told(12, 59)}));
+}
+
+void SessionInputTest::rightModifiersHaveTheirOwnCodes() {
+    QCOMPARE(hear([&] {
+                 m_hand->press(rightShift);
+                 m_hand->release(rightShift);
+             }),
+             (All{told(12, 60), told(12, 60)}));
+}
+
+void SessionInputTest::aModifierHeldByTwoKeyboardsChangesOnce() {
+    QCOMPARE(hear([&] {
+                 m_hand->press(control);
+                 m_hand->fakePress(control);
+                 m_hand->release(control);
+                 m_hand->fakeRelease(control);
+             }),
+             (All{told(12, 59), told(12, 59)}));
+}
+
+void SessionInputTest::aModifierHeldSinceBeforeStartsWithItsNextPress() {
+    m_hand->press(shift);
+    m_source = vexa::inputBackend().open();
+    QCOMPARE(hear([&] { m_hand->release(shift); }), All{});
+    QCOMPARE(hear([&] {
+                 m_hand->press(shift);
+                 m_hand->release(shift);
+             }),
+             (All{told(12, 56), told(12, 56)}));
+}
+
+void SessionInputTest::aKeyHeldDownRepeatsUntilItsOneRelease() {
+    m_hand->press(letterA);
+    InputEvent event;
+    for (int presses = 0; presses < 4; ++presses) {
+        QVERIFY(takeNext(event));
+        QCOMPARE(event.type, 10u);
+        QCOMPARE(event.keyCode, std::int64_t{0});
+    }
+    All rest = hear([&] { m_hand->release(letterA); });
+    QCOMPARE(rest.takeLast(), told(11, 0));
+    for (const Told &repeat : rest)
+        QCOMPARE(repeat, told(10, 0));
+}
+
+void SessionInputTest::anUnpluggedKeyboardLetsGoOfItsModifiers() {
+    InputEvent event;
+    m_hand->press(control);
+    m_hand->press(option);
+    QVERIFY(takeNext(event) && takeNext(event));
+    run(QStringLiteral("xinput disable 'Xvfb keyboard'"));
+    QVector<std::int64_t> released;
+    for (int i = 0; i < 2; ++i) {
+        QVERIFY(takeNext(event));
+        QCOMPARE(event.type, 12u);
+        released.append(event.keyCode);
+    }
+    std::sort(released.begin(), released.end());
+    QCOMPARE(released, (QVector<std::int64_t>{58, 59}));
+    run(QStringLiteral("xinput enable 'Xvfb keyboard'"));
+    QCOMPARE(hear([] {}), All{});
+}
+
+void SessionInputTest::clicksAreToldAndDragsAreNot() {
+    QCOMPARE(hear([&] {
+                 m_hand->moveTo(10, 20);
+                 m_hand->button(1, true);
+                 m_hand->moveTo(30, 40);
+                 m_hand->moveTo(50, 60);
+                 m_hand->button(1, false);
+                 m_hand->moveTo(70, 80);
+             }),
+             (All{toldAt(5, 10, 20), toldAt(1, 10, 20), toldAt(2, 50, 60), toldAt(5, 70, 80)}));
+    QCOMPARE(hear([&] {
+                 m_hand->button(3, true);
+                 m_hand->moveTo(10, 10);
+                 m_hand->button(3, false);
+             }),
+             All{});
+}
+
+void SessionInputTest::theWheelIsNotTold() {
+    QCOMPARE(hear([&] {
+                 for (const int wheel : {4, 5, 6, 7}) {
+                     m_hand->button(wheel, true);
+                     m_hand->button(wheel, false);
+                 }
+             }),
+             All{});
+}
+
+void SessionInputTest::warpsAreToldAsMoves() {
+    QCOMPARE(hear([&] { m_hand->warpTo(333, 222); }), (All{toldAt(5, 333, 222)}));
+}
+
+void SessionInputTest::keysAreHeardThroughOtherClientsGrabs_data() {
+    QTest::addColumn<bool>("synchronous");
+    QTest::newRow("asynchronous") << false;
+    QTest::newRow("synchronous") << true;
+}
+
+void SessionInputTest::keysAreHeardThroughOtherClientsGrabs() {
+    QFETCH(bool, synchronous);
+    m_hand->grabKeyboard(synchronous);
+    m_hand->press(letterG);
+    InputEvent event;
+    QVERIFY(takeNext(event));
+    QCOMPARE(event.keyCode, std::int64_t{5});
+    m_hand->ungrab();
+    m_hand->release(letterG);
+    QVERIFY(takeNext(event));
+    QCOMPARE(event.type, 11u);
+}
+
+void SessionInputTest::movesAreHeardThroughAPointerGrab() {
+    m_hand->grabPointer();
+    QCOMPARE(hear([&] { m_hand->moveTo(7, 9); }), (All{toldAt(5, 7, 9)}));
+}
+
+void SessionInputTest::positionsLeftOfThePrimaryScreenAreNegative() {
+    run(QStringLiteral("xrandr --setmonitor '*main' 1120/300x1080/300+800+100 screen"));
+    QCOMPARE(hear([&] { m_hand->moveTo(799, 99); }), (All{toldAt(5, -1, -1)}));
+    run(QStringLiteral("xrandr --delmonitor main"));
+    QCOMPARE(hear([&] { m_hand->moveTo(798, 98); }), (All{toldAt(5, 798, 98)}));
+}
+
+void SessionInputTest::positionsAreInPoints() {
+    vexa::platform::useSessionInput(2);
+    m_source = vexa::inputBackend().open();
+    QCOMPARE(hear([&] { m_hand->moveTo(201, 100); }), (All{toldAt(5, 100.5, 50)}));
+    QVERIFY(post(mouseEvent(5, 100, 30)));
+    QCOMPARE(m_hand->pointer().x, 200);
+    QCOMPARE(m_hand->pointer().y, 60);
+}
+
+void SessionInputTest::severalSourcesHearTheSame() {
+    auto second = vexa::inputBackend().open();
+    QVERIFY(second);
+    QCOMPARE(hear([&] { m_hand->moveTo(1, 2); }), (All{toldAt(5, 1, 2)}));
+    std::swap(m_source, second);
+    InputEvent event;
+    QVERIFY(takeNext(event));
+    QCOMPARE((Told{event.type, event.keyCode, event.x, event.y}), toldAt(5, 1, 2));
+}
+
+void SessionInputTest::commandReturnBecomesF5() {
+    m_hand->openFocusedWindow();
+    QVERIFY(post(keyEvent(10, 36, 0x100000)));
+    const auto given = m_hand->takeGivenKeys();
+    QCOMPARE(given.size(), std::size_t{2});
+    QCOMPARE(given[0].xKeyCode, f5);
+    QVERIFY(given[0].down && !given[1].down);
+    QCOMPARE(given[0].modifiers, 0);
+    QCOMPARE(hear([] {}), (All{told(10, 96), told(11, 96)})); // comes back like any other key
+}
+
+void SessionInputTest::aKeyDownIsAPressAndAReleaseAndTheKeyUpNothing() {
+    for (const auto &[key, x] : {std::pair{53, escape}, {49, space}, {116, pageUp}, {36, 36}}) {
+        QVERIFY(post(keyEvent(10, key)));
+        QVERIFY(!m_hand->isDown(x));
+        QCOMPARE(hear([] {}), (All{told(10, key), told(11, key)}));
+        QVERIFY(post(keyEvent(11, key)));
+        QCOMPARE(hear([] {}), All{});
+    }
+}
+
+void SessionInputTest::keysThatCannotBePostedAreRefused() {
+    QVERIFY(!post(keyEvent(10, 127)));
+    QVERIFY(!post(keyEvent(10, -1)));
+    QVERIFY(!post(keyEvent(10, 1000)));
+    QVERIFY(!post(keyEvent(10, 0, 0x100000))); // command+A means nothing here
+    QVERIFY(!post(keyEvent(12, 56)));
+    QVERIFY(!post(mouseEvent(6, 1, 1)));
+    QCOMPARE(hear([] {}), All{});
+}
+
+void SessionInputTest::aClickMovesFirstAndThePointerStays() {
+    QCOMPARE(hear([&] {
+                 for (const std::uint32_t type : {5u, 1u, 2u})
+                     QVERIFY(post(mouseEvent(type, 120, 130)));
+             }),
+             (All{toldAt(5, 120, 130), toldAt(1, 120, 130), toldAt(2, 120, 130)}));
+    QCOMPARE(m_hand->pointer().x, 120);
+    QCOMPARE(m_hand->pointer().y, 130);
+}
+
+void SessionInputTest::pointsArePostedRelativeToThePrimaryScreen() {
+    run(QStringLiteral("xrandr --setmonitor '*main' 1120/300x1080/300+800+100 screen"));
+    QVERIFY(post(mouseEvent(5, -10, 20)));
+    QCOMPARE(m_hand->pointer().x, 790);
+    QCOMPARE(m_hand->pointer().y, 120);
+    run(QStringLiteral("xrandr --delmonitor main"));
+}
+
+void SessionInputTest::keysArriveWithoutTheModifiersHeld_data() {
+    QTest::addColumn<bool>("faked");
+    QTest::newRow("held on the pen") << false;
+    QTest::newRow("held by a program") << true;
+}
+
+void SessionInputTest::keysArriveWithoutTheModifiersHeld() {
+    QFETCH(bool, faked);
+    m_hand->openFocusedWindow();
+    for (const int key : penModifiers)
+        faked ? m_hand->fakePress(key) : m_hand->press(key);
+    m_hand->takeGivenKeys();
+    QVERIFY(post(keyEvent(10, 53)));
+    int presses = 0;
+    for (const auto &given : m_hand->takeGivenKeys()) {
+        if (given.xKeyCode != escape)
+            continue;
+        QCOMPARE(given.modifiers, 0);
+        ++presses;
+    }
+    QCOMPARE(presses, 2);
+    for (const int key : penModifiers)
+        faked ? m_hand->fakeRelease(key) : m_hand->release(key);
+}
+
+void SessionInputTest::modifiersAreAsBeforeAfterAPost() {
+    for (const int key : penModifiers)
+        m_hand->press(key);
+    QCOMPARE(hear([] {}), (All{told(12, 59), told(12, 56), told(12, 58)}));
+    QCOMPARE(hear([] { QVERIFY(post(keyEvent(10, 36, 0x100000))); }), (All{told(10, 96), told(11, 96)}));
+    for (const int key : penModifiers)
+        QVERIFY(m_hand->isDown(key));
+
+    // The release chord of a held tool, as the pen goes on.
+    QCOMPARE(hear([&] {
+                 m_hand->press(39);
+                 m_hand->release(39);
+                 for (const int key : penModifiers)
+                     m_hand->release(key);
+             }),
+             (All{told(10, 1), told(11, 1), told(12, 59), told(12, 56), told(12, 58)}));
+}
+
+void SessionInputTest::clicksArriveWithoutTheModifiersHeld() {
+    m_hand->press(option);
+    QVERIFY(post(mouseEvent(1, 10, 10)));
+    QVERIFY(post(mouseEvent(2, 10, 10)));
+    QVERIFY(m_hand->isDown(option));
+    QCOMPARE(hear([&] { m_hand->release(option); }),
+             (All{told(12, 58), toldAt(5, 10, 10), toldAt(1, 10, 10), toldAt(2, 10, 10), told(12, 58)}));
+}
+
+void SessionInputTest::aModifierLetGoDuringAPostStaysReleased() {
+    const auto connection = vexa::x11::Connection::open();
+    m_hand->press(control);
+    m_hand->press(shift);
+    vexa::x11::ModifierLift lift(*connection);
+    QVERIFY(connection->sync());
+    QVERIFY(!m_hand->isDown(control));
+    m_hand->release(control); // the server does not tell anybody: the key is up already
+    const auto restored = lift.restore();
+    QVERIFY(connection->sync());
+    QCOMPARE(restored, std::vector<vexa::x11::XKeyCode>{shift});
+    QVERIFY(!m_hand->isDown(control));
+    QVERIFY(m_hand->isDown(shift));
+    m_hand->release(shift);
+}
+
+void SessionInputTest::programsCanFakeModifiersAfterAPost() {
+    m_hand->openFocusedWindow();
+    for (const int key : penModifiers)
+        m_hand->press(key);
+    QVERIFY(post(keyEvent(10, 53)));
+    for (const int key : penModifiers)
+        m_hand->release(key);
+    hear([] {});
+    m_hand->takeGivenKeys();
+
+    m_hand->fakePress(control);
+    m_hand->fakePress(letterC);
+    m_hand->fakeRelease(letterC);
+    m_hand->fakeRelease(control);
+    bool copied = false;
+    for (const auto &given : m_hand->takeGivenKeys())
+        copied = copied || (given.down && given.xKeyCode == letterC && given.modifiers == 4);
+    QVERIFY2(copied, "a faked control+C arrived without its control");
+}
+
+void SessionInputTest::nothingSticksWhenModifiersChangeWhilePosting() {
+    std::atomic<bool> done{false};
+    std::thread pen([&done] {
+        Hand hand;
+        for (int i = 0; i < 150; ++i) {
+            for (const int key : penModifiers)
+                hand.press(key);
+            for (const int key : penModifiers)
+                hand.release(key);
+        }
+        done = true;
+    });
+    while (!done)
+        QVERIFY(post(keyEvent(10, 53)));
+    pen.join();
+    std::map<std::int64_t, int> changes;
+    for (const Told &event : hear([] {}))
+        if (event.type == 12)
+            ++changes[event.key];
+    for (const int key : {56, 58, 59}) {
+        QVERIFY(changes[key] > 0);
+        QCOMPARE(changes[key] % 2,
+                 0); // each press has its release: the listener's toggles end where they began
+        QVERIFY(changes[key] <= 300);
+    }
+}
+
+QTEST_GUILESS_MAIN(SessionInputTest)
+#include "SessionInputTest.moc"
