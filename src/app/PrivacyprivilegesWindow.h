@@ -3,6 +3,8 @@
 
 #include "app/Language.h"
 
+#include "app/Language.h"
+
 #include <QDialog>
 #include <memory>
 
