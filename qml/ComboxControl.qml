@@ -22,6 +22,7 @@ ComboBox {
         leftPadding: 10
     }
 
+    currentIndex: 0
     font.family: "Arial"
     font.pixelSize: 13
     height: 30
@@ -70,7 +71,7 @@ ComboBox {
         id: rows
     }
     popup: Popup {
-        height: list.contentHeight + 2
+        height: root.count * 30 + 2
         padding: 1
         width: root.width
         y: root.height
@@ -82,11 +83,9 @@ ComboBox {
             radius: 5
         }
         contentItem: ListView {
-            id: list
-
-            boundsBehavior: Flickable.StopAtBounds
             currentIndex: root.highlightedIndex
             highlightMoveDuration: 0
+            interactive: false // all rows are in sight: there is nothing to flick
             model: root.delegateModel
         }
     }

@@ -16,8 +16,8 @@ Rectangle {
     width: 207
 
     PanelText {
-        anchors.verticalCenter: parent.verticalCenter
         color: "#7D7D7D"
+        height: parent.height
         text: root.showtext
         width: parent.width - 2 * x
         x: 10

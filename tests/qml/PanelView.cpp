@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: MIT
+#include "qml/PanelView.h"
+
+#include <QImage>
+#include <QQuickWindow>
+#include <QtTest>
+
+PanelView::PanelView(const QString &document) : m_widget(QUrl(document)) {
+    m_widget.show();
+    if (root() != nullptr && root()->metaObject()->indexOfSignal("qmlSignal1(int,int,int)") >= 0) {
+        connect(root(), SIGNAL(qmlSignal1(int, int, int)), this, SLOT(record(int, int, int)));
+    }
+}
+
+void PanelView::push(int id, const QVariant &value, const QVariant &var2) {
+    QVERIFY(QMetaObject::invokeMethod(root(), "setvalue", Q_ARG(QVariant, id), Q_ARG(QVariant, value),
+                                      Q_ARG(QVariant, var2)));
+}
+
+void PanelView::click(const QPoint &place) {
+    press(place);
+    release(place);
+}
+
+void PanelView::press(const QPoint &place) {
+    moveTo(place);
+    QTest::mousePress(m_widget.windowHandle(), Qt::LeftButton, {}, place);
+}
+
+void PanelView::moveTo(const QPoint &place) {
+    QTest::mouseMove(m_widget.windowHandle(), place);
+}
+
+void PanelView::jiggle(const QPoint &place) {
+    moveTo(place + QPoint(1, 0));
+    moveTo(place);
+}
+
+void PanelView::release(const QPoint &place) {
+    QTest::mouseRelease(m_widget.windowHandle(), Qt::LeftButton, {}, place);
+}
+
+void PanelView::pick(const QPoint &box, int row) {
+    constexpr int boxHeight = 30;
+    constexpr int rowHeight = 30;
+    QQuickItem *list = item(QStringLiteral("ComboxControl"), box);
+    QVERIFY(list != nullptr);
+    auto *popup = list->property("popup").value<QObject *>();
+    QVERIFY(popup != nullptr);
+    click(box + QPoint(20, boxHeight / 2));
+    QTRY_VERIFY(popup->property("opened").toBool());
+    const QPoint place = box + QPoint(20, boxHeight + 1 + row * rowHeight + rowHeight / 2);
+    QTRY_VERIFY(rowAt(place) != nullptr); // rows come with the next frame
+    click(place);
+    QTRY_VERIFY(!popup->property("visible").toBool());
+}
+
+QQuickItem *PanelView::rowAt(const QPoint &place) {
+    for (QQuickItem *candidate : qml::tree(root()->window()->contentItem())) {
+        if (candidate->isVisible() && qml::isOfType(candidate, QStringLiteral("QQuickItemDelegate")) &&
+            candidate->contains(candidate->mapFromScene(place))) {
+            return candidate;
+        }
+    }
+    return nullptr;
+}
+
+QQuickItem *PanelView::item(const QString &type, const QPointF &corner) {
+    for (QQuickItem *candidate : items(type)) {
+        if (qml::corner(candidate) == corner) {
+            return candidate;
+        }
+    }
+    return nullptr;
+}
+
+QQuickItem *PanelView::text(const QPointF &corner) {
+    return item(QStringLiteral("PanelText"), corner);
+}
+
+QList<QQuickItem *> PanelView::items(const QString &type) {
+    QList<QQuickItem *> found;
+    for (QQuickItem *candidate : qml::tree(root())) {
+        if (candidate->isVisible() && qml::isOfType(candidate, type)) {
+            found.append(candidate);
+        }
+    }
+    return found;
+}
+
+QStringList PanelView::visibleTexts() {
+    QStringList texts;
+    for (const QQuickItem *item : items(QStringLiteral("QQuickText"))) {
+        texts.append(item->property("text").toString());
+    }
+    return texts;
+}
+
+QColor PanelView::pixel(const QPoint &place) {
+    return m_widget.grabFramebuffer().pixelColor(place);
+}
+
+void PanelView::record(int id, int var1, int var2) {
+    messages.append({id, var1, var2});
+}
+
+bool qml::isOfType(const QQuickItem *item, const QString &type) {
+    for (const QMetaObject *meta = item->metaObject(); meta != nullptr; meta = meta->superClass()) {
+        const QString name = QString::fromLatin1(meta->className());
+        if (name == type || name.startsWith(type + QStringLiteral("_QML"))) {
+            return true;
+        }
+    }
+    return false;
+}
+
+QList<QQuickItem *> qml::tree(QQuickItem *top) {
+    QList<QQuickItem *> all{top};
+    for (QQuickItem *child : top->childItems()) {
+        all.append(tree(child));
+    }
+    return all;
+}
+
+QPointF qml::corner(const QQuickItem *item) {
+    return item->mapToScene({});
+}

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QColor>
+#include <QList>
+#include <QQuickItem>
+#include <QQuickWidget>
+#include <QString>
+#include <QStringList>
+
+/// A settings message of the view, as its host receives it.
+struct Message {
+    int id = 0;
+    int var1 = 0;
+    int var2 = 0;
+
+    bool operator==(const Message &other) const {
+        return id == other.id && var1 == other.var1 && var2 == other.var2;
+    }
+};
+
+/// The panel's view as it stands on the screen, without a host: what a user can do to it and see of it, and
+/// what it says. All places are points from the view's top left corner.
+class PanelView : public QObject {
+    Q_OBJECT
+
+public:
+    explicit PanelView(const QString &document = QStringLiteral("qrc:/MainWindow.qml"));
+
+    QQuickWidget &widget() { return m_widget; }
+    QQuickItem *root() { return m_widget.rootObject(); }
+
+    /// What a host does to show a value.
+    void push(int id, const QVariant &value, const QVariant &var2 = 0);
+
+    void click(const QPoint &place);
+    void press(const QPoint &place);
+    void moveTo(const QPoint &place);
+    void release(const QPoint &place);
+    /// Moves to a place even when the pointer is there already, for what has come to lie under it since.
+    void jiggle(const QPoint &place);
+    /// Opens the list in the box at this place and clicks a row.
+    void pick(const QPoint &box, int row);
+
+    /// The visible item of a QML type whose corner is at this place, or null.
+    QQuickItem *item(const QString &type, const QPointF &corner);
+    /// The visible text item whose corner is at this place, or null.
+    QQuickItem *text(const QPointF &corner);
+    /// All visible items of a QML type, in drawing order.
+    QList<QQuickItem *> items(const QString &type);
+    QStringList visibleTexts();
+
+    /// The colour that is drawn at this place.
+    QColor pixel(const QPoint &place);
+
+    QList<Message> messages;
+
+private slots:
+    void record(int id, int var1, int var2);
+
+private:
+    /// The row of an open list at this place, or null.
+    QQuickItem *rowAt(const QPoint &place);
+
+    QQuickWidget m_widget;
+};
+
+namespace qml {
+
+/// Whether the item's type is the QML type of this name, from a file of ours or from the toolkit.
+bool isOfType(const QQuickItem *item, const QString &type);
+/// The item and all below it, in drawing order.
+QList<QQuickItem *> tree(QQuickItem *top);
+/// The list box that a user finds at a place; its choice is in "currentIndex", what it shows in
+/// "displayText".
+QPointF corner(const QQuickItem *item);
+
+} // namespace qml
