@@ -40,18 +40,27 @@ void showOnTop(QWidget &widget) {
     reachServer();
 }
 
-void setEmptied(QWidget &card, bool emptied) {
-    const WId window = card.winId();
-    const bool was = card.property(emptiedWindow).toULongLong() == window;
-    if (emptied == was || !QX11Info::isPlatformX11())
+bool isEmptied(const QWidget &card) {
+    return card.property(emptiedWindow).toULongLong() == card.internalWinId();
+}
+
+void sendShape(WId window, bool emptied) {
+    if (!QX11Info::isPlatformX11())
         return;
     Display *display = QX11Info::display();
-    // Without a compositing manager the opacity changes nothing, and with one an invisible window still takes
-    // the clicks: a window without an area does neither.
     const XserverRegion region = emptied ? XFixesCreateRegion(display, nullptr, 0) : XserverRegion(None);
     XFixesSetWindowShapeRegion(display, window, ShapeBounding, 0, 0, region);
     if (emptied)
         XFixesDestroyRegion(display, region);
+}
+
+/// Without a compositing manager the opacity changes nothing, and with one an invisible window still takes
+/// the clicks: a window without an area does neither.
+void setEmptied(QWidget &card, bool emptied) {
+    const WId window = card.winId();
+    if (emptied == isEmptied(card))
+        return;
+    sendShape(window, emptied);
     card.setProperty(emptiedWindow, emptied ? qulonglong(window) : 0);
 }
 
@@ -66,6 +75,9 @@ void showOverPrimaryScreen(QWidget &overlay, Cover /*cover*/) {
 void showAboveAll(QWidget &card) {
     takeFromWindowManager(card);
     showOnTop(card);
+    // A compositing manager does not hear of a shape that changed while the window was hidden.
+    sendShape(card.internalWinId(), isEmptied(card));
+    reachServer();
 }
 
 void setOverlayOpacity(QWidget &card, double opacity) {

@@ -1,0 +1,280 @@
+// SPDX-License-Identifier: MIT
+//
+// Run without a window manager, with one, and with a compositing manager too: the answers must be the same.
+#include "platform/OverlayWindow.h"
+#include "overlays/ScreenProbe.h"
+#include "platform/x11/ServerView.h"
+#include "support/ForeignWindow.h"
+#include "support/RealMouse.h"
+#include "support/TestMain.h"
+
+#include <QMouseEvent>
+#include <QWindow>
+#include <QX11Info>
+
+using namespace vexa::test;
+using namespace vexa::platform;
+
+namespace {
+
+constexpr Qt::WindowFlags cardFlags = Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
+const QRect cardRect(200, 150, 180, 100);
+const QRgb red = 0xFFFF0000;
+const QRgb green = 0xFF00FF00;
+
+class Card : public QWidget {
+public:
+    explicit Card(const QRect &geometry = cardRect) : QWidget(nullptr, cardFlags) {
+        setPalette(QPalette(QColor(red)));
+        QPalette fill = palette();
+        fill.setColor(QPalette::Window, QColor(red));
+        setPalette(fill);
+        setGeometry(geometry);
+    }
+    int presses = 0;
+
+protected:
+    void mousePressEvent(QMouseEvent * /*event*/) override { ++presses; }
+};
+
+QRect wholeScreen() {
+    return {QPoint(), screenPoints()};
+}
+
+QRgb shownAt(const QPoint &at) {
+    return shownOnScreen().pixel(at);
+}
+
+/// A presentation: green, over the whole screen, with the focus.
+class SlideShow : public ForeignWindow {
+public:
+    SlideShow() : ForeignWindow(Kind::FullScreen, wholeScreen(), QColor(green)) {}
+
+    bool isPresenting() {
+        if (!isViewable())
+            return false;
+        if (!isWindowManagerRunning() && !hasFocus())
+            focus();
+        return hasFocus() && shownAt(cardRect.center()) == green;
+    }
+};
+
+} // namespace
+
+class OverlayWindowTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void anOverlayStandsAboveASlideShowThatKeepsTheFocus();
+    void anOverlayCoversPanels();
+    void anOverlayClickedOnLeavesTheFocusToo();
+    void maximisedIsTheWholeScreen();
+    void theWidgetsFlagsStay();
+    void aCardStandsAboveASlideShowThatKeepsTheFocus();
+    void theWindowShownLastIsOnTop();
+    void aCardTakesItsClicksWhileItCanBeSeen();
+    void anInvisibleCardIsNeitherSeenNorClicked_data();
+    void anInvisibleCardIsNeitherSeenNorClicked();
+    void aCardInvisibleBeforeItIsShownIsNeverSeen();
+    void aCardComesBack();
+    void aCardComesBackAfterBeingHidden();
+    void everyStepOfAFadeReachesTheServer();
+    void aFadeIsSeenWhereItCanBe();
+};
+
+void OverlayWindowTest::init() {
+    moveMouse({5, 5});
+}
+
+void OverlayWindowTest::anOverlayStandsAboveASlideShowThatKeepsTheFocus() {
+    SlideShow show;
+    QTRY_VERIFY(show.isPresenting());
+    Card overlay(QRect(0, 0, 10, 10));
+    showOverPrimaryScreen(overlay);
+    QTRY_COMPARE(shownAt(cardRect.center()), red);
+    const QImage screen = shownOnScreen();
+    for (const QPoint &corner : {wholeScreen().topLeft(), wholeScreen().topRight(),
+                                 wholeScreen().bottomLeft(), wholeScreen().bottomRight()})
+        QCOMPARE(screen.pixel(corner), red);
+    QVERIFY(show.hasFocus());
+    QVERIFY(!overlay.isActiveWindow());
+    overlay.close();
+    QTRY_COMPARE(shownAt(cardRect.center()), green);
+    QVERIFY(show.hasFocus());
+}
+
+void OverlayWindowTest::anOverlayCoversPanels() {
+    ForeignWindow panel(ForeignWindow::Kind::Panel,
+                        {0, wholeScreen().bottom() - 29, screenPoints().width(), 30}, QColor(green));
+    const QPoint onPanel(300, wholeScreen().bottom() - 10);
+    QTRY_COMPARE(shownAt(onPanel), green);
+    Card overlay;
+    showOverPrimaryScreen(overlay);
+    QTRY_COMPARE(shownAt(onPanel), red);
+}
+
+void OverlayWindowTest::anOverlayClickedOnLeavesTheFocusToo() {
+    SlideShow show;
+    QTRY_VERIFY(show.isPresenting());
+    Card overlay;
+    showOverPrimaryScreen(overlay);
+    QTRY_COMPARE(shownAt(cardRect.center()), red);
+    clickAt(cardRect.center());
+    QTRY_COMPARE(overlay.presses, 1);
+    QVERIFY(show.hasFocus());
+    QCOMPARE(show.presses(), 0);
+}
+
+void OverlayWindowTest::maximisedIsTheWholeScreen() {
+    Card overlay;
+    showOverPrimaryScreen(overlay, Cover::Maximized);
+    QTRY_COMPARE(shownAt(wholeScreen().bottomRight()), red);
+    QCOMPARE(overlay.geometry(), wholeScreen());
+}
+
+void OverlayWindowTest::theWidgetsFlagsStay() {
+    Card overlay;
+    Card card;
+    showOverPrimaryScreen(overlay);
+    setOverlayOpacity(card, 0.5);
+    showAboveAll(card);
+    setOverlayOpacity(card, 0.0);
+    for (const Card *widget : {&overlay, &card}) {
+        QCOMPARE(widget->windowFlags(), cardFlags);
+        QVERIFY(isUnmanagedOnServer(widget->internalWinId()));
+    }
+    QCOMPARE(card.geometry(), cardRect);
+}
+
+void OverlayWindowTest::aCardStandsAboveASlideShowThatKeepsTheFocus() {
+    SlideShow show;
+    QTRY_VERIFY(show.isPresenting());
+    Card card;
+    showAboveAll(card);
+    QTRY_COMPARE(shownAt(cardRect.center()), red);
+    QCOMPARE(shownAt(cardRect.topLeft() - QPoint(1, 1)), green);
+    QVERIFY(show.hasFocus());
+}
+
+void OverlayWindowTest::theWindowShownLastIsOnTop() {
+    Card card;
+    card.setPalette(QColor(Qt::blue));
+    showAboveAll(card);
+    QTRY_COMPARE(shownAt(cardRect.center()), QColor(Qt::blue).rgb());
+    Card overlay;
+    showOverPrimaryScreen(overlay);
+    QTRY_COMPARE(shownAt(cardRect.center()), red);
+    showAboveAll(card); // which is shown already
+    QTRY_COMPARE(shownAt(cardRect.center()), QColor(Qt::blue).rgb());
+}
+
+void OverlayWindowTest::aCardTakesItsClicksWhileItCanBeSeen() {
+    SlideShow show;
+    QTRY_VERIFY(show.isPresenting());
+    Card card;
+    showAboveAll(card);
+    setOverlayOpacity(card, 0.1);
+    QVERIFY(QTest::qWaitForWindowExposed(&card));
+    clickAt(cardRect.center());
+    QTRY_COMPARE(card.presses, 1);
+    QCOMPARE(show.presses(), 0);
+}
+
+void OverlayWindowTest::anInvisibleCardIsNeitherSeenNorClicked_data() {
+    QTest::addColumn<double>("opacity");
+    QTest::newRow("zero") << 0.0;
+    QTest::newRow("below") << -0.05;
+    QTest::newRow("far below") << -100.0;
+    QTest::newRow("what twenty steps of 0.05 leave of 1") << 4e-16;
+}
+
+void OverlayWindowTest::anInvisibleCardIsNeitherSeenNorClicked() {
+    QFETCH(double, opacity);
+    SlideShow show;
+    QTRY_VERIFY(show.isPresenting());
+    Card card;
+    showAboveAll(card);
+    QTRY_COMPARE(shownAt(cardRect.center()), red);
+    setOverlayOpacity(card, opacity);
+    QTRY_COMPARE(shownAt(cardRect.center()), green);
+    clickAt(cardRect.center());
+    QTRY_COMPARE(show.presses(), 1);
+    QCOMPARE(card.presses, 0);
+    QVERIFY(card.isVisible());
+}
+
+void OverlayWindowTest::aCardInvisibleBeforeItIsShownIsNeverSeen() {
+    SlideShow show;
+    QTRY_VERIFY(show.isPresenting());
+    Card card;
+    setOverlayOpacity(card, 0.0);
+    QVERIFY(!hasAreaOnServer(card.internalWinId()));
+    showAboveAll(card);
+    QVERIFY(card.isVisible());
+    QVERIFY(!hasAreaOnServer(card.internalWinId()));
+    QCOMPARE(shownAt(cardRect.center()), green);
+    clickAt(cardRect.center());
+    QTRY_COMPARE(show.presses(), 1);
+}
+
+void OverlayWindowTest::aCardComesBack() {
+    SlideShow show;
+    QTRY_VERIFY(show.isPresenting());
+    Card card;
+    showAboveAll(card);
+    for (int round = 0; round < 3; ++round) {
+        setOverlayOpacity(card, 0.0);
+        QTRY_COMPARE(shownAt(cardRect.center()), green);
+        card.resize(cardRect.size() + QSize(round, round));
+        setOverlayOpacity(card, 1.0);
+        QTRY_COMPARE(shownAt(cardRect.center()), red);
+        QCOMPARE(shownAt(cardRect.topLeft()), red);
+    }
+    QVERIFY(show.hasFocus());
+}
+
+void OverlayWindowTest::aCardComesBackAfterBeingHidden() {
+    Card card;
+    showAboveAll(card);
+    setOverlayOpacity(card, 0.0);
+    card.hide();
+    setOverlayOpacity(card, 1.0);
+    showAboveAll(card);
+    QTRY_COMPARE(shownAt(cardRect.center()), red);
+}
+
+void OverlayWindowTest::everyStepOfAFadeReachesTheServer() {
+    Card card;
+    showAboveAll(card);
+    const WId window = card.internalWinId();
+    // No event loop runs between these lines: what the server knows, the calls themselves have sent.
+    for (int step = 19; step >= 1; --step) {
+        setOverlayOpacity(card, step * 0.05);
+        QVERIFY(qAbs(opacityOnServer(window) - step * 0.05) < 0.01);
+        QVERIFY(hasAreaOnServer(window));
+    }
+    setOverlayOpacity(card, 0.0);
+    QCOMPARE(opacityOnServer(window), 0.0);
+    QVERIFY(!hasAreaOnServer(window));
+    setOverlayOpacity(card, 1.0);
+    QCOMPARE(opacityOnServer(window), 1.0);
+    QVERIFY(hasAreaOnServer(window));
+}
+
+void OverlayWindowTest::aFadeIsSeenWhereItCanBe() {
+    SlideShow show;
+    QTRY_VERIFY(show.isPresenting());
+    Card card;
+    showAboveAll(card);
+    QTRY_COMPARE(shownAt(cardRect.center()), red);
+    const bool compositing = QX11Info::isCompositingManagerRunning();
+    for (const double opacity : {0.75, 0.5, 0.25}) {
+        setOverlayOpacity(card, opacity);
+        const QRgb blend = qRgb(qRound(255 * opacity), qRound(255 * (1 - opacity)), 0);
+        QTRY_VERIFY(alike(shownAt(cardRect.center()), compositing ? blend : red, 3));
+    }
+}
+
+VEXA_WIDGET_TEST_MAIN(OverlayWindowTest)
+#include "OverlayWindowTest.moc"
