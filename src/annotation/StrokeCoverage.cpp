@@ -3,16 +3,14 @@
 
 #include <QPainter>
 #include <algorithm>
-#include <cmath>
 #include <cstring>
 
 namespace vexa {
 
 namespace {
 
-// A line that dwells on the spot would keep all its pieces near its tip; older ones are then taken as
-// settled.
-constexpr std::size_t longestTail = 24;
+// What may be filled anew because a few pixels are doubtful, in pixels along the lines.
+constexpr int crowd = 800;
 
 QImage emptyPlane(const QSize &pixels, qreal devicePixelRatio) {
     QImage plane(pixels, QImage::Format_Alpha8);
@@ -21,39 +19,32 @@ QImage emptyPlane(const QSize &pixels, qreal devicePixelRatio) {
     return plane;
 }
 
-qreal distance(const QPointF &a, const QPointF &b) {
-    return std::hypot(a.x() - b.x(), a.y() - b.y());
-}
-
 } // namespace
 
 StrokeCoverage::StrokeCoverage(const QSize &pixels, qreal devicePixelRatio)
-    : m_coverage(emptyPlane(pixels, devicePixelRatio)), m_scratch(emptyPlane(pixels, devicePixelRatio)) {}
+    : m_pieces(pixels)
+    , m_coverage(emptyPlane(pixels, devicePixelRatio))
+    , m_scratch(emptyPlane(pixels, devicePixelRatio)) {}
 
 void StrokeCoverage::clear() {
     m_coverage.fill(0);
-    m_tail.clear();
+    m_pieces.clear();
 }
 
 void StrokeCoverage::moveTo(const QPointF &point) {
-    m_tail.clear();
     m_end = point;
+    m_lineBegins = true;
 }
 
 void StrokeCoverage::quadTo(const QPointF &control, const QPointF &end, const Changed &changed) {
-    const Piece piece{m_end, control, end};
+    m_pieces.add({m_end, control, end, reach(m_end, control, end), m_lineBegins});
+    const QRect pixels = reach(m_end, control, end) & m_coverage.rect();
     m_end = end;
-    const QRect pixels = reach(piece) & m_coverage.rect();
-    forgetDistantPieces();
-
-    QPainterPath tail;
-    tail.moveTo(m_tail.empty() ? piece.start : m_tail.front().start);
-    for (const Piece &old : m_tail)
-        tail.quadTo(old.control, old.end);
-    m_tail.push_back(piece);
+    m_lineBegins = false;
     if (pixels.isEmpty())
         return;
 
+    QPainterPath tail = m_pieces.tail(m_pen.widthF() + 8);
     const auto width = static_cast<std::size_t>(pixels.width());
     m_before.resize(width * static_cast<std::size_t>(pixels.height()));
     fill(tail, pixels);
@@ -63,47 +54,58 @@ void StrokeCoverage::quadTo(const QPointF &control, const QPointF &end, const Ch
     tail.quadTo(control, end);
     fill(tail, pixels);
 
+    m_doubtful.clear();
     const uchar *before = m_before.data();
     for (int y = pixels.top(); y <= pixels.bottom(); ++y, before += width) {
         const uchar *after = m_scratch.constScanLine(y) + pixels.left();
         if (std::memcmp(before, after, width) == 0)
             continue;
         uchar *total = m_coverage.scanLine(y) + pixels.left();
-        for (std::size_t x = 0; x < width; ++x) {
-            const int sum = std::clamp(total[x] + after[x] - before[x], 0, 255);
-            if (sum == total[x])
+        for (std::size_t i = 0; i < width; ++i) {
+            if (before[i] == after[i])
                 continue;
-            total[x] = static_cast<uchar>(sum);
-            changed(pixels.left() + static_cast<int>(x), y);
+            const int x = pixels.left() + static_cast<int>(i);
+            const int sum = std::clamp(total[i] + after[i] - before[i], 0, 255);
+            if (total[i] != before[i] && sum < 255)
+                m_doubtful.emplace_back(x, y);
+            if (sum == total[i])
+                continue;
+            total[i] = static_cast<uchar>(sum);
+            changed(x, y);
         }
+    }
+    if (!m_doubtful.empty())
+        refill(m_doubtful, changed);
+}
+
+/// Takes the coverage of these pixels from all the lines that run through them.
+void StrokeCoverage::refill(const std::vector<QPoint> &pixels, const Changed &changed) {
+    QRect area;
+    for (const QPoint &pixel : pixels)
+        area |= QRect(pixel, QSize(1, 1));
+    const auto lines = m_pieces.linesThrough(area, crowd);
+    if (!lines)
+        return;
+    fill(*lines, area);
+    for (const QPoint &pixel : pixels) {
+        uchar &total = m_coverage.scanLine(pixel.y())[pixel.x()];
+        const uchar exact = m_scratch.constScanLine(pixel.y())[pixel.x()];
+        if (total == exact)
+            continue;
+        total = exact;
+        changed(pixel.x(), pixel.y());
     }
 }
 
 /// The pixels that a piece and the joint at its start may touch.
-QRect StrokeCoverage::reach(const Piece &piece) const {
+QRect StrokeCoverage::reach(const QPointF &start, const QPointF &control, const QPointF &end) const {
     const qreal ratio = m_coverage.devicePixelRatio();
     const qreal margin = m_pen.widthF() / 2 + 2;
-    const auto [left, right] = std::minmax({piece.start.x(), piece.control.x(), piece.end.x()});
-    const auto [top, bottom] = std::minmax({piece.start.y(), piece.control.y(), piece.end.y()});
-    const QRectF points =
-        QRectF(QPointF(left, top), QPointF(right, bottom)).adjusted(-margin, -margin, margin, margin);
-    return QRectF(points.topLeft() * ratio, points.size() * ratio).toAlignedRect();
-}
-
-/// Keeps as much of the line's end as is needed to have the cap at its beginning out of the new piece's
-/// reach.
-void StrokeCoverage::forgetDistantPieces() {
-    const qreal enough = m_pen.widthF() + 8;
-    auto needed = m_tail.size();
-    for (std::size_t i = m_tail.size(); i > 0; --i) {
-        if (distance(m_tail[i - 1].start, m_tail.back().end) > enough) {
-            needed = m_tail.size() - (i - 1);
-            break;
-        }
-    }
-    needed = std::min(needed + 1, longestTail);
-    while (m_tail.size() > needed)
-        m_tail.pop_front();
+    const auto [left, right] = std::minmax({start.x(), control.x(), end.x()});
+    const auto [top, bottom] = std::minmax({start.y(), control.y(), end.y()});
+    return QRectF(QPointF(left - margin, top - margin) * ratio,
+                  QPointF(right + margin, bottom + margin) * ratio)
+        .toAlignedRect();
 }
 
 void StrokeCoverage::fill(const QPainterPath &path, const QRect &pixels) {

@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "annotation/StrokePieces.h"
+
 #include <QImage>
 #include <QPainterPath>
 #include <QPen>
-#include <QPoint>
+#include <QPointF>
 #include <QRect>
 #include <QSize>
-#include <deque>
 #include <functional>
 #include <vector>
 
@@ -18,9 +19,12 @@ namespace vexa {
 ///
 /// A fill sums the signed areas of all outlines, so pieces far from the tip add a constant to the sum around
 /// it. What a new piece changes is therefore the difference between two short paths: the last few pieces with
-/// the new one and without it. Both begin at the same place, so the cap there drops out. Where nothing but
-/// those few pieces covers a pixel the short path is the whole truth; where older ink runs below or beside
-/// it, its share stays and the difference is added.
+/// the new one and without it. Both begin at the same place, so the cap there drops out.
+///
+/// Where nothing but those few pieces covers a pixel, the short path is the whole truth. Where older ink of
+/// the stroke covers a part of it as well, the difference is added, which is true but for the fill's
+/// rounding; and where the sum is so small that rounding would show in the settled ink, all lines through
+/// those pixels are filled, unless the place is too crowded.
 ///
 /// Sizes are points on the outside and device pixels on the inside. Any thread, no widget.
 class StrokeCoverage {
@@ -46,20 +50,18 @@ public:
     const uchar *row(int y) const { return m_coverage.constScanLine(y); }
 
 private:
-    struct Piece {
-        QPointF start, control, end;
-    };
-
-    QRect reach(const Piece &piece) const;
-    void forgetDistantPieces();
+    QRect reach(const QPointF &start, const QPointF &control, const QPointF &end) const;
     void fill(const QPainterPath &path, const QRect &pixels);
+    void refill(const std::vector<QPoint> &pixels, const Changed &changed);
 
     QPen m_pen;
     QPointF m_end;
-    std::deque<Piece> m_tail; ///< the last pieces, the newest at the back
+    bool m_lineBegins = true;
+    StrokePieces m_pieces;
     QImage m_coverage;
     QImage m_scratch; ///< in place with the layer: moved coordinates would round differently
     std::vector<uchar> m_before;
+    std::vector<QPoint> m_doubtful;
 };
 
 } // namespace vexa

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "annotation/PizhuForm.h"
+#include "annotation/blackBoardform.h"
+#include "platform/OverlayWindow.h"
+#include "settings/ZrToolXmlClass.h"
+
+#include <QGuiApplication>
+#include <QLabel>
+#include <QPointer>
+#include <QPushButton>
+#include <QScreen>
+#include <QtTest>
+
+/// What the tests of the two drawing windows share.
+namespace faces {
+
+constexpr bool annotation = false;
+constexpr bool blackboard = true;
+constexpr QRgb boardColour = 0xff181827;
+
+/// A window that its owner forgets, as the program does: it deletes itself.
+inline vexa::DrawingForm *make(bool face) {
+    if (face == blackboard)
+        return new blackBoardform;
+    return new PizhuForm;
+}
+
+/// Columns for a test that holds for both.
+inline void both() {
+    QTest::addColumn<bool>("face");
+    QTest::newRow("annotation") << annotation;
+    QTest::newRow("blackboard") << blackboard;
+}
+
+inline void show(QWidget &form) {
+    vexa::platform::showOverPrimaryScreen(form);
+    QVERIFY(QTest::qWaitForWindowExposed(&form));
+}
+
+inline QPushButton *exitButton(const QWidget &form) {
+    return form.findChild<QPushButton *>("pushButton");
+}
+inline QPushButton *eraserButton(const QWidget &form) {
+    return form.findChild<QPushButton *>("pushButton_eraser");
+}
+inline QPushButton *penButton(const QWidget &form) {
+    return form.findChild<QPushButton *>("pushButton_pen");
+}
+inline QLabel *title(const QWidget &form) {
+    return form.findChild<QLabel *>("label");
+}
+
+/// The screen as it is now, without what lies over it at other places.
+inline QImage screen() {
+    return QGuiApplication::primaryScreen()->grabWindow(0).toImage();
+}
+
+/// A picture of which every pixel tells where it is.
+inline QImage checkeredImage(const QSize &size) {
+    QImage image(size, QImage::Format_RGB32);
+    for (int y = 0; y < size.height(); ++y)
+        for (int x = 0; x < size.width(); ++x)
+            image.setPixel(x, y, qRgb(x % 251, y % 241, (x / 16 + y / 16) % 2 ? 200 : 90));
+    return image;
+}
+
+/// Draws with the left button through these points.
+inline void stroke(QWidget &form, const std::vector<QPoint> &points) {
+    QTest::mousePress(&form, Qt::LeftButton, {}, points.front());
+    for (std::size_t i = 1; i < points.size(); ++i)
+        QTest::mouseMove(&form, points[i]);
+    QTest::mouseRelease(&form, Qt::LeftButton, {}, points.back());
+}
+
+inline std::vector<QPoint> line(const QPoint &from, const QPoint &to, int steps) {
+    std::vector<QPoint> points;
+    for (int i = 0; i <= steps; ++i)
+        points.push_back(from + (to - from) * i / steps);
+    return points;
+}
+
+} // namespace faces

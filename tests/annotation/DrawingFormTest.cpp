@@ -1,0 +1,443 @@
+// SPDX-License-Identifier: MIT
+#include "annotation/DrawingFaces.h"
+#include "annotation/RecordedStrokes.h"
+#include "annotation/WholePathInk.h"
+#include "overlays/promptwindow2.h"
+#include "support/TestMain.h"
+
+#include <QPaintEvent>
+#include <QPainter>
+#include <QProcess>
+
+using vexa::DrawingForm;
+
+namespace {
+
+/// Counts what the windows are asked to paint.
+class PaintRecorder : public QObject {
+public:
+    QRegion painted;
+
+protected:
+    bool eventFilter(QObject *, QEvent *event) override {
+        if (event->type() == QEvent::Paint)
+            painted += static_cast<QPaintEvent *>(event)->region();
+        return false;
+    }
+};
+
+bool promptSeen(const DrawingForm &form) {
+    return form.prompt()->isVisible() && form.prompt()->windowOpacity() > 0;
+}
+
+QString promptSwatch(const DrawingForm &form) {
+    return form.prompt()->findChild<QLabel *>("label_2")->styleSheet();
+}
+
+} // namespace
+
+class DrawingFormTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() {
+        ZrToolXmlClass::PenColor0 = 2; // red
+        ZrToolXmlClass::PenColor1 = 4; // "#82FF20"
+        ZrToolXmlClass::PenColor2 = 0; // black
+        ZrToolXmlClass::PenThickness = 3;
+    }
+
+    void cleanup() {
+        delete m_form;
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    void windowIsFramelessOnTopAndFollowsTheMouse_data() { faces::both(); }
+    void windowIsFramelessOnTopAndFollowsTheMouse() {
+        open();
+        QCOMPARE(m_form->windowFlags() & (Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint),
+                 Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+        QVERIFY(m_form->testAttribute(Qt::WA_MouseTracking));
+        QVERIFY(m_form->testAttribute(Qt::WA_DeleteOnClose));
+        QCOMPARE(m_form->geometry(), QRect(0, 0, 1920, 1080));
+    }
+
+    void signalAndSlotsStandInTheirOrder_data() { faces::both(); }
+    void signalAndSlotsStandInTheirOrder() {
+        open();
+        const QMetaObject &meta = *m_form->metaObject();
+        QCOMPARE(meta.superClass()->className(), "QWidget");
+        const QList<QByteArray> expected{"signalPizhukWindow(int)", "on_pushButton_clicked()",
+                                         "on_pushButton_eraser_clicked()", "on_pushButton_pen_clicked()"};
+        for (int i = 0; i < expected.size(); ++i)
+            QCOMPARE(meta.method(meta.methodOffset() + i).methodSignature(), expected[i]);
+        QCOMPARE(meta.methodCount() - meta.methodOffset(), expected.size());
+        QCOMPARE(meta.method(meta.methodOffset()).methodType(), QMetaMethod::Signal);
+    }
+
+    void titleAndButtonsStandAtTheirPlaces_data() { faces::both(); }
+    void titleAndButtonsStandAtTheirPlaces() {
+        open();
+        QCOMPARE(faces::title(*m_form)->geometry(), QRect(820, 0, 280, 40));
+        QCOMPARE(faces::penButton(*m_form)->geometry(), QRect(850, 980, 60, 60));
+        QCOMPARE(faces::eraserButton(*m_form)->geometry(), QRect(930, 980, 60, 60));
+        QCOMPARE(faces::exitButton(*m_form)->geometry(), QRect(1010, 980, 60, 60));
+    }
+
+    void titleIsWhiteOnItsPicture_data() { faces::both(); }
+    void titleIsWhiteOnItsPicture() {
+        QFETCH(bool, face);
+        open();
+        const QLabel &title = *faces::title(*m_form);
+        QCOMPARE(title.text(), QString(face == faces::blackboard ? "黑板" : "批注模式"));
+        QCOMPARE(title.font().family(), QString("Arial"));
+        QCOMPARE(title.font().pointSize(), 25);
+        QVERIFY(title.font().bold());
+        QCOMPARE(title.alignment(), Qt::Alignment(Qt::AlignCenter));
+        QVERIFY(title.autoFillBackground());
+        QCOMPARE(title.palette().color(QPalette::WindowText), QColor(Qt::white));
+        QVERIFY(!title.palette().brush(QPalette::Window).texture().isNull());
+        // The whole title fits into its box.
+        QVERIFY(title.fontMetrics().horizontalAdvance(title.text()) <= title.width());
+        QVERIFY(title.fontMetrics().height() <= title.height());
+    }
+
+    void buttonsAreTwoToolsAndAnExit_data() { faces::both(); }
+    void buttonsAreTwoToolsAndAnExit() {
+        open();
+        const QPushButton &pen = *faces::penButton(*m_form);
+        const QPushButton &eraser = *faces::eraserButton(*m_form);
+        const QPushButton &exit = *faces::exitButton(*m_form);
+        for (const QPushButton *button : {&pen, &eraser, &exit}) {
+            QVERIFY(button->isCheckable());
+            QCOMPARE(button->text(), QString());
+        }
+        QVERIFY(pen.autoExclusive() && eraser.autoExclusive() && !exit.autoExclusive());
+        QVERIFY(pen.isChecked() && !eraser.isChecked() && !exit.isChecked());
+        QCOMPARE(
+            exit.styleSheet(),
+            QString("QPushButton{border:0px;background:transparent;border-image: url(:/icon-exit.png)}"));
+        QVERIFY(pen.styleSheet().contains("url(:/icon-pen.png)"));
+        QVERIFY(pen.styleSheet().contains("url(:/icon-pen-selected.png)"));
+        QVERIFY(eraser.styleSheet().contains("url(:/icon-eraser.png)"));
+        QVERIFY(eraser.styleSheet().contains("url(:/icon-eraser-selected.png)"));
+    }
+
+    void buttonsShowTheirPictures_data() { faces::both(); }
+    void buttonsShowTheirPictures() {
+        open();
+        // Each button draws the artwork it names over the background, scaled to its 60 points.
+        const QImage shot = m_form->grab().toImage();
+        for (QPushButton *button : m_form->findChildren<QPushButton *>()) {
+            QSet<QRgb> colours;
+            for (int y = 0; y < 60; ++y)
+                for (int x = 0; x < 60; ++x)
+                    colours.insert(shot.pixel(button->pos() + QPoint(x, y)));
+            QVERIFY2(colours.size() > 10, qPrintable(button->objectName()));
+        }
+    }
+
+    void clickWithoutMovingLeavesOneDotOfThePensWidth_data() { faces::both(); }
+    void clickWithoutMovingLeavesOneDotOfThePensWidth() {
+        open();
+        QTest::mouseClick(m_form, Qt::LeftButton, {}, {400, 300});
+        QTRY_COMPARE(inkOnScreen().boundingRect(), QRect(395, 295, 10, 10));
+        QCOMPARE(faces::screen().pixel(400, 300), 0xffff0000);
+    }
+
+    void firstStrokeIsRedAndTenPixelsWide_data() { faces::both(); }
+    void firstStrokeIsRedAndTenPixelsWide() {
+        open();
+        faces::stroke(*m_form, faces::line({200, 300}, {700, 300}, 100));
+        QTRY_COMPARE(faces::screen().pixel(450, 300), 0xffff0000);
+        const QImage shot = faces::screen();
+        for (int y = 290; y < 310; ++y)
+            QCOMPARE(shot.pixel(450, y), y >= 295 && y < 305 ? 0xffff0000 : background().pixel(450, y));
+    }
+
+    void strokeOnTheScreenIsThatOfTheWholePath_data() { faces::both(); }
+    void strokeOnTheScreenIsThatOfTheWholePath() {
+        ZrToolXmlClass::PenThickness = 1; // 5 pixels
+        open();
+        const auto stroke = recordedStroke("curved", 400, {1600, 800});
+        faces::stroke(*m_form, stroke);
+        QTRY_COMPARE(faces::screen(), plainPicture(stroke, 5));
+    }
+
+    void everySampleOfAFastMouseIsDrawn() {
+        ZrToolXmlClass::PenThickness = 1;
+        openFace(faces::blackboard);
+        const auto stroke = recordedStroke("wave", 1000, {1600, 800});
+        QStringList moves;
+        for (const QPoint &point : stroke)
+            moves << "mousemove" << QString::number(point.x()) << QString::number(point.y()) << "sleep"
+                  << "0.001";
+        // The window is busy all the while, so that all samples wait for it at once.
+        const QString first = QString("mousemove %1 %2 mousedown 1").arg(stroke[0].x()).arg(stroke[0].y());
+        QCOMPARE(QProcess::execute("xdotool", first.split(' ')), 0);
+        QCOMPARE(QProcess::execute("xdotool", moves.mid(5)), 0);
+        QCOMPARE(QProcess::execute("xdotool", {"mouseup", "1"}), 0);
+        QTRY_COMPARE_WITH_TIMEOUT(faces::screen(), plainPicture(stroke, 5), 20000);
+    }
+
+    void pressHidesThePrompt_data() { faces::both(); }
+    void pressHidesThePrompt() {
+        open();
+        m_form->prompt()->showWithTimer();
+        QVERIFY(promptSeen(*m_form));
+        QTest::mousePress(m_form, Qt::LeftButton, {}, {400, 300});
+        QVERIFY(!promptSeen(*m_form));
+        QTest::mouseRelease(m_form, Qt::LeftButton, {}, {400, 300});
+    }
+
+    void threeColourStepsReturnToTheFirstAndEachShowsThePrompt_data() { faces::both(); }
+    void threeColourStepsReturnToTheFirstAndEachShowsThePrompt() {
+        open();
+        int x = 100;
+        for (const auto &[colour, name] :
+             {std::pair{0xff82ff20u, "#82FF20"}, {0xff000000u, "#000000"}, {0xffff0000u, "#FF0000"}}) {
+            m_form->prompt()->hideWindow();
+            m_form->ChangePenColorID();
+            QVERIFY(promptSeen(*m_form));
+            QVERIFY2(promptSwatch(*m_form).contains(QString("background-color:%1").arg(name)), name);
+            x += 100;
+            faces::stroke(*m_form, faces::line({x, 200}, {x, 400}, 50));
+            QTRY_COMPARE(faces::screen().pixel(x, 300), colour);
+        }
+    }
+
+    void colourStepReadsTheSettingsAgain_data() { faces::both(); }
+    void colourStepReadsTheSettingsAgain() {
+        open();
+        ZrToolXmlClass::PenColor1 = 7; // "#9C1FFF"
+        ZrToolXmlClass::PenThickness = 0;
+        m_form->ChangePenColorID();
+        QCOMPARE(m_form->cursor().pixmap().size(), QSize(2, 2));
+        faces::stroke(*m_form, faces::line({200, 200}, {200, 400}, 50));
+        QTRY_COMPARE(faces::screen().pixel(199, 300), 0xff9c1fff);
+        QCOMPARE(faces::screen().pixel(197, 300), background().pixel(197, 300));
+    }
+
+    void colourStepDuringAStrokeChangesNothing_data() { faces::both(); }
+    void colourStepDuringAStrokeChangesNothing() {
+        open();
+        QTest::mousePress(m_form, Qt::LeftButton, {}, {200, 300});
+        QTest::mouseMove(m_form, {300, 300});
+        m_form->ChangePenColorID();
+        QVERIFY(!promptSeen(*m_form));
+        QCOMPARE(m_form->cursor().shape(), Qt::BlankCursor);
+        QTest::mouseMove(m_form, {500, 300});
+        QTest::mouseMove(m_form, {600, 300});
+        QTest::mouseRelease(m_form, Qt::LeftButton, {}, {600, 300});
+        QTRY_COMPARE(faces::screen().pixel(450, 300), 0xffff0000);
+        m_form->ChangePenColorID(); // the first step after all
+        QVERIFY(promptSwatch(*m_form).contains("#82FF20"));
+    }
+
+    void colourStepWithTheEraserChangesNothing_data() { faces::both(); }
+    void colourStepWithTheEraserChangesNothing() {
+        open();
+        QTest::mouseClick(faces::eraserButton(*m_form), Qt::LeftButton);
+        m_form->ChangePenColorID();
+        QVERIFY(!promptSeen(*m_form));
+        QCOMPARE(m_form->cursor().pixmap().size(), QSize(50, 50));
+        QTest::mouseClick(faces::penButton(*m_form), Qt::LeftButton);
+        faces::stroke(*m_form, faces::line({200, 300}, {400, 300}, 50));
+        QTRY_COMPARE(faces::screen().pixel(300, 300), 0xffff0000);
+    }
+
+    void eraserShowsTheBackgroundThroughAHoleOfFiftyPixels_data() { faces::both(); }
+    void eraserShowsTheBackgroundThroughAHoleOfFiftyPixels() {
+        open();
+        for (int y = 250; y < 350; y += 4)
+            faces::stroke(*m_form, faces::line({200, y}, {500, y}, 40));
+        QTRY_COMPARE(faces::screen().pixel(340, 300), 0xffff0000);
+        QTest::mouseClick(faces::eraserButton(*m_form), Qt::LeftButton);
+        QTest::mouseClick(m_form, Qt::LeftButton, {}, {340, 300});
+        QTRY_COMPARE(faces::screen().pixel(340, 300), background().pixel(340, 300));
+        const QImage shot = faces::screen();
+        for (int y = 265; y < 335; ++y) {
+            for (int x = 305; x < 375; ++x) {
+                const double distance = std::hypot(x + 0.5 - 340, y + 0.5 - 300);
+                if (distance < 24)
+                    QCOMPARE(shot.pixel(x, y), background().pixel(x, y));
+                if (distance > 26)
+                    QCOMPARE(shot.pixel(x, y), 0xffff0000);
+            }
+        }
+    }
+
+    void eraserWithoutInkChangesNothing_data() { faces::both(); }
+    void eraserWithoutInkChangesNothing() {
+        open();
+        QTest::mouseClick(faces::eraserButton(*m_form), Qt::LeftButton);
+        const QImage before = faces::screen();
+        faces::stroke(*m_form, faces::line({200, 300}, {800, 500}, 30));
+        QCoreApplication::processEvents();
+        QCOMPARE(faces::screen(), before);
+    }
+
+    void fastEraserLeavesSeparateHoles_data() { faces::both(); }
+    void fastEraserLeavesSeparateHoles() {
+        open();
+        faces::stroke(*m_form, faces::line({100, 300}, {700, 300}, 100));
+        QTest::mouseClick(faces::eraserButton(*m_form), Qt::LeftButton);
+        faces::stroke(*m_form, {{200, 300}, {400, 300}, {600, 300}});
+        QTRY_COMPARE(faces::screen().pixel(600, 300), background().pixel(600, 300));
+        const QImage shot = faces::screen();
+        for (const int x : {200, 400})
+            QCOMPARE(shot.pixel(x, 300), background().pixel(x, 300));
+        for (const int x : {300, 500})
+            QCOMPARE(shot.pixel(x, 300), 0xffff0000);
+    }
+
+    void strokeThatLeavesTheWindowAndComesBackIsOneStroke_data() { faces::both(); }
+    void strokeThatLeavesTheWindowAndComesBackIsOneStroke() {
+        open();
+        std::vector<QPoint> stroke = faces::line({200, 100}, {300, -150}, 20);
+        for (const QPoint &point : faces::line({300, -150}, {700, 120}, 30))
+            stroke.push_back(point);
+        faces::stroke(*m_form, stroke);
+        QTRY_COMPARE(faces::screen(), plainPicture(stroke, 10));
+        // It comes in again where the way back crosses the edge, not at the first sample inside.
+        QCOMPARE(faces::screen().pixel(530, 5), 0xffff0000);
+    }
+
+    void strokeWhoseReleaseWentElsewhereEnds_data() { faces::both(); }
+    void strokeWhoseReleaseWentElsewhereEnds() {
+        open();
+        QTest::mousePress(m_form, Qt::LeftButton, {}, {200, 300});
+        QTest::mouseMove(m_form, {300, 300});
+        QWidget other;
+        QTest::mouseRelease(&other, Qt::LeftButton);
+        QTest::mouseMove(m_form, {600, 300});
+        QTest::mouseMove(m_form, {900, 300});
+        QVERIFY(m_form->cursor().shape() != Qt::BlankCursor);
+        QCoreApplication::processEvents();
+        QCOMPARE(faces::screen().pixel(700, 300), background().pixel(700, 300));
+    }
+
+    void onlyWhatChangedIsPainted_data() { faces::both(); }
+    void onlyWhatChangedIsPainted() {
+        open();
+        faces::stroke(*m_form, faces::line({100, 100}, {800, 700}, 200));
+        QTest::qWaitFor([] { return false; }, 100);
+        PaintRecorder recorder;
+        m_form->installEventFilter(&recorder);
+        QTest::mousePress(m_form, Qt::LeftButton, {}, {1000, 300});
+        QTest::mouseMove(m_form, {1010, 310});
+        QTRY_VERIFY(recorder.painted.contains(QPoint(1004, 304)));
+        QVERIFY2(QRect(900, 200, 220, 220).contains(recorder.painted.boundingRect()),
+                 qPrintable(QDebug::toString(recorder.painted)));
+        QTest::mouseRelease(m_form, Qt::LeftButton, {}, {1010, 310});
+    }
+
+    void cursorIsTheToolInHand_data() { faces::both(); }
+    void cursorIsTheToolInHand() {
+        open();
+        const auto penShown = [this] {
+            const QPixmap picture = m_form->cursor().pixmap();
+            return picture.size() == QSize(10, 10) && picture.toImage().pixel(5, 5) == 0xffff0000 &&
+                   qAlpha(picture.toImage().pixel(0, 0)) == 0 && m_form->cursor().hotSpot() == QPoint(5, 5);
+        };
+        QVERIFY(penShown());
+        QTest::mousePress(m_form, Qt::LeftButton, {}, {400, 300});
+        QCOMPARE(m_form->cursor().shape(), Qt::BlankCursor);
+        QTest::mouseRelease(m_form, Qt::LeftButton, {}, {400, 300});
+        QVERIFY(penShown());
+        QTest::mouseClick(faces::eraserButton(*m_form), Qt::LeftButton);
+        const QImage eraser = m_form->cursor().pixmap().toImage();
+        QCOMPARE(eraser.size(), QSize(50, 50));
+        QCOMPARE(m_form->cursor().hotSpot(), QPoint(25, 25));
+        QCOMPARE(eraser.pixel(25, 25), 0xffffffff);
+        QCOMPARE(eraser.pixel(25, 1), 0xff000000); // the rim: two pixels around the circle of 48
+        QCOMPARE(eraser.pixel(25, 48), 0xff000000);
+        QCOMPARE(qAlpha(eraser.pixel(0, 0)), 0);
+        QTest::mouseClick(m_form, Qt::LeftButton, {}, {400, 300});
+        QCOMPARE(m_form->cursor().pixmap().size(), QSize(50, 50));
+        QTest::mouseClick(faces::penButton(*m_form), Qt::LeftButton);
+        QVERIFY(penShown());
+    }
+
+    void settingsOutOfRangeDrawAThinBlackLineInSilence_data() { faces::both(); }
+    void settingsOutOfRangeDrawAThinBlackLineInSilence() {
+        ZrToolXmlClass::PenColor0 = 8;
+        ZrToolXmlClass::PenColor1 = -1;
+        ZrToolXmlClass::PenThickness = -1;
+        static int warnings;
+        warnings = 0;
+        const auto before = qInstallMessageHandler(
+            [](QtMsgType, const QMessageLogContext &, const QString &) { ++warnings; });
+        open();
+        m_form->ChangePenColorID();
+        for (int y = 100; y < 300; y += 20)
+            faces::stroke(*m_form, faces::line({200, y}, {500, y}, 50));
+        QCoreApplication::processEvents();
+        qInstallMessageHandler(before);
+        QCOMPARE(warnings, 0);
+        QCOMPARE(m_form->cursor().shape(), Qt::ArrowCursor);
+        QTRY_COMPARE(faces::screen().pixel(350, 100), 0xff000000);
+        QCOMPARE(faces::screen().pixel(350, 103), background().pixel(350, 103));
+    }
+
+private:
+    void open() {
+        QFETCH(bool, face);
+        openFace(face);
+    }
+
+    void openFace(bool face) {
+        m_board = face == faces::blackboard;
+        m_form = faces::make(face);
+        if (m_board)
+            static_cast<blackBoardform *>(m_form.data())->Setbackground2();
+        else
+            m_form->Setbackground(new QPixmap(QPixmap::fromImage(background())));
+        faces::show(*m_form);
+        QTRY_COMPARE(faces::screen().pixel(300, 300), background().pixel(300, 300));
+    }
+
+    /// What lies under the ink.
+    QImage background() const {
+        static const QImage slide = faces::checkeredImage({1920, 1080});
+        static const QImage board = [] {
+            QImage plain(1920, 1080, QImage::Format_RGB32);
+            plain.fill(faces::boardColour);
+            return plain;
+        }();
+        return m_board ? board : slide;
+    }
+
+    QRegion inkOnScreen() const {
+        const QImage shot = faces::screen();
+        QRegion ink;
+        for (int y = 200; y < 400; ++y)
+            for (int x = 300; x < 500; ++x)
+                if (shot.pixel(x, y) != background().pixel(x, y))
+                    ink += QRect(x, y, 1, 1);
+        return ink;
+    }
+
+    /// The whole screen as plain drawing would have it, with what the window has of its own taken over.
+    QImage plainPicture(const std::vector<QPoint> &stroke, int width) const {
+        WholePathInk ink({1920, 1080});
+        ink.setPen(QPen(Qt::red, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        ink.press(stroke.front());
+        for (std::size_t i = 1; i < stroke.size(); ++i)
+            ink.move(stroke[i]);
+        QImage picture = background();
+        QPainter painter(&picture);
+        painter.drawImage(0, 0, ink.image());
+        for (const QWidget *child : m_form->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly))
+            if (!child->isWindow())
+                painter.drawPixmap(child->pos(),
+                                   const_cast<DrawingForm *>(m_form.data())->grab(child->geometry()));
+        return picture;
+    }
+
+    QPointer<DrawingForm> m_form;
+    bool m_board = false;
+};
+
+VEXA_WIDGET_TEST_MAIN(DrawingFormTest)
+#include "DrawingFormTest.moc"

@@ -1,0 +1,297 @@
+// SPDX-License-Identifier: MIT
+#include "annotation/InkLayer.h"
+#include "annotation/RecordedStrokes.h"
+#include "annotation/WholePathInk.h"
+
+#include <QGuiApplication>
+#include <QtTest>
+
+using vexa::InkLayer;
+
+namespace {
+
+const QSize layerSize(640, 400);
+
+QPen pen(int width, const QColor &colour = Qt::red) {
+    return QPen(colour, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+}
+
+struct Difference {
+    int ink = 0;
+    int differing = 0;
+    int largest = 0; // of opacity
+};
+
+Difference compare(const QImage &actual, const QImage &expected) {
+    Difference result;
+    for (int y = 0; y < expected.height(); ++y) {
+        for (int x = 0; x < expected.width(); ++x) {
+            const QRgb a = actual.pixel(x, y);
+            const QRgb e = expected.pixel(x, y);
+            result.ink += e != 0;
+            result.differing += a != e;
+            result.largest = std::max(result.largest, std::abs(qAlpha(a) - qAlpha(e)));
+        }
+    }
+    return result;
+}
+
+/// Both ways to draw side by side, fed the same.
+struct Pair {
+    explicit Pair(const QPen &pen, qreal ratio = 1) : ours(layerSize, ratio), plain(layerSize, ratio) {
+        setPen(pen);
+    }
+
+    void setPen(const QPen &pen) {
+        ours.setPen(pen);
+        plain.setPen(pen);
+    }
+    void press(const QPoint &point) {
+        ours.begin(point);
+        plain.press(point);
+    }
+    void move(const QPoint &point) {
+        ours.extend(point);
+        plain.move(point);
+    }
+    void release() {
+        ours.end();
+        plain.release();
+    }
+    void erase(const QPoint &point, bool smoothEdge) {
+        ours.erase(point, 50, smoothEdge);
+        plain.erase(point, smoothEdge);
+    }
+    void draw(const std::vector<QPoint> &stroke) {
+        press(stroke.front());
+        for (std::size_t i = 1; i < stroke.size(); ++i)
+            move(stroke[i]);
+        release();
+    }
+    Difference difference() const { return compare(ours.image(), plain.image()); }
+
+    InkLayer ours;
+    WholePathInk plain;
+};
+
+void strokesInAllWidths(const QStringList &kinds) {
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<int>("width");
+    for (const QString &kind : kinds)
+        for (const int width : {2, 5, 8, 10})
+            QTest::addRow("%s %d", qPrintable(kind), width) << kind << width;
+}
+
+} // namespace
+
+class InkLayerTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void plainStrokeIsThatOfTheWholePath_data() {
+        strokesInAllWidths({"straight", "curved", "slow", "fast"});
+    }
+    void plainStrokeIsThatOfTheWholePath() {
+        QFETCH(QString, kind);
+        QFETCH(int, width);
+        Pair inks(pen(width, "#009EF8"));
+        inks.draw(recordedStroke(kind, 600, layerSize));
+        const Difference difference = inks.difference();
+        QVERIFY(difference.ink > 600);
+        QCOMPARE(difference.differing, 0);
+    }
+
+    void shakyOrCrossingStrokeDiffersInHardlyAPixel_data() {
+        strokesInAllWidths({"shaky", "tremor", "zigzag", "spiral", "wave", "scribble"});
+    }
+    void shakyOrCrossingStrokeDiffersInHardlyAPixel() {
+        QFETCH(QString, kind);
+        QFETCH(int, width);
+        Pair inks(pen(width, "#009EF8"));
+        inks.draw(recordedStroke(kind, 600, layerSize));
+        const Difference difference = inks.difference();
+        QVERIFY(difference.ink > 600);
+        QVERIFY2(difference.differing * 1000 <= difference.ink,
+                 qPrintable(QString("%1 of %2 pixels").arg(difference.differing).arg(difference.ink)));
+        // Neither a gap nor a spot: a pixel that differs does so by less than its own edge does.
+        QVERIFY2(difference.largest <= 64, qPrintable(QString::number(difference.largest)));
+    }
+
+    void strokeIsThatOfTheWholePathAtEveryMoment() {
+        Pair inks(pen(8));
+        const auto stroke = recordedStroke("curved", 330, layerSize);
+        inks.press(stroke[0]);
+        QCOMPARE(inks.difference().differing, 0);
+        for (std::size_t i = 1; i < stroke.size(); ++i) {
+            inks.move(stroke[i]);
+            if (i < 20 || i % 50 == 0) {
+                QCOMPARE(inks.difference().differing, 0);
+            }
+        }
+    }
+
+    void strokeOnADisplayOfTwoPixelsAPointIsThatOfTheWholePath() {
+        Pair inks(pen(5), 2);
+        inks.draw(recordedStroke("curved", 400, layerSize));
+        QCOMPARE(inks.ours.image().size(), layerSize * 2);
+        const Difference difference = inks.difference();
+        QVERIFY(difference.ink > 2000);
+        QCOMPARE(difference.differing, 0);
+    }
+
+    void strokeThatLeavesTheLayerAndComesBackIsOneStroke() {
+        Pair inks(pen(5));
+        const auto stroke = recordedStroke("leaving", 500, layerSize);
+        QVERIFY(std::any_of(stroke.begin(), stroke.end(), [](const QPoint &p) { return p.x() < -20; }));
+        QVERIFY(std::any_of(stroke.begin(), stroke.end(), [](const QPoint &p) { return p.y() > 420; }));
+        inks.draw(stroke);
+        const Difference difference = inks.difference();
+        QVERIFY2(difference.differing * 1000 <= difference.ink,
+                 qPrintable(QString("%1 of %2 pixels").arg(difference.differing).arg(difference.ink)));
+    }
+
+    void strokesDoNotDisturbEachOther() {
+        Pair inks(pen(10));
+        inks.draw(recordedStroke("curved", 200, layerSize));
+        inks.setPen(pen(5, "#82FF20"));
+        inks.draw(recordedStroke("straight", 400, layerSize));
+        inks.setPen(pen(2, Qt::black));
+        inks.draw(recordedStroke("slow", 300, layerSize));
+        QCOMPARE(inks.difference().differing, 0);
+    }
+
+    void sampleAtTheSamePlaceDrawsTheStrokeAgain() {
+        Pair inks(pen(2));
+        inks.press({100, 100});
+        inks.move({140, 107});
+        inks.move({180, 130});
+        const QImage once = inks.ours.image();
+        for (int i = 0; i < 40; ++i)
+            inks.move({180, 130});
+        QCOMPARE(inks.difference().differing, 0);
+        QVERIFY(inks.ours.image() != once);
+    }
+
+    void secondPressWithinAStrokeGoesOnWithIt() {
+        Pair inks(pen(5));
+        inks.press({50, 50});
+        for (int x = 50; x < 120; x += 3)
+            inks.move({x, 60});
+        inks.press({300, 200});
+        for (int x = 300; x < 400; x += 3)
+            inks.move({x, 200 + x % 7});
+        QCOMPARE(inks.difference().differing, 0);
+    }
+
+    void penChangedWithinAStrokeColoursAllOfIt() {
+        Pair inks(pen(5));
+        inks.press({50, 50});
+        for (int x = 50; x < 200; x += 3)
+            inks.move({x, 60});
+        inks.setPen(pen(5, Qt::blue));
+        for (int x = 200; x < 500; x += 3)
+            inks.move({x, 60});
+        QCOMPARE(inks.difference().differing, 0);
+        QCOMPARE(inks.ours.image().pixelColor(100, 60), QColor(Qt::blue));
+    }
+
+    void inkErasedWithinAStrokeComesBackWithTheNextSample() {
+        Pair inks(pen(5));
+        inks.press({50, 50});
+        for (int x = 50; x < 200; x += 3)
+            inks.move({x, 60});
+        inks.erase({100, 60}, true);
+        QCOMPARE(inks.difference().differing, 0);
+        QCOMPARE(inks.ours.image().pixel(100, 60), 0u);
+        for (int x = 200; x < 300; x += 3)
+            inks.move({x, 60});
+        QCOMPARE(inks.difference().differing, 0);
+        QCOMPARE(inks.ours.image().pixelColor(100, 60), QColor(Qt::red));
+    }
+
+    void pressLeavesADotOfThePensWidth_data() {
+        QTest::addColumn<int>("width");
+        QTest::addColumn<int>("diameter");
+        QTest::newRow("2") << 2 << 2;
+        QTest::newRow("5") << 5 << 4; // halved and doubled in whole pixels
+        QTest::newRow("8") << 8 << 8;
+        QTest::newRow("10") << 10 << 10;
+    }
+    void pressLeavesADotOfThePensWidth() {
+        QFETCH(int, width);
+        QFETCH(int, diameter);
+        InkLayer ink(layerSize, 1);
+        ink.setPen(pen(width));
+        ink.begin({100, 100});
+        ink.end();
+        QRect touched;
+        for (int y = 80; y < 120; ++y)
+            for (int x = 80; x < 120; ++x)
+                if (ink.image().pixel(x, y) != 0)
+                    touched |= QRect(x, y, 1, 1);
+        QCOMPARE(touched, QRect(100 - diameter / 2, 100 - diameter / 2, diameter, diameter));
+        QVERIFY(qAlpha(ink.image().pixel(100, 100)) > 150);
+    }
+
+    void eraserLeavesAHoleOfItsDiameterAndNothingElse() {
+        InkLayer ink(layerSize, 1);
+        ink.setPen(pen(10));
+        ink.begin({0, 200});
+        for (int x = 0; x <= 640; x += 4)
+            ink.extend({x, 200});
+        ink.end();
+        const QImage before = ink.image();
+        ink.erase({300, 200}, 50, true);
+        QVERIFY(before.pixel(276, 200) != 0 && before.pixel(323, 200) != 0);
+        for (int x = 0; x < 640; ++x) {
+            const double distance = std::abs(x + 0.5 - 300);
+            if (distance < 24)
+                QCOMPARE(ink.image().pixel(x, 200), 0u);
+            if (distance > 26)
+                QCOMPARE(ink.image().pixel(x, 200), before.pixel(x, 200));
+        }
+    }
+
+    void changedRegionHoldsEveryChangedPixelAndLittleElse() {
+        InkLayer ink(QSize(1920, 1080), 1);
+        ink.setPen(pen(10));
+        const auto stroke = recordedStroke("curved", 600, {1920, 1080});
+        ink.begin(stroke[0]);
+        for (std::size_t i = 1; i < stroke.size(); ++i) {
+            const QImage before = ink.image().copy();
+            const QRegion changed = ink.extend(stroke[i]);
+            if (i % 60 != 0)
+                continue;
+            qint64 area = 0;
+            for (const QRect &rect : changed)
+                area += qint64(rect.width()) * rect.height();
+            QVERIFY2(area < 1920 * 1080 / 8, qPrintable(QString::number(area)));
+            for (int y = 0; y < before.height(); ++y) {
+                const auto *old = reinterpret_cast<const QRgb *>(before.constScanLine(y));
+                const auto *now = reinterpret_cast<const QRgb *>(ink.image().constScanLine(y));
+                for (int x = 0; x < before.width(); ++x)
+                    QVERIFY(old[x] == now[x] || changed.contains(QPoint(x, y)));
+            }
+        }
+    }
+
+    void penWithoutWidthOrColourDrawsAThinBlackLine() {
+        InkLayer ink(layerSize, 1);
+        ink.setPen(QPen(QColor(), 0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        ink.begin({10, 100});
+        for (int x = 10; x < 300; x += 3)
+            ink.extend({x, 100});
+        ink.end();
+        const QRgb middle = ink.image().pixel(150, 100);
+        QVERIFY(qAlpha(middle) > 0);
+        QCOMPARE(middle & 0xffffff, 0u);
+        QCOMPARE(ink.image().pixel(150, 104), 0u);
+    }
+};
+
+int main(int argc, char *argv[]) {
+    QGuiApplication application(argc, argv);
+    InkLayerTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "InkLayerTest.moc"
