@@ -139,6 +139,7 @@ void DrawingForm::takePen() {
 
 void DrawingForm::mousePressEvent(QMouseEvent *event) {
     m_pressed = true;
+    m_buttonSeenDown = QGuiApplication::mouseButtons() != Qt::NoButton;
     const QPoint point = event->localPos().toPoint();
     if (m_erasing) {
         update(m_ink.erase(point, eraserSize, false));
@@ -153,7 +154,7 @@ void DrawingForm::mouseMoveEvent(QMouseEvent *event) {
     if (!m_pressed)
         return;
     // Another window took the mouse during the stroke, and the release with it.
-    if (event->spontaneous() && event->buttons() == Qt::NoButton) {
+    if (m_buttonSeenDown && QGuiApplication::mouseButtons() == Qt::NoButton) {
         penUp();
         return;
     }

@@ -81,6 +81,7 @@ private:
     QCursor m_penCursor;
     QCursor m_eraserCursor;
     bool m_pressed = false;
+    bool m_buttonSeenDown = false; // by the whole application, when the window was pressed
     bool m_erasing = false;
     bool m_leaving = false;
 };

@@ -8,6 +8,7 @@
 
 #include <QGuiApplication>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QPointer>
 #include <QPushButton>
 #include <QScreen>
@@ -66,12 +67,28 @@ inline QImage checkeredImage(const QSize &size) {
     return image;
 }
 
+inline void mouse(QWidget &form, QEvent::Type type, const QPointF &at) {
+    const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+    const Qt::MouseButtons held = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
+    QMouseEvent event(type, at, at, at, button, held, {});
+    QCoreApplication::sendEvent(&form, &event);
+}
+inline void press(QWidget &form, const QPointF &at) {
+    mouse(form, QEvent::MouseButtonPress, at);
+}
+inline void move(QWidget &form, const QPointF &at) {
+    mouse(form, QEvent::MouseMove, at);
+}
+inline void release(QWidget &form, const QPointF &at) {
+    mouse(form, QEvent::MouseButtonRelease, at);
+}
+
 /// Draws with the left button through these points.
 inline void stroke(QWidget &form, const std::vector<QPoint> &points) {
-    QTest::mousePress(&form, Qt::LeftButton, {}, points.front());
+    press(form, points.front());
     for (std::size_t i = 1; i < points.size(); ++i)
-        QTest::mouseMove(&form, points[i]);
-    QTest::mouseRelease(&form, Qt::LeftButton, {}, points.back());
+        move(form, points[i]);
+    release(form, points.back());
 }
 
 inline std::vector<QPoint> line(const QPoint &from, const QPoint &to, int steps) {

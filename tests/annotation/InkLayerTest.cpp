@@ -95,9 +95,9 @@ private slots:
         QFETCH(QString, kind);
         QFETCH(int, width);
         Pair inks(pen(width, "#009EF8"));
-        inks.draw(recordedStroke(kind, 600, layerSize));
+        inks.draw(recordedStroke(kind, 400, layerSize));
         const Difference difference = inks.difference();
-        QVERIFY(difference.ink > 600);
+        QVERIFY(difference.ink > 400);
         QCOMPARE(difference.differing, 0);
     }
 
@@ -108,9 +108,9 @@ private slots:
         QFETCH(QString, kind);
         QFETCH(int, width);
         Pair inks(pen(width, "#009EF8"));
-        inks.draw(recordedStroke(kind, 600, layerSize));
+        inks.draw(recordedStroke(kind, 400, layerSize));
         const Difference difference = inks.difference();
-        QVERIFY(difference.ink > 600);
+        QVERIFY(difference.ink > 400);
         QVERIFY2(difference.differing * 1000 <= difference.ink,
                  qPrintable(QString("%1 of %2 pixels").arg(difference.differing).arg(difference.ink)));
         // Neither a gap nor a spot: a pixel that differs does so by less than its own edge does.
