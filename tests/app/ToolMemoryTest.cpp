@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+#include "ToolPanel.h"
+
+#include "settings/ZrToolXmlClass.h"
+#include "support/TestMain.h"
+#include "support/UserFile.h"
+
+#include <QFile>
+
+#include <malloc.h>
+#include <unistd.h>
+
+using Settings = ZrToolXmlClass;
+
+namespace {
+
+/// The process's resident memory in bytes, after what was freed has been given back.
+qint64 residentMemory() {
+    malloc_trim(0);
+    QFile statm(QStringLiteral("/proc/self/statm"));
+    if (!statm.open(QIODevice::ReadOnly))
+        return 0;
+    return statm.readAll().split(' ').at(1).toLongLong() * sysconf(_SC_PAGESIZE);
+}
+
+} // namespace
+
+/// Thirty openings of every tool, half of them closed by a click, leave the memory where it was after the
+/// first ten.
+class ToolMemoryTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanupTestCase() { userfile::clear(); }
+
+    void openingsLeaveTheMemoryFlat_data();
+    void openingsLeaveTheMemoryFlat();
+    void screenshotsLeaveTheMemoryFlat();
+};
+
+void ToolMemoryTest::init() {
+    userfile::clear();
+    userfile::forgetSettings();
+}
+
+void ToolMemoryTest::openingsLeaveTheMemoryFlat_data() {
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("heldTool");
+    QTest::newRow("annotation") << pen::i << -1;
+    QTest::newRow("blackboard") << pen::j << -1;
+    QTest::newRow("spotlight") << pen::g << 0;
+    QTest::newRow("magnifier") << pen::g << 1;
+    QTest::newRow("laser") << pen::g << 2;
+}
+
+void ToolMemoryTest::openingsLeaveTheMemoryFlat() {
+    QFETCH(int, key);
+    QFETCH(int, heldTool);
+    ToolPanel panel;
+    Settings::Key3P = 3;
+    Settings::Key4P = heldTool;
+
+    const auto openAndClose = [&](bool byClick) {
+        panel.chord(pen::m);
+        panel.chord(key);
+        QCOMPARE(ToolPanel::objects(), 1);
+        for (QWidget *widget : QApplication::topLevelWidgets()) {
+            if (!widget->isVisible() || widget->width() != 1920)
+                continue;
+            QVERIFY(QTest::qWaitForWindowExposed(widget));
+            if (byClick && heldTool != -1)
+                ToolPanel::click(widget);
+            else if (byClick)
+                ToolPanel::pressExit(widget);
+        }
+        panel.chord(pen::m);
+        if (!byClick)
+            panel.chord(heldTool == -1 ? key : pen::s);
+        QTRY_COMPARE(ToolPanel::objects(), 0);
+    };
+
+    qint64 settled = 0;
+    for (int opening = 0; opening < 30; ++opening) {
+        openAndClose(opening % 2 == 0);
+        if (opening == 9)
+            settled = residentMemory();
+    }
+    const qint64 grown = residentMemory() - settled;
+    qInfo("grown by %lld KiB in 20 openings", static_cast<long long>(grown / 1024));
+#ifndef __SANITIZE_ADDRESS__ // which keeps freed memory, and looks for leaks itself
+    QVERIFY(grown < 8 * 1024 * 1024);
+#endif
+}
+
+void ToolMemoryTest::screenshotsLeaveTheMemoryFlat() {
+    ToolPanel panel;
+    qint64 settled = 0;
+    for (int shot = 0; shot < 30; ++shot) {
+        panel.window.FullScreenShot();
+        QTest::qWait(50);
+        if (shot == 9) {
+            QTest::qWait(1000);
+            settled = residentMemory();
+        }
+    }
+    QTest::qWait(1000);
+    const qint64 grown = residentMemory() - settled;
+    qInfo("grown by %lld KiB in 20 shots", static_cast<long long>(grown / 1024));
+#ifndef __SANITIZE_ADDRESS__
+    QVERIFY(grown < 12 * 1024 * 1024);
+#endif
+}
+
+VEXA_WIDGET_TEST_MAIN(ToolMemoryTest)
+#include "ToolMemoryTest.moc"
