@@ -37,7 +37,7 @@ constexpr int refillDelay = 200;
 constexpr int keyActionDelay = 200;
 constexpr int refocusDelay = 1000;
 /// What the other windows need to draw again what a prompt has covered.
-constexpr int uncoverDelay = 60;
+constexpr int uncoverDelay = 100;
 
 std::unique_ptr<Ui::MainWindow> formOf(MainWindow &window) {
     auto form = std::make_unique<Ui::MainWindow>();

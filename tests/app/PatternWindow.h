@@ -20,7 +20,7 @@ public:
     /// Shows it and waits until the screen does so too.
     bool display() {
         show();
-        return QTest::qWaitFor([this] { return m_painted && seen(); });
+        return QTest::qWaitFor([this] { return seen(); });
     }
 
     static QRgb colourAt(int x, int y) { return qRgb(x % 251, y % 241, (x * 7 + y * 13) % 239); }
@@ -33,18 +33,20 @@ public:
         return image;
     }
 
+    /// Whether the screen shows the window at its last pixel and in its middle.
+    bool seen() const { return seenAt(width() - 1, height() - 1) && seenAt(width() / 2, height() / 2); }
+
 protected:
     void paintEvent(QPaintEvent *) override {
-        QPainter(this).drawImage(0, 0, picture(size()));
-        m_painted = true;
+        if (m_picture.size() != size())
+            m_picture = picture(size());
+        QPainter(this).drawImage(0, 0, m_picture);
     }
 
 private:
-    bool seen() const {
-        const QPoint corner(width() - 1, height() - 1);
-        const QImage there = screen()->grabWindow(0, corner.x(), corner.y(), 1, 1).toImage();
-        return there.pixel(0, 0) == colourAt(corner.x(), corner.y());
+    bool seenAt(int x, int y) const {
+        return screen()->grabWindow(0, x, y, 1, 1).toImage().pixel(0, 0) == colourAt(x, y);
     }
 
-    bool m_painted = false;
+    QImage m_picture;
 };

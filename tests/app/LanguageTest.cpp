@@ -1,0 +1,182 @@
+// SPDX-License-Identifier: MIT
+#include "app/Language.h"
+#include "app/MainWindow.h"
+#include "overlays/PromptWindow.h"
+#include "settings/ZrToolXmlClass.h"
+#include "support/TestMain.h"
+#include "support/UserFile.h"
+
+#include <QLabel>
+#include <QTextLayout>
+
+using vexa::Language;
+
+namespace {
+
+QString spoken(const char *text) {
+    return QCoreApplication::translate("SetWindow", text);
+}
+
+/// The faces that draw this text when the interface's face is asked for.
+QStringList facesOf(const QString &text, int pixelSize) {
+    QFont font(QStringLiteral("Arial"));
+    font.setPixelSize(pixelSize);
+    QTextLayout layout(text, font);
+    layout.beginLayout();
+    layout.createLine();
+    layout.endLayout();
+    QStringList faces;
+    for (const QGlyphRun &run : layout.glyphRuns())
+        faces += run.rawFont().familyName().toLower();
+    return faces;
+}
+
+/// What the screenshot prompt says; it is the one that does not carry the program's name.
+QStringList promptTexts() {
+    QStringList texts;
+    for (QWidget *widget : QApplication::topLevelWidgets())
+        if (qobject_cast<PromptWindow *>(widget))
+            texts += widget->findChild<QLabel *>(QStringLiteral("label"))->text();
+    texts.removeOne(QStringLiteral("Vexa Orbilo Setting"));
+    return texts;
+}
+
+} // namespace
+
+class LanguageTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanupTestCase() { userfile::clear(); }
+
+    void eachLanguageHasItsCatalogue_data();
+    void eachLanguageHasItsCatalogue();
+    void unknownLanguageLeavesTheSourceTexts_data();
+    void unknownLanguageLeavesTheSourceTexts();
+    void nextCatalogueReplacesTheOneBefore();
+    void endOfTheLanguageTakesTheCatalogueOut();
+    void chineseTextHasTheFaceOfItsReaders_data();
+    void chineseTextHasTheFaceOfItsReaders();
+
+    void choosingALanguageIsSavedAndSpoken();
+    void languageOutsideTheListShowsTheSourceTexts();
+    void screenshotPromptFollowsTheLanguage();
+    void windowKeepsItsTitle();
+};
+
+void LanguageTest::init() {
+    userfile::clear();
+    userfile::forgetSettings();
+}
+
+void LanguageTest::eachLanguageHasItsCatalogue_data() {
+    QTest::addColumn<int>("language");
+    QTest::addColumn<QString>("setting");
+    QTest::addColumn<QString>("version");
+    QTest::newRow("Simplified Chinese") << 0 << QStringLiteral("设置") << QStringLiteral("2.1.0.210527");
+    QTest::newRow("Traditional Chinese") << 1 << QStringLiteral("設置") << QStringLiteral("2.1.0.210527");
+    QTest::newRow("English") << 2 << QStringLiteral("Setting") << QStringLiteral("2.1.0.210527");
+}
+
+void LanguageTest::eachLanguageHasItsCatalogue() {
+    QFETCH(int, language);
+    Language spokenLanguage;
+    spokenLanguage.change(language);
+    QTEST(spoken("设置"), "setting");
+    QTEST(spoken("2.0.0.0"), "version");
+}
+
+void LanguageTest::unknownLanguageLeavesTheSourceTexts_data() {
+    QTest::addColumn<int>("language");
+    for (int language : {-1, 3, 5, -2147483647 - 1})
+        QTest::addRow("%d", language) << language;
+}
+
+void LanguageTest::unknownLanguageLeavesTheSourceTexts() {
+    QFETCH(int, language);
+    Language spokenLanguage;
+    spokenLanguage.change(2);
+    spokenLanguage.change(language);
+    QCOMPARE(spoken("设置"), QStringLiteral("设置"));
+    QCOMPARE(spoken("2.0.0.0"), QStringLiteral("2.0.0.0"));
+}
+
+void LanguageTest::nextCatalogueReplacesTheOneBefore() {
+    Language spokenLanguage;
+    spokenLanguage.change(2);
+    spokenLanguage.change(1);
+    // The guide to the permissions has no rows in Traditional Chinese; English must not shine through.
+    QCOMPARE(QCoreApplication::translate("PrivacyWindow", "辅助功能"), QStringLiteral("辅助功能"));
+    spokenLanguage.change(2);
+    QCOMPARE(QCoreApplication::translate("PrivacyWindow", "辅助功能"), QStringLiteral("Auxiliary Function;"));
+}
+
+void LanguageTest::endOfTheLanguageTakesTheCatalogueOut() {
+    {
+        Language spokenLanguage;
+        spokenLanguage.change(2);
+        QCOMPARE(spoken("设置"), QStringLiteral("Setting"));
+    }
+    QCOMPARE(spoken("设置"), QStringLiteral("设置"));
+}
+
+void LanguageTest::chineseTextHasTheFaceOfItsReaders_data() {
+    QTest::addColumn<int>("language");
+    QTest::addColumn<QString>("face");
+    QTest::newRow("Simplified Chinese") << 0 << QStringLiteral("noto sans cjk sc");
+    QTest::newRow("Traditional Chinese") << 1 << QStringLiteral("noto sans cjk tc");
+    QTest::newRow("English") << 2 << QStringLiteral("noto sans cjk sc");
+}
+
+void LanguageTest::chineseTextHasTheFaceOfItsReaders() {
+    QFETCH(int, language);
+    QFETCH(QString, face);
+    Language::chooseFace(language);
+    // A size of its own for each: what was laid out once keeps its face.
+    QCOMPARE(facesOf(QStringLiteral("直骨角"), 40 + language), QStringList{face});
+    QVERIFY(!facesOf(QStringLiteral("Arial"), 40 + language).contains(face));
+}
+
+void LanguageTest::choosingALanguageIsSavedAndSpoken() {
+    MainWindow window;
+    window.recvQmlMessage1(16, 2, 0);
+    QCOMPARE(ZrToolXmlClass::Language, 2);
+    QVERIFY(userfile::read().contains("<Language>2</Language>"));
+    QCOMPARE(spoken("设置"), QStringLiteral("Setting"));
+    window.recvQmlMessage1(16, 1, 0);
+    QCOMPARE(spoken("设置"), QStringLiteral("設置"));
+}
+
+void LanguageTest::languageOutsideTheListShowsTheSourceTexts() {
+    MainWindow window;
+    window.recvQmlMessage1(16, 2, 0);
+    window.recvQmlMessage1(16, 5, 0);
+    QCOMPARE(ZrToolXmlClass::Language, 5);
+    QCOMPARE(spoken("设置"), QStringLiteral("设置"));
+}
+
+void LanguageTest::screenshotPromptFollowsTheLanguage() {
+    MainWindow window;
+    QTRY_COMPARE(promptTexts(), QStringList{QStringLiteral("截屏已保存")});
+    window.changeLanguage(2);
+    QTRY_COMPARE(promptTexts(), QStringList{QStringLiteral("Screenshot saved!")});
+    window.changeLanguage(1);
+    QTRY_COMPARE(promptTexts(), QStringList{QStringLiteral("截屏")});
+    window.changeLanguage(0);
+    QTRY_COMPARE(promptTexts(), QStringList{QStringLiteral("截屏已保存")});
+    window.changeLanguage(2);
+    window.changeLanguage(7);
+    QTRY_COMPARE(promptTexts(), QStringList{QStringLiteral("截屏已保存")});
+}
+
+void LanguageTest::windowKeepsItsTitle() {
+    MainWindow window;
+    window.setWindowTitle(QStringLiteral("other"));
+    window.changeLanguage(2);
+    QCOMPARE(window.windowTitle(), QStringLiteral("MainWindow"));
+    QCOMPARE(window.findChild<QLabel *>(QStringLiteral("label"))->text(), QStringLiteral("VexaOrbilo"));
+}
+
+VEXA_WIDGET_TEST_MAIN(LanguageTest)
+#include "LanguageTest.moc"

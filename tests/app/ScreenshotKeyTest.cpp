@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: MIT
+#include "PatternWindow.h"
+#include "ToolPanel.h"
+
+#include "overlays/PromptWindow.h"
+#include "settings/ZrToolXmlClass.h"
+#include "support/TestMain.h"
+#include "support/UserFile.h"
+
+#include <QDirIterator>
+#include <QLabel>
+#include <QTemporaryDir>
+
+#include <memory>
+
+using Settings = ZrToolXmlClass;
+
+/// The screenshot by the pen's key: the file shows the screen, and the word about it comes after.
+class ScreenshotKeyTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+    void cleanupTestCase() { userfile::clear(); }
+
+    void promptAppearsAndTheFileShowsTheScreenWithoutIt();
+    void promptOfTheShotBeforeDoesNotStandInTheNext();
+    void severalKeysAtOnceShowTheScreenWithoutThePrompt();
+    void programAnswersThePenWhileAPictureIsWritten();
+    void endOfTheProgramWaitsForTheFile();
+
+private:
+    static PromptWindow *promptSaying(const char *text);
+    static PromptWindow *prompt() { return promptSaying("截屏已保存"); }
+    static PromptWindow *startPrompt() { return promptSaying("Vexa Orbilo Setting"); }
+    QStringList files() const;
+    bool showsThePattern(const QString &file) const;
+    /// Takes the file of the shot away and compares it.
+    void checkAndRemoveTheShot();
+
+    std::unique_ptr<QTemporaryDir> m_home;
+    std::unique_ptr<ToolPanel> m_panel;
+    PatternWindow m_pattern;
+    QImage m_expected;
+};
+
+void ScreenshotKeyTest::initTestCase() {
+    QVERIFY(m_pattern.display());
+    m_expected = PatternWindow::picture(m_pattern.size());
+}
+
+void ScreenshotKeyTest::init() {
+    userfile::clear();
+    m_home = std::make_unique<QTemporaryDir>();
+    qputenv("HOME", QFile::encodeName(m_home->path()));
+    QCursor::setPos(0, 0);
+    m_panel = std::make_unique<ToolPanel>();
+    Settings::Key4C = 4;
+    // The prompt of the start is part of what the screen shows: it has come and gone when the shots are
+    // taken.
+    QTRY_VERIFY(startPrompt() && startPrompt()->size() == QSize(300, 60));
+    QTRY_COMPARE(startPrompt()->windowOpacity(), 0.0);
+    QTRY_VERIFY(m_pattern.seen());
+}
+
+void ScreenshotKeyTest::cleanup() {
+    m_panel.reset();
+}
+
+PromptWindow *ScreenshotKeyTest::promptSaying(const char *text) {
+    for (QWidget *widget : QApplication::topLevelWidgets())
+        if (auto *card = qobject_cast<PromptWindow *>(widget))
+            if (card->findChild<QLabel *>(QStringLiteral("label"))->text() == QString::fromUtf8(text))
+                return card;
+    return nullptr;
+}
+
+QStringList ScreenshotKeyTest::files() const {
+    QStringList found;
+    QDirIterator all(m_home->path(), {QStringLiteral("*.png")}, QDir::Files, QDirIterator::Subdirectories);
+    while (all.hasNext())
+        found += all.next();
+    return found;
+}
+
+bool ScreenshotKeyTest::showsThePattern(const QString &file) const {
+    return QImage(file).convertToFormat(QImage::Format_RGB32) == m_expected;
+}
+
+void ScreenshotKeyTest::checkAndRemoveTheShot() {
+    QTRY_COMPARE(files().size(), 1);
+    const QString file = files().constFirst();
+    QVERIFY2(showsThePattern(file), qPrintable(file));
+    QVERIFY(QFile::remove(file));
+}
+
+void ScreenshotKeyTest::promptAppearsAndTheFileShowsTheScreenWithoutIt() {
+    QVERIFY(prompt());
+    QCOMPARE(prompt()->windowOpacity(), 0.0);
+    m_panel->press(pen::d);
+    QTRY_VERIFY(prompt()->windowOpacity() > 0.5);
+    QVERIFY(prompt()->isVisible());
+    QCOMPARE(prompt()->size(), QSize(380, 180));
+    checkAndRemoveTheShot();
+}
+
+void ScreenshotKeyTest::promptOfTheShotBeforeDoesNotStandInTheNext() {
+    m_panel->chord(pen::d);
+    checkAndRemoveTheShot();
+    // The card is really on the screen when the key comes.
+    QTRY_VERIFY(prompt()->windowOpacity() > 0.0);
+    m_panel->chord(pen::d);
+    checkAndRemoveTheShot();
+    QTRY_VERIFY(prompt()->windowOpacity() > 0.5);
+}
+
+void ScreenshotKeyTest::severalKeysAtOnceShowTheScreenWithoutThePrompt() {
+    for (int i = 0; i < 4; ++i)
+        m_panel->chord(pen::d);
+    QTRY_VERIFY(!files().isEmpty());
+    QTest::qWait(300);
+    for (const QString &file : files())
+        QVERIFY2(showsThePattern(file), qPrintable(file));
+}
+
+void ScreenshotKeyTest::programAnswersThePenWhileAPictureIsWritten() {
+    m_panel->chord(pen::d);
+    QVERIFY(files().isEmpty());
+    m_panel->chord(pen::i);
+    QCOMPARE(ToolPanel::open<PizhuForm>().size(), 1);
+    m_panel->chord(pen::i);
+    QTRY_COMPARE(files().size(), 1);
+}
+
+void ScreenshotKeyTest::endOfTheProgramWaitsForTheFile() {
+    m_panel->chord(pen::d);
+    m_panel.reset();
+    QCOMPARE(files().size(), 1);
+    QVERIFY(showsThePattern(files().constFirst()));
+}
+
+VEXA_WIDGET_TEST_MAIN(ScreenshotKeyTest)
+#include "ScreenshotKeyTest.moc"
