@@ -21,7 +21,8 @@ constexpr unsigned long fullScreenAuxiliary = 1UL << 8;
 
 // Qt's window id is the view; the view knows its window.
 id nativeWindow(QWidget &widget) {
-    return send<id>(reinterpret_cast<id>(widget.winId()), "window");
+    const WId view = widget.winId();
+    return send<id>((id)view, "window"); // NOLINT(performance-no-int-to-ptr)
 }
 
 // Qt's own full-screen state would move the window into a space of its own, away from the slide show. A
