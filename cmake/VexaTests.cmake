@@ -52,7 +52,9 @@ function(vexa_test name)
   if(arg_TIMEOUT)
     set(timeout ${arg_TIMEOUT})
   endif()
+  # Only the slow unwinder sees through the frames of the graphics drivers that the suppressions name.
   set(environment
+    "ASAN_OPTIONS=fast_unwind_on_malloc=0"
     "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/support/lsan.supp:print_suppressions=0"
     "UBSAN_OPTIONS=print_stacktrace=1"
     ${arg_ENVIRONMENT})

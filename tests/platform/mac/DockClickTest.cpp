@@ -137,7 +137,7 @@ private slots:
 
         Window1 = &m_window;
         m_window.show();
-        vexa::platform::resumeMissedActivation();
+        vexa::platform::awaitWithdrawal();
         m_window.hide();
         QTRY_VERIFY(m_window.isVisible());
         m_window.hide();
