@@ -84,8 +84,8 @@ void PicturesTest::eachPictureHasItsSize_data() {
     QTest::newRow("pri_frame@3x.png") << QSize(454, 122) * 3 << int(Shaped);
     QTest::newRow("setting@3x.png") << QSize(54, 54) * 3 << int(Shaped);
     QTest::newRow("button@3x.png") << QSize(88, 32) * 3 << int(Shaped);
-    for (const char *name : {"icon-left@3x.png", "icon-left-selected@3x.png", "icon-right@3x.png",
-                             "icon-right-selected@3x.png", "icon-X@3x.png", "icon-minus@3x.png"})
+    for (const char *name :
+         {"icon-left@3x.png", "icon-left-selected@3x.png", "icon-right@3x.png", "icon-right-selected@3x.png"})
         QTest::newRow(name) << QSize(24, 24) * 3 << int(Shaped);
     QTest::newRow("icon-setting@3x.png") << QSize(18, 18) * 3 << int(Shaped);
     QTest::newRow("icon-down@3x.png") << QSize(12, 12) * 3 << int(Shaped);
@@ -103,8 +103,8 @@ void PicturesTest::eachPictureHasItsSize_data() {
                              "icon-eraser-selected.png", "icon-exit.png"})
         QTest::newRow(name) << QSize(60, 60) * 2 << int(Shaped);
     QTest::newRow("appicon.png") << QSize(32, 32) * 2 << int(Shaped);
-    QTest::newRow("icon-X.png") << QSize(24, 24) * 2 << int(Shaped);
-    QTest::newRow("icon-minus.png") << QSize(24, 24) * 2 << int(Shaped);
+    QTest::newRow("icon-X.png") << QSize(16, 16) * 2 << int(Shaped);
+    QTest::newRow("icon-minus.png") << QSize(16, 16) * 2 << int(Shaped);
     QTest::newRow("icon-left.png") << QSize(24, 24) * 2 << int(Shaped);
     QTest::newRow("icon-setting.png") << QSize(18, 18) * 2 << int(Shaped);
     // Brushes, pixel for pixel.
