@@ -23,6 +23,8 @@ int main(int argc, char *argv[]) {
     std::set_terminate(vexa::reportUncaughtAndExit);
     vexa::platform::prepareSession();
 
+    // The main window asks for it once more, which is too late to have an effect.
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QApplication application(argc, argv);
     if (vexa::platform::forwardActivation())
         return 0;

@@ -4,9 +4,31 @@
 #include "platform/SessionInput.h"
 
 #include <QByteArray>
+#include <X11/Xlib.h>
 #include <stdexcept>
 
 namespace vexa::platform {
+
+namespace {
+
+constexpr double usualDpi = 96;
+
+/// How much larger than usual the desktop wants everything, in whole steps; 1 where it does not say.
+int desktopScale() {
+    Display *const display = XOpenDisplay(nullptr);
+    if (!display)
+        return 1;
+    const int scale = qRound(QByteArray(XGetDefault(display, "Xft", "dpi")).toDouble() / usualDpi);
+    XCloseDisplay(display);
+    return qMax(scale, 1);
+}
+
+void setUnlessTheUserHas(const char *name, const QByteArray &value) {
+    if (!qEnvironmentVariableIsSet(name))
+        qputenv(name, value);
+}
+
+} // namespace
 
 void prepareSession() {
     // Looked at first, since the toolkit aborts with a core dump where there is no display.
@@ -15,10 +37,12 @@ void prepareSession() {
 
     // The pen is heard through the X server, so the windows belong there too, also where a Wayland session
     // offers itself to the toolkit.
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "xcb");
-    // The texts are sized in points of macOS, where a point is a pixel of the layout.
+    setUnlessTheUserHas("QT_QPA_PLATFORM", "xcb");
+    // The texts are sized in points of macOS, where a point is a pixel of the layout, also of a scaled one.
+    // The toolkit then no longer sees the desktop's own resolution, by which it would enlarge everything.
     qputenv("QT_FONT_DPI", "72");
+    qputenv("QT_DPI_ADJUSTMENT_POLICY", "AdjustDpi");
+    setUnlessTheUserHas("QT_SCALE_FACTOR", QByteArray::number(desktopScale()));
 }
 
 } // namespace vexa::platform

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Session.h"
 
+#include <QProcess>
 #include <QtTest>
 #include <stdexcept>
 
@@ -15,6 +16,9 @@ private slots:
     void aDisplayThatAnswersIsEnough();
     void sizesTextsInPointsOfOnePixel();
     void keepsTheWindowsWhereTheInputIs();
+    void scalesAsTheDesktopDoes_data();
+    void scalesAsTheDesktopDoes();
+    void leavesAScaleThatTheUserHasSet();
     void withoutADisplayTheTextNamesTheCause_data();
     void withoutADisplayTheTextNamesTheCause();
 
@@ -36,6 +40,40 @@ void SessionTest::keepsTheWindowsWhereTheInputIs() {
     qunsetenv("QT_QPA_PLATFORM");
     vexa::platform::prepareSession();
     QCOMPARE(qgetenv("QT_QPA_PLATFORM"), QByteArray("xcb"));
+}
+
+void SessionTest::scalesAsTheDesktopDoes_data() {
+    QTest::addColumn<QByteArray>("resources");
+    QTest::addColumn<QByteArray>("scale");
+    QTest::newRow("nothing said") << QByteArray("Other.thing: 1\n") << QByteArray("1");
+    QTest::newRow("usual") << QByteArray("Xft.dpi: 96\n") << QByteArray("1");
+    QTest::newRow("a little more") << QByteArray("Xft.dpi: 120\n") << QByteArray("1");
+    QTest::newRow("twice") << QByteArray("Xft.dpi: 192\n") << QByteArray("2");
+    QTest::newRow("nearly three times") << QByteArray("Xft.dpi: 270\n") << QByteArray("3");
+    QTest::newRow("smaller") << QByteArray("Xft.dpi: 40\n") << QByteArray("1");
+    QTest::newRow("no number") << QByteArray("Xft.dpi: large\n") << QByteArray("1");
+}
+
+void SessionTest::scalesAsTheDesktopDoes() {
+    QFETCH(QByteArray, resources);
+    QFETCH(QByteArray, scale);
+    QProcess xrdb;
+    xrdb.start(QStringLiteral("xrdb"),
+               {QStringLiteral("-nocpp"), QStringLiteral("-load"), QStringLiteral("-")});
+    xrdb.write(resources);
+    xrdb.closeWriteChannel();
+    QVERIFY(xrdb.waitForFinished(-1));
+    QCOMPARE(xrdb.exitCode(), 0);
+
+    qunsetenv("QT_SCALE_FACTOR");
+    vexa::platform::prepareSession();
+    QCOMPARE(qgetenv("QT_SCALE_FACTOR"), scale);
+}
+
+void SessionTest::leavesAScaleThatTheUserHasSet() {
+    qputenv("QT_SCALE_FACTOR", "1.5");
+    vexa::platform::prepareSession();
+    QCOMPARE(qgetenv("QT_SCALE_FACTOR"), QByteArray("1.5"));
 }
 
 void SessionTest::withoutADisplayTheTextNamesTheCause_data() {
