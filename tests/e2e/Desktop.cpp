@@ -113,6 +113,14 @@ Window panelOf(qint64 pid) {
     return visibleWindowOfSize(pid, QSize(999, 650));
 }
 
+bool hasWithdrawn(qint64 pid, int pixelsPerPoint) {
+    // The prompt gets the size of a strip only then, and keeps it when it has faded.
+    const QVector<Window> windows = windowsOf(pid);
+    return std::any_of(windows.begin(), windows.end(), [pixelsPerPoint](const Window &window) {
+        return window.geometry.size() == QSize(300, 60) * pixelsPerPoint;
+    });
+}
+
 QImage grabScreen() {
     return QGuiApplication::primaryScreen()->grabWindow(0).toImage().convertToFormat(QImage::Format_RGB32);
 }

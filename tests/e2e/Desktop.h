@@ -30,6 +30,9 @@ Window visibleWindowOfSize(qint64 pid, const QSize &size);
 /// The settings panel, when it is shown.
 Window panelOf(qint64 pid);
 
+/// Whether the start is over: the panel has shown itself, has hidden again and left its prompt.
+bool hasWithdrawn(qint64 pid, int pixelsPerPoint = 1);
+
 QImage grabScreen();
 QRgb pixelAt(const QPoint &position);
 

@@ -17,17 +17,40 @@ class LaserTest : public QObject {
     Q_OBJECT
 
 private slots:
+    void holdingKeyFourPutsADotUnderThePointer_data();
     void holdingKeyFourPutsADotUnderThePointer();
 };
 
+namespace {
+
+bool setDesktopResolution(int dotsPerInch) {
+    QProcess xrdb;
+    xrdb.start(QStringLiteral("xrdb"),
+               {QStringLiteral("-nocpp"), QStringLiteral("-load"), QStringLiteral("-")});
+    xrdb.write("Xft.dpi: " + QByteArray::number(dotsPerInch) + '\n');
+    xrdb.closeWriteChannel();
+    return xrdb.waitForFinished(-1) && xrdb.exitCode() == 0;
+}
+
+} // namespace
+
+void LaserTest::holdingKeyFourPutsADotUnderThePointer_data() {
+    QTest::addColumn<int>("resolution");
+    QTest::addColumn<int>("pixelsPerPoint");
+    QTest::newRow("usual desktop") << 96 << 1;
+    QTest::newRow("desktop of twice the resolution") << 192 << 2;
+}
+
 void LaserTest::holdingKeyFourPutsADotUnderThePointer() {
+    QFETCH(int, resolution);
+    QFETCH(int, pixelsPerPoint);
+    QVERIFY(setDesktopResolution(resolution));
     e2e::Program program({{QStringLiteral("ShowPrivacyWindow"), 0},
                           {QStringLiteral("Key4P"), 2},
                           {QStringLiteral("LaserPenSize"), radius},
                           {QStringLiteral("LaserPenColor"), 600}});
     QVERIFY(program.start());
-    QTRY_VERIFY_WITH_TIMEOUT(e2e::windowsOf(program.pid()).size() >= 3, patience);
-    QTRY_VERIFY_WITH_TIMEOUT(!e2e::panelOf(program.pid()).id, patience);
+    QTRY_VERIFY_WITH_TIMEOUT(e2e::hasWithdrawn(program.pid(), pixelsPerPoint), patience);
 
     const QPoint first(400, 300);
     const QPoint second(1200, 700);
@@ -39,8 +62,8 @@ void LaserTest::holdingKeyFourPutsADotUnderThePointer() {
     QTRY_COMPARE_WITH_TIMEOUT(e2e::pixelAt(first), dotColour, patience);
     const QImage screen = e2e::grabScreen();
     for (const QPoint &direction : {QPoint(1, 0), QPoint(-1, 0), QPoint(0, 1), QPoint(0, -1)}) {
-        QCOMPARE(screen.pixel(first + direction * (radius - 2)), dotColour);
-        QCOMPARE(screen.pixel(first + direction * (radius + 2)), empty);
+        QCOMPARE(screen.pixel(first + direction * (pixelsPerPoint * radius - 2)), dotColour);
+        QCOMPARE(screen.pixel(first + direction * (pixelsPerPoint * radius + 2)), empty);
     }
 
     e2e::movePointer(second);

@@ -59,7 +59,7 @@ void StartTest::thePanelShowsBrieflyAndLeavesAPrompt() {
 void StartTest::theProgramRunsOnWithoutAWindow() {
     e2e::Program program;
     QVERIFY(program.start());
-    QTRY_VERIFY_WITH_TIMEOUT(!e2e::windowsOf(program.pid()).isEmpty(), patience);
+    QTRY_VERIFY_WITH_TIMEOUT(e2e::hasWithdrawn(program.pid()), patience);
     QCOMPARE(program.runToTheEnd().code, 0);
     QTRY_VERIFY_WITH_TIMEOUT(e2e::panelOf(program.pid()).id, patience);
     e2e::askToClose(e2e::panelOf(program.pid()));
