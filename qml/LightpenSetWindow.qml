@@ -28,11 +28,12 @@ ToolSetWindow {
     Rectangle {
         id: dot
 
-        anchors.centerIn: root.preview
         color: colorSet.curColor
         height: width
         radius: width / 2
         width: 10
+        x: root.preview.x + (root.preview.width - width) / 2
+        y: root.preview.y + (root.preview.height - height) / 2
     }
 
     ColorSet {

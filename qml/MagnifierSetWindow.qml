@@ -28,13 +28,14 @@ ToolSetWindow {
     Rectangle {
         id: ring
 
-        anchors.centerIn: root.preview
         border.color: colorSet.curColor
         border.width: 2
         color: "transparent"
         height: width
         radius: width / 2
         width: 10
+        x: root.preview.x + (root.preview.width - width) / 2
+        y: root.preview.y + (root.preview.height - height) / 2
     }
 
     ColorSet {

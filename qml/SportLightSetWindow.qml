@@ -31,13 +31,14 @@ ToolSetWindow {
         opacity: darknessSet.curValue / 255
     }
 
-    // The light: the same picture once more, unveiled, cut out as a circle.
+    // The light: the same picture once more, unveiled, cut out as a circle. On whole pixels, or it would blur.
     Item {
         id: light
 
-        anchors.centerIn: root.preview
         height: width
         width: 60
+        x: Math.round(root.preview.x + (root.preview.width - width) / 2)
+        y: Math.round(root.preview.y + (root.preview.height - height) / 2)
 
         Item {
             id: unveiled

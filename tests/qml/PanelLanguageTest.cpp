@@ -1,0 +1,214 @@
+// SPDX-License-Identifier: MIT
+#include "qml/PanelView.h"
+#include "support/TestMain.h"
+
+#include <QAccessible>
+#include <QTranslator>
+
+namespace {
+
+const QList<QPoint> buttons{{951 + 9, 598 + 9},
+                            {679 + 12, 457 + 12},
+                            {296 + 12, 457 + 12},
+                            {679 + 12, 196 + 12},
+                            {296 + 12, 196 + 12}};
+const QPoint settingsButton(951 + 9, 598 + 9);
+const QPoint key4Button(296 + 12, 196 + 12);
+const QPoint languageBox(722 + 87, 207 + 129);
+const QPoint clickList(30 + 20, 87 + 42);
+const QStringList catalogues{"Cn", "Tw", "En"};
+
+bool hasHan(const QString &text) {
+    for (const QChar letter : text) {
+        if (letter.script() == QChar::Script_Han)
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+/// The panel in its three languages, switched while it runs by a host that does what the program's does.
+class PanelLanguageTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() {
+        m_view = std::make_unique<PanelView>();
+        connect(m_view->root(), SIGNAL(qmlSignal1(int, int, int)), this, SLOT(host(int, int, int)));
+    }
+    void cleanup() {
+        m_view.reset();
+        m_translator.reset();
+    }
+
+    void pickingALanguageSwitchesEveryTextAndKeepsEveryChoice();
+    void pickingEveryLanguageInTurnNeverBounces();
+    void switchByMessageNeverBounces();
+    void textsOfTheKeysInEnglish();
+    void nothingIsClippedInAnyLanguage_data();
+    void nothingIsClippedInAnyLanguage();
+    void everyControlHasANameInTheCurrentLanguage_data();
+    void everyControlHasANameInTheCurrentLanguage();
+
+public slots:
+    void host(int id, int value, int) {
+        if (id == 16)
+            speak(value);
+    }
+
+private:
+    void speak(int language) {
+        m_translator = std::make_unique<QTranslator>();
+        if (m_translator->load(QStringLiteral(":/language_qm/lang_%1.qm").arg(catalogues.at(language))))
+            QCoreApplication::installTranslator(m_translator.get());
+        m_port = std::make_unique<QTranslator>();
+        if (m_port->load(QStringLiteral(":/language_qm/port_%1.qm").arg(catalogues.at(language))))
+            QCoreApplication::installTranslator(m_port.get());
+    }
+    QString titleOfSettings() { return m_view->text({722 + 20, 207 + 23})->property("text").toString(); }
+    /// Returns when the view has taken up a posted change of language.
+    void settle() {
+        QCoreApplication::sendPostedEvents();
+        QCoreApplication::processEvents();
+    }
+
+    std::unique_ptr<PanelView> m_view;
+    std::unique_ptr<QTranslator> m_translator;
+    std::unique_ptr<QTranslator> m_port;
+};
+
+void PanelLanguageTest::pickingALanguageSwitchesEveryTextAndKeepsEveryChoice() {
+    const QList<int> values{132, 183, 890, 177, 22, 13, 3, 1, 2, 1, 4, 2, 3, 1, 0, 1};
+    for (int i = 0; i < values.size(); ++i)
+        m_view->push(2 + i, values.at(i));
+    m_view->click(settingsButton);
+    m_view->messages.clear();
+    m_view->pick(languageBox, 2);
+    QTRY_COMPARE(titleOfSettings(), QStringLiteral("Setting"));
+    for (const QPoint &button : buttons) {
+        m_view->click(button);
+        for (const QString &text : m_view->visibleTexts())
+            QVERIFY2(!hasHan(text), qPrintable(text));
+    }
+    QCOMPARE(m_view->messages, QList<Message>({{16, 2, 0}}));
+    m_view->click(settingsButton);
+    QCOMPARE(m_view->item(QStringLiteral("ComboxControl"), languageBox)->property("displayText").toString(),
+             QStringLiteral("English"));
+    m_view->click(key4Button);
+    QCOMPARE(m_view->item(QStringLiteral("ComboxControl"), clickList)->property("displayText").toString(),
+             QStringLiteral("Black Board"));
+    QCOMPARE(m_view->item(QStringLiteral("ComboxControl"), clickList)->property("currentIndex").toInt(), 3);
+    QCOMPARE(m_view->items(QStringLiteral("MagnifierSetWindow")).size(), 1);
+}
+
+void PanelLanguageTest::pickingEveryLanguageInTurnNeverBounces() {
+    m_view->click(settingsButton);
+    const QStringList titles{"设置", "設置", "Setting"};
+    int picks = 0;
+    for (const int language : {2, 1, 0, 1, 2, 0}) {
+        m_view->pick(languageBox, language);
+        QTRY_COMPARE(titleOfSettings(), titles.at(language));
+        QTRY_VERIFY(
+            m_view->item(QStringLiteral("ComboxControl"), languageBox)->property("canChangeIndex").toBool());
+        QCOMPARE(m_view->item(QStringLiteral("ComboxControl"), languageBox)->property("currentIndex").toInt(),
+                 language);
+        QCOMPARE(m_view->messages.size(), ++picks);
+        QCOMPARE(m_view->messages.last(), Message({16, language, 0}));
+    }
+}
+
+void PanelLanguageTest::switchByMessageNeverBounces() {
+    m_view->click(settingsButton);
+    QQuickItem *box = m_view->item(QStringLiteral("ComboxControl"), languageBox);
+    m_view->pick(languageBox, 2);
+    QTRY_VERIFY(box->property("canChangeIndex").toBool());
+    m_view->messages.clear();
+    // The host changes the language on its own, and only then tells the view.
+    speak(1);
+    QTRY_COMPARE(titleOfSettings(), QStringLiteral("設置"));
+    QCOMPARE(box->property("currentIndex").toInt(), 2);
+    QCOMPARE(m_view->messages, QList<Message>());
+    m_view->push(16, 1);
+    settle();
+    QCOMPARE(box->property("currentIndex").toInt(), 1);
+    QCOMPARE(m_view->messages, QList<Message>({{16, 1, 0}}));
+    QCOMPARE(titleOfSettings(), QStringLiteral("設置"));
+}
+
+void PanelLanguageTest::textsOfTheKeysInEnglish() {
+    speak(2);
+    QTRY_COMPARE(m_view->text({296, 116})->property("text").toString(), QStringLiteral("Click"));
+    QCOMPARE(m_view->text({296, 154})->property("text").toString(), QStringLiteral("Long Press"));
+    QCOMPARE(m_view->text({296, 535})->property("text").toString(), QStringLiteral("Page Up"));
+    const QStringList actions{"No Action", "PPT Slide on/off", "Pause/Play", "Black Board", "Screenshot"};
+    m_view->click(key4Button);
+    for (int code = 0; code < actions.size(); ++code) {
+        m_view->push(14, code);
+        QCOMPARE(m_view->text({296, 133})->property("text").toString(), actions.at(code));
+        QCOMPARE(m_view->item(QStringLiteral("ComboxControl"), clickList)->property("displayText").toString(),
+                 actions.at(code));
+    }
+}
+
+void PanelLanguageTest::nothingIsClippedInAnyLanguage_data() {
+    QTest::addColumn<int>("language");
+    for (int language = 0; language < catalogues.size(); ++language)
+        QTest::newRow(qPrintable(catalogues.at(language))) << language;
+}
+
+void PanelLanguageTest::nothingIsClippedInAnyLanguage() {
+    QFETCH(int, language);
+    speak(language);
+    settle();
+    m_view->push(16, language);
+    const auto check = [this] {
+        for (const QQuickItem *text : m_view->items(QStringLiteral("QQuickText"))) {
+            const QByteArray words = text->property("text").toString().toUtf8();
+            QVERIFY2(!text->property("truncated").toBool(), words.constData());
+            QVERIFY2(text->property("contentWidth").toReal() <= text->width(), words.constData());
+        }
+    };
+    for (const QPoint &button : buttons) {
+        m_view->click(button);
+        for (int code = 0; code < 5; ++code) {
+            for (int id = 12; id <= 15; ++id)
+                m_view->push(id, code);
+            check();
+        }
+    }
+}
+
+void PanelLanguageTest::everyControlHasANameInTheCurrentLanguage_data() {
+    nothingIsClippedInAnyLanguage_data();
+}
+
+void PanelLanguageTest::everyControlHasANameInTheCurrentLanguage() {
+    QFETCH(int, language);
+    speak(language);
+    settle();
+    int controls = 0;
+    for (const QPoint &button : buttons) {
+        m_view->click(button);
+        for (QQuickItem *item : qml::tree(m_view->root())) {
+            if (!item->isVisible() || !item->activeFocusOnTab())
+                continue;
+            ++controls;
+            QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(item);
+            QVERIFY(accessible != nullptr);
+            const QString name = accessible->text(QAccessible::Name);
+            const QString place = QStringLiteral("%1 at %2,%3: %4")
+                                      .arg(item->metaObject()->className())
+                                      .arg(qml::corner(item).x())
+                                      .arg(qml::corner(item).y())
+                                      .arg(name);
+            QVERIFY2(!name.isEmpty(), qPrintable(place));
+            QVERIFY2(language != 2 || !hasHan(name), qPrintable(place));
+        }
+    }
+    // Seven that are always there, in five views; and what the views add to them.
+    QCOMPARE(controls, 5 * 7 + (3 + 8 + 4) + 1 + 1 + (2 + 2) + 3);
+}
+
+VEXA_WIDGET_TEST_MAIN(PanelLanguageTest)
+#include "PanelLanguageTest.moc"
