@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/PictureWriter.h"
 
+#include <QBuffer>
+#include <QByteArray>
 #include <QFileInfo>
 #include <QImageWriter>
 #include <QMutexLocker>
@@ -14,14 +16,24 @@ namespace {
 
 constexpr int quality = 50;
 
-void writePicture(const QString &path, const QImage &picture) {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        return;
-    QImageWriter writer(&file, QFileInfo(path).suffix().toLatin1());
+/// Empty when the picture has no such form.
+QByteArray encoded(const QImage &picture, const QByteArray &format) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    QImageWriter writer(&buffer, format);
     writer.setQuality(quality);
+    return writer.write(picture) ? bytes : QByteArray();
+}
+
+void writePicture(const QString &path, const QImage &picture) {
+    // Not straight into the file: when that fails the encoder complains on the standard error stream.
+    const QByteArray bytes = encoded(picture, QFileInfo(path).suffix().toLatin1());
+    QSaveFile file(path);
+    if (bytes.isEmpty() || !file.open(QIODevice::WriteOnly))
+        return;
     // Without the commit the file's place stays as it was, and what has been written so far goes.
-    if (writer.write(picture))
+    if (file.write(bytes) == bytes.size())
         file.commit();
 }
 
