@@ -60,8 +60,9 @@ class Information(unittest.TestCase):
         self.assertEqual(self.entries["CFBundleVersion"], version)
         self.assertEqual(self.entries["CFBundleShortVersionString"], version)
 
-    def test_says_why_it_talks_to_other_programs(self):
+    def test_says_why_it_asks_for_permissions(self):
         self.assertIn("System Events", self.entries["NSAppleEventsUsageDescription"])
+        self.assertIn("screenshots", self.entries["NSDesktopFolderUsageDescription"])
 
     def test_keeps_the_dock_icon(self):
         self.assertNotIn("LSUIElement", self.entries)
