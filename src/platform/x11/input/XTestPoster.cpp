@@ -59,6 +59,8 @@ XTestPoster::~XTestPoster() {
 
 std::optional<std::uint32_t> XTestPoster::connect() {
     const std::lock_guard lock(m_mutex);
+    if (m_connection)
+        m_connection->sync(); // or a server that has gone is not noticed
     if (!ensureConnection())
         return std::nullopt;
     return m_connection->clientId();

@@ -1,0 +1,208 @@
+// SPDX-License-Identifier: MIT
+#include <QSignalSpy>
+#include <QTemporaryFile>
+#include <QtTest>
+#include <fcntl.h>
+#include <unistd.h>
+
+#include "input/CKeyboardHandler.h"
+#include "input/CKeyboardListenerMac.h"
+#include "platform/SessionInput.h"
+#include "platform/quartz/InputBackend.h"
+#include "platform/x11/Hand.h"
+
+namespace {
+
+constexpr int control = 37, shift = 50, option = 64, letterG = 42, letterS = 39;
+constexpr int f5 = 71, escape = 9, space = 65, pageUp = 112;
+
+/// Takes what the process writes to its standard output and error, as long as it lives.
+class TakenOutput {
+public:
+    TakenOutput() {
+        m_file.open();
+        fflush(nullptr);
+        for (int &kept : m_kept) {
+            const int stream = int(&kept - m_kept) + STDOUT_FILENO;
+            kept = dup(stream);
+            dup2(m_file.handle(), stream);
+        }
+    }
+    ~TakenOutput() { giveBack(); }
+
+    QByteArray giveBack() {
+        fflush(nullptr);
+        for (int &kept : m_kept) {
+            if (kept < 0)
+                continue;
+            dup2(kept, int(&kept - m_kept) + STDOUT_FILENO);
+            close(kept);
+            kept = -1;
+        }
+        m_file.seek(0);
+        return m_file.readAll();
+    }
+
+private:
+    Q_DISABLE_COPY(TakenOutput)
+
+    QTemporaryFile m_file;
+    int m_kept[2] = {-1, -1};
+};
+
+QtMessageHandler usualHandler;
+int loggedMessages = 0;
+
+} // namespace
+
+/// The handler in a real X session: keys in, messages out, posts back in.
+class SessionHandlerTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { vexa::platform::useSessionInput(1); }
+    void init() { CKeyboardListenerMac::EnterPPT = false; }
+    void cleanupTestCase() { vexa::setInputBackend(nullptr); }
+
+    void aPenChordArrivesAsMessages();
+    void thePointerArrivesAsMessages();
+    void theReleaseChordIsRecognisedAfterAPostInBetween();
+    void theSlideShowIsStartedAndEnded();
+    void playPauseAndPageUpArriveOnce();
+    void aClickLeavesThePointerWhereItClicked();
+    void whatIsTypedIsNeverWrittenAnywhere();
+    void manyStartsAndStopsLeaveNothingBehind();
+
+private:
+    void type(std::initializer_list<int> keys);
+    QVector<int> pressesGiven();
+
+    Hand m_hand;
+};
+
+void SessionHandlerTest::type(std::initializer_list<int> keys) {
+    for (const int key : keys)
+        m_hand.press(key);
+    for (auto key = std::rbegin(keys); key != std::rend(keys); ++key)
+        m_hand.release(*key);
+}
+
+QVector<int> SessionHandlerTest::pressesGiven() {
+    QVector<int> presses;
+    for (const Hand::Given &given : m_hand.takeGivenKeys())
+        if (given.down)
+            presses.append(given.xKeyCode);
+    return presses;
+}
+
+void SessionHandlerTest::aPenChordArrivesAsMessages() {
+    CKeyboardHandler handler;
+    QSignalSpy keys(&handler, &CKeyboardHandler::MysignalKeyboardMessage);
+    type({control, shift, option, letterG});
+    QTRY_COMPARE(keys.size(), 8);
+    const QVector<QVariantList> expected{{59, 1}, {56, 1}, {58, 1}, {5, 1},
+                                         {5, 0},  {58, 0}, {56, 0}, {59, 0}};
+    for (int i = 0; i < expected.size(); ++i)
+        QCOMPARE(keys.at(i), expected.at(i));
+}
+
+void SessionHandlerTest::thePointerArrivesAsMessages() {
+    CKeyboardHandler handler;
+    QSignalSpy moves(&handler, &CKeyboardHandler::MysignalMouseMessage);
+    m_hand.moveTo(321, 123);
+    QTRY_COMPARE(moves.size(), 1);
+    QCOMPARE(moves.first(), (QVariantList{5, 321, 123}));
+}
+
+void SessionHandlerTest::theReleaseChordIsRecognisedAfterAPostInBetween() {
+    CKeyboardHandler handler;
+    QSignalSpy keys(&handler, &CKeyboardHandler::MysignalKeyboardMessage);
+    for (const int key : {control, shift, option})
+        m_hand.press(key);
+    CKeyboardListenerMac::SetPageUp();
+    m_hand.press(letterS);
+    m_hand.release(letterS);
+    for (const int key : {option, shift, control})
+        m_hand.release(key);
+    QTRY_COMPARE(keys.size(), 10);
+    const QVector<QVariantList> expected{{59, 1}, {56, 1}, {58, 1}, {116, 1}, {116, 0},
+                                         {1, 1},  {1, 0},  {58, 0}, {56, 0},  {59, 0}};
+    for (int i = 0; i < expected.size(); ++i)
+        QCOMPARE(keys.at(i), expected.at(i));
+}
+
+void SessionHandlerTest::theSlideShowIsStartedAndEnded() {
+    m_hand.openFocusedWindow();
+    CKeyboardListenerMac::SetPPTFullScreen();
+    QCOMPARE(pressesGiven(), QVector<int>{f5});
+    CKeyboardListenerMac::SetPPTFullScreen();
+    QCOMPARE(pressesGiven(), QVector<int>{escape});
+    QVERIFY(!CKeyboardListenerMac::EnterPPT);
+}
+
+void SessionHandlerTest::playPauseAndPageUpArriveOnce() {
+    m_hand.openFocusedWindow();
+    CKeyboardListenerMac::SetPlayOrPause();
+    QCOMPARE(pressesGiven(), QVector<int>{space});
+    CKeyboardListenerMac::SetPageUp();
+    QCOMPARE(pressesGiven(), QVector<int>{pageUp});
+}
+
+void SessionHandlerTest::aClickLeavesThePointerWhereItClicked() {
+    m_hand.moveTo(1, 1);
+    CKeyboardListenerMac::SetMouseClick(640, 480);
+    QCOMPARE(m_hand.pointer().x, 640);
+    QCOMPARE(m_hand.pointer().y, 480);
+}
+
+void SessionHandlerTest::whatIsTypedIsNeverWrittenAnywhere() {
+    const QDir home = QDir::home();
+    const auto files = [&home] {
+        return home.entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    };
+    const QStringList before = files();
+    loggedMessages = 0;
+    usualHandler = qInstallMessageHandler(
+        [](QtMsgType, const QMessageLogContext &, const QString &) { ++loggedMessages; });
+    int heard = 0;
+    QByteArray written;
+    {
+        TakenOutput output;
+        {
+            CKeyboardHandler handler;
+            connect(&handler, &CKeyboardHandler::MysignalKeyboardMessage, [&heard] { ++heard; });
+            for (int key = 24; key <= 33; ++key) // a row of letters, as a password would be
+                type({key});
+            type({shift, letterG});
+            while (heard < 24)
+                QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        }
+        written = output.giveBack();
+    }
+    qInstallMessageHandler(usualHandler);
+    QCOMPARE(heard, 24);
+    QCOMPARE(written, QByteArray());
+    QCOMPARE(loggedMessages, 0);
+    QCOMPARE(files(), before);
+}
+
+void SessionHandlerTest::manyStartsAndStopsLeaveNothingBehind() {
+    const auto descriptors = [] {
+        return QDir(QStringLiteral("/proc/self/fd"))
+            .entryList(QDir::NoDotAndDotDot | QDir::AllEntries | QDir::System)
+            .size();
+    };
+    { CKeyboardHandler first; }
+    const int before = descriptors();
+    for (int i = 0; i < 200; ++i)
+        CKeyboardHandler handler;
+    QCOMPARE(descriptors(), before);
+
+    CKeyboardHandler handler;
+    QSignalSpy keys(&handler, &CKeyboardHandler::MysignalKeyboardMessage);
+    type({letterG});
+    QTRY_COMPARE(keys.size(), 2);
+}
+
+QTEST_GUILESS_MAIN(SessionHandlerTest)
+#include "SessionHandlerTest.moc"
