@@ -6,7 +6,6 @@
 #include <QDialog>
 #include <QTimer>
 #include <memory>
-#include <optional>
 
 namespace {
 
