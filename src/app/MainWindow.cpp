@@ -91,6 +91,8 @@ void MainWindow::dressWindow() {
     setPalette(pictured);
     setAutoFillBackground(true);
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
+    // A window that says where it stands stays there when it is hidden and shown again.
+    move(QGuiApplication::primaryScreen()->availableGeometry().center() - rect().center());
 }
 
 void MainWindow::loadView() {
