@@ -7,4 +7,8 @@ typedef struct objc_class *Class;
 typedef struct objc_object *id;
 typedef struct objc_selector *SEL;
 typedef void (*IMP)(void);
-typedef bool BOOL; // as on arm64; on x86_64 it is a signed char
+#if defined(__APPLE__) && defined(__x86_64__)
+typedef signed char BOOL;
+#else
+typedef bool BOOL; // on arm64, and here where the tests run
+#endif
