@@ -12,6 +12,7 @@ ComboBox {
     property string icondown: "qrc:/icon-down@3x.png"
     property string iconup: "qrc:/icon-up@3x.png"
     property string name
+    readonly property int rowHeight: 30
     property string selectFillColor: "#3D3D3D"
     property var texts: []
 
@@ -19,14 +20,16 @@ ComboBox {
         Accessible.ignored: true
         color: "#7D7D7D"
         font: root.font
+        height: root.rowHeight
         leftPadding: 10
     }
 
     currentIndex: 0
     font.family: "Arial"
     font.pixelSize: 13
-    height: 30
+    height: rowHeight
     leftPadding: 0
+    padding: 0
     rightPadding: 0
     textRole: "label"
     width: 207
@@ -47,7 +50,7 @@ ComboBox {
         id: row
 
         highlighted: root.highlightedIndex === index
-        height: 30
+        height: root.rowHeight
         padding: 0
         text: model.label
         width: root.width - 2
@@ -71,7 +74,7 @@ ComboBox {
         id: rows
     }
     popup: Popup {
-        height: root.count * 30 + 2
+        height: root.count * root.rowHeight + 2
         padding: 1
         width: root.width
         y: root.height

@@ -3,6 +3,7 @@
 
 #include <QCoreApplication>
 #include <QFont>
+#include <QFontDatabase>
 #include <QStringList>
 #include <array>
 #include <cstddef>
@@ -30,6 +31,13 @@ const Catalogue *catalogueOf(int language) {
     return index < catalogues.size() ? &catalogues[index] : nullptr;
 }
 
+/// Makes the toolkit forget the faces it has drawn a family with, which outlive a change of substitutions. It
+/// does so when an application font goes; the one that comes and goes here is none.
+void forgetDrawnFaces() {
+    QFontDatabase::addApplicationFontFromData(QByteArray(1, 'x'));
+    QFontDatabase::removeAllApplicationFonts();
+}
+
 } // namespace
 
 void Language::chooseFace(int language) {
@@ -40,6 +48,7 @@ void Language::chooseFace(int language) {
     // outside a Chinese session with the Japanese forms.
     QFont::insertSubstitutions(face, {QStringLiteral("Liberation Sans"),
                                       QLatin1String(catalogue ? catalogue->chineseFace : simplifiedFace)});
+    forgetDrawnFaces();
 }
 
 void Language::change(int language) {
