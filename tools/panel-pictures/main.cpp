@@ -2,13 +2,14 @@
 //
 // panel-pictures FOLDER: draws every view of the panel and of the guide, in the three languages, into FOLDER.
 // With QT_SCALE_FACTOR=2 the pictures are as on a screen of twice the density and their names end with @2x.
+#include "app/Language.h"
+
 #include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QQuickItem>
 #include <QQuickWidget>
 #include <QTimer>
-#include <QTranslator>
 #include <array>
 #include <cstdio>
 #include <functional>
@@ -108,15 +109,10 @@ int main(int argc, char *argv[]) {
         std::fprintf(stderr, "panel-pictures FOLDER: draws the views into FOLDER\n");
         return 2;
     }
+    vexa::Language language;
     for (std::size_t i = 0; i < languages.size(); ++i) {
-        const QString language = QLatin1String(languages.at(i));
-        QTranslator catalogue;
-        if (!catalogue.load(QStringLiteral(":/language_qm/lang_%1.qm").arg(language))) {
-            std::fprintf(stderr, "panel-pictures: no catalogue for %s\n", qPrintable(language));
-            return 1;
-        }
-        QApplication::installTranslator(&catalogue);
-        Album album(QFile::decodeName(argv[1]), language);
+        language.change(static_cast<int>(i));
+        Album album(QFile::decodeName(argv[1]), QLatin1String(languages.at(i)));
         if (!drawPanel(album, static_cast<int>(i)) || !drawGuide(album)) {
             return 1;
         }
