@@ -18,6 +18,7 @@ namespace vexa {
 namespace {
 
 constexpr int eraserSize = 50;
+constexpr int settlingInterval = 50; // milliseconds
 
 constexpr auto exitLook = "QPushButton{border:0px;background:transparent;border-image: url(:/icon-exit.png)}";
 constexpr auto eraserLook =
@@ -49,7 +50,11 @@ const QScreen &primaryScreen() {
 } // namespace
 
 DrawingForm::DrawingForm(QWidget *parent)
-    : QWidget(parent), m_ink(primaryScreen().geometry().size(), primaryScreen().devicePixelRatio()) {}
+    : QWidget(parent), m_ink(primaryScreen().geometry().size(), primaryScreen().devicePixelRatio()) {
+    m_settling.setSingleShot(true);
+    m_settling.setInterval(settlingInterval);
+    m_settling.callOnTimeout(this, [this] { update(m_ink.takeSettling()); });
+}
 
 DrawingForm::~DrawingForm() = default;
 
@@ -160,6 +165,8 @@ void DrawingForm::mouseMoveEvent(QMouseEvent *event) {
     }
     const QPoint point = event->localPos().toPoint();
     update(m_erasing ? m_ink.erase(point, eraserSize, true) : m_ink.extend(point));
+    if (!m_settling.isActive())
+        m_settling.start();
 }
 
 void DrawingForm::mouseReleaseEvent(QMouseEvent * /*event*/) {

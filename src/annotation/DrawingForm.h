@@ -5,6 +5,7 @@
 #include "annotation/InkLayer.h"
 
 #include <QPixmap>
+#include <QTimer>
 #include <QWidget>
 #include <memory>
 
@@ -72,6 +73,7 @@ private:
 
     EveryPointerSample m_everySample;
     InkLayer m_ink;
+    QTimer m_settling; // shows what the stroke's edges have become behind the pen
     std::unique_ptr<QPixmap> m_background;
     std::unique_ptr<promptwindow2> m_prompt;
     QPushButton *m_exit = nullptr; // the designer form's

@@ -42,7 +42,7 @@ void InkLayer::setPen(const QPen &pen) {
         watchCovered(m_image.rect());
 }
 
-QRegion InkLayer::begin(const QPoint &point) {
+QRect InkLayer::begin(const QPoint &point) {
     if (!m_drawing)
         m_coverage.clear();
     m_drawing = true;
@@ -51,11 +51,12 @@ QRegion InkLayer::begin(const QPoint &point) {
     return fillDisc(point, m_pen.width(), true, QPainter::CompositionMode_SourceOver);
 }
 
-QRegion InkLayer::extend(const QPoint &point) {
+QRect InkLayer::extend(const QPoint &point) {
     const QPoint middle((m_last.x() + point.x()) / 2, (m_last.y() + point.y()) / 2);
-    m_coverage.quadTo(m_last, middle, [this](int x, int y) { watch(x, y); });
+    const QRect tip = m_coverage.quadTo(m_last, middle, [this](int x, int y) { watch(x, y); });
     m_last = point;
-    return settle();
+    settle();
+    return toPoints(tip);
 }
 
 void InkLayer::end() {
@@ -66,7 +67,7 @@ void InkLayer::end() {
     m_moving.clear();
 }
 
-QRegion InkLayer::erase(const QPoint &centre, int diameter, bool smoothEdge) {
+QRect InkLayer::erase(const QPoint &centre, int diameter, bool smoothEdge) {
     return fillDisc(centre, diameter, smoothEdge, QPainter::CompositionMode_Clear);
 }
 
@@ -84,12 +85,19 @@ QRect InkLayer::fillDisc(const QPoint &centre, int diameter, bool smoothEdge,
 
     const QRect points =
         QRect(centre.x() - radius, centre.y() - radius, 2 * radius, 2 * radius).adjusted(-1, -1, 1, 1);
-    if (m_drawing) {
-        const qreal ratio = m_image.devicePixelRatio();
-        watchCovered(
-            QRectF(QPointF(points.topLeft()) * ratio, QSizeF(points.size()) * ratio).toAlignedRect());
-    }
+    if (m_drawing)
+        watchCovered(toPixels(points));
     return points;
+}
+
+QRect InkLayer::toPoints(const QRect &pixels) const {
+    const qreal ratio = m_image.devicePixelRatio();
+    return QRectF(QPointF(pixels.topLeft()) / ratio, QSizeF(pixels.size()) / ratio).toAlignedRect();
+}
+
+QRect InkLayer::toPixels(const QRect &points) const {
+    const qreal ratio = m_image.devicePixelRatio();
+    return QRectF(QPointF(points.topLeft()) * ratio, QSizeF(points.size()) * ratio).toAlignedRect();
 }
 
 void InkLayer::watch(int x, int y) {
@@ -114,7 +122,7 @@ void InkLayer::watchCovered(const QRect &pixels) {
 }
 
 /// Draws the stroke once more, where that makes a difference.
-QRegion InkLayer::settle() {
+void InkLayer::settle() {
     uchar *bits = m_image.bits();
     const auto stride = static_cast<std::size_t>(m_image.bytesPerLine());
     const auto width = static_cast<std::size_t>(m_image.width());
@@ -131,7 +139,6 @@ QRegion InkLayer::settle() {
         m_moving[kept++] = at;
     }
     m_moving.resize(kept);
-    return m_damage.take(m_image.devicePixelRatio());
 }
 
 } // namespace vexa

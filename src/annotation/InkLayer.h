@@ -21,7 +21,7 @@ namespace vexa {
 /// opaque colour moves each channel by at least one at every step, so none stays in the list for more than
 /// 255 samples, and a sample costs the same however long the stroke is.
 ///
-/// Points in, regions of points that changed out. Any thread, no widget.
+/// Points in, areas of points that changed out. Any thread, no widget.
 class InkLayer {
 public:
     /// A transparent layer of so many points, with devicePixelRatio pixels to a point.
@@ -34,14 +34,19 @@ public:
     void setPen(const QPen &pen);
 
     /// Sets the pen down: a dot, the beginning of a stroke, or one more line of a stroke that has not ended.
-    QRegion begin(const QPoint &point);
-    /// A sample of the stroke: a curve around the previous sample towards this one.
-    QRegion extend(const QPoint &point);
+    QRect begin(const QPoint &point);
+    /// A sample of the stroke: a curve around the previous sample towards this one. Behind it the stroke
+    /// grows heavier too; takeSettling() tells where.
+    QRect extend(const QPoint &point);
     /// Lifts the pen.
     void end();
 
     /// Rubs out a disc.
-    QRegion erase(const QPoint &centre, int diameter, bool smoothEdge);
+    QRect erase(const QPoint &centre, int diameter, bool smoothEdge);
+
+    /// Where the edges of the stroke have grown heavier since the last call. A step there is too small to be
+    /// seen, so that whoever shows the ink need not hurry with it.
+    QRegion takeSettling() { return m_damage.take(m_image.devicePixelRatio()); }
 
 private:
     struct Pixel {
@@ -50,7 +55,9 @@ private:
 
     void watch(int x, int y);
     void watchCovered(const QRect &pixels);
-    QRegion settle();
+    void settle();
+    QRect toPoints(const QRect &pixels) const;
+    QRect toPixels(const QRect &points) const;
     QRect fillDisc(const QPoint &centre, int diameter, bool smoothEdge, QPainter::CompositionMode mode);
 
     QImage m_image;

@@ -10,7 +10,7 @@ namespace vexa {
 namespace {
 
 // What may be filled anew because a few pixels are doubtful, in pixels along the lines.
-constexpr int crowd = 800;
+constexpr int crowd = 300;
 
 QImage emptyPlane(const QSize &pixels, qreal devicePixelRatio) {
     QImage plane(pixels, QImage::Format_Alpha8);
@@ -36,13 +36,13 @@ void StrokeCoverage::moveTo(const QPointF &point) {
     m_lineBegins = true;
 }
 
-void StrokeCoverage::quadTo(const QPointF &control, const QPointF &end, const Changed &changed) {
+QRect StrokeCoverage::quadTo(const QPointF &control, const QPointF &end, const Changed &changed) {
     m_pieces.add({m_end, control, end, reach(m_end, control, end), m_lineBegins});
     const QRect pixels = reach(m_end, control, end) & m_coverage.rect();
     m_end = end;
     m_lineBegins = false;
     if (pixels.isEmpty())
-        return;
+        return pixels;
 
     QPainterPath tail = m_pieces.tail(m_pen.widthF() + 8);
     const auto width = static_cast<std::size_t>(pixels.width());
@@ -76,6 +76,7 @@ void StrokeCoverage::quadTo(const QPointF &control, const QPointF &end, const Ch
     }
     if (!m_doubtful.empty())
         refill(m_doubtful, changed);
+    return pixels;
 }
 
 /// Takes the coverage of these pixels from all the lines that run through them.

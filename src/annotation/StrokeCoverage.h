@@ -43,8 +43,8 @@ public:
     using Changed = std::function<void(int x, int y)>;
 
     /// Adds a quadratic piece from where the line ends. Calls changed for every pixel whose coverage is now
-    /// another.
-    void quadTo(const QPointF &control, const QPointF &end, const Changed &changed);
+    /// another, and returns an area that holds them all.
+    QRect quadTo(const QPointF &control, const QPointF &end, const Changed &changed);
 
     /// 0 to 255 for each pixel of one row.
     const uchar *row(int y) const { return m_coverage.constScanLine(y); }

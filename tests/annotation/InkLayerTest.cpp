@@ -259,7 +259,7 @@ private slots:
         ink.begin(stroke[0]);
         for (std::size_t i = 1; i < stroke.size(); ++i) {
             const QImage before = ink.image().copy();
-            const QRegion changed = ink.extend(stroke[i]);
+            const QRegion changed = QRegion(ink.extend(stroke[i])) + ink.takeSettling();
             if (i % 60 != 0)
                 continue;
             qint64 area = 0;
