@@ -11,7 +11,7 @@ void postKey(CGKeyCode key, bool down, CGEventFlags flags = 0) {
     if (flags != 0)
         CGEventSetFlags(event, flags);
     CGEventPost(kCGHIDEventTap, event);
-}
+} // NOLINT(clang-analyzer-osx.cocoa.RetainCount)
 
 void postLeft(CGEventType type, int x, int y) {
     PostMouseEvent(kCGMouseButtonLeft, type, CGPointMake(x, y));
@@ -58,6 +58,7 @@ void CKeyboardListenerMac::SetpTosysCamera() {}
 /// The source is not released, deliberately; the event is.
 void PostMouseEvent(CGMouseButton button, CGEventType type, CGPoint point) {
     CGEventSourceRef source = CGEventSourceCreate(kCGEventSourceStatePrivate);
+    // NOLINTNEXTLINE(clang-analyzer-osx.cocoa.RetainCount)
     CGEventRef event = CGEventCreateMouseEvent(source, type, point, button);
     CGEventSetType(event, type);
     CGEventPost(kCGHIDEventTap, event);

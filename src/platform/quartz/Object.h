@@ -65,17 +65,16 @@ public:
     }
 
     /// Takes over the one reference of a new object.
-    static Handle adopt(Class *object) {
-        Handle handle;
-        handle.m_object = object;
-        return handle;
-    }
+    static Handle adopt(Class *object) { return Handle(object, Adopted()); }
 
     explicit operator bool() const { return m_object != nullptr; }
     Class *get() const { return m_object; }
     Class *operator->() const { return m_object; }
 
 private:
+    struct Adopted {};
+    Handle(Class *object, Adopted) : m_object(object) {}
+
     Class *m_object = nullptr;
 };
 

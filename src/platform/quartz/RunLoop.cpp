@@ -10,7 +10,7 @@ namespace vexa::quartz {
 
 RunLoop &RunLoop::current() {
     thread_local const Handle<RunLoop> loop = Handle<RunLoop>::adopt(new RunLoop);
-    return *loop.get();
+    return *loop.get(); // NOLINT(clang-analyzer-cplusplus.NewDelete): it ends with the thread, not here
 }
 
 void RunLoop::add(RunLoopSource *source) {

@@ -128,9 +128,7 @@ bool RecordSource::next(InputEvent &event) {
     return true;
 }
 
-/// True when there were any.
-bool RecordSource::readRecords() {
-    bool any = false;
+void RecordSource::readRecords() {
     void *record = nullptr;
     xcb_generic_error_t *error = nullptr;
     while (xcb_poll_for_reply(m_data->get(), m_records, &record, &error) && record) {
@@ -139,13 +137,11 @@ bool RecordSource::readRecords() {
         if (reply->category == FromServer || reply->category == FromClient)
             take(xcb_record_enable_context_data(reply.get()),
                  xcb_record_enable_context_data_length(reply.get()), reply->category == FromServer);
-        any = true;
     }
     std::free(error);
     m_data->dropEvents();
     if (m_data->isBroken())
         forget(m_data->fd()); // the server is gone, and the descriptor would be readable for ever
-    return any;
 }
 
 void RecordSource::take(const std::uint8_t *data, int size, bool fromServer) {
@@ -198,7 +194,7 @@ void RecordSource::checkModifiers() {
     const int before = m_translator.modifierEvents();
     const KeySet down = keysDown(*m_control);
     readRecords();
-    if (m_control->isBroken() == false && m_translator.modifierEvents() == before)
+    if (!m_control->isBroken() && m_translator.modifierEvents() == before)
         m_translator.reconcile([&down](XKeyCode key) { return down.has(key); });
     scheduleCheck();
 }

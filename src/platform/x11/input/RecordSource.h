@@ -29,7 +29,7 @@ private:
     bool start(std::uint32_t posterClient);
     void watch(int fd) const;
     void forget(int fd) const;
-    bool readRecords();
+    void readRecords();
     void take(const std::uint8_t *data, int size, bool fromServer);
     void readControl();
     void checkModifiers();
