@@ -5,8 +5,17 @@
 #include <QQuickWindow>
 #include <QtTest>
 
-PanelView::PanelView(const QString &document) : m_widget(QUrl(document)) {
+PanelView::PanelView(const QString &document)
+    : m_own(std::make_unique<QQuickWidget>(QUrl(document))), m_widget(*m_own) {
     m_widget.show();
+    listen();
+}
+
+PanelView::PanelView(QQuickWidget &hosted) : m_widget(hosted) {
+    listen();
+}
+
+void PanelView::listen() {
     if (root() != nullptr && root()->metaObject()->indexOfSignal("qmlSignal1(int,int,int)") >= 0) {
         connect(root(), SIGNAL(qmlSignal1(int, int, int)), this, SLOT(record(int, int, int)));
     }
@@ -24,11 +33,11 @@ void PanelView::click(const QPoint &place) {
 
 void PanelView::press(const QPoint &place) {
     moveTo(place);
-    QTest::mousePress(m_widget.windowHandle(), Qt::LeftButton, {}, place);
+    QTest::mousePress(m_widget.window()->windowHandle(), Qt::LeftButton, {}, place);
 }
 
 void PanelView::moveTo(const QPoint &place) {
-    QTest::mouseMove(m_widget.windowHandle(), place);
+    QTest::mouseMove(m_widget.window()->windowHandle(), place);
 }
 
 void PanelView::jiggle(const QPoint &place) {
@@ -37,7 +46,7 @@ void PanelView::jiggle(const QPoint &place) {
 }
 
 void PanelView::release(const QPoint &place) {
-    QTest::mouseRelease(m_widget.windowHandle(), Qt::LeftButton, {}, place);
+    QTest::mouseRelease(m_widget.window()->windowHandle(), Qt::LeftButton, {}, place);
 }
 
 void PanelView::pick(const QPoint &box, int row) {

@@ -7,6 +7,7 @@
 #include <QQuickWidget>
 #include <QString>
 #include <QStringList>
+#include <memory>
 
 /// A settings message of the view, as its host receives it.
 struct Message {
@@ -26,6 +27,9 @@ class PanelView : public QObject {
 
 public:
     explicit PanelView(const QString &document = QStringLiteral("qrc:/MainWindow.qml"));
+
+    /// The view that fills the window of a host, which must outlive this.
+    explicit PanelView(QQuickWidget &hosted);
 
     QQuickWidget &widget() { return m_widget; }
     QQuickItem *root() { return m_widget.rootObject(); }
@@ -59,10 +63,12 @@ private slots:
     void record(int id, int var1, int var2);
 
 private:
+    void listen();
     /// The row of an open list at this place, or null.
     QQuickItem *rowAt(const QPoint &place);
 
-    QQuickWidget m_widget;
+    std::unique_ptr<QQuickWidget> m_own;
+    QQuickWidget &m_widget;
 };
 
 namespace qml {
