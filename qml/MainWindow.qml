@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick 2.15
 import QtQuick.Controls 1.4 as Controls1
+import QtQuick.Window 2.15
 
 // The panel: the pen between its four keys, what each key does, and a view to change it. The root is all that the host
 // knows of the view.
@@ -8,6 +9,7 @@ Rectangle {
     id: root
 
     property bool changeBackgroundcolor: true
+    property bool shown: false // whether the panel has been drawn once
     property int key2Action: 1
     property int key3Action: 3
     property int key4Action: 4
@@ -62,9 +64,29 @@ Rectangle {
     // A change made in any view shows everywhere at once, without a round trip through the host.
     onQmlSignal1: (id1, var1, var2) => setvalue(id1, var1, var2)
 
+    Connections {
+        enabled: !root.shown
+        target: root.Window.window
+
+        function onAfterRendering() {
+            Qt.callLater(() => root.shown = true) // the frame goes to the screen first
+        }
+    }
+
+    // The background at its plain size is there at once; the one for dense screens, nine times as large, takes its
+    // place when it is unpacked.
     Picture {
         anchors.fill: parent
-        source: "qrc:/bg@3x.png"
+        source: "qrc:/bg.png"
+        visible: sharp.status !== Image.Ready
+    }
+
+    Picture {
+        id: sharp
+
+        anchors.fill: parent
+        asynchronous: true
+        source: root.shown ? "qrc:/bg@3x.png" : ""
     }
 
     DragArea {
@@ -135,10 +157,12 @@ Rectangle {
         y: 457
     }
 
-    Key1Window {
+    KeyView {
         id: key1Window
 
-        visible: key1Button.checked
+        opened: key1Button.checked
+        panelShown: root.shown
+        view: "Key1Window.qml"
         x: 712
         y: 87
     }
@@ -154,10 +178,12 @@ Rectangle {
         y: 457
     }
 
-    Key2Window {
+    KeyView {
         id: key2Window
 
-        visible: key2Button.checked
+        opened: key2Button.checked
+        panelShown: root.shown
+        view: "Key2Window.qml"
         x: 30
         y: 321
     }
@@ -174,10 +200,12 @@ Rectangle {
         y: 196
     }
 
-    Key3Window {
+    KeyView {
         id: key3Window
 
-        visible: key3Button.checked
+        opened: key3Button.checked
+        panelShown: root.shown
+        view: "Key3Window.qml"
         x: 712
         y: 87
     }
@@ -193,10 +221,12 @@ Rectangle {
         y: 196
     }
 
-    Key4Window {
+    KeyView {
         id: key4Window
 
-        visible: key4Button.checked
+        opened: key4Button.checked
+        panelShown: root.shown
+        view: "Key4Window.qml"
         x: 30
         y: 87
     }
@@ -207,18 +237,20 @@ Rectangle {
         objectName: "setButton"
         exclusiveGroup: viewGroup
         height: 18
-        name: setWindow.title
+        name: qsTranslate("SetWindow", "设置")
         style: 1
         width: 18
         x: 951
         y: 598
     }
 
-    SetWindow {
+    KeyView {
         id: setWindow
 
         height: 390
-        visible: setButton.checked
+        opened: setButton.checked
+        panelShown: root.shown
+        view: "SetWindow.qml"
         width: 247
         x: 722
         y: 207

@@ -12,7 +12,7 @@ Text {
     fontSizeMode: Text.HorizontalFit
     height: font.pixelSize + 2
     minimumPixelSize: 9
-    renderType: Text.NativeRendering
+    renderType: Text.QtRendering
     verticalAlignment: Text.AlignVCenter
 
     Accessible.name: text

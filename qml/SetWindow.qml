@@ -5,7 +5,6 @@ import QtQuick 2.15
 Rectangle {
     id: root
 
-    readonly property alias title: heading.text
     readonly property string webSite: "https://www.vexa.example/"
 
     component SeparatorLine: Separator {
@@ -38,8 +37,6 @@ Rectangle {
     }
 
     PanelText {
-        id: heading
-
         font.bold: true
         font.pixelSize: 16
         text: qsTr("设置")

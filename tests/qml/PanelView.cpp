@@ -9,10 +9,21 @@ PanelView::PanelView(const QString &document)
     : m_own(std::make_unique<QQuickWidget>(QUrl(document))), m_widget(*m_own) {
     m_widget.show();
     listen();
+    awaitViews();
 }
 
 PanelView::PanelView(QQuickWidget &hosted) : m_widget(hosted) {
     listen();
+    awaitViews();
+}
+
+void PanelView::awaitViews() {
+    constexpr int ready = 1;
+    for (const QObject *object : root()->findChildren<QObject *>()) {
+        if (object->inherits("QQuickLoader")) {
+            QTRY_COMPARE(object->property("status").toInt(), ready);
+        }
+    }
 }
 
 void PanelView::listen() {

@@ -64,6 +64,8 @@ private slots:
 
 private:
     void listen();
+    /// Views are built in the background once the panel has been drawn.
+    void awaitViews();
     /// The row of an open list at this place, or null.
     QQuickItem *rowAt(const QPoint &place);
 

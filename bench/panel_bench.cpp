@@ -1,0 +1,213 @@
+// SPDX-License-Identifier: MIT
+//
+// What the settings panel costs: its start next to that of an empty view with the same imports, and the time
+// of the GUI thread that opening a view, moving a slider and a storm of changes take. Prints tables and
+// judges nothing.
+//
+// The start is that of a process of its own, which is why the program calls itself with the view to show.
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QMouseEvent>
+#include <QProcess>
+#include <QQuickItem>
+#include <QQuickWidget>
+#include <QQuickWindow>
+#include <algorithm>
+#include <cstdio>
+#include <ctime>
+#include <functional>
+#include <vector>
+
+namespace {
+
+const QString panelDocument = QStringLiteral("qrc:/MainWindow.qml");
+constexpr int starts = 15;
+constexpr int repetitions = 40;
+
+double median(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    return values.at(values.size() / 2);
+}
+
+/// Milliseconds of processor time that this thread has used: what it would take on a machine left alone.
+double threadTime() {
+    timespec now{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+    return 1e3 * static_cast<double>(now.tv_sec) + 1e-6 * static_cast<double>(now.tv_nsec);
+}
+
+void push(QObject *root, int id, int value) {
+    QMetaObject::invokeMethod(root, "setvalue", Q_ARG(QVariant, id), Q_ARG(QVariant, value),
+                              Q_ARG(QVariant, 0));
+}
+
+void fill(QObject *root) {
+    const std::vector<int> values = {132, 183, 890, 177, 22, 13, 2, 1, 0, 1, 1, 3, 4, 0, 0, 1};
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        push(root, static_cast<int>(i) + 2, values.at(i));
+    }
+}
+
+/// Shows a view in this process until its first complete frame.
+int showOnce(const QString &document) {
+    QQuickWidget view;
+    view.setSource(document.startsWith(QLatin1String("qrc:")) ? QUrl(document)
+                                                              : QUrl::fromLocalFile(document));
+    if (view.rootObject() == nullptr) {
+        return 1;
+    }
+    if (document == panelDocument) {
+        fill(view.rootObject());
+    }
+    QObject::connect(view.quickWindow(), &QQuickWindow::afterRendering, &view, [] {
+        std::puts("drawn");
+        std::fflush(stdout);
+        QApplication::quit();
+    });
+    view.show();
+    return QApplication::exec();
+}
+
+double startOf(const QString &document) {
+    QElapsedTimer clock;
+    clock.start();
+    QProcess process;
+    process.start(QApplication::applicationFilePath(), {document});
+    const bool drawn = process.waitForReadyRead();
+    const double milliseconds = static_cast<double>(clock.nsecsElapsed()) * 1e-6;
+    process.waitForFinished();
+    if (!drawn) {
+        std::fprintf(stderr, "panel_bench: %s does not start\n", qPrintable(document));
+        std::exit(1);
+    }
+    return milliseconds;
+}
+
+void measureStart() {
+    std::vector<double> panel;
+    std::vector<double> empty;
+    std::vector<double> ratio;
+    startOf(panelDocument); // fills the caches of files and shaders for both
+    startOf(QStringLiteral(EMPTY_PANEL));
+    for (int i = 0; i < starts; ++i) {
+        panel.push_back(startOf(panelDocument));
+        empty.push_back(startOf(QStringLiteral(EMPTY_PANEL)));
+        ratio.push_back(panel.back() / empty.back());
+    }
+    std::printf("start of the process to its first frame (median of %d, side by side)\n", starts);
+    std::printf("  panel        %7.1f ms\n  empty view   %7.1f ms\n  ratio        %7.2f\n\n", median(panel),
+                median(empty), median(ratio));
+}
+
+/// One view, on the screen, and what its GUI thread spends on what is done to it.
+class Bench {
+public:
+    Bench() : m_view(QUrl(panelDocument)) {
+        QObject::connect(m_view.quickWindow(), &QQuickWindow::afterRendering, &m_view,
+                         [this] { ++m_frames; });
+        m_view.show();
+        fill(root());
+        untilDrawn();
+        while (!complete()) {
+            QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        }
+    }
+
+    QObject *root() { return m_view.rootObject(); }
+
+    void mouse(QEvent::Type type, const QPoint &place, Qt::MouseButtons buttons) {
+        QMouseEvent event(type, place, m_view.mapToGlobal(place),
+                          type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton, buttons, {});
+        QApplication::sendEvent(&m_view, &event);
+    }
+    void click(const QPoint &place) {
+        mouse(QEvent::MouseButtonPress, place, Qt::LeftButton);
+        mouse(QEvent::MouseButtonRelease, place, {});
+    }
+
+    /// Milliseconds from a deed until its frame is drawn, waiting not counted.
+    template<typename Deed> double cost(Deed deed) {
+        const double begin = threadTime();
+        m_frames = 0;
+        deed();
+        untilDrawn();
+        return threadTime() - begin;
+    }
+
+private:
+    /// Whether the views that are built in the background are there.
+    bool complete() {
+        constexpr int ready = 1;
+        const QList<QObject *> objects = root()->findChildren<QObject *>();
+        return std::all_of(objects.begin(), objects.end(), [](const QObject *object) {
+            return !object->inherits("QQuickLoader") || object->property("status").toInt() == ready;
+        });
+    }
+
+    void untilDrawn() {
+        while (m_frames == 0) {
+            QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        }
+    }
+
+    QQuickWidget m_view;
+    int m_frames = 0;
+};
+
+void report(const char *what, const std::vector<double> &values) {
+    std::printf("  %-36s first %6.2f   median %6.2f   most of the others %6.2f ms\n", what, values.front(),
+                median(values), *std::max_element(values.begin() + 1, values.end()));
+}
+
+void measureFrames() {
+    const QPoint key1(691, 469);
+    const QPoint key4(308, 208);
+    Bench bench;
+    std::vector<double> openKey1;
+    std::vector<double> openKey4;
+    std::vector<double> close;
+    for (int i = 0; i < repetitions; ++i) {
+        openKey1.push_back(bench.cost([&] { bench.click(key1); }));
+        openKey4.push_back(bench.cost([&] { bench.click(key4); }));
+        close.push_back(bench.cost([&] { bench.click(key4); }));
+    }
+    std::printf("GUI thread, deed to drawn frame (processor time, %d times)\n", repetitions);
+    report("opening key 1's view", openKey1);
+    report("opening key 4's view in its place", openKey4);
+    report("closing it", close);
+
+    bench.click(key4);
+    for (const auto &[tool, name] :
+         {std::pair(0, "spotlight darkness"), std::pair(1, "lens colour"), std::pair(2, "laser colour")}) {
+        push(bench.root(), 15, tool);
+        std::vector<double> moves;
+        bench.mouse(QEvent::MouseButtonPress, {80, 474}, Qt::LeftButton);
+        for (int i = 0; i < repetitions; ++i) {
+            moves.push_back(bench.cost([&] {
+                bench.mouse(QEvent::MouseMove, {84 + 3 * i, 474}, Qt::LeftButton);
+            }));
+        }
+        bench.mouse(QEvent::MouseButtonRelease, {84 + 3 * repetitions, 474}, {});
+        report(name, moves);
+    }
+
+    const double storm = bench.cost([&] {
+        for (int value = 1; value <= 1000; ++value) {
+            push(bench.root(), 6, value);
+        }
+    });
+    std::printf("  a storm of 1,000 slider changes and its frame %.1f ms in all\n", storm);
+}
+
+} // namespace
+
+int main(int argc, char *argv[]) {
+    qputenv("QT_FONT_DPI", "72");
+    QApplication application(argc, argv);
+    if (argc == 2) {
+        return showOnce(QString::fromLocal8Bit(argv[1]));
+    }
+    measureStart();
+    measureFrames();
+    return 0;
+}
