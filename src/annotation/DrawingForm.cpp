@@ -178,6 +178,8 @@ void DrawingForm::penUp() {
         setCursor(m_penCursor);
     m_pressed = false;
     m_ink.end();
+    m_settling.stop();
+    update(m_ink.takeSettling());
 }
 
 void DrawingForm::paintEvent(QPaintEvent *event) {
