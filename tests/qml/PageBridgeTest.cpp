@@ -27,6 +27,7 @@ private slots:
     void rootOffersSignalsFunctionsAndProperty();
     void bothTextsAreKept();
     void everyPushedSettingIsShown();
+    void viewOpenedBeforeThePanelIsDrawnShowsWhatWasPushed();
     void everyPushedSettingComesBackUnchangedOrNotAtAll();
     void valuesBeyondASliderComeBackClamped();
     void unknownActionCodeIsPushedOnAndLeavesTheSummary();
@@ -111,6 +112,25 @@ void PageBridgeTest::everyPushedSettingIsShown() {
     QCOMPARE(textAt(key3Value), QStringLiteral("播放器：暂停/播放"));
     QCOMPARE(textAt(key4ClickValue), QStringLiteral("黑板"));
     QCOMPARE(textAt(key4LongValue), QStringLiteral("数字激光点")); // as pushed last
+}
+
+void PageBridgeTest::viewOpenedBeforeThePanelIsDrawnShowsWhatWasPushed() {
+    QQuickWidget unseen(QUrl(QStringLiteral("qrc:/MainWindow.qml")));
+    QQuickItem *root = unseen.rootObject();
+    QSignalSpy messages(root, SIGNAL(qmlSignal1(int, int, int)));
+    for (const int code : {2, 4})
+        QVERIFY(QMetaObject::invokeMethod(root, "setvalue", Q_ARG(QVariant, 12), Q_ARG(QVariant, code),
+                                          Q_ARG(QVariant, 0)));
+    root->findChild<QObject *>(QStringLiteral("key2Button"))->setProperty("checked", true);
+    const QQuickItem *list = nullptr;
+    for (QQuickItem *item : qml::tree(root)) {
+        if (qml::isOfType(item, QStringLiteral("ComboxControl")))
+            list = item;
+    }
+    QVERIFY(list != nullptr);
+    QCOMPARE(qml::corner(list), QPointF(30 + 20, 321 + 136));
+    QCOMPARE(list->property("displayText").toString(), QStringLiteral("屏幕截屏"));
+    QCOMPARE(messages.size(), 0);
 }
 
 void PageBridgeTest::everyPushedSettingComesBackUnchangedOrNotAtAll() {

@@ -10,19 +10,31 @@
 #include <QQuickItem>
 #include <QQuickWidget>
 #include <QTimer>
+#include <algorithm>
 #include <array>
 #include <cstdio>
-#include <functional>
 
 namespace {
 
 constexpr std::array<const char *, 3> languages = {"Cn", "Tw", "En"};
 
+/// Whether pictures or views are still on their way.
+bool loading(const QObject *root) {
+    constexpr int underWay = 2; // of pictures and of loaders alike
+    const QList<QObject *> objects = root->findChildren<QObject *>();
+    return std::any_of(objects.begin(), objects.end(), [](const QObject *object) {
+        return (object->inherits("QQuickImage") || object->inherits("QQuickLoader")) &&
+               object->property("status").toInt() == underWay;
+    });
+}
+
 /// Lets the view handle what was changed, and draw it.
-void settle() {
-    QEventLoop loop;
-    QTimer::singleShot(50, &loop, &QEventLoop::quit);
-    loop.exec();
+void settle(const QQuickWidget &view) {
+    do {
+        QEventLoop loop;
+        QTimer::singleShot(50, &loop, &QEventLoop::quit);
+        loop.exec();
+    } while (loading(view.rootObject()));
 }
 
 void push(QObject *root, int id, int value) {
@@ -35,7 +47,7 @@ public:
     Album(const QString &folder, const QString &language) : m_folder(folder), m_language(language) {}
 
     bool add(const QQuickWidget &view, const QString &name) {
-        settle();
+        settle(view);
         const QString density = view.devicePixelRatioF() > 1 ? QStringLiteral("@2x") : QString();
         const QString path = m_folder.filePath(name + '-' + m_language + density + QStringLiteral(".png"));
         if (view.grabFramebuffer().save(path)) {
