@@ -12,7 +12,7 @@ namespace vexa {
 
 namespace {
 
-constexpr qint64 largestFile = 1024 * 1024;
+constexpr qint64 largestFile = qint64{1024} * 1024;
 
 /// The file stays in its place while it gains its second name, so that no moment is without it. A link, or a
 /// file system that cannot give a file two names, has to be moved instead.

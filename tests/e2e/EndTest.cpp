@@ -2,6 +2,7 @@
 #include "e2e/Desktop.h"
 #include "e2e/Pen.h"
 #include "e2e/Program.h"
+#include "e2e/XServer.h"
 #include "support/TestMain.h"
 
 #include <csignal>
@@ -28,6 +29,7 @@ private slots:
     void signalsEndItDuringTheGuide();
     void aSignalEndsItWhileAToolIsOpen();
     void aSignalRightAfterTheStartEndsIt();
+    void aServerThatGoesTakesItAlongWithoutACrash();
 };
 
 void EndTest::signalsEndItWithZero_data() {
@@ -84,6 +86,19 @@ void EndTest::aSignalRightAfterTheStartEndsIt() {
         const auto end = program.waitForEnd();
         QVERIFY(end.normal ? end.code == 0 : end.code == SIGTERM);
     }
+}
+
+void EndTest::aServerThatGoesTakesItAlongWithoutACrash() {
+    e2e::XServer server;
+    QVERIFY(!server.display().isEmpty());
+    e2e::Program program(settings(0));
+    program.setEnvironment(QStringLiteral("DISPLAY"), server.display());
+    QVERIFY(program.start());
+    // The view echoes the values it is shown, which saves them: from then on the main window is there.
+    const QByteArray before = program.settingsFile();
+    QTRY_VERIFY_WITH_TIMEOUT(program.settingsFile() != before, patience);
+    server.kill();
+    QVERIFY(program.waitForEnd().normal);
 }
 
 VEXA_WIDGET_TEST_MAIN(EndTest)

@@ -26,7 +26,8 @@ void LogOutTest::thePanelThatRefusesToCloseDoesNotRefuseTheLogOut() {
     QVERIFY(program.start());
     QTRY_VERIFY_WITH_TIMEOUT(manager.hasClient(), patience);
     QTRY_VERIFY_WITH_TIMEOUT(e2e::hasWithdrawn(program.pid()), patience);
-    program.unsetEnvironment(QStringLiteral("SESSION_MANAGER")); // it would wait for an answer of this process
+    program.unsetEnvironment(
+        QStringLiteral("SESSION_MANAGER")); // it would wait for an answer of this process
     QCOMPARE(program.runToTheEnd().code, 0);
     QTRY_VERIFY_WITH_TIMEOUT(e2e::panelOf(program.pid()).id, patience);
 

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "e2e/Program.h"
+#include "e2e/XServer.h"
 
 #include <QDir>
-#include <QProcess>
 #include <QtTest>
-#include <memory>
 
 /// Sessions in which the pen cannot be heard: one clear line, an end with 1, and neither a window nor a dump.
 class NoSessionTest : public QObject {
@@ -56,21 +55,11 @@ void NoSessionTest::withoutAnExtensionOfTheServer_data() {
 
 void NoSessionTest::withoutAnExtensionOfTheServer() {
     QFETCH(QString, extension);
-    QProcess server;
-    server.start(QStringLiteral("Xvfb"),
-                 {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
-                  QStringLiteral("0"), QStringLiteral("640x480x24"), QStringLiteral("-nolisten"),
-                  QStringLiteral("tcp"), QStringLiteral("-noreset"), QStringLiteral("-extension"),
-                  extension});
-    QVERIFY(server.waitForReadyRead(60000));
-    const QString number = QString::fromLatin1(server.readAllStandardOutput()).trimmed();
-
+    const e2e::XServer server({QStringLiteral("-extension"), extension});
+    QVERIFY(!server.display().isEmpty());
     e2e::Program program;
-    program.setEnvironment(QStringLiteral("DISPLAY"), QLatin1Char(':') + number);
+    program.setEnvironment(QStringLiteral("DISPLAY"), server.display());
     verifyRefusal(program, "VexaOrbilo: the X server has no RECORD extension, so the pen cannot be heard\n");
-
-    server.terminate();
-    QVERIFY(server.waitForFinished(60000));
 }
 
 QTEST_GUILESS_MAIN(NoSessionTest)
