@@ -9,7 +9,7 @@
 #include <cstdlib>
 
 // In every libICE, though in none of its headers: keeps it off the network.
-extern "C" void _IceTransNoListen(const char *protocol);
+extern "C" void _IceTransNoListen(const char *protocol); // NOLINT(bugprone-reserved-identifier)
 
 namespace e2e {
 
@@ -144,7 +144,7 @@ void SessionManager::watch(int descriptor, const std::function<void()> &onData) 
 
 QString SessionManager::address() const {
     char *const list = IceComposeNetworkIdList(session.listenCount, session.listeners);
-    const QString text = QString::fromLocal8Bit(list);
+    QString text = QString::fromLocal8Bit(list);
     std::free(list);
     return text;
 }

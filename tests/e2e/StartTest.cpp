@@ -118,9 +118,11 @@ void StartTest::aConfirmedGuideIsSavedBeforeThePanelShows() {
         return qGray(e2e::pixelAt(onScreen(button))) > qGray(e2e::pixelAt(onScreen(besideButton))) + 50;
     };
     QTRY_VERIFY_WITH_TIMEOUT(buttonIsDrawn(), patience);
-    const QPoint neverAgainBox(28, 264);
-    e2e::movePointer(onScreen(neverAgainBox));
+    const QRect neverAgainBox(onScreen({20, 256}), QSize(16, 16));
+    e2e::movePointer(neverAgainBox.center());
+    const QImage unticked = e2e::grabScreen().copy(neverAgainBox);
     e2e::click();
+    QTRY_VERIFY_WITH_TIMEOUT(e2e::grabScreen().copy(neverAgainBox) != unticked, patience);
     e2e::movePointer(onScreen(button));
     e2e::click();
     QTRY_VERIFY_WITH_TIMEOUT(program.settingsFile().contains("<ShowPrivacyWindow>0</ShowPrivacyWindow>"),

@@ -15,12 +15,12 @@ class ApplicationObject : public QObject {
 public:
     using QObject::QObject;
 
-public slots:
-    void Activate(const QVariantMap &platformData);
+    Q_SLOT void Activate(const QVariantMap &platformData);
     /// The program opens no files: being asked to is being activated.
-    void Open(const QStringList &uris, const QVariantMap &platformData);
+    Q_SLOT void Open(const QStringList &uris, const QVariantMap &platformData);
     /// There are no actions beside the activation itself.
-    void ActivateAction(const QString &name, const QVariantList &parameters, const QVariantMap &platformData);
+    Q_SLOT void ActivateAction(const QString &name, const QVariantList &parameters,
+                               const QVariantMap &platformData);
 };
 
 } // namespace vexa::platform
