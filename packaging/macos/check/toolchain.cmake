@@ -1,6 +1,6 @@
-# Configures this project for macOS on a machine that has neither a Mac's development kit nor its linker: real
+# Configures this project for macOS on a machine that has no development kit of Apple's: real
 # compilation by clang for the real target, against Debian's Qt headers and the declarations beside this file. The
-# linker's place is taken by a script that looks for symbols nobody defines. See docs/macos.md for what that proves.
+# linker's place is taken by a script that first looks for symbols nobody defines. See docs/macos.md for what that proves.
 set(CMAKE_SYSTEM_NAME Darwin)
 set(CMAKE_SYSTEM_VERSION 20)
 if(NOT VEXA_CHECK_ARCH)
@@ -16,10 +16,11 @@ set(check_llvm /usr/lib/llvm-14)
 set(check_folder "${CMAKE_CURRENT_LIST_DIR}")
 set(CMAKE_CXX_COMPILER "${check_llvm}/bin/clang++")
 if(VEXA_CHECK_ARCH STREQUAL arm64)
-  set(CMAKE_CXX_COMPILER_TARGET arm64-apple-macos11) # there is no older one
+  set(check_macos 11.0) # there is no older one
 else()
-  set(CMAKE_CXX_COMPILER_TARGET x86_64-apple-macos10.13)
+  set(check_macos 10.13)
 endif()
+set(CMAKE_CXX_COMPILER_TARGET ${VEXA_CHECK_ARCH}-apple-macos${check_macos})
 set(CMAKE_CXX_COMPILER_WORKS TRUE)
 set(CMAKE_TRY_COMPILE_TARGET_TYPE STATIC_LIBRARY)
 set(CMAKE_AR "${check_llvm}/bin/llvm-ar" CACHE FILEPATH "")
@@ -32,7 +33,7 @@ string(CONCAT check_flags
   " -isystem ${check_llvm}/include/c++/v1 -isystem /usr/include/x86_64-linux-musl")
 set(CMAKE_CXX_FLAGS_INIT "${check_flags}")
 set(CMAKE_CXX_LINK_EXECUTABLE
-    "\"${check_folder}/stand-in-linker\" <TARGET> <OBJECTS> <LINK_LIBRARIES>")
+    "\"${check_folder}/stand-in-linker\" ${VEXA_CHECK_ARCH} ${check_macos} <TARGET> <OBJECTS> <LINK_LIBRARIES>")
 
 set(CMAKE_PREFIX_PATH /usr/lib/x86_64-linux-gnu/cmake)
 set(Qt5MacExtras_DIR "${check_folder}/cmake" CACHE PATH "")

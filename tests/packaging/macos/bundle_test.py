@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 # bundle_test.py BUILD-FOLDER SOURCE-FOLDER
 #
-# Looks into the bundle that the macOS build makes here, down to the last file. Its program is a placeholder: there is
-# no linker for macOS on this machine.
+# Looks into the bundle that the macOS build makes here, down to the last file. Its program is one for macOS, but has
+# never met Apple's libraries.
 import os
 import pathlib
 import plistlib
@@ -40,6 +40,12 @@ class Bundle(unittest.TestCase):
         files = {str(path.relative_to(BUNDLE)) for path in BUNDLE.rglob("*") if path.is_file()}
         self.assertEqual(files, {"Info.plist", "MacOS/VexaOrbilo", "MacOS/setAutoStartOpen.scpt",
                                  "MacOS/setAutoStartClose.scpt", "Resources/VexaOrbilo.icns"})
+
+
+    def test_holds_a_program_for_macos(self):
+        magic, processor = struct.unpack("<II", (BUNDLE / "MacOS" / "VexaOrbilo").read_bytes()[:8])
+        self.assertEqual(magic, 0xFEEDFACF)
+        self.assertEqual(processor, 0x0100000C)  # arm64
 
 
 class Information(unittest.TestCase):

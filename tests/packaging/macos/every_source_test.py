@@ -32,7 +32,7 @@ class EverySource(unittest.TestCase):
             self.assertEqual([file for file in files if file.startswith(ELSEWHERE)], [])
 
     def test_is_compiled_for_macos(self):
-        targets = {"arm64": "arm64-apple-macos11", "x86_64": "x86_64-apple-macos10.13"}
+        targets = {"arm64": "arm64-apple-macos11.0", "x86_64": "x86_64-apple-macos10.13"}
         for architecture, target in targets.items():
             for path, command in compiled(architecture):
                 self.assertIn(f"--target={target}", command, path)
