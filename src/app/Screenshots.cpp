@@ -28,11 +28,11 @@ QString Screenshots::makeFolder(const QString &path) {
     if (path.isEmpty() || QFileInfo::exists(path))
         return path;
     const int slash = path.lastIndexOf('/');
-    const QString name = path.mid(slash + 1);
     if (slash < 0) {
-        QDir().mkpath(name);
-        return name;
+        QDir().mkpath(path);
+        return path;
     }
+    const QString name = path.mid(slash + 1);
     const QString parent = makeFolder(path.left(slash));
     if (!name.isEmpty())
         QDir(parent + '/').mkpath(name);

@@ -377,8 +377,6 @@ void MainWindowTest::viewsDragMovesTheWindow() {
 void MainWindowTest::leftButtonDragsTheWindow() {
     Panel panel;
     panel.window.move(100, 120);
-    panel.window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&panel.window));
     const auto send = [&panel](QEvent::Type type, const QPointF &screen, Qt::MouseButton button,
                                Qt::MouseButtons held) {
         QMouseEvent event(type, panel.window.mapFromGlobal(screen.toPoint()), screen, button, held,
@@ -415,7 +413,6 @@ void MainWindowTest::otherButtonsDragNothing() {
 void MainWindowTest::closingOnlyHides() {
     Panel panel;
     panel.window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&panel.window));
     QVERIFY(!panel.window.close());
     QVERIFY(panel.window.isHidden());
     panel.window.show();
