@@ -138,7 +138,8 @@ template<typename Tool> double megabytesLeft() {
         tool->SetMouseMove(100 + round, 200);
         runFor(40);
         tool->close();
-        runFor(1);
+        while (tool)
+            QCoreApplication::processEvents(QEventLoop::AllEvents);
     }
     return residentMegabytes() - early;
 }
