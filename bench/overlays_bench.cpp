@@ -139,7 +139,7 @@ template<typename Tool> double megabytesLeft() {
         runFor(40);
         tool->close();
         while (tool)
-            QCoreApplication::processEvents(QEventLoop::AllEvents);
+            runFor(1);
     }
     return residentMegabytes() - early;
 }
