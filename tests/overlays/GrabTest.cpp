@@ -44,7 +44,7 @@ void GrabTest::initTestCase() {
     palette.setBrush(QPalette::Window, QBrush(picture));
     m_wall->setPalette(palette);
     vexa::platform::showOverPrimaryScreen(*m_wall);
-    QTRY_COMPARE(differences(shownOnScreen(), m_picture), 0);
+    QTRY_COMPARE_WITH_TIMEOUT(differences(shownOnScreen(), m_picture), 0, patience);
 }
 
 void GrabTest::init() {
@@ -126,7 +126,7 @@ void GrabTest::thePointerIsPaintedWhereItStands() {
     const QPoint pointer(150, 130);
     QCursor::setPos(pointer);
     vexa::platform::CursorPicture cursor;
-    QTRY_VERIFY(!(cursor = vexa::platform::currentCursorPicture()).image.isNull());
+    QTRY_VERIFY_WITH_TIMEOUT(!(cursor = vexa::platform::currentCursorPicture()).image.isNull(), patience);
     QCOMPARE(cursor.size, cursor.image.size());
 
     const QImage picture = Grab::getCursorPixmap(100, 100, 80, 60).toImage();

@@ -167,15 +167,15 @@ void HeldToolLifeTest::anExitBeforeItsTimeWaitsForTheGuard() {
     QPointer<QWidget> tool = open(kind);
     const TickCounter ticks(tool);
     QSignalSpy reports(tool, SIGNAL(singalExitWindow(int)));
-    QTRY_COMPARE(ticks.slowTicks(), 2);
+    QTRY_COMPARE_WITH_TIMEOUT(ticks.slowTicks(), 2, patience);
     leave(tool);
     const int drawnUntilExit = ticks.quickTicks();
-    QTRY_VERIFY_WITH_TIMEOUT(!reports.isEmpty(), 60000);
+    QTRY_VERIFY_WITH_TIMEOUT(!reports.isEmpty(), patience);
     QCOMPARE(reports.size(), 1);
     QCOMPARE(reports.first().first().toInt(), kind.code);
     QCOMPARE(ticks.slowTicks(), guardTicks);
     QCOMPARE(ticks.quickTicks(), drawnUntilExit);
-    QTRY_VERIFY(tool.isNull());
+    QTRY_VERIFY_WITH_TIMEOUT(tool.isNull(), patience);
     QCOMPARE(reports.size(), 1);
 }
 
@@ -184,14 +184,14 @@ void HeldToolLifeTest::anExitAfterItsTimeIsAtOnce() {
     QPointer<QWidget> tool = open(kind);
     const TickCounter ticks(tool);
     QSignalSpy reports(tool, SIGNAL(singalExitWindow(int)));
-    QTRY_COMPARE_WITH_TIMEOUT(ticks.slowTicks(), guardTicks, 60000);
+    QTRY_COMPARE_WITH_TIMEOUT(ticks.slowTicks(), guardTicks, patience);
     QVERIFY(tool->isVisible());
     QVERIFY(reports.isEmpty());
     leave(tool);
     QCOMPARE(reports.size(), 1);
     QCOMPARE(reports.first().first().toInt(), kind.code);
     QVERIFY(tool.isNull() || !tool->isVisible());
-    QTRY_VERIFY(tool.isNull());
+    QTRY_VERIFY_WITH_TIMEOUT(tool.isNull(), patience);
 }
 
 void HeldToolLifeTest::twoExitsReportOnce() {
@@ -200,7 +200,7 @@ void HeldToolLifeTest::twoExitsReportOnce() {
     QSignalSpy reports(tool, SIGNAL(singalExitWindow(int)));
     leave(tool);
     leave(tool);
-    QTRY_VERIFY_WITH_TIMEOUT(tool.isNull(), 60000);
+    QTRY_VERIFY_WITH_TIMEOUT(tool.isNull(), patience);
     QCOMPARE(reports.size(), 1);
 }
 
@@ -209,11 +209,11 @@ void HeldToolLifeTest::twoExitsAfterItsTimeReportOnce() {
     QPointer<QWidget> tool = open(kind);
     const TickCounter ticks(tool);
     QSignalSpy reports(tool, SIGNAL(singalExitWindow(int)));
-    QTRY_COMPARE_WITH_TIMEOUT(ticks.slowTicks(), guardTicks, 60000);
+    QTRY_COMPARE_WITH_TIMEOUT(ticks.slowTicks(), guardTicks, patience);
     leave(tool);
     if (tool)
         leave(tool);
-    QTRY_VERIFY(tool.isNull());
+    QTRY_VERIFY_WITH_TIMEOUT(tool.isNull(), patience);
     QCOMPARE(reports.size(), 1);
 }
 
@@ -226,7 +226,7 @@ void HeldToolLifeTest::aClickDismissesItSilently() {
     QTest::qWait(0);
     QVERIFY2(tool && tool->isVisible(), "the press alone dismissed it");
     releaseMouse();
-    QTRY_VERIFY(tool.isNull());
+    QTRY_VERIFY_WITH_TIMEOUT(tool.isNull(), patience);
     QVERIFY(reports.isEmpty());
 }
 
@@ -238,7 +238,7 @@ void HeldToolLifeTest::aClickWhileTheExitWaitsIsSilentToo() {
     QTest::mouseClick(tool, Qt::LeftButton, Qt::NoModifier, {10, 10});
     if (tool)
         leave(tool); // another command before the event loop has deleted it
-    QTRY_VERIFY(tool.isNull());
+    QTRY_VERIFY_WITH_TIMEOUT(tool.isNull(), patience);
     QVERIFY(reports.isEmpty());
 }
 
@@ -250,7 +250,7 @@ void HeldToolLifeTest::theDesktopMayCloseIt() {
     tool->windowHandle()->close();
     if (tool)
         leave(tool);
-    QTRY_VERIFY(tool.isNull());
+    QTRY_VERIFY_WITH_TIMEOUT(tool.isNull(), patience);
     QVERIFY(reports.isEmpty());
 }
 
@@ -259,7 +259,7 @@ void HeldToolLifeTest::itMayBeDeletedByWhoeverItReportsTo() {
     QPointer<QWidget> tool = open(kind);
     QSignalSpy reports(tool, SIGNAL(singalExitWindow(int)));
     const TickCounter ticks(tool);
-    QTRY_COMPARE_WITH_TIMEOUT(ticks.slowTicks(), guardTicks, 60000);
+    QTRY_COMPARE_WITH_TIMEOUT(ticks.slowTicks(), guardTicks, patience);
     kind.whenItReports(tool, [tool] { delete tool; });
     leave(tool);
     QVERIFY(tool.isNull());
@@ -273,28 +273,28 @@ void HeldToolLifeTest::theLastPictureStaysUntilItCloses() {
     QImage wallOnly = m_picture.toImage();
     wallOnly.setDevicePixelRatio(1);
     kind.move(tool, {120, 120});
-    QTRY_VERIFY(ticks.quickTicks() >= 3);
-    QTRY_VERIFY(differences(shownOnScreen(), wallOnly) > 500);
+    QTRY_VERIFY_WITH_TIMEOUT(ticks.quickTicks() >= 3, patience);
+    QTRY_VERIFY_WITH_TIMEOUT(differences(shownOnScreen(), wallOnly) > 500, patience);
     const QImage last = shownOnScreen();
     leave(tool);
-    QTRY_VERIFY(!tool || ticks.slowTicks() >= guardTicks - 1);
+    QTRY_VERIFY_WITH_TIMEOUT(!tool || ticks.slowTicks() >= guardTicks - 1, patience);
     if (tool)
         QCOMPARE(differences(shownOnScreen(), last), 0);
-    QTRY_VERIFY_WITH_TIMEOUT(tool.isNull(), 60000);
+    QTRY_VERIFY_WITH_TIMEOUT(tool.isNull(), patience);
 }
 
 void HeldToolLifeTest::aStillPointerPaintsNothing() {
     QFETCH(Kind, kind);
     QPointer<QWidget> tool = open(kind);
     const TickCounter ticks(tool);
-    QTRY_VERIFY(ticks.quickTicks() >= 3);
-    QTRY_VERIFY(ticks.paints() >= 1);
+    QTRY_VERIFY_WITH_TIMEOUT(ticks.quickTicks() >= 3, patience);
+    QTRY_VERIFY_WITH_TIMEOUT(ticks.paints() >= 1, patience);
     const int paints = ticks.paints();
     const int from = ticks.quickTicks();
-    QTRY_VERIFY_WITH_TIMEOUT(ticks.quickTicks() >= from + 10, 60000);
+    QTRY_VERIFY_WITH_TIMEOUT(ticks.quickTicks() >= from + 10, patience);
     QCOMPARE(ticks.paints(), paints);
     kind.move(tool, {77, 88});
-    QTRY_VERIFY(ticks.paints() > paints);
+    QTRY_VERIFY_WITH_TIMEOUT(ticks.paints() > paints, patience);
     tool->close();
 }
 
@@ -302,13 +302,13 @@ void HeldToolLifeTest::manyMovesBetweenTwoTicksArePaintedOnce() {
     QFETCH(Kind, kind);
     QPointer<QWidget> tool = open(kind);
     const TickCounter ticks(tool);
-    QTRY_VERIFY(ticks.quickTicks() >= 3);
-    QTRY_VERIFY(ticks.paints() >= 1);
+    QTRY_VERIFY_WITH_TIMEOUT(ticks.quickTicks() >= 3, patience);
+    QTRY_VERIFY_WITH_TIMEOUT(ticks.paints() >= 1, patience);
     const int paints = ticks.paints();
     for (int x = 0; x < 1000; ++x)
         kind.move(tool, {x % 300, 50});
     const int from = ticks.quickTicks();
-    QTRY_VERIFY_WITH_TIMEOUT(ticks.quickTicks() >= from + 5, 60000);
+    QTRY_VERIFY_WITH_TIMEOUT(ticks.quickTicks() >= from + 5, patience);
     QCOMPARE(ticks.paints(), paints + 1);
     tool->close();
 }
@@ -318,13 +318,13 @@ void HeldToolLifeTest::theMouseIsTakenOnceTheWindowIsThere() {
     QPointer<QWidget> tool = open(kind); // takes the mouse before it can
     QVERIFY(QTest::qWaitForWindowExposed(tool));
     ForeignWindow above(ForeignWindow::Kind::Unmanaged, {100, 100, 300, 200}, Qt::green);
-    QTRY_VERIFY(above.isViewable());
+    QTRY_VERIFY_WITH_TIMEOUT(above.isViewable(), patience);
     clickAt({200, 150});
     if (kind.takesMouse) {
-        QTRY_VERIFY(tool.isNull());
+        QTRY_VERIFY_WITH_TIMEOUT(tool.isNull(), patience);
         QCOMPARE(above.presses(), 0);
     } else {
-        QTRY_COMPARE(above.presses(), 1);
+        QTRY_COMPARE_WITH_TIMEOUT(above.presses(), 1, patience);
         QVERIFY(tool && tool->isVisible());
         tool->close();
     }
@@ -335,11 +335,11 @@ void HeldToolLifeTest::theMouseIsFreeAfterwards() {
     QPointer<QWidget> tool = open(kind);
     QVERIFY(QTest::qWaitForWindowExposed(tool));
     leave(tool);
-    QTRY_VERIFY_WITH_TIMEOUT(tool.isNull(), 60000);
+    QTRY_VERIFY_WITH_TIMEOUT(tool.isNull(), patience);
     ForeignWindow after(ForeignWindow::Kind::Unmanaged, {100, 100, 300, 200}, Qt::green);
-    QTRY_VERIFY(after.isViewable());
+    QTRY_VERIFY_WITH_TIMEOUT(after.isViewable(), patience);
     clickAt({200, 150});
-    QTRY_COMPARE(after.presses(), 1);
+    QTRY_COMPARE_WITH_TIMEOUT(after.presses(), 1, patience);
 }
 
 void HeldToolLifeTest::withoutAPictureItWorksToo() {
@@ -350,9 +350,9 @@ void HeldToolLifeTest::withoutAPictureItWorksToo() {
     kind.press(tool);
     vexa::platform::showOverPrimaryScreen(*tool);
     kind.move(tool, {5, 5});
-    QTRY_VERIFY(ticks.quickTicks() >= 3);
+    QTRY_VERIFY_WITH_TIMEOUT(ticks.quickTicks() >= 3, patience);
     leave(tool);
-    QTRY_VERIFY_WITH_TIMEOUT(tool.isNull(), 60000);
+    QTRY_VERIFY_WITH_TIMEOUT(tool.isNull(), patience);
 }
 
 void HeldToolLifeTest::theSpotlightCanBeAnEmptyVeil() {

@@ -89,10 +89,10 @@ template<typename Tool, typename Plain> void HeldToolScreenTest::walkWith(Tool *
     for (const QPoint &at : walk()) {
         tool->SetMouseMove(at.x(), at.y());
         const QImage expected = plain(background, at);
-        QTRY_COMPARE_WITH_TIMEOUT(differences(shownOnScreen(), expected), 0, 60000);
+        QTRY_COMPARE_WITH_TIMEOUT(differences(shownOnScreen(), expected), 0, patience);
     }
     tool->close();
-    QTRY_VERIFY(open.isNull());
+    QTRY_VERIFY_WITH_TIMEOUT(open.isNull(), patience);
 }
 
 void HeldToolScreenTest::laser_data() {
@@ -162,7 +162,7 @@ void HeldToolScreenTest::settingsThatChangeWhileOpenAreFollowed() {
         ZrToolXmlClass::SportLightSize = step.size;
         ZrToolXmlClass::SportLightTran = step.alpha;
         const QImage expected = plainSpotlight(background, {300, 200}, step.size, step.alpha);
-        QTRY_COMPARE_WITH_TIMEOUT(differences(shownOnScreen(), expected), 0, 60000);
+        QTRY_COMPARE_WITH_TIMEOUT(differences(shownOnScreen(), expected), 0, patience);
     }
     tool->close();
 }
@@ -175,14 +175,17 @@ void HeldToolScreenTest::aNewPictureWhileOpenIsFollowed() {
     tool->SetMousePress(true);
     vexa::platform::showOverPrimaryScreen(*tool);
     tool->SetMouseMove(300, 200);
-    QTRY_COMPARE(differences(shownOnScreen(), plainMagnifier(background, {300, 200}, 100, blue)), 0);
+    QTRY_COMPARE_WITH_TIMEOUT(differences(shownOnScreen(), plainMagnifier(background, {300, 200}, 100, blue)),
+                              0, patience);
 
     background.fill(QColor(10, 200, 30)); // the caller's picture is the caller's
     tool->SetMouseMove(310, 200);
-    QTRY_COMPARE(differences(shownOnScreen(), plainMagnifier(screenWall(), {310, 200}, 100, blue)), 0);
+    QTRY_COMPARE_WITH_TIMEOUT(
+        differences(shownOnScreen(), plainMagnifier(screenWall(), {310, 200}, 100, blue)), 0, patience);
 
     tool->Setbackground(&background);
-    QTRY_COMPARE(differences(shownOnScreen(), plainMagnifier(background, {310, 200}, 100, blue)), 0);
+    QTRY_COMPARE_WITH_TIMEOUT(differences(shownOnScreen(), plainMagnifier(background, {310, 200}, 100, blue)),
+                              0, patience);
     tool->close();
 }
 
@@ -207,11 +210,11 @@ void HeldToolScreenTest::aPictureThatDoesNotSayItsDensityIsShownWhole() {
         painter.end();
         return alike(shown, whole.pixel(pixel), 24);
     };
-    QTRY_VERIFY(lit({300, 200}));
-    QTRY_VERIFY(lit({300 - 96, 200}));
-    QTRY_VERIFY(lit({300, 200 + 96}));
-    QTRY_VERIFY(!lit({300 + 106, 200}));
-    QTRY_VERIFY(!lit({300, 200 + 106}));
+    QTRY_VERIFY_WITH_TIMEOUT(lit({300, 200}), patience);
+    QTRY_VERIFY_WITH_TIMEOUT(lit({300 - 96, 200}), patience);
+    QTRY_VERIFY_WITH_TIMEOUT(lit({300, 200 + 96}), patience);
+    QTRY_VERIFY_WITH_TIMEOUT(!lit({300 + 106, 200}), patience);
+    QTRY_VERIFY_WITH_TIMEOUT(!lit({300, 200 + 106}), patience);
     tool->close();
 }
 
@@ -224,14 +227,14 @@ void HeldToolScreenTest::whatAnotherWindowCoveredComesBack() {
     tool->SetMouseMove(300, 200);
     vexa::platform::showOverPrimaryScreen(*tool);
     const QImage expected = plainLaser(background, {300, 200}, 100, red);
-    QTRY_COMPARE(differences(shownOnScreen(), expected), 0);
+    QTRY_COMPARE_WITH_TIMEOUT(differences(shownOnScreen(), expected), 0, patience);
     {
         QWidget above(nullptr, Qt::FramelessWindowHint);
         above.setGeometry(250, 150, 400, 200);
         vexa::platform::showAboveAll(above);
-        QTRY_VERIFY(differences(shownOnScreen(), expected) > 1000);
+        QTRY_VERIFY_WITH_TIMEOUT(differences(shownOnScreen(), expected) > 1000, patience);
     }
-    QTRY_COMPARE(differences(shownOnScreen(), expected), 0);
+    QTRY_COMPARE_WITH_TIMEOUT(differences(shownOnScreen(), expected), 0, patience);
     tool->close();
 }
 

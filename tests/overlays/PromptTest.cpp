@@ -280,7 +280,7 @@ void PromptTest::theThirdPenInBlueHasASquareSwatchInTheSecond() {
 void PromptTest::itShowsInTheMiddleAndFades() {
     QFETCH(Kind, kind);
     const ForeignWindow wall(ForeignWindow::Kind::Unmanaged, {QPoint(), screenPoints()}, Qt::green);
-    QTRY_COMPARE(shownOnScreen().pixel(bareSpot()), QColor(Qt::green).rgb());
+    QTRY_COMPARE_WITH_TIMEOUT(shownOnScreen().pixel(bareSpot()), QColor(Qt::green).rgb(), patience);
     const std::unique_ptr<vexa::PromptCard> prompt(kind.make());
     Ticks ticks(prompt.get());
     prompt->showWithTimer();
@@ -288,29 +288,29 @@ void PromptTest::itShowsInTheMiddleAndFades() {
     QCOMPARE(prompt->geometry(), centred(380, 180));
     QCOMPARE(prompt->windowOpacity(), 1.0);
     ticks.held = true;
-    QTRY_VERIFY(shownOnScreen().pixel(bareSpot()) != QColor(Qt::green).rgb());
+    QTRY_VERIFY_WITH_TIMEOUT(shownOnScreen().pixel(bareSpot()) != QColor(Qt::green).rgb(), patience);
     ticks.held = false;
-    QTRY_VERIFY(ticks.count >= 10);
+    QTRY_VERIFY_WITH_TIMEOUT(ticks.count >= 10, patience);
     QVERIFY(prompt->windowOpacity() < 0.6);
-    QTRY_VERIFY_WITH_TIMEOUT(ticks.count >= stepsOfAFade, 60000);
+    QTRY_VERIFY_WITH_TIMEOUT(ticks.count >= stepsOfAFade, patience);
     QCOMPARE(ticks.timers.size(), 1);
     QCOMPARE(prompt->windowOpacity(), 0.0);
-    QTRY_COMPARE(shownOnScreen().pixel(bareSpot()), QColor(Qt::green).rgb());
+    QTRY_COMPARE_WITH_TIMEOUT(shownOnScreen().pixel(bareSpot()), QColor(Qt::green).rgb(), patience);
 }
 
 void PromptTest::afterAFadeItIsStillShownAndStillTicks() {
     QFETCH(Kind, kind);
     ForeignWindow wall(ForeignWindow::Kind::Unmanaged, {QPoint(), screenPoints()}, Qt::green);
-    QTRY_VERIFY(wall.isViewable());
+    QTRY_VERIFY_WITH_TIMEOUT(wall.isViewable(), patience);
     const std::unique_ptr<vexa::PromptCard> prompt(kind.make());
     Ticks ticks(prompt.get());
     prompt->showWithTimer();
-    QTRY_VERIFY_WITH_TIMEOUT(ticks.count >= stepsOfAFade + 5, 60000);
+    QTRY_VERIFY_WITH_TIMEOUT(ticks.count >= stepsOfAFade + 5, patience);
     QCOMPARE(ticks.timers.size(), 1);
     QVERIFY(prompt->isVisible());
     QCOMPARE(prompt->windowOpacity(), 0.0);
     clickAt(bareSpot());
-    QTRY_COMPARE(wall.presses(), 1);
+    QTRY_COMPARE_WITH_TIMEOUT(wall.presses(), 1, patience);
 }
 
 void PromptTest::aShowDuringAFadeBeginsAnewWithOneTimer() {
@@ -318,12 +318,12 @@ void PromptTest::aShowDuringAFadeBeginsAnewWithOneTimer() {
     const std::unique_ptr<vexa::PromptCard> prompt(kind.make());
     Ticks ticks(prompt.get());
     prompt->showWithTimer();
-    QTRY_VERIFY(ticks.count >= 5);
+    QTRY_VERIFY_WITH_TIMEOUT(ticks.count >= 5, patience);
     QVERIFY(prompt->windowOpacity() < 0.9);
     prompt->showWithTimer();
     QCOMPARE(prompt->windowOpacity(), 1.0);
     ticks.restart();
-    QTRY_VERIFY(ticks.count >= 5);
+    QTRY_VERIFY_WITH_TIMEOUT(ticks.count >= 5, patience);
     QCOMPARE(ticks.timers.size(), 1);
     // As many steps as ticks: not two timers at work.
     QVERIFY(qAbs(prompt->windowOpacity() - (1.0 - 0.05 * ticks.count)) < 0.01);
@@ -332,7 +332,7 @@ void PromptTest::aShowDuringAFadeBeginsAnewWithOneTimer() {
 void PromptTest::shownTransparentItIsThereButNotSeenNorClicked() {
     QFETCH(Kind, kind);
     ForeignWindow wall(ForeignWindow::Kind::Unmanaged, {QPoint(), screenPoints()}, Qt::green);
-    QTRY_COMPARE(shownOnScreen().pixel(bareSpot()), QColor(Qt::green).rgb());
+    QTRY_COMPARE_WITH_TIMEOUT(shownOnScreen().pixel(bareSpot()), QColor(Qt::green).rgb(), patience);
     const std::unique_ptr<vexa::PromptCard> prompt(kind.make());
     Ticks ticks(prompt.get());
     prompt->showWithTransperent();
@@ -340,13 +340,13 @@ void PromptTest::shownTransparentItIsThereButNotSeenNorClicked() {
     QCOMPARE(prompt->geometry(), centred(380, 180));
     QCOMPARE(prompt->windowOpacity(), 0.0);
     clickAt(bareSpot());
-    QTRY_COMPARE(wall.presses(), 1);
+    QTRY_COMPARE_WITH_TIMEOUT(wall.presses(), 1, patience);
     QCOMPARE(shownOnScreen().pixel(bareSpot()), QColor(Qt::green).rgb());
     QCOMPARE(ticks.count, 0);
     // And seen when it is shown next.
     ticks.held = true;
     prompt->showWithTimer();
-    QTRY_VERIFY(shownOnScreen().pixel(bareSpot()) != QColor(Qt::green).rgb());
+    QTRY_VERIFY_WITH_TIMEOUT(shownOnScreen().pixel(bareSpot()) != QColor(Qt::green).rgb(), patience);
 }
 
 void PromptTest::hiddenItEndsItsFadeAndStays() {
@@ -354,15 +354,15 @@ void PromptTest::hiddenItEndsItsFadeAndStays() {
     const std::unique_ptr<vexa::PromptCard> prompt(kind.make());
     Ticks ticks(prompt.get());
     prompt->showWithTimer();
-    QTRY_VERIFY(ticks.count >= 2);
+    QTRY_VERIFY_WITH_TIMEOUT(ticks.count >= 2, patience);
     prompt->hideWindow();
     QCOMPARE(prompt->windowOpacity(), 0.0);
     QVERIFY(prompt->isVisible());
     ticks.restart();
     QElapsedTimer time;
     time.start();
-    QTRY_VERIFY(time.elapsed() > 300); // five steps' time
-    QCOMPARE(ticks.count, 0);
+    QTRY_VERIFY_WITH_TIMEOUT(time.elapsed() > 300); // five steps' time
+    QCOMPARE(ticks.count, 0, patience);
     prompt->hideWindow(); // again, with nothing to end
     prompt->showWithTimer();
     QCOMPARE(prompt->windowOpacity(), 1.0);
@@ -376,12 +376,12 @@ void PromptTest::theDelayedShowComesAfterItsDelay() {
     time.start();
     prompt->delayShow();
     QVERIFY(!prompt->isVisible());
-    QTRY_VERIFY(prompt->isVisible());
+    QTRY_VERIFY_WITH_TIMEOUT(prompt->isVisible(), patience);
     // Coarse timers may be a twentieth early; how late is the machine's affair.
     QVERIFY(time.elapsed() >= kind.delay * 95 / 100);
     QCOMPARE(ticks.count, 1);
     QCOMPARE(prompt->windowOpacity(), 1.0);
-    QTRY_VERIFY(ticks.count >= 4);
+    QTRY_VERIFY_WITH_TIMEOUT(ticks.count >= 4, patience);
     QCOMPARE(ticks.timers.size() <= 2, true);
     QVERIFY(prompt->windowOpacity() < 1.0);
 }
@@ -392,8 +392,8 @@ void PromptTest::aSecondDelayedShowReplacesTheFirst() {
     Ticks ticks(prompt.get());
     prompt->delayShow();
     prompt->delayShow();
-    QTRY_VERIFY(prompt->isVisible());
-    QTRY_VERIFY(ticks.count >= 6);
+    QTRY_VERIFY_WITH_TIMEOUT(prompt->isVisible(), patience);
+    QTRY_VERIFY_WITH_TIMEOUT(ticks.count >= 6, patience);
     // The first tick showed it; every other is a step.
     QVERIFY(qAbs(prompt->windowOpacity() - (1.0 - 0.05 * (ticks.count - 1))) < 0.01);
 }
@@ -437,9 +437,10 @@ void PromptTest::theStripIsSlimAndFadesSlowly() {
     QCOMPARE(icon->styleSheet(), QStringLiteral("QLabel{border-image:url(:/appicon.png);"
                                                 "background-color:transparent;border:0px}"));
     QCOMPARE(prompt.windowOpacity(), 1.0);
-    QTRY_VERIFY(shownOnScreen().pixel(centred(300, 60).center() + QPoint(0, 27)) == 0xFF2F2F2F ||
-                ticks.count > 3);
-    QTRY_VERIFY(ticks.count >= 4);
+    QTRY_VERIFY_WITH_TIMEOUT(shownOnScreen().pixel(centred(300, 60).center() + QPoint(0, 27)) == 0xFF2F2F2F ||
+                                 ticks.count > 3,
+                             patience);
+    QTRY_VERIFY_WITH_TIMEOUT(ticks.count >= 4, patience);
     QVERIFY(time.elapsed() >= 4 * 150 * 95 / 100);
     QVERIFY(qAbs(prompt.windowOpacity() - (1.0 - 0.05 * ticks.count)) < 0.01);
 }

@@ -8,6 +8,9 @@
 
 namespace vexa::test {
 
+/// How long to wait for what must come, in milliseconds: long, as the machine may be busy.
+constexpr int patience = 60000;
+
 /// A picture of which hardly two neighbouring pixels are alike, so that nothing can be a pixel off unseen.
 /// Size in device pixels, with the ratio set.
 QPixmap wall(const QSize &pixels, qreal ratio);

@@ -53,7 +53,7 @@ template<typename Tool> QImage screenWith(Tool &tool, QPixmap background, const 
     if (!QTest::qWaitForWindowExposed(&tool))
         return {};
     const int from = ticks.quickTicks();
-    if (!QTest::qWaitFor([&] { return ticks.quickTicks() >= from + 2 && ticks.paints() > 0; }, 60000))
+    if (!QTest::qWaitFor([&] { return ticks.quickTicks() >= from + 2 && ticks.paints() > 0; }, patience))
         return {};
     return shownOnScreen();
 }
@@ -139,9 +139,11 @@ void ToolPixelsTest::theLasersColourIsThatOfTheSlider() {
                  row.colour);
         ZrToolXmlClass::LaserPenColor = 0; // read once, and again when told to
         laser.SetMouseMove(120, 100);
-        QTRY_COMPARE(shownOnScreen().pixel(QPoint(120, 100) * screenRatio()), row.colour);
+        QTRY_COMPARE_WITH_TIMEOUT(shownOnScreen().pixel(QPoint(120, 100) * screenRatio()), row.colour,
+                                  patience);
         laser.setColorInit();
-        QTRY_COMPARE(shownOnScreen().pixel(QPoint(120, 100) * screenRatio()), QRgb(0xFF000000));
+        QTRY_COMPARE_WITH_TIMEOUT(shownOnScreen().pixel(QPoint(120, 100) * screenRatio()), QRgb(0xFF000000),
+                                  patience);
     }
 }
 

@@ -89,10 +89,10 @@ void OverlayWindowTest::init() {
 
 void OverlayWindowTest::anOverlayStandsAboveASlideShowThatKeepsTheFocus() {
     SlideShow show;
-    QTRY_VERIFY(show.isPresenting());
+    QTRY_VERIFY_WITH_TIMEOUT(show.isPresenting(), patience);
     Card overlay(QRect(0, 0, 10, 10));
     showOverPrimaryScreen(overlay);
-    QTRY_COMPARE(shownAt(cardRect.center()), red);
+    QTRY_COMPARE_WITH_TIMEOUT(shownAt(cardRect.center()), red, patience);
     const QImage screen = shownOnScreen();
     for (const QPoint &corner : {wholeScreen().topLeft(), wholeScreen().topRight(),
                                  wholeScreen().bottomLeft(), wholeScreen().bottomRight()})
@@ -100,7 +100,7 @@ void OverlayWindowTest::anOverlayStandsAboveASlideShowThatKeepsTheFocus() {
     QVERIFY(show.hasFocus());
     QVERIFY(!overlay.isActiveWindow());
     overlay.close();
-    QTRY_COMPARE(shownAt(cardRect.center()), green);
+    QTRY_COMPARE_WITH_TIMEOUT(shownAt(cardRect.center()), green, patience);
     QVERIFY(show.hasFocus());
 }
 
@@ -108,20 +108,20 @@ void OverlayWindowTest::anOverlayCoversPanels() {
     ForeignWindow panel(ForeignWindow::Kind::Panel,
                         {0, wholeScreen().bottom() - 29, screenPoints().width(), 30}, QColor(green));
     const QPoint onPanel(300, wholeScreen().bottom() - 10);
-    QTRY_COMPARE(shownAt(onPanel), green);
+    QTRY_COMPARE_WITH_TIMEOUT(shownAt(onPanel), green, patience);
     Card overlay;
     showOverPrimaryScreen(overlay);
-    QTRY_COMPARE(shownAt(onPanel), red);
+    QTRY_COMPARE_WITH_TIMEOUT(shownAt(onPanel), red, patience);
 }
 
 void OverlayWindowTest::anOverlayClickedOnLeavesTheFocusToo() {
     SlideShow show;
-    QTRY_VERIFY(show.isPresenting());
+    QTRY_VERIFY_WITH_TIMEOUT(show.isPresenting(), patience);
     Card overlay;
     showOverPrimaryScreen(overlay);
-    QTRY_COMPARE(shownAt(cardRect.center()), red);
+    QTRY_COMPARE_WITH_TIMEOUT(shownAt(cardRect.center()), red, patience);
     clickAt(cardRect.center());
-    QTRY_COMPARE(overlay.presses, 1);
+    QTRY_COMPARE_WITH_TIMEOUT(overlay.presses, 1, patience);
     QVERIFY(show.hasFocus());
     QCOMPARE(show.presses(), 0);
 }
@@ -129,7 +129,7 @@ void OverlayWindowTest::anOverlayClickedOnLeavesTheFocusToo() {
 void OverlayWindowTest::maximisedIsTheWholeScreen() {
     Card overlay;
     showOverPrimaryScreen(overlay, Cover::Maximized);
-    QTRY_COMPARE(shownAt(wholeScreen().bottomRight()), red);
+    QTRY_COMPARE_WITH_TIMEOUT(shownAt(wholeScreen().bottomRight()), red, patience);
     QCOMPARE(overlay.geometry(), wholeScreen());
 }
 
@@ -149,10 +149,10 @@ void OverlayWindowTest::theWidgetsFlagsStay() {
 
 void OverlayWindowTest::aCardStandsAboveASlideShowThatKeepsTheFocus() {
     SlideShow show;
-    QTRY_VERIFY(show.isPresenting());
+    QTRY_VERIFY_WITH_TIMEOUT(show.isPresenting(), patience);
     Card card;
     showAboveAll(card);
-    QTRY_COMPARE(shownAt(cardRect.center()), red);
+    QTRY_COMPARE_WITH_TIMEOUT(shownAt(cardRect.center()), red, patience);
     QCOMPARE(shownAt(cardRect.topLeft() - QPoint(1, 1)), green);
     QVERIFY(show.hasFocus());
 }
@@ -161,23 +161,23 @@ void OverlayWindowTest::theWindowShownLastIsOnTop() {
     Card card;
     card.setPalette(QColor(Qt::blue));
     showAboveAll(card);
-    QTRY_COMPARE(shownAt(cardRect.center()), QColor(Qt::blue).rgb());
+    QTRY_COMPARE_WITH_TIMEOUT(shownAt(cardRect.center()), QColor(Qt::blue).rgb(), patience);
     Card overlay;
     showOverPrimaryScreen(overlay);
-    QTRY_COMPARE(shownAt(cardRect.center()), red);
+    QTRY_COMPARE_WITH_TIMEOUT(shownAt(cardRect.center()), red, patience);
     showAboveAll(card); // which is shown already
-    QTRY_COMPARE(shownAt(cardRect.center()), QColor(Qt::blue).rgb());
+    QTRY_COMPARE_WITH_TIMEOUT(shownAt(cardRect.center()), QColor(Qt::blue).rgb(), patience);
 }
 
 void OverlayWindowTest::aCardTakesItsClicksWhileItCanBeSeen() {
     SlideShow show;
-    QTRY_VERIFY(show.isPresenting());
+    QTRY_VERIFY_WITH_TIMEOUT(show.isPresenting(), patience);
     Card card;
     showAboveAll(card);
     setOverlayOpacity(card, 0.1);
     QVERIFY(QTest::qWaitForWindowExposed(&card));
     clickAt(cardRect.center());
-    QTRY_COMPARE(card.presses, 1);
+    QTRY_COMPARE_WITH_TIMEOUT(card.presses, 1, patience);
     QCOMPARE(show.presses(), 0);
 }
 
@@ -192,21 +192,21 @@ void OverlayWindowTest::anInvisibleCardIsNeitherSeenNorClicked_data() {
 void OverlayWindowTest::anInvisibleCardIsNeitherSeenNorClicked() {
     QFETCH(double, opacity);
     SlideShow show;
-    QTRY_VERIFY(show.isPresenting());
+    QTRY_VERIFY_WITH_TIMEOUT(show.isPresenting(), patience);
     Card card;
     showAboveAll(card);
-    QTRY_COMPARE(shownAt(cardRect.center()), red);
+    QTRY_COMPARE_WITH_TIMEOUT(shownAt(cardRect.center()), red, patience);
     setOverlayOpacity(card, opacity);
-    QTRY_COMPARE(shownAt(cardRect.center()), green);
+    QTRY_COMPARE_WITH_TIMEOUT(shownAt(cardRect.center()), green, patience);
     clickAt(cardRect.center());
-    QTRY_COMPARE(show.presses(), 1);
+    QTRY_COMPARE_WITH_TIMEOUT(show.presses(), 1, patience);
     QCOMPARE(card.presses, 0);
     QVERIFY(card.isVisible());
 }
 
 void OverlayWindowTest::aCardInvisibleBeforeItIsShownIsNeverSeen() {
     SlideShow show;
-    QTRY_VERIFY(show.isPresenting());
+    QTRY_VERIFY_WITH_TIMEOUT(show.isPresenting(), patience);
     Card card;
     setOverlayOpacity(card, 0.0);
     QVERIFY(!hasAreaOnServer(card.internalWinId()));
@@ -215,20 +215,20 @@ void OverlayWindowTest::aCardInvisibleBeforeItIsShownIsNeverSeen() {
     QVERIFY(!hasAreaOnServer(card.internalWinId()));
     QCOMPARE(shownAt(cardRect.center()), green);
     clickAt(cardRect.center());
-    QTRY_COMPARE(show.presses(), 1);
+    QTRY_COMPARE_WITH_TIMEOUT(show.presses(), 1, patience);
 }
 
 void OverlayWindowTest::aCardComesBack() {
     SlideShow show;
-    QTRY_VERIFY(show.isPresenting());
+    QTRY_VERIFY_WITH_TIMEOUT(show.isPresenting(), patience);
     Card card;
     showAboveAll(card);
     for (int round = 0; round < 3; ++round) {
         setOverlayOpacity(card, 0.0);
-        QTRY_COMPARE(shownAt(cardRect.center()), green);
+        QTRY_COMPARE_WITH_TIMEOUT(shownAt(cardRect.center()), green, patience);
         card.resize(cardRect.size() + QSize(round, round));
         setOverlayOpacity(card, 1.0);
-        QTRY_COMPARE(shownAt(cardRect.center()), red);
+        QTRY_COMPARE_WITH_TIMEOUT(shownAt(cardRect.center()), red, patience);
         QCOMPARE(shownAt(cardRect.topLeft()), red);
     }
     QVERIFY(show.hasFocus());
@@ -241,7 +241,7 @@ void OverlayWindowTest::aCardComesBackAfterBeingHidden() {
     card.hide();
     setOverlayOpacity(card, 1.0);
     showAboveAll(card);
-    QTRY_COMPARE(shownAt(cardRect.center()), red);
+    QTRY_COMPARE_WITH_TIMEOUT(shownAt(cardRect.center()), red, patience);
 }
 
 void OverlayWindowTest::everyStepOfAFadeReachesTheServer() {
@@ -264,15 +264,15 @@ void OverlayWindowTest::everyStepOfAFadeReachesTheServer() {
 
 void OverlayWindowTest::aFadeIsSeenWhereItCanBe() {
     SlideShow show;
-    QTRY_VERIFY(show.isPresenting());
+    QTRY_VERIFY_WITH_TIMEOUT(show.isPresenting(), patience);
     Card card;
     showAboveAll(card);
-    QTRY_COMPARE(shownAt(cardRect.center()), red);
+    QTRY_COMPARE_WITH_TIMEOUT(shownAt(cardRect.center()), red, patience);
     const bool compositing = QX11Info::isCompositingManagerRunning();
     for (const double opacity : {0.75, 0.5, 0.25}) {
         setOverlayOpacity(card, opacity);
         const QRgb blend = qRgb(qRound(255 * opacity), qRound(255 * (1 - opacity)), 0);
-        QTRY_VERIFY(alike(shownAt(cardRect.center()), compositing ? blend : red, 3));
+        QTRY_VERIFY_WITH_TIMEOUT(alike(shownAt(cardRect.center()), compositing ? blend : red, 3), patience);
     }
 }
 
