@@ -361,8 +361,8 @@ void PromptTest::hiddenItEndsItsFadeAndStays() {
     ticks.restart();
     QElapsedTimer time;
     time.start();
-    QTRY_VERIFY_WITH_TIMEOUT(time.elapsed() > 300); // five steps' time
-    QCOMPARE(ticks.count, 0, patience);
+    QTRY_VERIFY_WITH_TIMEOUT(time.elapsed() > 300, patience); // five steps' time
+    QCOMPARE(ticks.count, 0);
     prompt->hideWindow(); // again, with nothing to end
     prompt->showWithTimer();
     QCOMPARE(prompt->windowOpacity(), 1.0);
