@@ -181,6 +181,7 @@ void measureFrames() {
          {std::pair(0, "spotlight darkness"), std::pair(1, "lens colour"), std::pair(2, "laser colour")}) {
         push(bench.root(), 15, tool);
         std::vector<double> moves;
+        moves.reserve(repetitions);
         bench.mouse(QEvent::MouseButtonPress, {80, 474}, Qt::LeftButton);
         for (int i = 0; i < repetitions; ++i) {
             moves.push_back(bench.cost([&] {

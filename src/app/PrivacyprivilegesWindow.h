@@ -27,11 +27,10 @@ public:
     /// catalogue that cannot be loaded, leaves the source texts (Simplified Chinese).
     void changeLanguage(int language);
 
-public slots:
-    void ClickButton();
-    void ClickButton2();
+    Q_SLOT void ClickButton();
+    Q_SLOT void ClickButton2();
     /// What the view's button says: 1 confirmed for good, 0 confirmed for now.
-    void recvQmlMessage(int id, int var1);
+    Q_SLOT void recvQmlMessage(int id, int var1);
 
 private:
     void loadView();

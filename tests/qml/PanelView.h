@@ -59,10 +59,8 @@ public:
 
     QList<Message> messages;
 
-private slots:
-    void record(int id, int var1, int var2);
-
 private:
+    Q_SLOT void record(int id, int var1, int var2);
     void listen();
     /// Views are built in the background once the panel has been drawn.
     void awaitViews();
