@@ -85,6 +85,7 @@ private slots:
     void rightModifiersHaveTheirOwnCodes();
     void aModifierHeldByTwoKeyboardsChangesOnce();
     void aModifierHeldSinceBeforeStartsWithItsNextPress();
+    void aModifierHeldForLongStaysHeld();
     void aKeyHeldDownRepeatsUntilItsOneRelease();
     void anUnpluggedKeyboardLetsGoOfItsModifiers();
     void clicksAreToldAndDragsAreNot();
@@ -247,6 +248,19 @@ void SessionInputTest::aModifierHeldSinceBeforeStartsWithItsNextPress() {
                  m_hand->release(shift);
              }),
              (All{told(12, 56), told(12, 56)}));
+}
+
+void SessionInputTest::aModifierHeldForLongStaysHeld() {
+    InputEvent event;
+    m_hand->press(control);
+    QVERIFY(takeNext(event));
+    // The source wakes now and then to ask the server about the key, and finds it held.
+    for (int wakes = 0; wakes < 3; ++wakes) {
+        pollfd descriptor{m_source->fd(), POLLIN, 0};
+        QCOMPARE(poll(&descriptor, 1, 20000), 1);
+        QVERIFY(!m_source->next(event));
+    }
+    QCOMPARE(hear([&] { m_hand->release(control); }), (All{told(12, 59)}));
 }
 
 void SessionInputTest::aKeyHeldDownRepeatsUntilItsOneRelease() {

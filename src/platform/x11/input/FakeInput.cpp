@@ -39,11 +39,12 @@ void fakeMotion(const Connection &connection, Pixels position) {
                         coordinate(position.x), coordinate(position.y), 0);
 }
 
-std::optional<HiddenKey> hiddenKeyOf(const std::uint8_t *request, std::size_t size) {
+std::optional<HiddenKey> hiddenKeyOf(const std::uint8_t *requests, std::size_t size) {
     xcb_test_fake_input_request_t fake{};
     if (size < sizeof fake)
         return std::nullopt;
-    std::memcpy(&fake, request, sizeof fake);
+    std::memcpy(&fake, requests + size - sizeof fake,
+                sizeof fake); // only the last one's event is still to come
     if (fake.minor_opcode != XCB_TEST_FAKE_INPUT || fake.rootX != hiddenMark)
         return std::nullopt;
     if (fake.type != XCB_KEY_PRESS && fake.type != XCB_KEY_RELEASE)

@@ -19,11 +19,11 @@ void fakeKey(const Connection &connection, bool down, XKeyCode key, Seen seen = 
 void fakeButton(const Connection &connection, bool down, std::uint8_t button);
 void fakeMotion(const Connection &connection, Pixels position);
 
-/// The key event that a recorded request of ours asks for and that our listener is not to see.
+/// The key event that recorded requests of ours are about to cause and that our listener is not to see.
 struct HiddenKey {
     DeviceEvent::Type type;
     XKeyCode key;
 };
-std::optional<HiddenKey> hiddenKeyOf(const std::uint8_t *request, std::size_t size);
+std::optional<HiddenKey> hiddenKeyOf(const std::uint8_t *requests, std::size_t size);
 
 } // namespace vexa::x11

@@ -115,8 +115,8 @@ void RecordSource::forget(int fd) const {
 
 bool RecordSource::next(InputEvent &event) {
     if (!m_translator.next(event)) {
+        checkModifiers(); // first, since its answer may bring events of the control connection along
         readControl();
-        checkModifiers();
         readRecords();
         if (!m_translator.next(event))
             return false;
@@ -164,15 +164,18 @@ void RecordSource::readControl() {
     const int randr = m_control->has(xcb_randr_id)
                           ? xcb_get_extension_data(m_control->get(), &xcb_randr_id)->first_event
                           : 0x80;
-    bool changed = false;
-    while (const Reply<xcb_generic_event_t> event{xcb_poll_for_event(m_control->get())}) {
-        const int type = event->response_type & 0x7f;
-        changed = changed || type == XCB_CONFIGURE_NOTIFY || type >= randr;
-    }
+    const auto screensChanged = [this, randr] {
+        bool changed = false;
+        while (const Reply<xcb_generic_event_t> event{xcb_poll_for_event(m_control->get())}) {
+            const int type = event->response_type & 0x7f;
+            changed = changed || type == XCB_CONFIGURE_NOTIFY || type >= randr;
+        }
+        return changed;
+    };
+    while (screensChanged())
+        m_translator.screen.origin = primaryOrigin(*m_control);
     if (m_control->isBroken())
         forget(m_control->fd());
-    else if (changed)
-        m_translator.screen.origin = primaryOrigin(*m_control);
 }
 
 void RecordSource::scheduleCheck() const {
