@@ -9,7 +9,7 @@
 #include <thread>
 
 /// Ends the way its argument says, with the program's terminate handler in place.
-int main(int argc, char *argv[]) {
+int main(int argc, char *argv[]) { // NOLINT(bugprone-exception-escape): that is its purpose
     std::set_terminate(vexa::reportUncaughtAndExit);
     const std::string way = argc > 1 ? argv[1] : "";
     if (way == "text")
