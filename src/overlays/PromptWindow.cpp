@@ -34,7 +34,7 @@ PromptWindow::PromptWindow(QWidget *parent)
 
     m_form->label_2->setText(QString());
     m_form->label_2->setGeometry(50, 40, 100, 100);
-    m_form->label_2->setStyleSheet(swatchStyle(0, QStringLiteral("red")));
+    m_form->label_2->setStyleSheet(PromptWindow::swatchStyle(0, QStringLiteral("red")));
 
     QPalette pen = m_form->label_3->palette();
     pen.setBrush(QPalette::All, QPalette::Window, QBrush(QPixmap(QStringLiteral(":/icon-pen2@1080p.png"))));

@@ -33,7 +33,7 @@ promptwindow2::promptwindow2(QWidget *parent)
 
     m_form->label_2->setText(QString());
     m_form->label_2->setGeometry(220, 40, 100, 100);
-    m_form->label_2->setStyleSheet(swatchStyle(0, QStringLiteral("red")));
+    m_form->label_2->setStyleSheet(promptwindow2::swatchStyle(0, QStringLiteral("red")));
 }
 
 promptwindow2::~promptwindow2() = default;
