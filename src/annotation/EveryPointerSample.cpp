@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "annotation/EveryPointerSample.h"
 
+#include "platform/PointerSamples.h"
+
 #include <QCoreApplication>
 
 namespace vexa {
@@ -15,11 +17,14 @@ EveryPointerSample::EveryPointerSample() {
         return;
     compressedBefore = QCoreApplication::testAttribute(Qt::AA_CompressHighFrequencyEvents);
     QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
+    platform::setPointerSamplesMerged(false);
 }
 
 EveryPointerSample::~EveryPointerSample() {
-    if (--users == 0)
-        QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, compressedBefore);
+    if (--users > 0)
+        return;
+    QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, compressedBefore);
+    platform::setPointerSamplesMerged(true);
 }
 
 } // namespace vexa

@@ -7,6 +7,7 @@ set(vexa_mac_sources
   mac/DisplayImage.cpp
   mac/DockClick.cpp
   mac/OverlayWindow.cpp
+  mac/PointerSamples.cpp
   mac/PrivacyPane.cpp
   mac/ScreenCapture.cpp
   mac/Session.cpp)

@@ -139,6 +139,12 @@ void defineWorkspace() {
         });
 }
 
+void defineEvent() {
+    classMethod(
+        defineClass("NSEvent", objc_getClass("NSObject")), "setMouseCoalescingEnabled:", "v@:B",
+        +[](id, SEL, bool enabled) { AppKit::instance().mouseCoalescing = enabled; });
+}
+
 void tell(id window, const std::string &what) {
     static_cast<Window *>(window)->told.push_back(what);
 }
@@ -177,6 +183,7 @@ AppKit::AppKit() {
     defineCursor();
     defineBitmap();
     defineWorkspace();
+    defineEvent();
     defineWindow();
     window.isa = objc_getClass("NSWindow");
 }

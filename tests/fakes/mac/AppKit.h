@@ -50,6 +50,7 @@ public:
     Cursor cursor;
     bool acceptsUrls = true;
     std::vector<std::string> openedUrls;
+    bool mouseCoalescing = true;
     Window window;
 
     /// Has the view's address, such as a window's number, stand for a view in the window.
