@@ -2,6 +2,7 @@
 #include "ToolPanel.h"
 
 #include "settings/ZrToolXmlClass.h"
+#include "support/Sanitized.h"
 #include "support/TestMain.h"
 #include "support/UserFile.h"
 
@@ -88,9 +89,7 @@ void ToolMemoryTest::openingsLeaveTheMemoryFlat() {
     }
     const qint64 grown = residentMemory() - settled;
     qInfo("grown by %lld KiB in 20 openings", static_cast<long long>(grown / 1024));
-#ifndef __SANITIZE_ADDRESS__ // which keeps freed memory, and looks for leaks itself
-    QVERIFY(grown < 8 * 1024 * 1024);
-#endif
+    QVERIFY(addressSanitized || grown < 8 * 1024 * 1024);
 }
 
 void ToolMemoryTest::screenshotsLeaveTheMemoryFlat() {
@@ -107,9 +106,7 @@ void ToolMemoryTest::screenshotsLeaveTheMemoryFlat() {
     QTest::qWait(1000);
     const qint64 grown = residentMemory() - settled;
     qInfo("grown by %lld KiB in 20 shots", static_cast<long long>(grown / 1024));
-#ifndef __SANITIZE_ADDRESS__
-    QVERIFY(grown < 12 * 1024 * 1024);
-#endif
+    QVERIFY(addressSanitized || grown < 12 * 1024 * 1024);
 }
 
 VEXA_WIDGET_TEST_MAIN(ToolMemoryTest)
