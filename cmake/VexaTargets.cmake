@@ -13,6 +13,10 @@ if(VEXA_SANITIZE)
   target_compile_options(vexa_options INTERFACE -fsanitize=${VEXA_SANITIZE} -fno-omit-frame-pointer
                                                 -fno-sanitize-recover=all)
   target_link_options(vexa_options INTERFACE -fsanitize=${VEXA_SANITIZE})
+  if(CMAKE_CXX_COMPILER_ID MATCHES Clang)
+    # An Objective-C runtime, the fake one too, calls methods by their encoding and not by their C type.
+    target_compile_options(vexa_options INTERFACE -fno-sanitize=function)
+  endif()
 endif()
 
 # vexa_library(name SOURCES ... LINK ... [QT]): a static library; QT turns on moc and uic for it.
