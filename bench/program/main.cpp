@@ -216,8 +216,10 @@ bool benchMemory(const Opening &tool) {
     for (int round = 1; round <= 200; ++round) {
         if (!openAndClose(session, tool, round % 10 != 0))
             return false;
-        if (round == 10 || round == 50 || round == 100 || round == 200)
+        if (round == 10 || round == 50 || round == 100 || round == 200) {
+            rest(500); // the window is off the screen before it is gone
             std::printf(" %8.1f", bench::residentMebibytes(session.pid()));
+        }
     }
     std::printf("\n");
     std::fflush(stdout);

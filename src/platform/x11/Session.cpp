@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <X11/Xlib.h>
+#include <malloc.h>
 #include <stdexcept>
 
 namespace vexa::platform {
@@ -23,6 +24,16 @@ int desktopScale() {
     return qMax(scale, 1);
 }
 
+/// Pictures of the screen come and go. Left to itself the allocator raises these limits to the size of the
+/// first one that goes, and from then on a picture or two stay with the process, or not, as it happens. What
+/// the tools draw thirty times a second is smaller than either limit.
+void giveFreedPicturesBackToTheSystem() {
+#ifdef __GLIBC__
+    mallopt(M_MMAP_THRESHOLD, 4 << 20); // bytes
+    mallopt(M_TRIM_THRESHOLD, 8 << 20);
+#endif
+}
+
 void setUnlessTheUserHas(const char *name, const QByteArray &value) {
     if (!qEnvironmentVariableIsSet(name))
         qputenv(name, value);
@@ -34,6 +45,8 @@ void prepareSession() {
     // Looked at first, since the toolkit aborts with a core dump where there is no display.
     if (const std::string obstacle = sessionInputObstacle(); !obstacle.empty())
         throw std::runtime_error(obstacle);
+
+    giveFreedPicturesBackToTheSystem();
 
     // The pen is heard through the X server, so the windows belong there too, also where a Wayland session
     // offers itself to the toolkit.

@@ -1,9 +1,26 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Session.h"
 
+#include "support/Sanitized.h"
+
+#include <QFile>
 #include <QProcess>
 #include <QtTest>
+#include <memory>
 #include <stdexcept>
+#include <unistd.h>
+#include <vector>
+
+namespace {
+
+qint64 residentBytes() {
+    QFile status(QStringLiteral("/proc/self/statm"));
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    return status.readAll().split(' ').at(1).toLongLong() * sysconf(_SC_PAGESIZE);
+}
+
+} // namespace
 
 /// The look at the session before the toolkit's application object exists.
 class SessionTest : public QObject {
@@ -19,6 +36,7 @@ private slots:
     void scalesAsTheDesktopDoes_data();
     void scalesAsTheDesktopDoes();
     void leavesAScaleThatTheUserHasSet();
+    void freedPicturesGoBackToTheSystem();
     void withoutADisplayTheTextNamesTheCause_data();
     void withoutADisplayTheTextNamesTheCause();
 
@@ -74,6 +92,22 @@ void SessionTest::leavesAScaleThatTheUserHasSet() {
     qputenv("QT_SCALE_FACTOR", "1.5");
     vexa::platform::prepareSession();
     QCOMPARE(qgetenv("QT_SCALE_FACTOR"), QByteArray("1.5"));
+}
+
+void SessionTest::freedPicturesGoBackToTheSystem() {
+    vexa::platform::prepareSession();
+    constexpr std::size_t picture = 30 << 20; // bytes
+    using Block = std::vector<char>;
+    auto first = std::make_unique<Block>(picture, 'x');
+    QCOMPARE(first->back(), 'x');
+    first.reset(); // from here on the allocator might keep what is as large
+    const qint64 before = residentBytes();
+    auto second = std::make_unique<Block>(picture, 'x');
+    const Block behindIt(100000, 'x');
+    QVERIFY(residentBytes() - before > qint64(picture) * 9 / 10);
+    second.reset();
+    QVERIFY(addressSanitized || residentBytes() - before < (2 << 20));
+    QCOMPARE(behindIt.back(), 'x');
 }
 
 void SessionTest::withoutADisplayTheTextNamesTheCause_data() {
