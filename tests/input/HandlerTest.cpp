@@ -25,6 +25,34 @@ void countFailuresTold(QObject *caller, int signal, void **) {
         ++failuresTold;
 }
 
+/// Passes a source on, and notes on which thread it ends.
+class WatchedSource : public vexa::InputSource {
+public:
+    WatchedSource(std::unique_ptr<vexa::InputSource> source, std::thread::id &endedOn)
+        : m_source(std::move(source)), m_endedOn(endedOn) {}
+    ~WatchedSource() override { m_endedOn = std::this_thread::get_id(); }
+
+    int fd() const override { return m_source->fd(); }
+    bool next(vexa::InputEvent &event) override { return m_source->next(event); }
+
+private:
+    std::unique_ptr<vexa::InputSource> m_source;
+    std::thread::id &m_endedOn;
+};
+
+/// Notes on which threads its last source came and went. To be read when the handler is gone, which has
+/// joined the only other thread.
+class WatchedBackend : public vexa::RecordingBackend {
+public:
+    std::unique_ptr<vexa::InputSource> open() override {
+        openedOn = std::this_thread::get_id();
+        return std::make_unique<WatchedSource>(RecordingBackend::open(), endedOn);
+    }
+
+    std::thread::id openedOn;
+    std::thread::id endedOn;
+};
+
 } // namespace
 
 // The toolkit's hook for debuggers: the one way to hear of a signal of an object whose constructor fails.
@@ -41,7 +69,7 @@ class HandlerTest : public QObject {
 
 private slots:
     void initTestCase();
-    void cleanup() { m_backend.refuse(false); }
+    void cleanup();
 
     void aPressAndAReleaseArriveOnceAndInOrder();
     void aModifierArrivesWithItsToggledState();
@@ -49,6 +77,7 @@ private slots:
     void aClickBringsNothing();
     void messagesArriveOnTheGuiThread();
     void theListenerLivesOnAThreadOfItsOwn();
+    void theListenerIsDestroyedOnItsOwnThread();
     void destroyingAnIdleHandlerReturns();
     void destroyingABusyHandlerReturns();
     void stoppingTwiceIsHarmless();
@@ -71,6 +100,11 @@ void HandlerTest::initTestCase() {
     { CKeyboardHandler handler; }
     QVERIFY(QMetaType::type("CKeyboardMessage") != QMetaType::UnknownType);
     QVERIFY(QMetaType::type("CKeyboardExceptionMessage") != QMetaType::UnknownType);
+}
+
+void HandlerTest::cleanup() {
+    vexa::setInputBackend(&m_backend);
+    m_backend.refuse(false);
 }
 
 void HandlerTest::aPressAndAReleaseArriveOnceAndInOrder() {
@@ -132,6 +166,14 @@ void HandlerTest::theListenerLivesOnAThreadOfItsOwn() {
     CKeyboardHandler handler;
     QCOMPARE(threadsOfThisProcess(), before + 1);
     QCOMPARE(m_backend.openSources(), 1);
+}
+
+void HandlerTest::theListenerIsDestroyedOnItsOwnThread() {
+    WatchedBackend watched;
+    { CKeyboardHandler handler; }
+    QVERIFY(watched.endedOn != std::thread::id());
+    QVERIFY(watched.endedOn == watched.openedOn);
+    QVERIFY(watched.endedOn != std::this_thread::get_id());
 }
 
 void HandlerTest::destroyingAnIdleHandlerReturns() {
