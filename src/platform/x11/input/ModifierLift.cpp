@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/input/ModifierLift.h"
 
+#include <algorithm>
+
 #include "platform/x11/input/Connection.h"
 #include "platform/x11/input/FakeInput.h"
 #include "platform/x11/input/Keyboards.h"
@@ -23,7 +25,12 @@ ModifierLift::ModifierLift(const Connection &connection) : m_connection(connecti
     if (m_lifted.empty())
         return;
 
+    // Keyboards go on during a server grab. A key let go before it was seen in a hand is not ours to put
+    // back.
     const KeySet byHand = keysHeldByHand(connection);
+    const KeySet stillDown = keysDown(connection);
+    const auto isUp = [&stillDown](const Lifted &lifted) { return !stillDown.has(lifted.key); };
+    m_lifted.erase(std::remove_if(m_lifted.begin(), m_lifted.end(), isUp), m_lifted.end());
     for (Lifted &lifted : m_lifted) {
         lifted.byHand = byHand.has(lifted.key);
         fakeKey(connection, false, lifted.key, Seen::No);
