@@ -39,6 +39,7 @@ private slots:
     void aLostReleaseIsInvented();
     void nothingIsInventedForWhatTheServerHolds();
     void aPressIsNeverInvented();
+    void anUnheardPressCostsThatHoldOnly();
     void motionWithAButtonHeldIsNoMove_data();
     void motionWithAButtonHeldIsNoMove();
     void onlyTheLeftButtonIsTold();
@@ -178,6 +179,18 @@ void EventTranslatorTest::aPressIsNeverInvented() {
     m_translator.reconcile([](XKeyCode) { return true; }); // held since before we listened
     QVERIFY(takeKeys().isEmpty());
     QVERIFY(!m_translator.anyModifierHeld());
+}
+
+void EventTranslatorTest::anUnheardPressCostsThatHoldOnly() {
+    m_translator.hideNext(DeviceEvent::KeyPress, control);
+    press(control);
+    release(control);
+    QVERIFY(takeKeys().isEmpty());
+    press(control);
+    QVERIFY(m_translator.anyModifierHeld());
+    release(control);
+    QVERIFY(!m_translator.anyModifierHeld());
+    QCOMPARE(takeKeys(), (Keys{{12, 59}, {12, 59}}));
 }
 
 void EventTranslatorTest::motionWithAButtonHeldIsNoMove_data() {
