@@ -531,17 +531,24 @@ void SessionInputTest::nothingSticksWhenModifiersChangeWhilePosting() {
     pen.join();
     std::map<std::int64_t, int> changes;
     QString last; // what there was to see, should it be wrong
-    for (const Told &event : hear([] {})) {
-        if (event.type != 12)
-            continue;
-        ++changes[event.key];
-        last = (last + QStringLiteral(" %1").arg(event.key)).right(200);
-    }
+    const auto count = [&changes, &last](std::uint32_t type, std::int64_t key) {
+        if (type != 12)
+            return;
+        ++changes[key];
+        last = (last + QStringLiteral(" %1").arg(key)).right(200);
+    };
+    for (const Told &event : hear([] {}))
+        count(event.type, event.key);
     for (const int key : {56, 58, 59}) {
+        // Each press has its release: the listener's toggles end where they began. A release that fell into
+        // the lifting around a posted key is made up for a moment later, when the modifiers are next looked
+        // at.
+        InputEvent event;
+        while (changes[key] % 2 != 0 && takeNext(event))
+            count(event.type, event.keyCode);
         const QByteArray seen =
             QStringLiteral("key %1 changed %2 times; last:%3").arg(key).arg(changes[key]).arg(last).toUtf8();
         QVERIFY2(changes[key] > 0, seen.constData());
-        // Each press has its release: the listener's toggles end where they began.
         QVERIFY2(changes[key] % 2 == 0, seen.constData());
         QVERIFY2(changes[key] <= 300, seen.constData());
     }
