@@ -3,8 +3,6 @@
 
 #include "app/Language.h"
 
-#include "app/Language.h"
-
 #include <QDialog>
 #include <memory>
 
