@@ -15,8 +15,8 @@ public:
     /// are Simplified Chinese.
     void change(int language);
 
-    /// Has Chinese text in the interface's face drawn as readers of that language expect it, also text that is
-    /// shown already. change() does it too.
+    /// Has Chinese text in the interface's face drawn as readers of that language expect it, also text that
+    /// is shown already. change() does it too.
     static void chooseFace(int language);
 
 private:

@@ -9,8 +9,8 @@ class QWidget;
 /// is. None of these functions changes the widget's windowFlags(); none takes ownership; none fails visibly.
 namespace vexa::platform {
 
-/// How much of the primary screen an overlay takes: all of it, or the space the desktop gives a maximised window.
-/// On X11 both are all of it.
+/// How much of the primary screen an overlay takes: all of it, or the space the desktop gives a maximised
+/// window. On X11 both are all of it.
 enum class Cover { FullScreen, Maximized };
 
 /// Shows the widget over the whole primary screen. Creates the native window if there is none yet.

@@ -19,8 +19,8 @@ constexpr qint64 largestFile = qint64{1024} * 1024;
 bool keepAside(const QString &path) {
     const QString aside = path + QStringLiteral(".bad");
     QFile::remove(aside);
-    if (!QFileInfo(path).isSymLink()
-        && link(QFile::encodeName(path).constData(), QFile::encodeName(aside).constData()) == 0)
+    if (!QFileInfo(path).isSymLink() &&
+        link(QFile::encodeName(path).constData(), QFile::encodeName(aside).constData()) == 0)
         return true;
     return QFile::rename(path, aside);
 }

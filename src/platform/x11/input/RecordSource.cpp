@@ -129,6 +129,9 @@ bool RecordSource::next(InputEvent &event) {
 }
 
 void RecordSource::readRecords() {
+    // First: looking for events reads the socket, and what it finds there beside them no longer makes the
+    // descriptor readable.
+    m_data->dropEvents();
     void *record = nullptr;
     xcb_generic_error_t *error = nullptr;
     while (xcb_poll_for_reply(m_data->get(), m_records, &record, &error) && record) {
@@ -139,7 +142,6 @@ void RecordSource::readRecords() {
                  xcb_record_enable_context_data_length(reply.get()), reply->category == FromServer);
     }
     std::free(error);
-    m_data->dropEvents();
     if (m_data->isBroken())
         forget(m_data->fd()); // the server is gone, and the descriptor would be readable for ever
 }
