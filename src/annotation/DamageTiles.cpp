@@ -20,8 +20,8 @@ QRegion DamageTiles::take(qreal devicePixelRatio) {
         for (auto next = first + 1; next != m_list.end() && *next == *last + 1 && *next % m_columns != 0;
              ++next)
             last = next;
-        const QRectF pixels((*first % m_columns) * side, (*first / m_columns) * side,
-                            (*last - *first + 1) * side, side);
+        const int row = *first / m_columns;
+        const QRectF pixels((*first % m_columns) * side, row * side, (*last - *first + 1) * side, side);
         region +=
             QRectF(pixels.topLeft() / devicePixelRatio, pixels.size() / devicePixelRatio).toAlignedRect();
         first = last + 1;

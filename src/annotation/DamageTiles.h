@@ -13,11 +13,12 @@ public:
     explicit DamageTiles(const QSize &pixels);
 
     void add(int x, int y) {
-        const auto tile = static_cast<std::size_t>((y >> shift) * m_columns + (x >> shift));
-        if (m_damaged[tile])
+        const int tile = (y >> shift) * m_columns + (x >> shift);
+        const auto index = static_cast<std::size_t>(tile);
+        if (m_damaged[index])
             return;
-        m_damaged[tile] = true;
-        m_list.push_back(static_cast<int>(tile));
+        m_damaged[index] = true;
+        m_list.push_back(tile);
     }
 
     /// The squares since the last call, in points.

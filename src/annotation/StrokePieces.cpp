@@ -92,8 +92,10 @@ template<typename Visit> void StrokePieces::forCells(const QRect &area, Visit vi
     if (inside.isEmpty())
         return;
     for (int row = inside.top() >> cellShift; row <= inside.bottom() >> cellShift; ++row)
-        for (int column = inside.left() >> cellShift; column <= inside.right() >> cellShift; ++column)
-            visit(static_cast<std::size_t>(row * m_columns + column));
+        for (int column = inside.left() >> cellShift; column <= inside.right() >> cellShift; ++column) {
+            const int cell = row * m_columns + column;
+            visit(static_cast<std::size_t>(cell));
+        }
 }
 
 } // namespace vexa
