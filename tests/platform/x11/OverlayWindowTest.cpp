@@ -45,6 +45,15 @@ QRgb shownAt(const QPoint &at) {
     return shownOnScreen().pixel(at);
 }
 
+bool isScreenBare() {
+    const QImage screen = shownOnScreen();
+    const auto isBare = [&screen](const QPoint &at) {
+        return screen.pixel(at) != red && screen.pixel(at) != green;
+    };
+    return isBare(cardRect.center()) && isBare(wholeScreen().topLeft()) &&
+           isBare(wholeScreen().bottomRight());
+}
+
 /// A presentation: green, over the whole screen, with the focus.
 class SlideShow : public ForeignWindow {
 public:
@@ -83,8 +92,11 @@ private slots:
     void aFadeIsSeenWhereItCanBe();
 };
 
+/// A compositing manager paints what has gone a moment later: no test may take an earlier one's windows for
+/// its own.
 void OverlayWindowTest::init() {
     moveMouse({5, 5});
+    QTRY_VERIFY_WITH_TIMEOUT(isScreenBare(), patience);
 }
 
 void OverlayWindowTest::anOverlayStandsAboveASlideShowThatKeepsTheFocus() {
