@@ -1,10 +1,10 @@
 # vexa_test(name SOURCES ... LINK ... [LABELS ...] [TIMEOUT s] [RESOURCES] [OWN_FOLDER]
 #           [DISPLAY [SCREEN 1920x1080] [WM] [COMPOSITOR] [BUS]])
 #
-# A Qt Test program. DISPLAY runs it on an X server of its own (see tests/support/with-display), so tests that
-# need a screen can run side by side; RESOURCES links the program's compiled-in resources. OWN_FOLDER keeps the
-# program in a folder of its own (name.dir): the settings file lies beside the executable, and tests that read or
-# write it must not share it.
+# A Qt Test program. It is named after its folder and its file: overlays_Grab is tests/overlays/GrabTest.cpp.
+# DISPLAY runs it on an X server of its own (see tests/support/with-display), so tests that need a screen can run side
+# by side; RESOURCES links the program's compiled-in resources. OWN_FOLDER keeps the program in a folder of its own
+# (name.dir): the settings file lies beside the executable, and tests that read or write it must not share it.
 #
 # vexa_test(name PROGRAM other ...): the program of another test once more, on another display or with an
 # ENVIRONMENT of its own.
