@@ -9,7 +9,8 @@
 # vexa_test(name PROGRAM other ...): the program of another test once more, on another display or with an
 # ENVIRONMENT of its own.
 function(vexa_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "DISPLAY;WM;COMPOSITOR;BUS;RESOURCES;OWN_FOLDER" "SCREEN;TIMEOUT;PROGRAM" "SOURCES;LINK;LABELS;ENVIRONMENT")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "DISPLAY;WM;COMPOSITOR;BUS;RESOURCES;OWN_FOLDER" "SCREEN;TIMEOUT;PROGRAM"
+                        "SOURCES;LINK;LABELS;ENVIRONMENT")
   if(NOT arg_PROGRAM)
     set(arg_PROGRAM ${name})
     add_executable(${name} ${arg_SOURCES})

@@ -1,6 +1,6 @@
-# Configures this project for macOS on a machine that has no development kit of Apple's: real
-# compilation by clang for the real target, against Debian's Qt headers and the declarations beside this file. The
-# linker's place is taken by a script that first looks for symbols nobody defines. See docs/macos.md for what that proves.
+# Configures this project for macOS on a machine that has no development kit of Apple's: real compilation by clang for
+# the real target, against Debian's Qt headers and the declarations beside this file. The linker's place is taken by a
+# script that first looks for symbols nobody defines. See docs/macos.md for what that proves.
 set(CMAKE_SYSTEM_NAME Darwin)
 set(CMAKE_SYSTEM_VERSION 20)
 if(NOT VEXA_CHECK_ARCH)
