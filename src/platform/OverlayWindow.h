@@ -20,7 +20,9 @@ void showOverPrimaryScreen(QWidget &overlay, Cover cover = Cover::FullScreen);
 void showAboveAll(QWidget &card);
 
 /// Sets the window's opacity, 1 fully visible; at 0 and below the window is invisible and takes no clicks.
-/// The change has reached the screen's server when this returns. May be called before and after showing.
+/// The change has reached the screen's server when this returns. May be called before and after showing. A
+/// card that is not wanted for a while stays shown at opacity 0: some compositing managers never again paint
+/// a window that was hidden while invisible.
 void setOverlayOpacity(QWidget &card, double opacity);
 
 } // namespace vexa::platform

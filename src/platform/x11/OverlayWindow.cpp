@@ -75,9 +75,6 @@ void showOverPrimaryScreen(QWidget &overlay, Cover /*cover*/) {
 void showAboveAll(QWidget &card) {
     takeFromWindowManager(card);
     showOnTop(card);
-    // A compositing manager does not hear of a shape that changed while the window was hidden.
-    sendShape(card.internalWinId(), isEmptied(card));
-    reachServer();
 }
 
 void setOverlayOpacity(QWidget &card, double opacity) {
