@@ -6,13 +6,43 @@
 
 #include <QTextStream>
 #include <QXmlStreamReader>
+#include <algorithm>
+#include <cctype>
 
 namespace vexa {
 
 namespace {
 
 constexpr int deepestNesting = 64;
+constexpr int mostAttributes = 256; // of one tag
 constexpr int indentation = 4;
+
+/// The bytes of the text's ASCII characters, also when each of them has two or four.
+QByteArray asciiOf(QByteArray bytes) {
+    bytes.truncate(static_cast<int>(std::remove(bytes.begin(), bytes.end(), '\0') - bytes.begin()));
+    return bytes;
+}
+
+/// Whether some tag has more attributes than any settings have. The reader compares each with all the others.
+bool hasCrowdedTag(const QByteArray &ascii) {
+    int attributes = 0;
+    bool afterEquals = false;
+    for (const char c : ascii) {
+        if (c == '<')
+            attributes = 0;
+        else if (afterEquals && (c == '"' || c == '\'') && ++attributes > mostAttributes)
+            return true;
+        afterEquals = c == '=' || (afterEquals && std::isspace(static_cast<unsigned char>(c)));
+    }
+    return false;
+}
+
+/// Small files on which a reader works for minutes, or which it blows up to many times their size: entities
+/// that stand for long texts, attributes that every element gets by default, crowded tags.
+bool isLaborious(const QByteArray &bytes) {
+    const QByteArray ascii = asciiOf(bytes);
+    return ascii.contains("<!ENTITY") || ascii.contains("<!ATTLIST") || hasCrowdedTag(ascii);
+}
 
 /// The document object model recurses over its nodes, so a deeply nested file would exhaust the stack. The
 /// stream reader does not recurse: it looks first.
@@ -38,7 +68,7 @@ QDomElement appendElement(QDomDocument &document, QDomNode parent, const QString
 
 std::optional<QDomDocument> parseSettings(const QByteArray &bytes) {
     QDomDocument document;
-    if (!isSafeToParse(bytes) || !document.setContent(bytes, false))
+    if (isLaborious(bytes) || !isSafeToParse(bytes) || !document.setContent(bytes, false))
         return std::nullopt;
     return document;
 }

@@ -8,7 +8,9 @@
 /// The text form of the settings, apart from where it is kept.
 namespace vexa {
 
-/// The document in these bytes; nothing when they are not well-formed or nested deeper than any settings are.
+/// The document in these bytes; nothing when they are not well-formed, nested deeper than any settings are,
+/// or of a kind that takes a reader much time or memory: with entities, default attributes or hundreds of
+/// attributes in one tag.
 std::optional<QDomDocument> parseSettings(const QByteArray &bytes);
 
 /// Assigns what the document holds to the members of ZrToolXmlClass; the others stay.

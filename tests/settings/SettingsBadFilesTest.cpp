@@ -20,6 +20,8 @@ private slots:
     void whatIsNotWellFormedChangesNothingAndIsKept();
     void sixtyFourLevelsAreRead();
     void aMebibyteIsRead();
+    void manyAttributesAreRead();
+    void aDocumentTypeIsRead();
     void aHugeFileIsNotTakenIn();
     void manySmallElementsStayBounded();
     void onlyTheFirstSaveKeepsTheFileAside();
@@ -57,6 +59,17 @@ QByteArray entityBomb() {
     return text + "]><PenSetting><Setting><Key2P>&e11;</Key2P></Setting></PenSetting>";
 }
 
+QByteArray withDeclaration(const QByteArray &declaration, const QByteArray &settings) {
+    return "<!DOCTYPE a [" + declaration + "]><a FirstRun=\"0\"><b>" + settings + "</b></a>";
+}
+
+QByteArray crowdedTag(int attributes, const QByteArray &assignment) {
+    QByteArray text = "<a><b";
+    for (int i = 0; i < attributes; ++i)
+        text += " c" + QByteArray::number(i) + assignment + '"';
+    return text + "><Key2P>4</Key2P></b></a>";
+}
+
 /// The most memory the process has ever held, in MiB.
 long peakMemory() {
     struct rusage usage {};
@@ -91,6 +104,18 @@ void SettingsBadFilesTest::whatIsNotWellFormedChangesNothingAndIsKept_data() {
     QTest::newRow("500,000 levels, not closed") << QByteArray("<a>").repeated(340000);
     QTest::newRow("100,000 levels") << nested(100000);
     QTest::newRow("entity bomb") << entityBomb();
+    // None of these is large, and each is the short form of one that would keep a reader busy for minutes.
+    QTest::newRow("entity of its own") << withDeclaration("<!ENTITY e \"4\">", "<Key2P>&e;</Key2P>");
+    QTest::newRow("long entity, often used") << withDeclaration(
+        "<!ENTITY e \"" + QByteArray(3000, 'x') + "\">", "<c>" + QByteArray("&e;").repeated(1000) + "</c>");
+    QTest::newRow("attributes by default")
+        << withDeclaration("<!ATTLIST c d CDATA \"x\">", "<Key2P>4</Key2P><c/>");
+    QTest::newRow("crowded tag") << crowdedTag(257, "=\"");
+    QTest::newRow("crowded tag, wide") << crowdedTag(257, " =\n \"");
+    const QString wide = QString::fromLatin1(crowdedTag(257, "=\""));
+    QTest::newRow("crowded tag of two bytes a letter")
+        << QByteArray("\xFF\xFE", 2) +
+               QByteArray(reinterpret_cast<const char *>(wide.utf16()), wide.size() * 2);
     QTest::newRow("one byte over a mebibyte") << "<a>" + QByteArray(1024 * 1024 + 1 - 7, ' ') + "</a>";
 }
 
@@ -119,6 +144,23 @@ void SettingsBadFilesTest::aMebibyteIsRead() {
     const QByteArray head = "<a><b><Key2P>4</Key2P></b>";
     QVERIFY(userfile::write(head + QByteArray(1024 * 1024 - head.size() - 4, ' ') + "</a>"));
     QCOMPARE(QFileInfo(userfile::path()).size(), 1024 * 1024);
+    Store::ZrXmlRead();
+    QCOMPARE(Store::Key2P, 4);
+}
+
+void SettingsBadFilesTest::manyAttributesAreRead() {
+    // In one tag as many as there may be, in all of them more, and no end of what only looks like one.
+    const QByteArray lines =
+        "<!-- " + QByteArray("=").repeated(1000) + QByteArray("\"").repeated(1000) + " -->";
+    QVERIFY(userfile::write("<all>" + lines + crowdedTag(256, "=\"") +
+                            crowdedTag(200, "='").replace('"', '\'') + "<b><Key2P>3</Key2P></b></all>"));
+    Store::ZrXmlRead();
+    QCOMPARE(Store::Key2P, 3);
+}
+
+void SettingsBadFilesTest::aDocumentTypeIsRead() {
+    QVERIFY(
+        userfile::write("<!DOCTYPE a SYSTEM \"a.dtd\" [<!ELEMENT a ANY>]><a><b><Key2P>4</Key2P></b></a>"));
     Store::ZrXmlRead();
     QCOMPARE(Store::Key2P, 4);
 }

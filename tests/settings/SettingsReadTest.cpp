@@ -45,27 +45,31 @@ QByteArray withSettings(const QByteArray &elements) {
            elements + "    </Setting>\n</PenSetting>\n";
 }
 
+QVector<int> settingsNow() {
+    return {Store::Key2P,
+            Store::Key3P,
+            Store::Key4C,
+            Store::Key4P,
+            Store::PenColor0,
+            Store::PenColor1,
+            Store::PenColor2,
+            Store::PenThickness,
+            Store::LaserPenSize,
+            Store::LaserPenColor,
+            Store::MagnifierSize,
+            Store::MagnifierColor,
+            Store::SportLightSize,
+            Store::SportLightTran,
+            Store::AutoStart,
+            Store::Language,
+            Store::ShowPrivacyWindow,
+            Store::ifirstRun};
+}
+
 } // namespace
 
 void SettingsReadTest::initTestCase() {
-    m_atStart = {Store::Key2P,
-                 Store::Key3P,
-                 Store::Key4C,
-                 Store::Key4P,
-                 Store::PenColor0,
-                 Store::PenColor1,
-                 Store::PenColor2,
-                 Store::PenThickness,
-                 Store::LaserPenSize,
-                 Store::LaserPenColor,
-                 Store::MagnifierSize,
-                 Store::MagnifierColor,
-                 Store::SportLightSize,
-                 Store::SportLightTran,
-                 Store::AutoStart,
-                 Store::Language,
-                 Store::ShowPrivacyWindow,
-                 Store::ifirstRun};
+    m_atStart = settingsNow();
 }
 
 void SettingsReadTest::init() {
@@ -117,14 +121,16 @@ void SettingsReadTest::theUserFileComesFirst() {
 }
 
 void SettingsReadTest::elementsThatAreNoSettingsAreIgnored() {
-    QVERIFY(userfile::write(
-        withSettings("<Key2C>9</Key2C><UpdataSoft>9</UpdataSoft><LaserPenColorR>9</LaserPenColorR>"
-                     "<MagnifierColorB>9</MagnifierColorB><Key3P>2</Key3P>")));
+    QByteArray elements;
+    for (const char *const name : {"Key2C", "Key3C", "LaserPenColorR", "LaserPenColorG", "LaserPenColorB",
+                                   "MagnifierColorR", "MagnifierColorG", "MagnifierColorB", "UpdataSoft"})
+        elements += QByteArray("<") + name + ">9</" + name + '>';
+    QVERIFY(userfile::write("<PenSetting ShowPrompt=\"9\" ShowCursor=\"9\" FirstRun=\"0\"><Setting>" +
+                            elements + "<Key3P>2</Key3P></Setting></PenSetting>"));
     Store::ZrXmlRead();
     QCOMPARE(Store::Key3P, 2);
-    QCOMPARE(Store::Key2P, 1);
-    QCOMPARE(Store::LaserPenColor, 0);
-    QCOMPARE(Store::MagnifierColor, 0);
+    Store::Key3P = 3;
+    QCOMPARE(settingsNow(), m_atStart);
 }
 
 void SettingsReadTest::firstRunFollowsTheRootAttribute_data() {
