@@ -14,6 +14,7 @@ private slots:
     void withoutADisplay();
     void withoutAnExtensionOfTheServer_data();
     void withoutAnExtensionOfTheServer();
+    void theListenersFailureEndsTheStart();
 
 private:
     static void verifyRefusal(const e2e::Program &program, const QByteArray &line);
@@ -60,6 +61,24 @@ void NoSessionTest::withoutAnExtensionOfTheServer() {
     e2e::Program program;
     program.setEnvironment(QStringLiteral("DISPLAY"), server.display());
     verifyRefusal(program, "VexaOrbilo: the X server has no RECORD extension, so the pen cannot be heard\n");
+}
+
+void NoSessionTest::theListenersFailureEndsTheStart() {
+    // One connection serves the look at the session and after that the windows; the listener finds none left.
+    e2e::XServer server;
+    QVERIFY(!server.display().isEmpty());
+    server.leaveConnections(1);
+    e2e::Program program;
+    program.setEnvironment(QStringLiteral("DISPLAY"), server.display());
+    const QByteArray settings = program.settingsFile();
+    const auto end = program.runToTheEnd();
+    QVERIFY(end.normal);
+    QCOMPARE(end.code, 1);
+    // The X library has its own word for each connection that it was refused; ours is one line and the last.
+    const QByteArray line = "VexaOrbilo: cannot listen to the keyboard and the pointer of this session\n";
+    QVERIFY2(end.errors.endsWith(line), end.errors.constData());
+    QCOMPARE(end.errors.count("VexaOrbilo"), 1);
+    QCOMPARE(program.settingsFile(), settings); // which a main window would have saved
 }
 
 QTEST_GUILESS_MAIN(NoSessionTest)

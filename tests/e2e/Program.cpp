@@ -30,7 +30,8 @@ bool placeExecutable(const QString &place) {
 
 Program::End endOf(QProcess &process) {
     process.waitForFinished(-1);
-    return {process.exitStatus() == QProcess::NormalExit, process.exitCode(), process.readAllStandardError()};
+    return {process.exitStatus() == QProcess::NormalExit, process.exitCode(), process.readAllStandardError(),
+            process.readAllStandardOutput()};
 }
 
 } // namespace

@@ -27,6 +27,7 @@ public:
         bool normal = false;
         int code = -1;
         QByteArray errors;
+        QByteArray output;
     };
     End runToTheEnd() const;
 

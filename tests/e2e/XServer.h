@@ -4,6 +4,10 @@
 #include <QProcess>
 #include <QString>
 #include <QStringList>
+#include <memory>
+#include <vector>
+
+struct xcb_connection_t;
 
 namespace e2e {
 
@@ -20,9 +24,17 @@ public:
     /// Ends it at once, as a crash does.
     void kill();
 
+    /// Takes up all connections that the server can have, but that many. Call once.
+    void leaveConnections(std::size_t free);
+
 private:
+    struct Disconnect {
+        void operator()(xcb_connection_t *connection) const;
+    };
+
     QProcess m_process;
     QString m_display;
+    std::vector<std::unique_ptr<xcb_connection_t, Disconnect>> m_taken;
 };
 
 } // namespace e2e
