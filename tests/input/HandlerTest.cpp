@@ -53,6 +53,38 @@ public:
     std::thread::id endedOn;
 };
 
+/// Passes a source on, and breaks with its first event.
+class BreakingSource : public vexa::InputSource {
+public:
+    BreakingSource(std::unique_ptr<vexa::InputSource> source, bool withText)
+        : m_source(std::move(source)), m_withText(withText) {}
+
+    int fd() const override { return m_source->fd(); }
+    bool next(vexa::InputEvent &event) override {
+        if (!m_source->next(event))
+            return false;
+        if (m_withText)
+            throw std::runtime_error("the session broke");
+        throw 7;
+    }
+
+private:
+    std::unique_ptr<vexa::InputSource> m_source;
+    bool m_withText;
+};
+
+class BreakingBackend : public vexa::RecordingBackend {
+public:
+    explicit BreakingBackend(bool withText) : m_withText(withText) {}
+
+    std::unique_ptr<vexa::InputSource> open() override {
+        return std::make_unique<BreakingSource>(RecordingBackend::open(), m_withText);
+    }
+
+private:
+    bool m_withText;
+};
+
 } // namespace
 
 // The toolkit's hook for debuggers: the one way to hear of a signal of an object whose constructor fails.
@@ -86,6 +118,8 @@ private slots:
     void aSecondHandlerBreaksItsPromiseAndTheFirstWorksOn();
     void aFailureIsToldWithItsText_data();
     void aFailureIsToldWithItsText();
+    void aFailureWhileListeningIsToldAndTheHandlerStillEnds_data();
+    void aFailureWhileListeningIsToldAndTheHandlerStillEnds();
     void aRunWithoutPromiseIsToldAsFailure();
     void theExceptionSlotIgnoresWhatItIsTold();
     void activationHasNoEffect();
@@ -253,6 +287,33 @@ void HandlerTest::aFailureIsToldWithItsText() {
     std::thread(CKeyboardHandler::run, std::promise<CAnyKeyboardKiller>(), &handler).join();
     QCOMPARE(failures.size(), 1); // told while the thread was still running, on this living handler
     QTEST(failures.first().first().value<CKeyboardExceptionMessage>().text, "text");
+}
+
+void HandlerTest::aFailureWhileListeningIsToldAndTheHandlerStillEnds_data() {
+    QTest::addColumn<bool>("withText");
+    QTest::addColumn<QByteArray>("text");
+    QTest::newRow("a failure with a text") << true << QByteArray("the session broke");
+    QTest::newRow("any other") << false << QByteArray("Unknown keyboard exception!");
+}
+
+void HandlerTest::aFailureWhileListeningIsToldAndTheHandlerStillEnds() {
+    QFETCH(bool, withText);
+    QFETCH(QByteArray, text);
+    BreakingBackend breaking(withText);
+    const int before = threadsOfThisProcess();
+    {
+        CKeyboardHandler handler;
+        QSignalSpy keys(&handler, &CKeyboardHandler::MysignalKeyboardMessage);
+        QByteArrayList told;
+        connect(&handler, &CKeyboardHandler::signalKeyboardException, this,
+                [&told](const CKeyboardExceptionMessage &message) { told.append(message.text); });
+        breaking.feedKey(5, true);
+        QTRY_COMPARE(told, QByteArrayList{text});
+        QTRY_COMPARE(threadsOfThisProcess(), before);
+        QCOMPARE(breaking.openSources(), 0);
+        QVERIFY(keys.isEmpty());
+    } // its handle reaches nobody any more, and its thread has ended by itself
+    QCOMPARE(threadsOfThisProcess(), before);
 }
 
 void HandlerTest::aRunWithoutPromiseIsToldAsFailure() {

@@ -16,6 +16,8 @@ struct Desktop {
     std::map<std::string, CFMessagePortRef> localPorts;
     std::vector<TapRequest> requests;
     std::vector<InputEvent> posted;
+    std::vector<PortRequest> portRequests;
+    std::vector<std::string> journal;
     std::list<Object *> events;
     std::list<std::unique_ptr<__CGEventSource>> eventSources;
     std::condition_variable heard;
@@ -81,7 +83,7 @@ Quartz &currentQuartz() {
     return *desktop().quartz;
 }
 
-Object::Object(Kind ofKind) : kind(ofKind) {
+Object::Object(Kind ofKind, std::string inJournal) : kind(ofKind), title(std::move(inJournal)) {
     if (kind == Kind::Event)
         desktop().events.push_back(this);
     else
@@ -95,6 +97,11 @@ Object::~Object() {
         --desktop().objects;
 }
 
+void note(const Object &object, const std::string &fate) {
+    if (!object.title.empty())
+        desktop().journal.push_back(object.title + ' ' + fate);
+}
+
 Quartz::Quartz() {
     desktop().quartz = this;
 }
@@ -105,6 +112,8 @@ Quartz::~Quartz() {
     desktop().eventSources.clear();
     desktop().requests.clear();
     desktop().posted.clear();
+    desktop().portRequests.clear();
+    desktop().journal.clear();
     desktop().swallowsNothing = true;
     desktop().quartz = nullptr;
 }
@@ -136,6 +145,16 @@ int Quartz::enabledTaps() const {
 std::vector<InputEvent> Quartz::posted() const {
     const Guard guard(lock);
     return desktop().posted;
+}
+
+std::vector<PortRequest> Quartz::portRequests() const {
+    const Guard guard(lock);
+    return desktop().portRequests;
+}
+
+std::vector<std::string> Quartz::journal() const {
+    const Guard guard(lock);
+    return desktop().journal;
 }
 
 int Quartz::objectsAlive() const {
@@ -170,6 +189,7 @@ CFMachPortRef CGEventTapCreate(CGEventTapLocation tap, CGEventTapPlacement place
     made->callback = callback;
     made->userInfo = userInfo;
     desktop().taps.push_back(made);
+    note(*made, "created");
     return made;
 }
 
@@ -192,12 +212,14 @@ bool CGEventTapIsEnabled(CFMachPortRef tap) {
 void CFMachPortInvalidate(CFMachPortRef port) {
     const Guard guard(lock);
     port->valid = false;
+    note(*port, "invalidated");
 }
 
-CFRunLoopSourceRef CFMachPortCreateRunLoopSource(CFAllocatorRef, CFMachPortRef port, CFIndex) {
+CFRunLoopSourceRef CFMachPortCreateRunLoopSource(CFAllocatorRef, CFMachPortRef port, CFIndex order) {
     const Guard guard(lock);
-    port->source = new __CFRunLoopSource;
+    port->source = new __CFRunLoopSource("tap source");
     port->source->tap = port;
+    note(*port->source, "created with order " + std::to_string(order));
     return port->source;
 }
 
@@ -263,12 +285,12 @@ CFMessagePortRef CFMessagePortCreateLocal(CFAllocatorRef, CFStringRef name, CFMe
     const Guard guard(lock);
     if (!currentQuartz().permitsLocalPorts)
         return nullptr;
-    auto *const port = new __CFMessagePort;
+    auto *const port = new __CFMessagePort(true);
     port->name = name->text;
-    port->local = true;
     port->callback = callout;
     port->info = context ? context->info : nullptr;
     desktop().localPorts[port->name] = port;
+    note(*port, "created");
     return port;
 }
 
@@ -276,8 +298,9 @@ CFMessagePortRef CFMessagePortCreateRemote(CFAllocatorRef, CFStringRef name) {
     const Guard guard(lock);
     if (!currentQuartz().permitsRemotePorts || !desktop().localPorts.count(name->text))
         return nullptr;
-    auto *const port = new __CFMessagePort;
+    auto *const port = new __CFMessagePort(false);
     port->name = name->text;
+    note(*port, "created");
     return port;
 }
 
@@ -291,19 +314,24 @@ void CFMessagePortInvalidate(CFMessagePortRef port) {
     port->valid = false;
     if (port->local)
         desktop().localPorts.erase(port->name);
+    note(*port, "invalidated");
 }
 
-CFRunLoopSourceRef CFMessagePortCreateRunLoopSource(CFAllocatorRef, CFMessagePortRef local, CFIndex) {
+CFRunLoopSourceRef CFMessagePortCreateRunLoopSource(CFAllocatorRef, CFMessagePortRef local, CFIndex order) {
     const Guard guard(lock);
-    local->source = new __CFRunLoopSource;
+    local->source = new __CFRunLoopSource("port source");
     local->source->port = local;
+    note(*local->source, "created with order " + std::to_string(order));
     return local->source;
 }
 
 // Queues the request and waits for no reply, as without a reply mode.
-SInt32 CFMessagePortSendRequest(CFMessagePortRef remote, SInt32 messageId, CFDataRef data, CFTimeInterval,
-                                CFTimeInterval, CFStringRef, CFDataRef *) {
+SInt32 CFMessagePortSendRequest(CFMessagePortRef remote, SInt32 messageId, CFDataRef data,
+                                CFTimeInterval sendTimeout, CFTimeInterval receiveTimeout,
+                                CFStringRef replyMode, CFDataRef *returnData) {
     const Guard guard(lock);
+    desktop().portRequests.push_back(
+        {messageId, data != nullptr, sendTimeout, receiveTimeout, replyMode || returnData});
     constexpr SInt32 success = 0, invalid = -3;
     const auto found = desktop().localPorts.find(remote->name);
     if (found == desktop().localPorts.end() || !found->second->source || !found->second->source->loop)

@@ -4,6 +4,7 @@
 #include <ApplicationServices/ApplicationServices.h>
 
 #include <cstdint>
+#include <string>
 #include <vector>
 
 namespace fakes {
@@ -14,6 +15,15 @@ struct TapRequest {
     CGEventTapPlacement placement = kCGTailAppendEventTap;
     CGEventTapOptions options = kCGEventTapOptionDefault;
     CGEventMask mask = 0;
+};
+
+/// What was asked of a message port.
+struct PortRequest {
+    SInt32 id = -1;
+    bool hasData = true;
+    CFTimeInterval sendTimeout = -1;
+    CFTimeInterval receiveTimeout = -1;
+    bool wantsReply = true; ///< by a reply mode, or by a place for the data returned
 };
 
 /// An event as it was posted, or as it is sent to the taps.
@@ -52,6 +62,9 @@ public:
     std::vector<TapRequest> taps() const;
     int enabledTaps() const;
     std::vector<InputEvent> posted() const;
+    std::vector<PortRequest> portRequests() const;
+    /// What became of taps, ports and run-loop sources, in order.
+    std::vector<std::string> journal() const;
     /// Taps, ports and run-loop sources that have not been released.
     int objectsAlive() const;
     /// Posted events that have not been released.

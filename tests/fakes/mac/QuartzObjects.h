@@ -17,14 +17,18 @@ namespace fakes {
 struct Object {
     enum class Kind { Lasting, Event };
 
-    explicit Object(Kind ofKind);
+    explicit Object(Kind ofKind, std::string inJournal = {});
     virtual ~Object();
     Object(const Object &) = delete;
     Object &operator=(const Object &) = delete;
 
     const Kind kind;
+    const std::string title; ///< in the journal; empty: it is not mentioned there
     int references = 1;
 };
+
+/// Notes what becomes of an object; the lock is held.
+void note(const Object &object, const std::string &fate);
 
 std::mutex &quartzLock();
 Quartz &currentQuartz();
@@ -45,7 +49,7 @@ struct __CFRunLoop {
 };
 
 struct __CFRunLoopSource : fakes::Object {
-    __CFRunLoopSource() : Object(Kind::Lasting) {}
+    explicit __CFRunLoopSource(const char *inJournal) : Object(Kind::Lasting, inJournal) {}
     CFRunLoopRef loop = nullptr;
     __CFMachPort *tap = nullptr;
     __CFMessagePort *port = nullptr;
@@ -53,7 +57,7 @@ struct __CFRunLoopSource : fakes::Object {
 };
 
 struct __CFMachPort : fakes::Object {
-    __CFMachPort() : Object(Kind::Lasting) {}
+    __CFMachPort() : Object(Kind::Lasting, "tap") {}
     ~__CFMachPort() override;
     fakes::TapRequest request;
     CGEventTapCallBack callback = nullptr;
@@ -64,10 +68,11 @@ struct __CFMachPort : fakes::Object {
 };
 
 struct __CFMessagePort : fakes::Object {
-    __CFMessagePort() : Object(Kind::Lasting) {}
+    explicit __CFMessagePort(bool isLocal)
+        : Object(Kind::Lasting, isLocal ? "local port" : "remote port"), local(isLocal) {}
     ~__CFMessagePort() override;
     std::string name;
-    bool local = false;
+    const bool local;
     bool valid = true;
     CFMessagePortCallBack callback = nullptr;
     void *info = nullptr;

@@ -24,6 +24,7 @@ CFTypeRef CFRetain(CFTypeRef object) {
 void CFRelease(CFTypeRef object) {
     const std::lock_guard guard(fakes::quartzLock());
     auto *const counted = const_cast<fakes::Object *>(static_cast<const fakes::Object *>(object));
+    fakes::note(*counted, "released");
     if (--counted->references == 0)
         delete counted;
 }
@@ -66,8 +67,9 @@ void CFRunLoopWakeUp(CFRunLoopRef loop) {
     loop->changed.notify_all();
 }
 
-void CFRunLoopAddSource(CFRunLoopRef loop, CFRunLoopSourceRef source, CFRunLoopMode) {
+void CFRunLoopAddSource(CFRunLoopRef loop, CFRunLoopSourceRef source, CFRunLoopMode mode) {
     const std::lock_guard guard(fakes::quartzLock());
+    fakes::note(*source, "added in " + mode->text);
     source->loop = loop;
     ++loop->sources;
     loop->changed.notify_all();

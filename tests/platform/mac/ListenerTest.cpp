@@ -51,6 +51,43 @@ private slots:
         QCOMPARE(quint64(taps[0].mask), quint64(7206));
     }
 
+    // The tap goes before the sources and after the port, so that nothing is called for what is gone.
+    void buildsAndTearsDownInItsOrder() {
+        std::promise<CAnyKeyboardKiller> promise;
+        auto future = promise.get_future();
+        auto listener = std::make_unique<CKeyboardListenerMac>(std::move(promise));
+        std::optional<CAnyKeyboardKiller> killer(future.get());
+        const std::vector<std::string> built{"tap created",
+                                             "local port created",
+                                             "port source created with order 0",
+                                             "tap source created with order 0",
+                                             "port source added in kCFRunLoopCommonModes",
+                                             "tap source added in kCFRunLoopCommonModes",
+                                             "remote port created"};
+        QCOMPARE(m_quartz->journal(), built);
+
+        listener.reset();
+        killer.reset();
+        const std::vector<std::string> all = m_quartz->journal();
+        const std::vector<std::string> freed(all.begin() + long(built.size()), all.end());
+        const std::vector<std::string> expected{"local port invalidated",  "local port released",
+                                                "tap invalidated",         "tap released",
+                                                "port source released",    "tap source released",
+                                                "remote port invalidated", "remote port released"};
+        QCOMPARE(freed, expected);
+    }
+
+    void stopsByOneRequestAndWaitsForNoReply() {
+        { const CKeyboardHandler handler; }
+        const auto requests = m_quartz->portRequests();
+        QCOMPARE(requests.size(), std::size_t{1});
+        QCOMPARE(requests[0].id, SInt32{0});
+        QVERIFY(!requests[0].hasData);
+        QCOMPARE(requests[0].sendTimeout, 60.0); // seconds
+        QCOMPARE(requests[0].receiveTimeout, 0.0);
+        QVERIFY(!requests[0].wantsReply);
+    }
+
     void tellsKeysAndPointerInTheirOrder() {
         const CKeyboardHandler handler;
         QSignalSpy keys(&handler, &CKeyboardHandler::MysignalKeyboardMessage);
