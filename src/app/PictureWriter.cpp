@@ -32,8 +32,9 @@ void writePicture(const QString &path, const QImage &picture) {
     QSaveFile file(path);
     if (bytes.isEmpty() || !file.open(QIODevice::WriteOnly))
         return;
-    // Without the commit the file's place stays as it was, and what has been written so far goes.
-    if (file.write(bytes) == bytes.size())
+    // Without the commit the file's place stays as it was, and what has been written so far goes. What still
+    // waits in the file's buffer must be out before: the commit does not notice when that part fails.
+    if (file.write(bytes) == bytes.size() && file.flush())
         file.commit();
 }
 

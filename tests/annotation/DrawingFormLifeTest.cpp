@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "annotation/DrawingFaces.h"
 #include "overlays/promptwindow2.h"
+#include "support/ResidentMemory.h"
 #include "support/Sanitized.h"
 #include "support/TestMain.h"
 
-#include <QFile>
 #include <QSignalSpy>
 
 using vexa::DrawingForm;
@@ -19,13 +19,6 @@ constexpr double allowedGrowth = 10; // megabytes
 void turnEventLoop() {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QCoreApplication::processEvents();
-}
-
-double residentMegabytes() {
-    QFile status("/proc/self/statm");
-    if (!status.open(QIODevice::ReadOnly))
-        return 0;
-    return status.readAll().split(' ').at(1).toDouble() * 4096 / 1e6;
 }
 
 QPixmap *plainPicture(Qt::GlobalColor colour) {

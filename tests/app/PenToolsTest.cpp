@@ -78,6 +78,8 @@ private slots:
 
     void closingAToolInASlideShowRefocusesIt_data();
     void closingAToolInASlideShowRefocusesIt();
+    void clickOnAHeldToolInASlideShowPostsNothing_data() { gOpensTheHeldToolOfKey4AndSClosesIt_data(); }
+    void clickOnAHeldToolInASlideShowPostsNothing();
     void closingAToolWithoutASlideShowPostsNothing();
     void openingAToolCancelsTheRefocus_data();
     void openingAToolCancelsTheRefocus();
@@ -370,6 +372,8 @@ void PenToolsTest::closingAToolInASlideShowRefocusesIt_data() {
     QTest::newRow("annotation by its button") << QStringLiteral("annotation exit");
     QTest::newRow("blackboard by the chord") << QStringLiteral("blackboard chord");
     QTest::newRow("blackboard by its button") << QStringLiteral("blackboard exit");
+    QTest::newRow("spotlight") << QStringLiteral("spotlight");
+    QTest::newRow("magnifier") << QStringLiteral("magnifier");
     QTest::newRow("laser") << QStringLiteral("laser");
 }
 
@@ -377,10 +381,12 @@ void PenToolsTest::closingAToolInASlideShowRefocusesIt() {
     QFETCH(QString, how);
     ToolPanel panel;
     Settings::Key3P = 3;
-    Settings::Key4P = 2;
+    const QStringList heldTools{QStringLiteral("spotlight"), QStringLiteral("magnifier"),
+                                QStringLiteral("laser")};
+    Settings::Key4P = heldTools.indexOf(how);
     CKeyboardListenerMac::EnterPPT = true;
     const bool blackboard = how.startsWith(QStringLiteral("blackboard"));
-    if (how == QStringLiteral("laser")) {
+    if (heldTools.contains(how)) {
         panel.chord(pen::g);
         panel.chord(pen::s);
     } else {
@@ -403,6 +409,18 @@ void PenToolsTest::closingAToolInASlideShowRefocusesIt() {
     QVERIFY(sinceClose.elapsed() >= 850); // the closing itself was noticed some time later
     QTest::qWait(1200);
     QCOMPARE(told(panel.session), refocusAt(QPoint(321, 234)));
+}
+
+void PenToolsTest::clickOnAHeldToolInASlideShowPostsNothing() {
+    QFETCH(int, code);
+    ToolPanel panel;
+    Settings::Key4P = code;
+    CKeyboardListenerMac::EnterPPT = true;
+    panel.chord(pen::g);
+    ToolPanel::click(ToolPanel::heldTool());
+    QVERIFY(ToolPanel::nothingOpen());
+    QTest::qWait(1300);
+    QCOMPARE(told(panel.session), QStringList());
 }
 
 void PenToolsTest::closingAToolWithoutASlideShowPostsNothing() {

@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <atomic>
 #include <csignal>
 #include <memory>
 #include <random>
@@ -74,6 +75,25 @@ private:
     const bool m_root = geteuid() == 0;
 };
 
+/// Counts what this process says on its log, from any thread.
+class Listener {
+public:
+    Listener() {
+        lines = 0;
+        m_before =
+            qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) { ++lines; });
+    }
+    ~Listener() { qInstallMessageHandler(m_before); }
+
+    Listener(const Listener &) = delete;
+    Listener &operator=(const Listener &) = delete;
+
+    static inline std::atomic<int> lines = 0;
+
+private:
+    QtMessageHandler m_before;
+};
+
 } // namespace
 
 class PictureWriterTest : public QObject {
@@ -82,16 +102,20 @@ class PictureWriterTest : public QObject {
 private slots:
     void init();
     void writesThePictureInTheFormatOfItsSuffix();
+    void compressesHalfway();
     void laterPictureOfTheSamePathReplacesTheEarlierOne();
     void writesInTheOrderInWhichItWasGiven();
     void returnsWhilePicturesAreBeingWritten();
     void endOfTheWriterWaitsForAllFiles();
+    void fullDiskLeavesNoHalfFile_data() { pictures(); }
     void fullDiskLeavesNoHalfFile();
+    void fullDiskLeavesTheFileThatWasThere_data() { pictures(); }
     void fullDiskLeavesTheFileThatWasThere();
     void folderThatCannotBeWrittenGetsNoFile();
     void missingFolderGetsNoFile();
 
 private:
+    static void pictures();
     QString file(const char *name) const { return m_folder->filePath(QLatin1String(name)); }
     QStringList files() const {
         return QDir(m_folder->path()).entryList(QDir::Files | QDir::Hidden, QDir::Name);
@@ -115,6 +139,18 @@ void PictureWriterTest::writesThePictureInTheFormatOfItsSuffix() {
     QVERIFY(written.open(QIODevice::ReadOnly));
     QCOMPARE(written.read(8), QByteArray("\x89PNG\r\n\x1a\n"));
     QCOMPARE(QImage(file("a.png")).convertToFormat(QImage::Format_RGB32), picture);
+}
+
+void PictureWriterTest::compressesHalfway() {
+    PictureWriter writer;
+    const QImage picture = plain(Qt::red).scaled(500, 400);
+    writer.write(file("a.png"), picture);
+    writer.flush();
+    QVERIFY(picture.save(file("quality 50.png"), "PNG", 50));
+    QFile ours(file("a.png"));
+    QFile expected(file("quality 50.png"));
+    QVERIFY(ours.open(QIODevice::ReadOnly) && expected.open(QIODevice::ReadOnly));
+    QCOMPARE(ours.readAll(), expected.readAll());
 }
 
 void PictureWriterTest::laterPictureOfTheSamePathReplacesTheEarlierOne() {
@@ -164,22 +200,36 @@ void PictureWriterTest::endOfTheWriterWaitsForAllFiles() {
         QCOMPARE(QImage(m_folder->filePath(name)).size(), QSize(800, 600));
 }
 
+/// A small one fits into the buffer of the file that it is written to.
+void PictureWriterTest::pictures() {
+    QTest::addColumn<QImage>("picture");
+    QTest::addColumn<int>("space");
+    QTest::newRow("large") << noise(800, 600) << 20000;
+    QTest::newRow("small") << plain(Qt::blue) << 100;
+}
+
 void PictureWriterTest::fullDiskLeavesNoHalfFile() {
+    QFETCH(QImage, picture);
+    QFETCH(int, space);
+    const Listener listener;
     {
-        const FullDisk full(20000);
+        const FullDisk full(static_cast<rlim_t>(space));
         PictureWriter writer;
-        writer.write(file("a.png"), noise(800, 600));
+        writer.write(file("a.png"), picture);
     }
     QCOMPARE(files(), QStringList());
+    QCOMPARE(Listener::lines.load(), 0);
 }
 
 void PictureWriterTest::fullDiskLeavesTheFileThatWasThere() {
+    QFETCH(QImage, picture);
+    QFETCH(int, space);
     PictureWriter writer;
     writer.write(file("a.png"), plain(Qt::red));
     writer.flush();
     {
-        const FullDisk full(20000);
-        writer.write(file("a.png"), noise(800, 600));
+        const FullDisk full(static_cast<rlim_t>(space));
+        writer.write(file("a.png"), picture);
         writer.flush();
     }
     QCOMPARE(files(), QStringList{QStringLiteral("a.png")});
@@ -187,6 +237,7 @@ void PictureWriterTest::fullDiskLeavesTheFileThatWasThere() {
 }
 
 void PictureWriterTest::folderThatCannotBeWrittenGetsNoFile() {
+    const Listener listener;
     QCOMPARE(chmod(QFile::encodeName(m_folder->path()).constData(), 0555), 0);
     {
         const OrdinaryUser user;
@@ -194,14 +245,17 @@ void PictureWriterTest::folderThatCannotBeWrittenGetsNoFile() {
         writer.write(file("a.png"), plain(Qt::red));
     }
     QCOMPARE(files(), QStringList());
+    QCOMPARE(Listener::lines.load(), 0);
     QCOMPARE(chmod(QFile::encodeName(m_folder->path()).constData(), 0755), 0);
 }
 
 void PictureWriterTest::missingFolderGetsNoFile() {
+    const Listener listener;
     PictureWriter writer;
     writer.write(file("missing/a.png"), plain(Qt::red));
     writer.flush();
     QVERIFY(!QFileInfo::exists(file("missing")));
+    QCOMPARE(Listener::lines.load(), 0);
 }
 
 QTEST_GUILESS_MAIN(PictureWriterTest)

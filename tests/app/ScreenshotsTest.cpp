@@ -43,6 +43,7 @@ private slots:
     void withoutAClockTheNameIsTheMoment();
     void makesAllMissingFolders();
     void leavesExistingFoldersAlone();
+    void leavesAFileInTheWayAlone();
     void emptyNamesAreNoFolders();
 
 private:
@@ -177,6 +178,18 @@ void ScreenshotsTest::leavesExistingFoldersAlone() {
     QCOMPARE(Screenshots::makeFolder(path + '/'), path + '/');
     QCOMPARE(QFileInfo(path).lastModified(), changed);
     QVERIFY(QDir(path).isEmpty());
+}
+
+void ScreenshotsTest::leavesAFileInTheWayAlone() {
+    const QString path = m_home->filePath(QStringLiteral("file"));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write("kept"), 4);
+    file.close();
+    QCOMPARE(Screenshots::makeFolder(path), path);
+    QCOMPARE(Screenshots::makeFolder(path + QStringLiteral("/below")), path + QStringLiteral("/below"));
+    QCOMPARE(files(), QStringList{QStringLiteral("file")});
+    QCOMPARE(QFileInfo(path).size(), 4);
 }
 
 void ScreenshotsTest::emptyNamesAreNoFolders() {

@@ -51,14 +51,6 @@ void open(ToolPanel &panel, const Order &order, int heldTool) {
     QCOMPARE(ToolPanel::openHeldTools(), 1);
 }
 
-QWidget *heldTool() {
-    if (!ToolPanel::open<LightPen>().isEmpty())
-        return ToolPanel::open<LightPen>().constFirst();
-    if (!ToolPanel::open<Magnifie>().isEmpty())
-        return ToolPanel::open<Magnifie>().constFirst();
-    return ToolPanel::open<Spolight2>().constFirst();
-}
-
 } // namespace
 
 /// Annotation, blackboard and a held tool over each other: opened in every order, closed in every order.
@@ -144,7 +136,7 @@ void ToolOrderTest::closedByExitButtonAndClick() {
     const Order order = allOrders().at(closing);
     for (Kind kind : order) {
         if (kind == Held)
-            ToolPanel::click(heldTool());
+            ToolPanel::click(ToolPanel::heldTool());
         else if (kind == Annotation)
             ToolPanel::pressExit(ToolPanel::open<PizhuForm>().constFirst());
         else
@@ -163,7 +155,7 @@ void ToolOrderTest::closedByTheDesktop() {
     const Order order = allOrders().at(closing);
     for (Kind kind : order) {
         if (kind == Held)
-            heldTool()->close();
+            ToolPanel::heldTool()->close();
         else if (kind == Annotation)
             ToolPanel::open<PizhuForm>().constFirst()->close();
         else

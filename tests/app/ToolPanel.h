@@ -64,6 +64,14 @@ public:
     static int openHeldTools() {
         return open<LightPen>().size() + open<Magnifie>().size() + open<Spolight2>().size();
     }
+    /// One of the held tools that are open.
+    static QWidget *heldTool() {
+        if (!open<LightPen>().isEmpty())
+            return open<LightPen>().constFirst();
+        if (!open<Magnifie>().isEmpty())
+            return open<Magnifie>().constFirst();
+        return open<Spolight2>().constFirst();
+    }
     static bool nothingOpen() {
         return openHeldTools() == 0 && open<PizhuForm>().isEmpty() && open<blackBoardform>().isEmpty();
     }

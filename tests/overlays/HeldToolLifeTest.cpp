@@ -1,12 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
 // How the held tools come and go: all three by the same rules, but for the mouse.
-#include "overlays/LightPen.h"
-#include "overlays/Magnifie.h"
-#include "overlays/ScreenProbe.h"
-#include "overlays/Spolight2.h"
+#include "overlays/HeldToolKinds.h"
 #include "overlays/TickCounter.h"
-#include "platform/OverlayWindow.h"
 #include "settings/ZrToolXmlClass.h"
 #include "support/ForeignWindow.h"
 #include "support/RealMouse.h"
@@ -15,101 +11,105 @@
 #include <QPointer>
 #include <QSignalSpy>
 
-#include <functional>
-
 using namespace vexa::test;
 
 namespace {
 
 constexpr int guardTicks = 6; // of 150 ms: a life of 900
 
-/// One of the tools, by what tests need of it.
-struct Kind {
-    std::function<QWidget *()> make;
-    std::function<void(QWidget *)> press;
-    std::function<void(QWidget *, QPixmap *)> setBackground;
-    std::function<void(QWidget *, QPoint)> move;
-    std::function<void(QWidget *, const std::function<void()> &)> whenItReports;
-    int code;
-    bool takesMouse;
-    const char *name;
+HeldToolKind fetchedKind() {
+    QFETCH(HeldToolKind, kind);
+    return kind;
+}
+
+/// The tool of the test's row, open over a picture, and what has been heard of it since.
+class OpenTool {
+public:
+    explicit OpenTool(QPixmap *picture)
+        : kind(fetchedKind())
+        , tool(kind.open(picture))
+        , ticks(tool)
+        , reports(tool, SIGNAL(singalExitWindow(int))) {}
+
+    bool isExposed() const { return QTest::qWaitForWindowExposed(tool, patience); }
+    bool reachesGuardTick(int count) const {
+        return waitFor([&] { return ticks.slowTicks() >= count; }) && ticks.slowTicks() == count;
+    }
+    /// So many ticks that draw, from now on.
+    bool ticksOn(int count) const {
+        const int from = ticks.quickTicks();
+        return waitFor([&] { return ticks.quickTicks() >= from + count; });
+    }
+    /// Shown, with nothing left to paint.
+    bool isPainted() const {
+        return waitFor([&] { return ticks.quickTicks() >= 3 && ticks.paints() >= 1; });
+    }
+    bool isDeleted() const {
+        return waitFor([&] { return tool.isNull(); });
+    }
+    bool hasReportedOnce() const {
+        return reports.size() == 1 && reports.first().first().toInt() == kind.code;
+    }
+
+    const HeldToolKind kind;
+    const QPointer<QWidget> tool;
+    const TickCounter ticks;
+    const QSignalSpy reports;
+
+private:
+    template<typename Condition> static bool waitFor(Condition condition) {
+        return QTest::qWaitFor(condition, patience);
+    }
 };
 
-template<typename Tool> Kind kindOf(const char *name, int code, bool takesMouse) {
-    return {[] { return new Tool; },
-            [](QWidget *tool) { static_cast<Tool *>(tool)->SetMousePress(true); },
-            [](QWidget *tool, QPixmap *picture) { static_cast<Tool *>(tool)->Setbackground(picture); },
-            [](QWidget *tool, QPoint at) { static_cast<Tool *>(tool)->SetMouseMove(at.x(), at.y()); },
-            [](QWidget *tool, const std::function<void()> &then) {
-                QObject::connect(static_cast<Tool *>(tool), &Tool::singalExitWindow, then);
-            },
-            code,
-            takesMouse,
-            name};
-}
-
-void leave(QWidget *tool) {
-    QMetaObject::invokeMethod(tool, "ExitWindow");
-}
-
 } // namespace
-
-Q_DECLARE_METATYPE(Kind)
 
 class HeldToolLifeTest : public QObject {
     Q_OBJECT
 
 private slots:
     void init();
-    void theSignalComesBeforeTheSlot_data() { kinds(); }
+    void theSignalComesBeforeTheSlot_data() { allHeldTools(); }
     void theSignalComesBeforeTheSlot();
-    void isAFramelessTopmostWindowThatDeletesItself_data() { kinds(); }
+    void isAFramelessTopmostWindowThatDeletesItself_data() { allHeldTools(); }
     void isAFramelessTopmostWindowThatDeletesItself();
-    void anExitBeforeItsTimeWaitsForTheGuard_data() { kinds(); }
+    void itsPictureIsTheBackgroundWhetherActiveOrNot_data() { allHeldTools(); }
+    void itsPictureIsTheBackgroundWhetherActiveOrNot();
+    void anExitBeforeItsTimeWaitsForTheGuard_data() { allHeldTools(); }
     void anExitBeforeItsTimeWaitsForTheGuard();
-    void anExitAfterItsTimeIsAtOnce_data() { kinds(); }
+    void anExitAfterItsTimeIsAtOnce_data() { allHeldTools(); }
     void anExitAfterItsTimeIsAtOnce();
-    void twoExitsReportOnce_data() { kinds(); }
+    void twoExitsReportOnce_data() { allHeldTools(); }
     void twoExitsReportOnce();
-    void twoExitsAfterItsTimeReportOnce_data() { kinds(); }
+    void twoExitsAfterItsTimeReportOnce_data() { allHeldTools(); }
     void twoExitsAfterItsTimeReportOnce();
-    void aClickDismissesItSilently_data() { kinds(); }
+    void aClickDismissesItSilently_data() { allHeldTools(); }
     void aClickDismissesItSilently();
-    void aClickWhileTheExitWaitsIsSilentToo_data() { kinds(); }
+    void aClickWhileTheExitWaitsIsSilentToo_data() { allHeldTools(); }
     void aClickWhileTheExitWaitsIsSilentToo();
-    void theDesktopMayCloseIt_data() { kinds(); }
+    void theDesktopMayCloseIt_data() { allHeldTools(); }
     void theDesktopMayCloseIt();
-    void itMayBeDeletedByWhoeverItReportsTo_data() { kinds(); }
+    void itMayBeDeletedByWhoeverItReportsTo_data() { allHeldTools(); }
     void itMayBeDeletedByWhoeverItReportsTo();
-    void theLastPictureStaysUntilItCloses_data() { kinds(); }
+    void theLastPictureStaysUntilItCloses_data() { allHeldTools(); }
     void theLastPictureStaysUntilItCloses();
-    void aStillPointerPaintsNothing_data() { kinds(); }
+    void aStillPointerPaintsNothing_data() { allHeldTools(); }
     void aStillPointerPaintsNothing();
-    void manyMovesBetweenTwoTicksArePaintedOnce_data() { kinds(); }
+    void manyMovesBetweenTwoTicksArePaintedOnce_data() { allHeldTools(); }
     void manyMovesBetweenTwoTicksArePaintedOnce();
-    void theMouseIsTakenOnceTheWindowIsThere_data() { kinds(); }
+    void theMouseIsTakenOnceTheWindowIsThere_data() { allHeldTools(); }
     void theMouseIsTakenOnceTheWindowIsThere();
-    void theMouseIsFreeAfterwards_data() { kinds(); }
+    void theMouseIsFreeAfterwards_data() { allHeldTools(); }
     void theMouseIsFreeAfterwards();
-    void withoutAPictureItWorksToo_data() { kinds(); }
+    void withoutAPictureItWorksToo_data() { allHeldTools(); }
     void withoutAPictureItWorksToo();
     void theSpotlightCanBeAnEmptyVeil();
     void theLaserCanHaveAClearWindow();
     void grabScreenOfTheMagnifierDoesNothing();
 
 private:
-    static void kinds();
-    QWidget *open(const Kind &kind);
-
     QPixmap m_picture;
 };
-
-void HeldToolLifeTest::kinds() {
-    QTest::addColumn<Kind>("kind");
-    for (const Kind &kind : {kindOf<LightPen>("LightPen", 4, true), kindOf<Spolight2>("Spolight2", 2, false),
-                             kindOf<Magnifie>("Magnifie", 3, true)})
-        QTest::newRow(kind.name) << kind;
-}
 
 void HeldToolLifeTest::init() {
     ZrToolXmlClass::LaserPenSize = 40;
@@ -122,16 +122,8 @@ void HeldToolLifeTest::init() {
     moveMouse(QPoint(200, 150) * screenRatio());
 }
 
-QWidget *HeldToolLifeTest::open(const Kind &kind) {
-    QWidget *tool = kind.make();
-    kind.setBackground(tool, &m_picture);
-    kind.press(tool);
-    vexa::platform::showOverPrimaryScreen(*tool);
-    return tool;
-}
-
 void HeldToolLifeTest::theSignalComesBeforeTheSlot() {
-    QFETCH(Kind, kind);
+    QFETCH(HeldToolKind, kind);
     const std::unique_ptr<QWidget> tool(kind.make());
     const QMetaObject *meta = tool->metaObject();
     QCOMPARE(meta->className(), kind.name);
@@ -145,7 +137,7 @@ void HeldToolLifeTest::theSignalComesBeforeTheSlot() {
 }
 
 void HeldToolLifeTest::isAFramelessTopmostWindowThatDeletesItself() {
-    QFETCH(Kind, kind);
+    QFETCH(HeldToolKind, kind);
     const std::unique_ptr<QWidget> tool(kind.make());
     QCOMPARE(tool->objectName(), QString(kind.name));
     QCOMPARE(tool->size(), QSize(400, 300));
@@ -162,180 +154,153 @@ void HeldToolLifeTest::isAFramelessTopmostWindowThatDeletesItself() {
     QCOMPARE(tool->geometry(), QRect(QPoint(), screenPoints()));
 }
 
+void HeldToolLifeTest::itsPictureIsTheBackgroundWhetherActiveOrNot() {
+    const OpenTool open(&m_picture);
+    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
+        QCOMPARE(open.tool->palette().brush(group, QPalette::Window).textureImage(), m_picture.toImage());
+    open.tool->close();
+}
+
 void HeldToolLifeTest::anExitBeforeItsTimeWaitsForTheGuard() {
-    QFETCH(Kind, kind);
-    QPointer<QWidget> tool = open(kind);
-    const TickCounter ticks(tool);
-    QSignalSpy reports(tool, SIGNAL(singalExitWindow(int)));
-    QTRY_COMPARE_WITH_TIMEOUT(ticks.slowTicks(), 2, patience);
-    leave(tool);
-    const int drawnUntilExit = ticks.quickTicks();
-    QTRY_VERIFY_WITH_TIMEOUT(!reports.isEmpty(), patience);
-    QCOMPARE(reports.size(), 1);
-    QCOMPARE(reports.first().first().toInt(), kind.code);
-    QCOMPARE(ticks.slowTicks(), guardTicks);
-    QCOMPARE(ticks.quickTicks(), drawnUntilExit);
-    QTRY_VERIFY_WITH_TIMEOUT(tool.isNull(), patience);
-    QCOMPARE(reports.size(), 1);
+    const OpenTool open(&m_picture);
+    QVERIFY(open.reachesGuardTick(2));
+    leave(open.tool);
+    const int drawnUntilExit = open.ticks.quickTicks();
+    QTRY_VERIFY_WITH_TIMEOUT(!open.reports.isEmpty(), patience);
+    QVERIFY(open.hasReportedOnce());
+    QCOMPARE(open.ticks.slowTicks(), guardTicks);
+    QCOMPARE(open.ticks.quickTicks(), drawnUntilExit);
+    QVERIFY(open.isDeleted());
+    QCOMPARE(open.reports.size(), 1);
 }
 
 void HeldToolLifeTest::anExitAfterItsTimeIsAtOnce() {
-    QFETCH(Kind, kind);
-    QPointer<QWidget> tool = open(kind);
-    const TickCounter ticks(tool);
-    QSignalSpy reports(tool, SIGNAL(singalExitWindow(int)));
-    QTRY_COMPARE_WITH_TIMEOUT(ticks.slowTicks(), guardTicks, patience);
-    QVERIFY(tool->isVisible());
-    QVERIFY(reports.isEmpty());
-    leave(tool);
-    QCOMPARE(reports.size(), 1);
-    QCOMPARE(reports.first().first().toInt(), kind.code);
-    QVERIFY(tool.isNull() || !tool->isVisible());
-    QTRY_VERIFY_WITH_TIMEOUT(tool.isNull(), patience);
+    const OpenTool open(&m_picture);
+    QVERIFY(open.reachesGuardTick(guardTicks));
+    QVERIFY(open.tool->isVisible());
+    QVERIFY(open.reports.isEmpty());
+    leave(open.tool);
+    QVERIFY(open.hasReportedOnce());
+    QVERIFY(open.tool.isNull() || !open.tool->isVisible());
+    QVERIFY(open.isDeleted());
 }
 
 void HeldToolLifeTest::twoExitsReportOnce() {
-    QFETCH(Kind, kind);
-    QPointer<QWidget> tool = open(kind);
-    QSignalSpy reports(tool, SIGNAL(singalExitWindow(int)));
-    leave(tool);
-    leave(tool);
-    QTRY_VERIFY_WITH_TIMEOUT(tool.isNull(), patience);
-    QCOMPARE(reports.size(), 1);
+    const OpenTool open(&m_picture);
+    leave(open.tool);
+    leave(open.tool);
+    QVERIFY(open.isDeleted());
+    QCOMPARE(open.reports.size(), 1);
 }
 
 void HeldToolLifeTest::twoExitsAfterItsTimeReportOnce() {
-    QFETCH(Kind, kind);
-    QPointer<QWidget> tool = open(kind);
-    const TickCounter ticks(tool);
-    QSignalSpy reports(tool, SIGNAL(singalExitWindow(int)));
-    QTRY_COMPARE_WITH_TIMEOUT(ticks.slowTicks(), guardTicks, patience);
-    leave(tool);
-    if (tool)
-        leave(tool);
-    QTRY_VERIFY_WITH_TIMEOUT(tool.isNull(), patience);
-    QCOMPARE(reports.size(), 1);
+    const OpenTool open(&m_picture);
+    QVERIFY(open.reachesGuardTick(guardTicks));
+    leave(open.tool);
+    if (open.tool)
+        leave(open.tool);
+    QVERIFY(open.isDeleted());
+    QCOMPARE(open.reports.size(), 1);
 }
 
 void HeldToolLifeTest::aClickDismissesItSilently() {
-    QFETCH(Kind, kind);
-    QPointer<QWidget> tool = open(kind);
-    QSignalSpy reports(tool, SIGNAL(singalExitWindow(int)));
-    QVERIFY(QTest::qWaitForWindowExposed(tool));
+    const OpenTool open(&m_picture);
+    QVERIFY(open.isExposed());
     pressMouse();
     QTest::qWait(0);
-    QVERIFY2(tool && tool->isVisible(), "the press alone dismissed it");
+    QVERIFY2(open.tool && open.tool->isVisible(), "the press alone dismissed it");
     releaseMouse();
-    QTRY_VERIFY_WITH_TIMEOUT(tool.isNull(), patience);
-    QVERIFY(reports.isEmpty());
+    QVERIFY(open.isDeleted());
+    QVERIFY(open.reports.isEmpty());
 }
 
 void HeldToolLifeTest::aClickWhileTheExitWaitsIsSilentToo() {
-    QFETCH(Kind, kind);
-    QPointer<QWidget> tool = open(kind);
-    QSignalSpy reports(tool, SIGNAL(singalExitWindow(int)));
-    leave(tool);
-    QTest::mouseClick(tool, Qt::LeftButton, Qt::NoModifier, {10, 10});
-    if (tool)
-        leave(tool); // another command before the event loop has deleted it
-    QTRY_VERIFY_WITH_TIMEOUT(tool.isNull(), patience);
-    QVERIFY(reports.isEmpty());
+    const OpenTool open(&m_picture);
+    leave(open.tool);
+    QTest::mouseClick(open.tool, Qt::LeftButton, Qt::NoModifier, {10, 10});
+    if (open.tool)
+        leave(open.tool); // another command before the event loop has deleted it
+    QVERIFY(open.isDeleted());
+    QVERIFY(open.reports.isEmpty());
 }
 
 void HeldToolLifeTest::theDesktopMayCloseIt() {
-    QFETCH(Kind, kind);
-    QPointer<QWidget> tool = open(kind);
-    QSignalSpy reports(tool, SIGNAL(singalExitWindow(int)));
-    QVERIFY(QTest::qWaitForWindowExposed(tool));
-    tool->windowHandle()->close();
-    if (tool)
-        leave(tool);
-    QTRY_VERIFY_WITH_TIMEOUT(tool.isNull(), patience);
-    QVERIFY(reports.isEmpty());
+    const OpenTool open(&m_picture);
+    QVERIFY(open.isExposed());
+    open.tool->windowHandle()->close();
+    if (open.tool)
+        leave(open.tool);
+    QVERIFY(open.isDeleted());
+    QVERIFY(open.reports.isEmpty());
 }
 
 void HeldToolLifeTest::itMayBeDeletedByWhoeverItReportsTo() {
-    QFETCH(Kind, kind);
-    QPointer<QWidget> tool = open(kind);
-    QSignalSpy reports(tool, SIGNAL(singalExitWindow(int)));
-    const TickCounter ticks(tool);
-    QTRY_COMPARE_WITH_TIMEOUT(ticks.slowTicks(), guardTicks, patience);
-    kind.whenItReports(tool, [tool] { delete tool; });
-    leave(tool);
-    QVERIFY(tool.isNull());
-    QCOMPARE(reports.size(), 1);
+    const OpenTool open(&m_picture);
+    QVERIFY(open.reachesGuardTick(guardTicks));
+    open.kind.whenItReports(open.tool, [tool = open.tool] { delete tool; });
+    leave(open.tool);
+    QVERIFY(open.tool.isNull());
+    QCOMPARE(open.reports.size(), 1);
 }
 
 void HeldToolLifeTest::theLastPictureStaysUntilItCloses() {
-    QFETCH(Kind, kind);
-    QPointer<QWidget> tool = open(kind);
-    const TickCounter ticks(tool);
+    const OpenTool open(&m_picture);
     QImage wallOnly = m_picture.toImage();
     wallOnly.setDevicePixelRatio(1);
-    kind.move(tool, {120, 120});
-    QTRY_VERIFY_WITH_TIMEOUT(ticks.quickTicks() >= 3, patience);
+    open.kind.move(open.tool, {120, 120});
+    QVERIFY(open.ticksOn(3));
     QTRY_VERIFY_WITH_TIMEOUT(differences(shownOnScreen(), wallOnly) > 500, patience);
     const QImage last = shownOnScreen();
-    leave(tool);
-    QTRY_VERIFY_WITH_TIMEOUT(!tool || ticks.slowTicks() >= guardTicks - 1, patience);
-    if (tool)
+    leave(open.tool);
+    QTRY_VERIFY_WITH_TIMEOUT(!open.tool || open.ticks.slowTicks() >= guardTicks - 1, patience);
+    if (open.tool)
         QCOMPARE(differences(shownOnScreen(), last), 0);
-    QTRY_VERIFY_WITH_TIMEOUT(tool.isNull(), patience);
+    QVERIFY(open.isDeleted());
 }
 
 void HeldToolLifeTest::aStillPointerPaintsNothing() {
-    QFETCH(Kind, kind);
-    QPointer<QWidget> tool = open(kind);
-    const TickCounter ticks(tool);
-    QTRY_VERIFY_WITH_TIMEOUT(ticks.quickTicks() >= 3, patience);
-    QTRY_VERIFY_WITH_TIMEOUT(ticks.paints() >= 1, patience);
-    const int paints = ticks.paints();
-    const int from = ticks.quickTicks();
-    QTRY_VERIFY_WITH_TIMEOUT(ticks.quickTicks() >= from + 10, patience);
-    QCOMPARE(ticks.paints(), paints);
-    kind.move(tool, {77, 88});
-    QTRY_VERIFY_WITH_TIMEOUT(ticks.paints() > paints, patience);
-    tool->close();
+    const OpenTool open(&m_picture);
+    QVERIFY(open.isPainted());
+    const int paints = open.ticks.paints();
+    QVERIFY(open.ticksOn(10));
+    QCOMPARE(open.ticks.paints(), paints);
+    open.kind.move(open.tool, {77, 88});
+    QTRY_VERIFY_WITH_TIMEOUT(open.ticks.paints() > paints, patience);
+    open.tool->close();
 }
 
 void HeldToolLifeTest::manyMovesBetweenTwoTicksArePaintedOnce() {
-    QFETCH(Kind, kind);
-    QPointer<QWidget> tool = open(kind);
-    const TickCounter ticks(tool);
-    QTRY_VERIFY_WITH_TIMEOUT(ticks.quickTicks() >= 3, patience);
-    QTRY_VERIFY_WITH_TIMEOUT(ticks.paints() >= 1, patience);
-    const int paints = ticks.paints();
+    const OpenTool open(&m_picture);
+    QVERIFY(open.isPainted());
+    const int paints = open.ticks.paints();
     for (int x = 0; x < 1000; ++x)
-        kind.move(tool, {x % 300, 50});
-    const int from = ticks.quickTicks();
-    QTRY_VERIFY_WITH_TIMEOUT(ticks.quickTicks() >= from + 5, patience);
-    QCOMPARE(ticks.paints(), paints + 1);
-    tool->close();
+        open.kind.move(open.tool, {x % 300, 50});
+    QVERIFY(open.ticksOn(5));
+    QCOMPARE(open.ticks.paints(), paints + 1);
+    open.tool->close();
 }
 
 void HeldToolLifeTest::theMouseIsTakenOnceTheWindowIsThere() {
-    QFETCH(Kind, kind);
-    QPointer<QWidget> tool = open(kind); // takes the mouse before it can
-    QVERIFY(QTest::qWaitForWindowExposed(tool));
+    const OpenTool open(&m_picture); // takes the mouse before it can
+    QVERIFY(open.isExposed());
     ForeignWindow above(ForeignWindow::Kind::Unmanaged, {100, 100, 300, 200}, Qt::green);
     QTRY_VERIFY_WITH_TIMEOUT(above.isViewable(), patience);
     clickAt({200, 150});
-    if (kind.takesMouse) {
-        QTRY_VERIFY_WITH_TIMEOUT(tool.isNull(), patience);
+    if (open.kind.takesMouse) {
+        QVERIFY(open.isDeleted());
         QCOMPARE(above.presses(), 0);
     } else {
         QTRY_COMPARE_WITH_TIMEOUT(above.presses(), 1, patience);
-        QVERIFY(tool && tool->isVisible());
-        tool->close();
+        QVERIFY(open.tool && open.tool->isVisible());
+        open.tool->close();
     }
 }
 
 void HeldToolLifeTest::theMouseIsFreeAfterwards() {
-    QFETCH(Kind, kind);
-    QPointer<QWidget> tool = open(kind);
-    QVERIFY(QTest::qWaitForWindowExposed(tool));
-    leave(tool);
-    QTRY_VERIFY_WITH_TIMEOUT(tool.isNull(), patience);
+    const OpenTool open(&m_picture);
+    QVERIFY(open.isExposed());
+    leave(open.tool);
+    QVERIFY(open.isDeleted());
     ForeignWindow after(ForeignWindow::Kind::Unmanaged, {100, 100, 300, 200}, Qt::green);
     QTRY_VERIFY_WITH_TIMEOUT(after.isViewable(), patience);
     clickAt({200, 150});
@@ -343,16 +308,11 @@ void HeldToolLifeTest::theMouseIsFreeAfterwards() {
 }
 
 void HeldToolLifeTest::withoutAPictureItWorksToo() {
-    QFETCH(Kind, kind);
-    QPointer<QWidget> tool = kind.make();
-    const TickCounter ticks(tool);
-    kind.setBackground(tool, nullptr);
-    kind.press(tool);
-    vexa::platform::showOverPrimaryScreen(*tool);
-    kind.move(tool, {5, 5});
-    QTRY_VERIFY_WITH_TIMEOUT(ticks.quickTicks() >= 3, patience);
-    leave(tool);
-    QTRY_VERIFY_WITH_TIMEOUT(tool.isNull(), patience);
+    const OpenTool open(nullptr);
+    open.kind.move(open.tool, {5, 5});
+    QVERIFY(open.ticksOn(3));
+    leave(open.tool);
+    QVERIFY(open.isDeleted());
 }
 
 void HeldToolLifeTest::theSpotlightCanBeAnEmptyVeil() {

@@ -1,12 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
 // Each held tool, moved over the real screen, against the plain renderer: pixel by pixel, wherever it goes.
-#include "overlays/LightPen.h"
-#include "overlays/Magnifie.h"
+#include "overlays/HeldToolKinds.h"
 #include "overlays/PlainRenderer.h"
-#include "overlays/ScreenProbe.h"
-#include "overlays/Spolight2.h"
-#include "platform/OverlayWindow.h"
 #include "settings/ZrToolXmlClass.h"
 #include "support/TestMain.h"
 
@@ -50,6 +46,26 @@ QVector<QPoint> walk() {
 const QColor red(255, 0, 0);
 const QColor blue(0, 129 - 4, 255); // slider value 890
 
+/// What must be seen of a tool of radius 100.
+QImage plain(const HeldToolKind &kind, const QPixmap &background, const QPoint &at) {
+    if (kind.code == 2)
+        return plainSpotlight(background, at, 100, 132);
+    if (kind.code == 3)
+        return plainMagnifier(background, at, 100, blue);
+    return plainLaser(background, at, 100, red);
+}
+
+/// Keeps a tool's timers from it while held.
+class Standstill : public QObject {
+public:
+    explicit Standstill(QObject *tool) { tool->installEventFilter(this); }
+    bool held = true;
+
+    bool eventFilter(QObject * /*watched*/, QEvent *event) override {
+        return held && event->type() == QEvent::Timer;
+    }
+};
+
 } // namespace
 
 class HeldToolScreenTest : public QObject {
@@ -63,6 +79,13 @@ private slots:
     void spotlight();
     void magnifier_data();
     void magnifier();
+    void standsAtThePointerBeforeTheFirstTick_data() { allHeldTools(); }
+    void standsAtThePointerBeforeTheFirstTick();
+    void aPressPlacesItAtTheNearestPoint_data() { allHeldTools(); }
+    void aPressPlacesItAtTheNearestPoint();
+    void theSpotlightIsOnlyDrawnWhilePressed();
+    void aPictureOneAndAHalfTimesAsWideIsCutAtItsWholeScale_data() { allHeldTools(); }
+    void aPictureOneAndAHalfTimesAsWideIsCutAtItsWholeScale();
     void settingsThatChangeWhileOpenAreFollowed();
     void aNewPictureWhileOpenIsFollowed();
     void aPictureThatDoesNotSayItsDensityIsShownWhole();
@@ -77,6 +100,9 @@ void HeldToolScreenTest::init() {
     ZrToolXmlClass::LaserPenColor = 510;
     ZrToolXmlClass::MagnifierColor = 890;
     ZrToolXmlClass::SportLightTran = 132;
+    ZrToolXmlClass::LaserPenSize = 100;
+    ZrToolXmlClass::SportLightSize = 100;
+    ZrToolXmlClass::MagnifierSize = 100;
     QCursor::setPos(screenPoints().width() / 2, screenPoints().height() / 2);
 }
 
@@ -145,6 +171,76 @@ void HeldToolScreenTest::magnifier() {
     walkWith(new Magnifie, [&](const QPixmap &background, const QPoint &at) {
         return plainMagnifier(background, at, size, blue);
     });
+}
+
+void HeldToolScreenTest::standsAtThePointerBeforeTheFirstTick() {
+    QFETCH(HeldToolKind, kind);
+    const QPoint pointer(333, 222);
+    QCursor::setPos(pointer);
+    QTRY_COMPARE_WITH_TIMEOUT(QCursor::pos(), pointer, patience);
+    QPixmap background = screenWall();
+    const std::unique_ptr<QWidget> tool(kind.make());
+    tool->setAttribute(Qt::WA_DeleteOnClose, false);
+    const Standstill standstill(tool.get());
+    kind.setBackground(tool.get(), &background);
+    kind.press(tool.get());
+    vexa::platform::showOverPrimaryScreen(*tool);
+    QTRY_COMPARE_WITH_TIMEOUT(differences(shownOnScreen(), plain(kind, background, pointer)), 0, patience);
+}
+
+void HeldToolScreenTest::aPressPlacesItAtTheNearestPoint() {
+    QFETCH(HeldToolKind, kind);
+    const QPoint before(333, 222);
+    const QPoint after(401, 180);
+    QCursor::setPos(before);
+    QTRY_COMPARE_WITH_TIMEOUT(QCursor::pos(), before, patience);
+    QPixmap background = screenWall();
+    const std::unique_ptr<QWidget> tool(kind.open(&background));
+    tool->setAttribute(Qt::WA_DeleteOnClose, false);
+    QTRY_COMPARE_WITH_TIMEOUT(differences(shownOnScreen(), plain(kind, background, before)), 0, patience);
+
+    Standstill standstill(tool.get());
+    QMouseEvent press(QEvent::MouseButtonPress, QPointF(400.5, 180.4), Qt::LeftButton, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(tool.get(), &press);
+    const bool drawnByThePressItself = kind.code == 4;
+    if (!drawnByThePressItself) {
+        QCoreApplication::processEvents();
+        QCOMPARE(differences(shownOnScreen(), plain(kind, background, before)), 0);
+        standstill.held = false;
+    }
+    QTRY_COMPARE_WITH_TIMEOUT(differences(shownOnScreen(), plain(kind, background, after)), 0, patience);
+}
+
+void HeldToolScreenTest::theSpotlightIsOnlyDrawnWhilePressed() {
+    const QPoint pointer(300, 200);
+    QCursor::setPos(pointer);
+    QTRY_COMPARE_WITH_TIMEOUT(QCursor::pos(), pointer, patience);
+    ZrToolXmlClass::SportLightSize = 100;
+    QPixmap background = screenWall();
+    const QImage bare = background.toImage().convertToFormat(QImage::Format_RGB32);
+    const QImage lit = plainSpotlight(background, pointer, 100, 132);
+    Spolight2 tool;
+    tool.setAttribute(Qt::WA_DeleteOnClose, false);
+    tool.Setbackground(&background);
+    tool.SetMousePress(false);
+    vexa::platform::showOverPrimaryScreen(tool);
+    QTRY_COMPARE_WITH_TIMEOUT(differences(shownOnScreen(), bare), 0, patience);
+    tool.SetMousePress(true);
+    QTRY_COMPARE_WITH_TIMEOUT(differences(shownOnScreen(), lit), 0, patience);
+    tool.SetMousePress(false);
+    QTRY_COMPARE_WITH_TIMEOUT(differences(shownOnScreen(), bare), 0, patience);
+}
+
+void HeldToolScreenTest::aPictureOneAndAHalfTimesAsWideIsCutAtItsWholeScale() {
+    QFETCH(HeldToolKind, kind);
+    const QSize half = screenPoints() / 2;
+    QPixmap background = wall(screenPoints() * screenRatio() + half, screenRatio());
+    const std::unique_ptr<QWidget> tool(kind.open(&background));
+    tool->setAttribute(Qt::WA_DeleteOnClose, false);
+    for (const QPoint &at : {QPoint(300, 200), QPoint(30, 20), QPoint(600, 390)}) {
+        kind.move(tool.get(), at);
+        QTRY_COMPARE_WITH_TIMEOUT(differences(shownOnScreen(), plain(kind, background, at)), 0, patience);
+    }
 }
 
 void HeldToolScreenTest::settingsThatChangeWhileOpenAreFollowed() {
