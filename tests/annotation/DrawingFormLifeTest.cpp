@@ -84,13 +84,13 @@ private slots:
         QVERIFY(form.isNull());
     }
 
-    void exitSlotClosesWithoutAReport_data() { faces::both(); }
-    void exitSlotClosesWithoutAReport() {
+    void clickOfTheExitButtonByOtherMeansClosesWithoutAReport_data() { faces::both(); }
+    void clickOfTheExitButtonByOtherMeansClosesWithoutAReport() {
         QFETCH(bool, face);
         QPointer<DrawingForm> form = faces::make(face);
         QSignalSpy spy(form, SIGNAL(signalPizhukWindow(int)));
         faces::show(*form);
-        QVERIFY(QMetaObject::invokeMethod(form, "on_pushButton_clicked"));
+        faces::exitButton(*form)->click();
         turnEventLoop();
         QVERIFY(form.isNull());
         QCOMPARE(spy.count(), 0);
@@ -156,6 +156,20 @@ private slots:
         form->Setbackground(nullptr);
         form->Setbackground(plainPicture(Qt::yellow));
         QTRY_COMPARE(faces::screen().pixel(500, 500), 0xffffff00);
+    }
+
+    void backgroundIsThereWhetherActiveOrNot_data() { faces::both(); }
+    void backgroundIsThereWhetherActiveOrNot() {
+        QFETCH(bool, face);
+        const std::unique_ptr<DrawingForm> form(faces::make(face));
+        form->Setbackground(plainPicture(Qt::green));
+        for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
+            QCOMPARE(form->palette().brush(group, QPalette::Window).textureImage().pixel(9, 9), 0xff00ff00);
+        if (face == faces::annotation)
+            return;
+        static_cast<blackBoardform *>(form.get())->Setbackground2();
+        for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
+            QCOMPARE(form->palette().brush(group, QPalette::Window), QBrush(QColor(24, 24, 39)));
     }
 
     void bothWindowsOpenTogetherCloseInEitherOrder_data() { faces::both(); }

@@ -75,68 +75,6 @@ private slots:
         QCOMPARE(meta.method(meta.methodOffset()).methodType(), QMetaMethod::Signal);
     }
 
-    void titleAndButtonsStandAtTheirPlaces_data() { faces::both(); }
-    void titleAndButtonsStandAtTheirPlaces() {
-        open();
-        QCOMPARE(faces::title(*m_form)->geometry(), QRect(820, 0, 280, 40));
-        QCOMPARE(faces::penButton(*m_form)->geometry(), QRect(850, 980, 60, 60));
-        QCOMPARE(faces::eraserButton(*m_form)->geometry(), QRect(930, 980, 60, 60));
-        QCOMPARE(faces::exitButton(*m_form)->geometry(), QRect(1010, 980, 60, 60));
-    }
-
-    void titleIsWhiteOnItsPicture_data() { faces::both(); }
-    void titleIsWhiteOnItsPicture() {
-        QFETCH(bool, face);
-        open();
-        const QLabel &title = *faces::title(*m_form);
-        QCOMPARE(title.text(), QString(face == faces::blackboard ? "黑板" : "批注模式"));
-        QCOMPARE(title.font().family(), QString("Arial"));
-        QCOMPARE(title.font().pointSize(), 25);
-        QVERIFY(title.font().bold());
-        QCOMPARE(title.alignment(), Qt::Alignment(Qt::AlignCenter));
-        QVERIFY(title.autoFillBackground());
-        QCOMPARE(title.palette().color(QPalette::WindowText), QColor(Qt::white));
-        QVERIFY(!title.palette().brush(QPalette::Window).texture().isNull());
-        // The whole title fits into its box.
-        QVERIFY(title.fontMetrics().horizontalAdvance(title.text()) <= title.width());
-        QVERIFY(title.fontMetrics().height() <= title.height());
-    }
-
-    void buttonsAreTwoToolsAndAnExit_data() { faces::both(); }
-    void buttonsAreTwoToolsAndAnExit() {
-        open();
-        const QPushButton &pen = *faces::penButton(*m_form);
-        const QPushButton &eraser = *faces::eraserButton(*m_form);
-        const QPushButton &exit = *faces::exitButton(*m_form);
-        for (const QPushButton *button : {&pen, &eraser, &exit}) {
-            QVERIFY(button->isCheckable());
-            QCOMPARE(button->text(), QString());
-        }
-        QVERIFY(pen.autoExclusive() && eraser.autoExclusive() && !exit.autoExclusive());
-        QVERIFY(pen.isChecked() && !eraser.isChecked() && !exit.isChecked());
-        QCOMPARE(
-            exit.styleSheet(),
-            QString("QPushButton{border:0px;background:transparent;border-image: url(:/icon-exit.png)}"));
-        QVERIFY(pen.styleSheet().contains("url(:/icon-pen.png)"));
-        QVERIFY(pen.styleSheet().contains("url(:/icon-pen-selected.png)"));
-        QVERIFY(eraser.styleSheet().contains("url(:/icon-eraser.png)"));
-        QVERIFY(eraser.styleSheet().contains("url(:/icon-eraser-selected.png)"));
-    }
-
-    void buttonsShowTheirPictures_data() { faces::both(); }
-    void buttonsShowTheirPictures() {
-        open();
-        // Each button draws the artwork it names over the background, scaled to its 60 points.
-        const QImage shot = m_form->grab().toImage();
-        for (QPushButton *button : m_form->findChildren<QPushButton *>()) {
-            QSet<QRgb> colours;
-            for (int y = 0; y < 60; ++y)
-                for (int x = 0; x < 60; ++x)
-                    colours.insert(shot.pixel(button->pos() + QPoint(x, y)));
-            QVERIFY2(colours.size() > 10, qPrintable(button->objectName()));
-        }
-    }
-
     void clickWithoutMovingLeavesOneDotOfThePensWidth_data() { faces::both(); }
     void clickWithoutMovingLeavesOneDotOfThePensWidth() {
         open();
@@ -153,6 +91,24 @@ private slots:
         const QImage shot = faces::screen();
         for (int y = 290; y < 310; ++y)
             QCOMPARE(shot.pixel(450, y), y >= 295 && y < 305 ? 0xffff0000 : background().pixel(450, y));
+    }
+
+    void positionsAreRoundedToWholePixels_data() { faces::both(); }
+    void positionsAreRoundedToWholePixels() {
+        open();
+        faces::press(*m_form, {399.5, 299.4});
+        faces::release(*m_form, {399.5, 299.4});
+        QTRY_COMPARE(inkOnScreen().boundingRect(), QRect(395, 294, 10, 10));
+
+        faces::press(*m_form, {199.5, 600.5});
+        std::vector<QPoint> rounded{{200, 601}};
+        for (int i = 1; i < 40; ++i) {
+            faces::move(*m_form, {199.5 + 10 * i, 600.49});
+            rounded.emplace_back(200 + 10 * i, 600);
+        }
+        faces::release(*m_form, {589.5, 600.49});
+        const QRect line(150, 550, 500, 100);
+        QTRY_COMPARE(sheet(faces::screen()).copy(line), plainPicture(rounded, 10).copy(line));
     }
 
     void strokeOnTheScreenIsThatOfTheWholePath_data() { faces::both(); }
@@ -269,6 +225,24 @@ private slots:
         }
     }
 
+    void eraserRubsOutWithASmoothEdgeOnlyWhenMoved_data() { faces::both(); }
+    void eraserRubsOutWithASmoothEdgeOnlyWhenMoved() {
+        open();
+        WholePathInk plain({1920, 1080});
+        plain.setPen(redPen(10));
+        for (int y = 250; y < 350; y += 8) {
+            const auto points = faces::line({200, y}, {500, y}, 40);
+            faces::stroke(*m_form, points);
+            plain.draw(points);
+        }
+        QTest::mouseClick(faces::eraserButton(*m_form), Qt::LeftButton);
+        faces::stroke(*m_form, {{260, 300}, {340, 310}, {350, 313}, {450, 290}});
+        plain.erase({260, 300}, false);
+        for (const QPoint &moved : {QPoint(340, 310), QPoint(350, 313), QPoint(450, 290)})
+            plain.erase(moved, true);
+        QTRY_COMPARE(sheet(faces::screen()), over(plain));
+    }
+
     void eraserWithoutInkChangesNothing_data() { faces::both(); }
     void eraserWithoutInkChangesNothing() {
         open();
@@ -344,31 +318,14 @@ private slots:
         faces::release(*m_form, {1010, 310});
     }
 
-    void cursorIsTheToolInHand_data() { faces::both(); }
-    void cursorIsTheToolInHand() {
+    void anyTimerPaintsItAnew_data() { faces::both(); }
+    void anyTimerPaintsItAnew() {
         open();
-        const auto penShown = [this] {
-            const QPixmap picture = m_form->cursor().pixmap();
-            return picture.size() == QSize(10, 10) && picture.toImage().pixel(5, 5) == 0xffff0000 &&
-                   qAlpha(picture.toImage().pixel(0, 0)) == 0 && m_form->cursor().hotSpot() == QPoint(5, 5);
-        };
-        QVERIFY(penShown());
-        faces::press(*m_form, {400, 300});
-        QCOMPARE(m_form->cursor().shape(), Qt::BlankCursor);
-        faces::release(*m_form, {400, 300});
-        QVERIFY(penShown());
-        QTest::mouseClick(faces::eraserButton(*m_form), Qt::LeftButton);
-        const QImage eraser = m_form->cursor().pixmap().toImage();
-        QCOMPARE(eraser.size(), QSize(50, 50));
-        QCOMPARE(m_form->cursor().hotSpot(), QPoint(25, 25));
-        QCOMPARE(eraser.pixel(25, 25), 0xffffffff);
-        QCOMPARE(eraser.pixel(25, 1), 0xff000000); // the rim: two pixels around the circle of 48
-        QCOMPARE(eraser.pixel(25, 48), 0xff000000);
-        QCOMPARE(qAlpha(eraser.pixel(0, 0)), 0);
-        QTest::mouseClick(m_form, Qt::LeftButton, {}, {400, 300});
-        QCOMPARE(m_form->cursor().pixmap().size(), QSize(50, 50));
-        QTest::mouseClick(faces::penButton(*m_form), Qt::LeftButton);
-        QVERIFY(penShown());
+        PaintRecorder recorder;
+        m_form->installEventFilter(&recorder);
+        QTimerEvent tick(1);
+        QCoreApplication::sendEvent(m_form, &tick);
+        QTRY_VERIFY(recorder.painted.contains(QRect(0, 0, 1920, 1080)));
     }
 
     void settingsOutOfRangeDrawAThinBlackLineInSilence_data() { faces::both(); }
@@ -439,16 +396,23 @@ private:
         return picture;
     }
 
-    /// The sheet as plain drawing would have it.
-    QImage plainPicture(const std::vector<QPoint> &stroke, int width) const {
-        WholePathInk ink({1920, 1080});
-        ink.setPen(QPen(Qt::red, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-        ink.press(stroke.front());
-        for (std::size_t i = 1; i < stroke.size(); ++i)
-            ink.move(stroke[i]);
+    static QPen redPen(int width) {
+        return {Qt::red, qreal(width), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};
+    }
+
+    /// The sheet with this ink on it.
+    QImage over(const WholePathInk &ink) const {
         QImage picture = background();
         QPainter(&picture).drawImage(0, 0, ink.image());
         return sheet(picture);
+    }
+
+    /// The sheet as plain drawing would have it.
+    QImage plainPicture(const std::vector<QPoint> &stroke, int width) const {
+        WholePathInk ink({1920, 1080});
+        ink.setPen(redPen(width));
+        ink.draw(stroke);
+        return over(ink);
     }
 
     QPointer<DrawingForm> m_form;

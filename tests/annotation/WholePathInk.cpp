@@ -34,6 +34,13 @@ void WholePathInk::move(const QPoint &point) {
     painter.drawPath(m_path);
 }
 
+void WholePathInk::draw(const std::vector<QPoint> &stroke) {
+    press(stroke.front());
+    for (std::size_t i = 1; i < stroke.size(); ++i)
+        move(stroke[i]);
+    release();
+}
+
 void WholePathInk::erase(const QPoint &centre, bool smoothEdge) {
     QPainter painter(&m_layer);
     painter.setRenderHint(QPainter::Antialiasing, smoothEdge);

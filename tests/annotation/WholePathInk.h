@@ -4,6 +4,7 @@
 #include <QPainterPath>
 #include <QPen>
 #include <QPixmap>
+#include <vector>
 
 /// The plain way to draw ink, which says what it has to look like: the whole stroke again at every sample.
 class WholePathInk {
@@ -14,6 +15,8 @@ public:
     void press(const QPoint &point);
     void move(const QPoint &point);
     void release() { m_path = QPainterPath(); }
+    /// A whole stroke through these points.
+    void draw(const std::vector<QPoint> &stroke);
     void erase(const QPoint &centre, bool smoothEdge);
 
     QImage image() const { return m_layer.toImage(); }
