@@ -85,10 +85,11 @@ void CKeyboardListenerMac::keyChanged(CGEventRef event, int state) {
     emit signalKeyboardMessage(CKeyboardMessage(keyCodeOf(event), state));
 }
 
-/// Counts changes from an all-released start instead of reading the event's flags, which tell left from right
-/// only on some keyboards.
+/// Counts changes from an all-released start. The event's flags are looked at and left aside: they tell left
+/// from right only on some keyboards.
 void CKeyboardListenerMac::flagsChanged(CGEventRef event) {
     constexpr int leftShift = 56, leftOption = 58, leftControl = 59;
+    [[maybe_unused]] const CGEventFlags flags = CGEventGetFlags(event);
     const int keyCode = keyCodeOf(event);
     int state = 0;
     switch (keyCode) {

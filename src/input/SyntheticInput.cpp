@@ -8,6 +8,8 @@ constexpr CGKeyCode escapeKey = 53, returnKey = 36, spaceKey = 49, pageUpKey = 1
 /// The event is never released, deliberately: a posted key is the system's from then on.
 void postKey(CGKeyCode key, bool down, CGEventFlags flags = 0) {
     CGEventRef event = CGEventCreateKeyboardEvent(nullptr, key, down);
+    if (!event)
+        return;
     if (flags != 0)
         CGEventSetFlags(event, flags);
     CGEventPost(kCGHIDEventTap, event);
@@ -60,6 +62,8 @@ void PostMouseEvent(CGMouseButton button, CGEventType type, CGPoint point) {
     CGEventSourceRef source = CGEventSourceCreate(kCGEventSourceStatePrivate);
     // NOLINTNEXTLINE(clang-analyzer-osx.cocoa.RetainCount)
     CGEventRef event = CGEventCreateMouseEvent(source, type, point, button);
+    if (!event)
+        return;
     CGEventSetType(event, type);
     CGEventPost(kCGHIDEventTap, event);
     CFRelease(event);

@@ -42,8 +42,10 @@ CursorPicture currentCursorPicture() {
     if (!bitmap)
         return {};
 
+    // Asking for the bytes may unpack them, so their layout is asked for afterwards.
+    const unsigned char *const bytes = send<unsigned char *>(bitmap, "bitmapData");
     const QSize size = wholePoints(send<CGSize>(image, "size"));
-    QImage picture = readBitmap(send<unsigned char *>(bitmap, "bitmapData"), layoutOf(bitmap), size);
+    QImage picture = readBitmap(bytes, layoutOf(bitmap), size);
     if (picture.isNull())
         return {};
     return {std::move(picture), size};

@@ -15,6 +15,7 @@ struct Text : objc_object {
 
 struct Bitmap : objc_object {
     Cursor content;
+    bool unpacked = false;
 };
 
 template<typename Object = objc_object> std::unique_ptr<Object> make(const char *type) {
@@ -73,8 +74,12 @@ void defineCursor() {
         image, "size", "{CGSize=dd}@:", +[](id, SEL) { return AppKit::instance().cursor.size; });
 }
 
-const Cursor &contentOf(id bitmap) {
-    return static_cast<Bitmap *>(bitmap)->content;
+// The layout of a bitmap may change when its bytes are unpacked.
+const Cursor &contentOf(id object) {
+    const auto *const bitmap = static_cast<Bitmap *>(object);
+    if (!bitmap->unpacked)
+        misuse("a bitmap's layout was asked for before its bytes");
+    return bitmap->content;
 }
 
 void defineBitmap() {
@@ -92,6 +97,7 @@ void defineBitmap() {
         });
     method(
         bitmap, "bitmapData", "*@:", +[](id self, SEL) -> unsigned char * {
+            static_cast<Bitmap *>(self)->unpacked = true;
             auto &content = static_cast<Bitmap *>(self)->content;
             return content.hasBytes ? content.bytes.data() : nullptr;
         });
@@ -152,8 +158,10 @@ void tell(id window, const std::string &what) {
 void defineWindow() {
     const Class object = objc_getClass("NSObject");
     method(
-        defineClass("NSView", object), "window",
-        "@@:", +[](id, SEL) -> id { return &AppKit::instance().window; });
+        defineClass("NSView", object), "window", "@@:", +[](id, SEL) -> id {
+            AppKit &kit = AppKit::instance();
+            return kit.hasWindow ? &kit.window : nullptr;
+        });
     const Class window = defineClass("NSWindow", object);
     method(
         window, "setCollectionBehavior:", "v@:Q", +[](id self, SEL, unsigned long value) {

@@ -51,6 +51,7 @@ public:
     bool acceptsUrls = true;
     std::vector<std::string> openedUrls;
     bool mouseCoalescing = true;
+    bool hasWindow = true;
     Window window;
 
     /// Has the view's address, such as a window's number, stand for a view in the window.

@@ -14,10 +14,9 @@ struct Desktop {
     Quartz *quartz = nullptr;
     std::list<CFMachPortRef> taps;
     std::map<std::string, CFMessagePortRef> localPorts;
+    std::vector<std::string> calls;
     std::vector<TapRequest> requests;
     std::vector<InputEvent> posted;
-    std::vector<PortRequest> portRequests;
-    std::vector<std::string> journal;
     std::list<Object *> events;
     std::list<std::unique_ptr<__CGEventSource>> eventSources;
     std::condition_variable heard;
@@ -83,7 +82,11 @@ Quartz &currentQuartz() {
     return *desktop().quartz;
 }
 
-Object::Object(Kind ofKind, std::string inJournal) : kind(ofKind), title(std::move(inJournal)) {
+void keepCall(std::string call) {
+    desktop().calls.push_back(std::move(call));
+}
+
+Object::Object(Kind ofKind, std::string ofName) : kind(ofKind), name(std::move(ofName)) {
     if (kind == Kind::Event)
         desktop().events.push_back(this);
     else
@@ -97,11 +100,6 @@ Object::~Object() {
         --desktop().objects;
 }
 
-void note(const Object &object, const std::string &fate) {
-    if (!object.title.empty())
-        desktop().journal.push_back(object.title + ' ' + fate);
-}
-
 Quartz::Quartz() {
     desktop().quartz = this;
 }
@@ -110,10 +108,9 @@ Quartz::~Quartz() {
     while (!desktop().events.empty())
         delete desktop().events.front();
     desktop().eventSources.clear();
+    desktop().calls.clear();
     desktop().requests.clear();
     desktop().posted.clear();
-    desktop().portRequests.clear();
-    desktop().journal.clear();
     desktop().swallowsNothing = true;
     desktop().quartz = nullptr;
 }
@@ -131,6 +128,11 @@ void Quartz::disableTaps(CGEventType type) {
     });
 }
 
+std::vector<std::string> Quartz::calls() const {
+    const Guard guard(lock);
+    return desktop().calls;
+}
+
 std::vector<TapRequest> Quartz::taps() const {
     const Guard guard(lock);
     return desktop().requests;
@@ -145,16 +147,6 @@ int Quartz::enabledTaps() const {
 std::vector<InputEvent> Quartz::posted() const {
     const Guard guard(lock);
     return desktop().posted;
-}
-
-std::vector<PortRequest> Quartz::portRequests() const {
-    const Guard guard(lock);
-    return desktop().portRequests;
-}
-
-std::vector<std::string> Quartz::journal() const {
-    const Guard guard(lock);
-    return desktop().journal;
 }
 
 int Quartz::objectsAlive() const {
@@ -181,6 +173,7 @@ using namespace fakes;
 CFMachPortRef CGEventTapCreate(CGEventTapLocation tap, CGEventTapPlacement place, CGEventTapOptions options,
                                CGEventMask eventsOfInterest, CGEventTapCallBack callback, void *userInfo) {
     const Guard guard(lock);
+    note("CGEventTapCreate", tap, place, options, eventsOfInterest);
     desktop().requests.push_back({tap, place, options, eventsOfInterest});
     if (!currentQuartz().permitsTaps)
         return nullptr;
@@ -189,7 +182,6 @@ CFMachPortRef CGEventTapCreate(CGEventTapLocation tap, CGEventTapPlacement place
     made->callback = callback;
     made->userInfo = userInfo;
     desktop().taps.push_back(made);
-    note(*made, "created");
     return made;
 }
 
@@ -201,6 +193,7 @@ __CFMachPort::~__CFMachPort() {
 
 void CGEventTapEnable(CFMachPortRef tap, bool enable) {
     const Guard guard(lock);
+    note("CGEventTapEnable", enable);
     tap->enabled = enable;
 }
 
@@ -211,15 +204,15 @@ bool CGEventTapIsEnabled(CFMachPortRef tap) {
 
 void CFMachPortInvalidate(CFMachPortRef port) {
     const Guard guard(lock);
+    note("CFMachPortInvalidate", port->name);
     port->valid = false;
-    note(*port, "invalidated");
 }
 
 CFRunLoopSourceRef CFMachPortCreateRunLoopSource(CFAllocatorRef, CFMachPortRef port, CFIndex order) {
     const Guard guard(lock);
-    port->source = new __CFRunLoopSource("tap source");
+    note("CFMachPortCreateRunLoopSource", port->name, order);
+    port->source = new __CFRunLoopSource("source of the tap");
     port->source->tap = port;
-    note(*port->source, "created with order " + std::to_string(order));
     return port->source;
 }
 
@@ -229,15 +222,21 @@ CGPoint CGEventGetLocation(CGEventRef event) {
     return event->content.point;
 }
 CGEventFlags CGEventGetFlags(CGEventRef event) {
+    const Guard guard(lock);
+    note("CGEventGetFlags");
     return event->content.flags;
 }
 CGEventType CGEventGetType(CGEventRef event) {
     return event->content.type;
 }
 void CGEventSetFlags(CGEventRef event, CGEventFlags flags) {
+    const Guard guard(lock);
+    note("CGEventSetFlags", flags);
     event->content.flags = flags;
 }
 void CGEventSetType(CGEventRef event, CGEventType type) {
+    const Guard guard(lock);
+    note("CGEventSetType", type);
     event->content.type = type;
 }
 
@@ -247,12 +246,16 @@ std::int64_t CGEventGetIntegerValueField(CGEventRef event, CGEventField field) {
 
 CGEventSourceRef CGEventSourceCreate(CGEventSourceStateID stateID) {
     const Guard guard(lock);
+    note("CGEventSourceCreate", stateID);
     desktop().eventSources.push_back(std::make_unique<__CGEventSource>(__CGEventSource{stateID}));
     return desktop().eventSources.back().get();
 }
 
 CGEventRef CGEventCreateKeyboardEvent(CGEventSourceRef source, CGKeyCode virtualKey, bool keyDown) {
     const Guard guard(lock);
+    note("CGEventCreateKeyboardEvent", given(source), virtualKey, keyDown);
+    if (!currentQuartz().permitsEvents)
+        return nullptr;
     auto *const event = new __CGEvent;
     event->content.type = keyDown ? kCGEventKeyDown : kCGEventKeyUp;
     event->content.keyCode = virtualKey;
@@ -263,6 +266,10 @@ CGEventRef CGEventCreateKeyboardEvent(CGEventSourceRef source, CGKeyCode virtual
 CGEventRef CGEventCreateMouseEvent(CGEventSourceRef source, CGEventType mouseType,
                                    CGPoint mouseCursorPosition, CGMouseButton mouseButton) {
     const Guard guard(lock);
+    note("CGEventCreateMouseEvent", given(source), mouseType, mouseCursorPosition.x, mouseCursorPosition.y,
+         mouseButton);
+    if (!currentQuartz().permitsEvents)
+        return nullptr;
     auto *const event = new __CGEvent;
     event->content.type = mouseType;
     event->content.point = mouseCursorPosition;
@@ -273,6 +280,7 @@ CGEventRef CGEventCreateMouseEvent(CGEventSourceRef source, CGEventType mouseTyp
 
 void CGEventPost(CGEventTapLocation tap, CGEventRef event) {
     const Guard guard(lock);
+    note("CGEventPost", tap);
     InputEvent posted = event->content;
     posted.location = tap;
     desktop().posted.push_back(posted);
@@ -283,25 +291,22 @@ void CGEventPost(CGEventTapLocation tap, CGEventRef event) {
 CFMessagePortRef CFMessagePortCreateLocal(CFAllocatorRef, CFStringRef name, CFMessagePortCallBack callout,
                                           CFMessagePortContext *context, Boolean *) {
     const Guard guard(lock);
+    note("CFMessagePortCreateLocal", name->text, given(context));
     if (!currentQuartz().permitsLocalPorts)
         return nullptr;
-    auto *const port = new __CFMessagePort(true);
-    port->name = name->text;
+    auto *const port = new __CFMessagePort(name->text, true);
     port->callback = callout;
     port->info = context ? context->info : nullptr;
-    desktop().localPorts[port->name] = port;
-    note(*port, "created");
+    desktop().localPorts[port->address] = port;
     return port;
 }
 
 CFMessagePortRef CFMessagePortCreateRemote(CFAllocatorRef, CFStringRef name) {
     const Guard guard(lock);
+    note("CFMessagePortCreateRemote", name->text);
     if (!currentQuartz().permitsRemotePorts || !desktop().localPorts.count(name->text))
         return nullptr;
-    auto *const port = new __CFMessagePort(false);
-    port->name = name->text;
-    note(*port, "created");
-    return port;
+    return new __CFMessagePort(name->text, false);
 }
 
 __CFMessagePort::~__CFMessagePort() {
@@ -311,17 +316,17 @@ __CFMessagePort::~__CFMessagePort() {
 
 void CFMessagePortInvalidate(CFMessagePortRef port) {
     const Guard guard(lock);
+    note("CFMessagePortInvalidate", port->name);
     port->valid = false;
     if (port->local)
-        desktop().localPorts.erase(port->name);
-    note(*port, "invalidated");
+        desktop().localPorts.erase(port->address);
 }
 
 CFRunLoopSourceRef CFMessagePortCreateRunLoopSource(CFAllocatorRef, CFMessagePortRef local, CFIndex order) {
     const Guard guard(lock);
-    local->source = new __CFRunLoopSource("port source");
+    note("CFMessagePortCreateRunLoopSource", local->name, order);
+    local->source = new __CFRunLoopSource("source of the port");
     local->source->port = local;
-    note(*local->source, "created with order " + std::to_string(order));
     return local->source;
 }
 
@@ -330,10 +335,10 @@ SInt32 CFMessagePortSendRequest(CFMessagePortRef remote, SInt32 messageId, CFDat
                                 CFTimeInterval sendTimeout, CFTimeInterval receiveTimeout,
                                 CFStringRef replyMode, CFDataRef *returnData) {
     const Guard guard(lock);
-    desktop().portRequests.push_back(
-        {messageId, data != nullptr, sendTimeout, receiveTimeout, replyMode || returnData});
+    note("CFMessagePortSendRequest", messageId, given(data), sendTimeout, receiveTimeout, given(replyMode),
+         given(returnData));
     constexpr SInt32 success = 0, invalid = -3;
-    const auto found = desktop().localPorts.find(remote->name);
+    const auto found = desktop().localPorts.find(remote->address);
     if (found == desktop().localPorts.end() || !found->second->source || !found->second->source->loop)
         return invalid;
     const CFMessagePortRef local = found->second;

@@ -17,15 +17,6 @@ struct TapRequest {
     CGEventMask mask = 0;
 };
 
-/// What was asked of a message port.
-struct PortRequest {
-    SInt32 id = -1;
-    bool hasData = true;
-    CFTimeInterval sendTimeout = -1;
-    CFTimeInterval receiveTimeout = -1;
-    bool wantsReply = true; ///< by a reply mode, or by a place for the data returned
-};
-
 /// An event as it was posted, or as it is sent to the taps.
 struct InputEvent {
     CGEventType type = kCGEventNull;
@@ -51,6 +42,7 @@ public:
     bool permitsTaps = true;
     bool permitsLocalPorts = true;
     bool permitsRemotePorts = true;
+    bool permitsEvents = true;
 
     /// Sends the event to every enabled tap whose mask has its type, and waits until all have heard it. False
     /// when there was none to hear it.
@@ -59,12 +51,13 @@ public:
     /// Disables all taps, telling them so as the system does: by an event of this type, whatever their mask.
     void disableTaps(CGEventType type);
 
+    /// What was asked of the system so far, in order and on whatever thread, one "function arguments" each.
+    /// Running a loop and looking into an event, but for its flags, are not among it.
+    std::vector<std::string> calls() const;
+
     std::vector<TapRequest> taps() const;
     int enabledTaps() const;
     std::vector<InputEvent> posted() const;
-    std::vector<PortRequest> portRequests() const;
-    /// What became of taps, ports and run-loop sources, in order.
-    std::vector<std::string> journal() const;
     /// Taps, ports and run-loop sources that have not been released.
     int objectsAlive() const;
     /// Posted events that have not been released.

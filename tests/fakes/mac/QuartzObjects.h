@@ -8,7 +8,9 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <sstream>
 #include <string>
+#include <utility>
 
 /// What the opaque types of the fake Core Foundation and Core Graphics hold. One lock guards them all.
 namespace fakes {
@@ -17,21 +19,33 @@ namespace fakes {
 struct Object {
     enum class Kind { Lasting, Event };
 
-    explicit Object(Kind ofKind, std::string inJournal = {});
+    Object(Kind ofKind, std::string ofName);
     virtual ~Object();
     Object(const Object &) = delete;
     Object &operator=(const Object &) = delete;
 
     const Kind kind;
-    const std::string title; ///< in the journal; empty: it is not mentioned there
+    const std::string name; ///< as the calls name it
     int references = 1;
 };
 
-/// Notes what becomes of an object; the lock is held.
-void note(const Object &object, const std::string &fate);
-
 std::mutex &quartzLock();
 Quartz &currentQuartz();
+
+void keepCall(std::string call);
+
+/// Keeps a call of the program's. The lock is held.
+template<typename... Words> void note(const Words &...words) {
+    std::ostringstream call;
+    const char *space = "";
+    ((call << std::exchange(space, " ") << words), ...);
+    keepCall(call.str());
+}
+
+/// How a call names an argument that may be left out.
+inline const char *given(const void *argument) {
+    return argument ? "given" : "null";
+}
 
 } // namespace fakes
 
@@ -49,7 +63,7 @@ struct __CFRunLoop {
 };
 
 struct __CFRunLoopSource : fakes::Object {
-    explicit __CFRunLoopSource(const char *inJournal) : Object(Kind::Lasting, inJournal) {}
+    explicit __CFRunLoopSource(std::string ofName) : Object(Kind::Lasting, std::move(ofName)) {}
     CFRunLoopRef loop = nullptr;
     __CFMachPort *tap = nullptr;
     __CFMessagePort *port = nullptr;
@@ -68,10 +82,12 @@ struct __CFMachPort : fakes::Object {
 };
 
 struct __CFMessagePort : fakes::Object {
-    explicit __CFMessagePort(bool isLocal)
-        : Object(Kind::Lasting, isLocal ? "local port" : "remote port"), local(isLocal) {}
+    __CFMessagePort(std::string ofAddress, bool isLocal)
+        : Object(Kind::Lasting, isLocal ? "local port" : "remote port")
+        , address(std::move(ofAddress))
+        , local(isLocal) {}
     ~__CFMessagePort() override;
-    std::string name;
+    const std::string address;
     const bool local;
     bool valid = true;
     CFMessagePortCallBack callback = nullptr;
@@ -84,6 +100,6 @@ struct __CGEventSource {
 };
 
 struct __CGEvent : fakes::Object {
-    __CGEvent() : Object(Kind::Event) {}
+    __CGEvent() : Object(Kind::Event, "event") {}
     fakes::InputEvent content;
 };

@@ -24,7 +24,7 @@ CFTypeRef CFRetain(CFTypeRef object) {
 void CFRelease(CFTypeRef object) {
     const std::lock_guard guard(fakes::quartzLock());
     auto *const counted = const_cast<fakes::Object *>(static_cast<const fakes::Object *>(object));
-    fakes::note(*counted, "released");
+    fakes::note("CFRelease", counted->name);
     if (--counted->references == 0)
         delete counted;
 }
@@ -58,6 +58,7 @@ void CFRunLoopRun() {
 
 void CFRunLoopStop(CFRunLoopRef loop) {
     const std::lock_guard guard(fakes::quartzLock());
+    fakes::note("CFRunLoopStop", loop == CFRunLoopGetCurrent() ? "current" : "other");
     loop->stopped = true;
     loop->changed.notify_all();
 }
@@ -69,7 +70,7 @@ void CFRunLoopWakeUp(CFRunLoopRef loop) {
 
 void CFRunLoopAddSource(CFRunLoopRef loop, CFRunLoopSourceRef source, CFRunLoopMode mode) {
     const std::lock_guard guard(fakes::quartzLock());
-    fakes::note(*source, "added in " + mode->text);
+    fakes::note("CFRunLoopAddSource", source->name, mode->text);
     source->loop = loop;
     ++loop->sources;
     loop->changed.notify_all();

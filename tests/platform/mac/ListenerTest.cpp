@@ -6,6 +6,7 @@
 #include <QSignalSpy>
 #include <QtTest>
 
+#include <functional>
 #include <future>
 #include <optional>
 
@@ -25,9 +26,20 @@ fakes::InputEvent pointer(CGEventType type, double x, double y) {
     return event;
 }
 
+using Post = std::function<void()>;
 using Messages = QList<QList<QVariant>>;
 
+// One mouse event of a click: each has a source of its own, which is not released, and is released itself.
+QStringList postingOf(int type, const QString &point) {
+    return {QStringLiteral("CGEventSourceCreate -1"),
+            QStringLiteral("CGEventCreateMouseEvent given %1 %2 0").arg(type).arg(point),
+            QStringLiteral("CGEventSetType %1").arg(type), QStringLiteral("CGEventPost 0"),
+            QStringLiteral("CFRelease event")};
+}
+
 } // namespace
+
+Q_DECLARE_METATYPE(Post)
 
 /// The program's own listener, built against Apple's names, on a fake of what Apple has behind them.
 class ListenerTest : public QObject {
@@ -51,41 +63,39 @@ private slots:
         QCOMPARE(quint64(taps[0].mask), quint64(7206));
     }
 
-    // The tap goes before the sources and after the port, so that nothing is called for what is gone.
-    void buildsAndTearsDownInItsOrder() {
-        std::promise<CAnyKeyboardKiller> promise;
-        auto future = promise.get_future();
-        auto listener = std::make_unique<CKeyboardListenerMac>(std::move(promise));
-        std::optional<CAnyKeyboardKiller> killer(future.get());
-        const std::vector<std::string> built{"tap created",
-                                             "local port created",
-                                             "port source created with order 0",
-                                             "tap source created with order 0",
-                                             "port source added in kCFRunLoopCommonModes",
-                                             "tap source added in kCFRunLoopCommonModes",
-                                             "remote port created"};
-        QCOMPARE(m_quartz->journal(), built);
-
-        listener.reset();
-        killer.reset();
-        const std::vector<std::string> all = m_quartz->journal();
-        const std::vector<std::string> freed(all.begin() + long(built.size()), all.end());
-        const std::vector<std::string> expected{"local port invalidated",  "local port released",
-                                                "tap invalidated",         "tap released",
-                                                "port source released",    "tap source released",
-                                                "remote port invalidated", "remote port released"};
-        QCOMPARE(freed, expected);
+    // Up to the stop request the one thread waits for the other, and then that one for this.
+    void setsItsLoopUpAndTakesItDownInOrder() {
+        { const CKeyboardHandler handler; }
+        const QStringList expected{
+            QStringLiteral("CGEventTapCreate 1 0 1 7206"),
+            QStringLiteral("CFMessagePortCreateLocal KeyboardKillerPort null"),
+            QStringLiteral("CFMessagePortCreateRunLoopSource local port 0"),
+            QStringLiteral("CFMachPortCreateRunLoopSource tap 0"),
+            QStringLiteral("CFRunLoopAddSource source of the port kCFRunLoopCommonModes"),
+            QStringLiteral("CFRunLoopAddSource source of the tap kCFRunLoopCommonModes"),
+            QStringLiteral("CFMessagePortCreateRemote KeyboardKillerPort"),
+            QStringLiteral("CFMessagePortSendRequest 0 null 60 0 null null"),
+            QStringLiteral("CFRunLoopStop current"),
+            QStringLiteral("CFMessagePortInvalidate local port"),
+            QStringLiteral("CFRelease local port"),
+            QStringLiteral("CFMachPortInvalidate tap"),
+            QStringLiteral("CFRelease tap"),
+            QStringLiteral("CFRelease source of the port"),
+            QStringLiteral("CFRelease source of the tap"),
+            QStringLiteral("CFMessagePortInvalidate remote port"),
+            QStringLiteral("CFRelease remote port"),
+        };
+        QCOMPARE(calls(), expected);
     }
 
-    void stopsByOneRequestAndWaitsForNoReply() {
-        { const CKeyboardHandler handler; }
-        const auto requests = m_quartz->portRequests();
-        QCOMPARE(requests.size(), std::size_t{1});
-        QCOMPARE(requests[0].id, SInt32{0});
-        QVERIFY(!requests[0].hasData);
-        QCOMPARE(requests[0].sendTimeout, 60.0); // seconds
-        QCOMPARE(requests[0].receiveTimeout, 0.0);
-        QVERIFY(!requests[0].wantsReply);
+    void looksAtTheFlagsOfAModifierAlone() {
+        const CKeyboardHandler handler;
+        const int before = calls().size();
+        QVERIFY(m_quartz->send(key(kCGEventKeyDown, 5)));
+        QVERIFY(m_quartz->send(pointer(kCGEventMouseMoved, 1, 1)));
+        QCOMPARE(calls().size(), before);
+        QVERIFY(m_quartz->send(key(kCGEventFlagsChanged, 56)));
+        QCOMPARE(calls().mid(before), QStringList(QStringLiteral("CGEventGetFlags")));
     }
 
     void tellsKeysAndPointerInTheirOrder() {
@@ -202,7 +212,59 @@ private slots:
         QCOMPARE(m_quartz->eventsAlive(), 0);
     }
 
+    void postsStepByStep_data() {
+        QTest::addColumn<Post>("post");
+        QTest::addColumn<QStringList>("expected");
+        const QString at = QStringLiteral("30 -4");
+        const QString keyPosted = QStringLiteral("CGEventPost 0");
+        using Listener = CKeyboardListenerMac;
+        QTest::newRow("a slide show begun and ended")
+            << Post([] {
+                   Listener::SetPPTFullScreen();
+                   Listener::SetPPTFullScreen();
+               })
+            << QStringList{QStringLiteral("CGEventCreateKeyboardEvent null 36 1"),
+                           QStringLiteral("CGEventSetFlags 1048576"), keyPosted,
+                           QStringLiteral("CGEventCreateKeyboardEvent null 53 1"), keyPosted};
+        QTest::newRow("play or pause")
+            << Post(Listener::SetPlayOrPause)
+            << QStringList{QStringLiteral("CGEventCreateKeyboardEvent null 49 1"), keyPosted,
+                           QStringLiteral("CGEventCreateKeyboardEvent null 49 0"), keyPosted};
+        QTest::newRow("page up") << Post(Listener::SetPageUp)
+                                 << QStringList{QStringLiteral("CGEventCreateKeyboardEvent null 116 1"),
+                                                keyPosted};
+        QTest::newRow("a move") << Post([] { Listener::SetMouseMove(30, -4); }) << postingOf(5, at);
+        QTest::newRow("a press") << Post([] { Listener::SetMouseDown(30, -4); })
+                                 << postingOf(5, at) + postingOf(1, at);
+        QTest::newRow("a click") << Post([] { Listener::SetMouseClick(30, -4); })
+                                 << postingOf(5, at) + postingOf(1, at) + postingOf(2, at);
+        QTest::newRow("the camera's pane") << Post(Listener::SetpTosysCamera) << QStringList();
+    }
+
+    void postsStepByStep() {
+        QFETCH(Post, post);
+        CKeyboardListenerMac::EnterPPT = false;
+        post();
+        QTEST(calls(), "expected");
+    }
+
+    void postsNothingWhenThereIsNoEventToPost() {
+        m_quartz->permitsEvents = false;
+        CKeyboardListenerMac::EnterPPT = false;
+        CKeyboardListenerMac::SetPPTFullScreen();
+        CKeyboardListenerMac::SetMouseClick(1, 1);
+        QVERIFY(m_quartz->posted().empty());
+        QVERIFY(CKeyboardListenerMac::EnterPPT);
+    }
+
 private:
+    QStringList calls() const {
+        QStringList all;
+        for (const std::string &call : m_quartz->calls())
+            all.append(QString::fromStdString(call));
+        return all;
+    }
+
     std::optional<fakes::Quartz> m_quartz;
 };
 

@@ -82,6 +82,15 @@ private slots:
         QCOMPARE(m_widget->windowOpacity(), 0.0);
     }
 
+    void toleratesAViewWithoutAWindow() {
+        m_kit->hasWindow = false;
+        setOverlayOpacity(*m_widget, 0.5);
+        showOverPrimaryScreen(*m_widget);
+        showAboveAll(*m_widget);
+        QVERIFY(m_widget->isVisible());
+        QVERIFY(m_kit->window.told.empty());
+    }
+
 private:
     bool wasTold(const std::string &what) const {
         const auto &told = m_kit->window.told;
