@@ -152,7 +152,10 @@ void defineEvent() {
 }
 
 void tell(id window, const std::string &what) {
-    static_cast<Window *>(window)->told.push_back(what);
+    auto &listener = *static_cast<Window *>(window);
+    listener.told.push_back(what);
+    if (listener.whenTold)
+        listener.whenTold(what);
 }
 
 void defineWindow() {
@@ -160,6 +163,7 @@ void defineWindow() {
     method(
         defineClass("NSView", object), "window", "@@:", +[](id, SEL) -> id {
             AppKit &kit = AppKit::instance();
+            kit.autoreleased(make<>("NSObject")); // the reference that is handed out
             return kit.hasWindow ? &kit.window : nullptr;
         });
     const Class window = defineClass("NSWindow", object);

@@ -3,6 +3,7 @@
 
 #include "fakes/mac/ObjectiveCRuntime.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <utility>
@@ -32,6 +33,7 @@ struct Cursor {
 /// What a window was told, in order, one "selector value" each.
 struct Window : objc_object {
     std::vector<std::string> told;
+    std::function<void(const std::string &)> whenTold;
 };
 
 /// As much of AppKit as the program talks to, defined in the fake runtime for as long as this lives; one at a

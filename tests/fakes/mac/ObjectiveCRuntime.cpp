@@ -116,14 +116,15 @@ IMP class_replaceMethod(Class type, SEL selector, IMP implementation, const char
         return nullptr;
     const auto own = type->methods.find(spelling(selector));
     if (own == type->methods.end()) {
-        type->methods[spelling(selector)] = {implementation, encoding};
+        type->methods[spelling(selector)] = {implementation, encoding, {}};
         return nullptr;
     }
+    own->second.offeredEncoding = encoding;
     return std::exchange(own->second.implementation, implementation);
 }
 
 BOOL class_addMethod(Class type, SEL selector, IMP implementation, const char *encoding) {
     if (runtime().refusesMethodChanges)
         return false;
-    return type->methods.insert({spelling(selector), {implementation, encoding}}).second;
+    return type->methods.insert({spelling(selector), {implementation, encoding, {}}}).second;
 }

@@ -18,6 +18,7 @@ struct objc_object {
 struct objc_method {
     IMP implementation = nullptr;
     std::string encoding;
+    std::string offeredEncoding; ///< with the last replacement, which does not take it over
 };
 
 struct objc_class : objc_object {
@@ -62,7 +63,7 @@ void method(Class type, const char *selector, const char *encoding,
     if (methodEncoding<Result, Arguments...>() != encoding)
         misuse(std::string(selector) + " is registered as " + encoding + " but written as " +
                methodEncoding<Result, Arguments...>());
-    type->methods[selector] = {(IMP)function, encoding};
+    type->methods[selector] = {(IMP)function, encoding, {}};
 }
 
 } // namespace fakes

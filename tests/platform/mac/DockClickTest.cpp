@@ -66,6 +66,7 @@ private slots:
         fakes::method(m_kit->delegateClass, reopen, reopenEncoding, toolkitsOwn);
         setupDockClickHandler();
         QVERIFY(ownMethod(m_kit->delegateClass)->implementation == m_handler);
+        QCOMPARE(ownMethod(m_kit->delegateClass)->offeredEncoding, std::string("B@:"));
         QCOMPARE(warnings(), QStringList());
         QVERIFY(!clickDock(m_kit->delegateClass));
         QVERIFY(m_window.isVisible());

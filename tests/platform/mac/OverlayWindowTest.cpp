@@ -54,6 +54,22 @@ private slots:
         QVERIFY(m_widget->testAttribute(Qt::WA_ShowWithoutActivating));
     }
 
+    // Showing is when the toolkit gives the window the level it thinks right; the spaces it may be in have to
+    // be known by then.
+    void isGivenItsLevelWhenShownAndItsSpacesBefore() {
+        std::vector<std::string> beforeItShows;
+        m_kit->window.whenTold = [&](const std::string &what) {
+            if (!m_widget->isVisible())
+                beforeItShows.push_back(what);
+        };
+        showAboveAll(*m_widget);
+        const std::vector<std::string> expected{"collectionBehavior 273", "hidesOnDeactivate 0"};
+        QVERIFY(beforeItShows == expected);
+        const auto &told = m_kit->window.told;
+        const std::vector<std::string> whenShown(told.begin() + 2, told.end());
+        QVERIFY((whenShown == std::vector<std::string>{"level 1000", "orderFrontRegardless"}));
+    }
+
     void aCardKeepsItsOwnPlace() {
         const QRect place(200, 100, 300, 80);
         m_widget->setGeometry(place);

@@ -3,12 +3,9 @@
 // For checking and testing without Apple's development kit; a real build never sees this file.
 #pragma once
 
+#include <objc/bool.h>
+
 typedef struct objc_class *Class;
 typedef struct objc_object *id;
 typedef struct objc_selector *SEL;
 typedef void (*IMP)(void);
-#if defined(__APPLE__) && defined(__x86_64__)
-typedef signed char BOOL;
-#else
-typedef bool BOOL; // on arm64, and here where the tests run
-#endif
