@@ -1,0 +1,7 @@
+// SPDX-License-Identifier: MIT
+#include "input/CEventTap.h"
+
+void vexa::freeEventTap(CFMachPortRef tap) {
+    CFMachPortInvalidate(tap);
+    CFRelease(tap);
+}
