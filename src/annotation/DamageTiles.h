@@ -8,6 +8,7 @@
 namespace vexa {
 
 /// Collects changed pixels into squares, so that a thousand single pixels become a handful of rectangles.
+/// Pixels in, points out. Any thread.
 class DamageTiles {
 public:
     explicit DamageTiles(const QSize &pixels);

@@ -11,6 +11,7 @@
 namespace vexa {
 
 /// The quadratic pieces of a stroke in the order they were drawn, found again by the pixels they may touch.
+/// Paths are in points, areas and limits in device pixels. Any thread.
 class StrokePieces {
 public:
     struct Piece {

@@ -119,7 +119,7 @@ private:
     bool m_followPointer = false;  ///< a held tool is out
     bool m_shotDue = false;        ///< a screenshot waits for the screen to be uncovered
     int m_qmlInitTimer = -1;
-    int m_toolExitTimer = -1;
+    int m_toolExitTimer = -1; ///< kept, though nothing starts it
     int m_refocusTimer = -1;
     int m_slideShowTimer = -1;
     int m_playPauseTimer = -1;

@@ -40,7 +40,8 @@ public:
     void openMagnifier();
     void openLaser();
 
-    /// The held tools by their code: 0 spotlight, 1 magnifier, 2 laser. Without such a tool nothing happens.
+    /// The held tools by their code: 0 spotlight, 1 magnifier, 2 laser; places in points. Without such a tool
+    /// nothing happens.
     void moveHeldTool(int tool, int x, int y);
     void exitHeldTool(int tool);
     void forgetHeldTools();

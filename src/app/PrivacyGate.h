@@ -12,7 +12,7 @@ struct PrivacyGateActions {
 };
 
 /// Shows the guide to the privacy permissions, if the settings say so, then takes the user to the permission
-/// that matters most. Being told never to show it again is saved at once.
+/// that matters most. Being told never to show it again is saved at once. GUI thread.
 void passPrivacyGate(const PrivacyGateActions &actions);
 
 } // namespace vexa

@@ -23,12 +23,17 @@ public:
     /// The thread's body. A failure of the listener is told by signalKeyboardException.
     static void run(std::promise<CAnyKeyboardKiller> promise, CKeyboardHandler *handler);
 
+    /// A mark that nothing asks for yet: the listener is heard either way.
     void activate();
     void deactivate();
+
+    /// Asks the listener to stop, without waiting.
     void stopListening() const;
 
 signals:
+    /// From the listener thread: why it cannot listen.
     void signalKeyboardException(CKeyboardExceptionMessage message);
+    /// What the listener heard: see CKeyboardMessage for the numbers.
     void MysignalKeyboardMessage(int key, int state);
     void MysignalMouseMessage(int event, int x, int y);
 

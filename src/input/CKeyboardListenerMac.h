@@ -45,7 +45,8 @@ public:
     static CFDataRef MessagePortCallback(CFMessagePortRef port, SInt32 messageId, CFDataRef data, void *info);
     static void KillFunction();
 
-    // What is posted into the session, as if typed or clicked there. GUI thread; positions in points, global.
+    // What is posted into the session, as if typed or clicked there (SyntheticInput.cpp). GUI thread;
+    // positions in points, global. A session that takes no posts ignores them.
 
     /// Starts a slide show, or ends the one it believes running.
     static void SetPPTFullScreen();
@@ -55,6 +56,7 @@ public:
     static void SetMouseMove(int x, int y);
     /// Moves and presses; does not release.
     static void SetMouseDown(int x, int y);
+    /// Does nothing: Grab::SetpTosysCamera() is the one that sends the user to the permission.
     static void SetpTosysCamera();
 
     /// True while we believe that we have started a slide show. Flipped by SetPPTFullScreen() only.
@@ -63,6 +65,7 @@ public:
 signals:
     void signalKeyboardMessage(CKeyboardMessage message);
     void signalMouseMessage(CKeyboardMessage message);
+    /// Never emitted.
     void MysignalKeyboardMessage(int key);
 
 private:

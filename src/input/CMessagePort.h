@@ -10,7 +10,7 @@ void freeMessagePort(CFMessagePortRef port);
 
 } // namespace vexa
 
-/// Owns a local or remote message port; freeing closes it.
+/// Owns a local or remote message port; freeing closes it. Any thread.
 class CMessagePort : public vexa::OwnedReference<CFMessagePortRef, vexa::freeMessagePort> {
 public:
     using OwnedReference::OwnedReference;

@@ -14,6 +14,7 @@ struct Disc {
 };
 
 /// Cuts round pieces out of a picture. Keeps the last mask, as a moving lens nearly always asks for the same.
+/// GUI thread.
 class LensCutter {
 public:
     /// What lies in `source` of the picture, both in pixels, transparent outside the disc. Where `source`

@@ -5,6 +5,7 @@
 #include <QString>
 
 /// How the settings reach the disk and come back, whatever lies at their place. Nothing here fails visibly.
+/// GUI thread.
 namespace vexa {
 
 enum class FileAccess {

@@ -5,7 +5,7 @@
 #include <QDomDocument>
 #include <optional>
 
-/// The text form of the settings, apart from where it is kept.
+/// The text form of the settings, apart from where it is kept. GUI thread, which the settings live on.
 namespace vexa {
 
 /// The document in these bytes; nothing when they are not well-formed, nested deeper than any settings are,

@@ -30,11 +30,13 @@ public:
     static std::int32_t PenColor1;
     static std::int32_t PenColor2;
     static std::int32_t PenThickness;
+    /// The held tools: sizes are radii in points, colours are values of a colour slider (0 to 1275).
     static std::int32_t LaserPenSize;
     static std::int32_t LaserPenColor;
     static std::int32_t MagnifierSize;
     static std::int32_t MagnifierColor;
     static std::int32_t SportLightSize;
+    /// How dark the spotlight's veil is, as an alpha: 0 clear to 255 black.
     static std::int32_t SportLightTran;
     /// 1: started at login.
     static std::int32_t AutoStart;
@@ -42,5 +44,6 @@ public:
     static std::int32_t Language;
     /// Non-zero: the guide to the privacy permissions is shown at start.
     static std::int32_t ShowPrivacyWindow;
+    /// What the file says of a first run; nobody asks for it, and every file written says yes.
     static bool ifirstRun;
 };

@@ -11,7 +11,6 @@
 #include "overlays/Spolight2.h"
 
 #include <QApplication>
-#include <QDeadlineTimer>
 #include <QPushButton>
 #include <QtTest>
 

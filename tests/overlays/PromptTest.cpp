@@ -13,7 +13,6 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QSet>
-#include <QTranslator>
 
 #include <functional>
 #include <memory>

@@ -77,8 +77,7 @@ namespace qml {
 bool isOfType(const QQuickItem *item, const QString &type);
 /// The item and all below it, in drawing order.
 QList<QQuickItem *> tree(QQuickItem *top);
-/// The list box that a user finds at a place; its choice is in "currentIndex", what it shows in
-/// "displayText".
+/// Where the item's top left corner is in the view.
 QPointF corner(const QQuickItem *item);
 
 } // namespace qml

@@ -2,7 +2,6 @@
 #include "qml/PanelView.h"
 #include "support/TestMain.h"
 
-#include <QFont>
 #include <cmath>
 
 namespace {

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QRandomGenerator>

@@ -2,7 +2,6 @@
 #include "settings/ZrToolXmlClass.h"
 
 #include <QCoreApplication>
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 

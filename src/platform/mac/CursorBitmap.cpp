@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/mac/CursorBitmap.h"
 
-#include <algorithm>
-#include <array>
 #include <optional>
 
 namespace vexa::platform {

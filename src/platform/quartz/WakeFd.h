@@ -3,7 +3,8 @@
 
 namespace vexa::quartz {
 
-/// A descriptor that one thread waits on and any thread can make readable.
+/// A descriptor that one thread waits on and any thread can make readable. Making one throws
+/// std::system_error when the process has no descriptor left.
 class WakeFd {
 public:
     WakeFd();

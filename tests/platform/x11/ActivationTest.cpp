@@ -3,7 +3,6 @@
 #include "support/TestMain.h"
 
 #include <QDBusConnection>
-#include <QDBusInterface>
 #include <QDBusMessage>
 #include <QDBusPendingCall>
 #include <QWidget>

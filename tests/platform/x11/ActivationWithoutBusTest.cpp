@@ -2,8 +2,6 @@
 #include "platform/Activation.h"
 #include "support/TestMain.h"
 
-#include <QDBusConnection>
-
 class ActivationWithoutBusTest : public QObject {
     Q_OBJECT
 
