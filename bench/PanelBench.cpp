@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 //
-// What the settings panel costs: its start next to that of an empty view with the same imports, and the time
-// of the GUI thread that opening a view, moving a slider and a storm of changes take. Prints tables and
-// judges nothing.
+// panel-bench: what the settings panel costs: its start next to that of an empty view with the same imports,
+// and the time of the GUI thread that opening a view, moving a slider and a storm of changes take. Prints
+// tables and judges nothing.
 //
 // The start is that of a process of its own, which is why the program calls itself with the view to show.
+#include "Median.h"
+
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QMouseEvent>
@@ -15,19 +17,15 @@
 #include <algorithm>
 #include <cstdio>
 #include <ctime>
-#include <functional>
 #include <vector>
 
 namespace {
 
 const QString panelDocument = QStringLiteral("qrc:/MainWindow.qml");
+using bench::median;
+
 constexpr int starts = 15;
 constexpr int repetitions = 40;
-
-double median(std::vector<double> values) {
-    std::sort(values.begin(), values.end());
-    return values.at(values.size() / 2);
-}
 
 /// Milliseconds of processor time that this thread has used: what it would take on a machine left alone.
 double threadTime() {
@@ -77,7 +75,7 @@ double startOf(const QString &document) {
     const double milliseconds = static_cast<double>(clock.nsecsElapsed()) * 1e-6;
     process.waitForFinished();
     if (!drawn) {
-        std::fprintf(stderr, "panel_bench: %s does not start\n", qPrintable(document));
+        std::fprintf(stderr, "panel-bench: %s does not start\n", qPrintable(document));
         std::exit(1);
     }
     return milliseconds;

@@ -2,6 +2,7 @@
 //
 // program-bench: the real program on the current display, from the pen's chord to the pixel, as a table. Run
 // it through scripts/bench, which brings displays of 1080p and 4K.
+#include "Median.h"
 #include "ProcessMeter.h"
 
 #include "e2e/Desktop.h"
@@ -23,15 +24,12 @@
 
 namespace {
 
+using bench::median;
+
 constexpr int rounds = 20;
 constexpr double watchedSeconds = 5;
 constexpr int pointerRate = 125; // Hertz
 constexpr double patience = 30;  // seconds
-
-double median(std::vector<double> values) {
-    std::sort(values.begin(), values.end());
-    return values.at(values.size() / 2);
-}
 
 double seconds(const QElapsedTimer &timer) {
     return static_cast<double>(timer.nsecsElapsed()) / 1e9;

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
-// What the held tools cost on the screen this is run on: the processor's share while the pointer moves and
-// while it rests, the time from a key's command to the first pixel, and what is left in memory. Prints a
-// table.
+// overlays-bench: what the held tools cost on the screen this is run on: the processor's share while the
+// pointer moves and while it rests, the time from a key's command to the first pixel, and what is left in
+// memory. Prints a table.
+#include "Median.h"
+#include "ProcessMeter.h"
+
 #include "overlays/LightPen.h"
 #include "overlays/Magnifie.h"
 #include "overlays/ScreenPicture.h"
@@ -17,12 +20,8 @@
 #include <QScreen>
 #include <QTimer>
 
-#include <algorithm>
 #include <cmath>
 #include <cstdio>
-#include <functional>
-#include <sys/resource.h>
-#include <unistd.h>
 #include <vector>
 
 namespace {
@@ -34,25 +33,11 @@ constexpr int manyOpenings = 200;
 constexpr int warmUp = 10;
 
 double processorSeconds() {
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    const auto of = [](const timeval &time) { return double(time.tv_sec) + double(time.tv_usec) / 1e6; };
-    return of(usage.ru_utime) + of(usage.ru_stime);
+    return bench::processorSeconds(QCoreApplication::applicationPid());
 }
 
-double residentMegabytes() {
-    long pages = 0;
-    if (FILE *file = fopen("/proc/self/statm", "r")) {
-        if (fscanf(file, "%*d %ld", &pages) != 1)
-            pages = 0;
-        fclose(file);
-    }
-    return double(pages) * double(sysconf(_SC_PAGESIZE)) / 1048576;
-}
-
-double median(std::vector<double> values) {
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
+double residentMebibytes() {
+    return bench::residentMebibytes(QCoreApplication::applicationPid());
 }
 
 void runFor(int milliseconds) {
@@ -114,7 +99,7 @@ template<typename Tool> double millisecondsToFirstPixel(const QPoint &at) {
         tool->close();
         runFor(100);
     }
-    return median(times);
+    return bench::median(times);
 }
 
 double millisecondsToCapture() {
@@ -125,14 +110,14 @@ double millisecondsToCapture() {
         const QPixmap picture = vexa::pictureOfPrimaryScreen();
         times.push_back(double(time.nsecsElapsed()) / 1e6);
     }
-    return median(times);
+    return bench::median(times);
 }
 
-template<typename Tool> double megabytesLeft() {
+template<typename Tool> double mebibytesLeft() {
     double early = 0;
     for (int round = 0; round < manyOpenings; ++round) {
         if (round == warmUp)
-            early = residentMegabytes();
+            early = residentMebibytes();
         QPixmap picture = vexa::pictureOfPrimaryScreen();
         QPointer<Tool> tool = open<Tool>(picture);
         tool->SetMouseMove(100 + round, 200);
@@ -141,12 +126,12 @@ template<typename Tool> double megabytesLeft() {
         while (tool)
             runFor(1);
     }
-    return residentMegabytes() - early;
+    return residentMebibytes() - early;
 }
 
 template<typename Tool> void row(const char *name, const QPoint &changed) {
     std::printf("%-22s %8.2f %% %8.2f %% %9.1f ms %9.1f MiB\n", name, shareOfACore<Tool>(true),
-                shareOfACore<Tool>(false), millisecondsToFirstPixel<Tool>(changed), megabytesLeft<Tool>());
+                shareOfACore<Tool>(false), millisecondsToFirstPixel<Tool>(changed), mebibytesLeft<Tool>());
     std::fflush(stdout);
 }
 
