@@ -70,6 +70,24 @@ void LaserTest::holdingKeyFourPutsADotUnderThePointer() {
     QTRY_COMPARE_WITH_TIMEOUT(e2e::pixelAt(second), dotColour, patience);
     QCOMPARE(e2e::pixelAt(first), empty);
 
+    // At the edges the pointer is kept four points inside the screen, and the dot with it.
+    const int margin = 4 * pixelsPerPoint;
+    const struct {
+        QPoint pushedTo, kept;
+    } edges[] = {{{1, 500}, {margin, 500}},
+                 {{0, 0}, {margin, margin}},
+                 {{1919, 1079}, {1920 - margin, 1080 - margin}}};
+    for (const auto &edge : edges) {
+        e2e::movePointer(edge.pushedTo);
+        QTRY_COMPARE_WITH_TIMEOUT(e2e::pointerPosition(), edge.kept, patience);
+        QTRY_COMPARE_WITH_TIMEOUT(e2e::pixelAt(edge.kept), dotColour, patience);
+        QCOMPARE(
+            e2e::pixelAt(edge.kept + QPoint(0, edge.kept.y() < 540 ? 1 : -1) * (pixelsPerPoint * radius + 2)),
+            empty);
+    }
+    e2e::movePointer(second);
+    QTRY_COMPARE_WITH_TIMEOUT(e2e::pixelAt(second), dotColour, patience);
+
     e2e::typeChord(e2e::PenKey::S);
     QTRY_COMPARE_WITH_TIMEOUT(e2e::pixelAt(second), empty, patience);
     QTRY_VERIFY_WITH_TIMEOUT(!e2e::visibleWindowOfSize(program.pid(), QSize(1920, 1080)).id, patience);
