@@ -51,6 +51,7 @@ private slots:
         userfile::clear();
     }
 
+    void windowStandsOnItsPicture();
     void choicesOfTheKeysAreStored();
     void choicesOfThePenAreStored();
     void valuesOfTheToolsAreStored_data();
@@ -86,6 +87,14 @@ private:
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<PanelView> m_view;
 };
+
+void HostedPanelTest::windowStandsOnItsPicture() {
+    const QImage picture(QStringLiteral(":/bg.png"));
+    QCOMPARE(picture.size(), QSize(999, 650));
+    QCOMPARE(
+        m_window->palette().brush(QPalette::Window).texture().toImage().convertToFormat(picture.format()),
+        picture);
+}
 
 void HostedPanelTest::choicesOfTheKeysAreStored() {
     m_view->click(key2Button);

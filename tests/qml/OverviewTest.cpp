@@ -153,6 +153,11 @@ void OverviewTest::pushedKey3ActionReadsInEnglishToo() {
     QVERIFY(english.load(QStringLiteral(":/language_qm/lang_En.qm")));
     QVERIFY(QCoreApplication::installTranslator(&english));
     QTRY_COMPARE(textAt({506, 171}), QStringLiteral("Pause/Play"));
+    // A code without a text leaves the summary what it was, in every language.
+    m_view->push(13, 9);
+    QCOMPARE(textAt({506, 171}), QStringLiteral("Pause/Play"));
+    QVERIFY(QCoreApplication::removeTranslator(&english));
+    QTRY_COMPARE(textAt({506, 171}), QStringLiteral("播放器：暂停/播放"));
 }
 
 VEXA_WIDGET_TEST_MAIN(OverviewTest)
