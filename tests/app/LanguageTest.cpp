@@ -172,6 +172,7 @@ void LanguageTest::screenshotPromptFollowsTheLanguage() {
 void LanguageTest::windowKeepsItsTitle() {
     MainWindow window;
     window.setWindowTitle(QStringLiteral("other"));
+    window.findChild<QLabel *>(QStringLiteral("label"))->setText(QStringLiteral("other"));
     window.changeLanguage(2);
     QCOMPARE(window.windowTitle(), QStringLiteral("MainWindow"));
     QCOMPARE(window.findChild<QLabel *>(QStringLiteral("label"))->text(), QStringLiteral("VexaOrbilo"));

@@ -4,6 +4,7 @@
 #include "overlays/PromptWindow.h"
 #include "settings/ZrToolXmlClass.h"
 #include "support/TestMain.h"
+#include "support/Timers.h"
 #include "support/UserFile.h"
 
 #include <QJSValue>
@@ -15,6 +16,7 @@
 #include <QStackedWidget>
 
 using Settings = ZrToolXmlClass;
+using vexa::test::coarseTimersOf;
 
 namespace {
 
@@ -101,8 +103,12 @@ private slots:
 
     void signalsAndSlotsStandInTheirOrder();
     void formHasItsPartsAndTheViewCoversThem();
+    void titleButtonsArePictures_data();
+    void titleButtonsArePictures();
     void windowIsFrameless();
-    void windowIsKnownToTheView();
+    void windowAsksForHighDensity();
+    void windowIsKnownToTheViewOnceThatIsLoaded();
+    void promptsAreThereUnseenFromTheStart();
 
     void settingsFileIsReadAndEverySettingShownInOrderAtStart();
     void fillingTheViewReadsTheFileAgain();
@@ -130,6 +136,7 @@ private slots:
 
     void backButtonSavesEvenWithoutHistory();
     void pagesResizeTheWindow();
+    void historyShowsTheWayBackAndTheFirstPageHidesIt();
     void settingsPageHasItsSize();
 };
 
@@ -202,17 +209,61 @@ void MainWindowTest::formHasItsPartsAndTheViewCoversThem() {
     QCOMPARE(view->parentWidget()->children().constLast(), view);
 }
 
+void MainWindowTest::titleButtonsArePictures_data() {
+    QTest::addColumn<QString>("picture");
+    QTest::newRow("CloseBtn") << QStringLiteral(":/icon-X.png");
+    QTest::newRow("MinBtn") << QStringLiteral(":/icon-minus.png");
+    QTest::newRow("SetBtn") << QStringLiteral(":/icon-setting.png");
+    QTest::newRow("BACKButton") << QStringLiteral(":/icon-left.png");
+}
+
+void MainWindowTest::titleButtonsArePictures() {
+    QFETCH(QString, picture);
+    Panel panel;
+    const QString style = panel.part<QPushButton>(QTest::currentDataTag())->styleSheet();
+    for (const QString &rule : {QStringLiteral("border-image:url(%1)").arg(picture),
+                                QStringLiteral("border:0px"), QStringLiteral("background:transparent")})
+        QVERIFY2(style.contains(rule), qPrintable(style));
+}
+
 void MainWindowTest::windowIsFrameless() {
     Panel panel;
     QCOMPARE(int(panel.window.windowFlags()), 2049);
     QVERIFY(panel.window.autoFillBackground());
 }
 
-void MainWindowTest::windowIsKnownToTheView() {
+void MainWindowTest::windowAsksForHighDensity() {
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling, false);
+    const Panel panel;
+    QVERIFY(QCoreApplication::testAttribute(Qt::AA_EnableHighDpiScaling));
+}
+
+void MainWindowTest::windowIsKnownToTheViewOnceThatIsLoaded() {
     Panel panel;
+    QCOMPARE(panel.root->property("hostKnownWhenLoaded"), QVariant(false));
     QVariant title;
     QMetaObject::invokeMethod(panel.root, "hostTitle", Q_RETURN_ARG(QVariant, title));
     QCOMPARE(title.toString(), QStringLiteral("MainWindow"));
+}
+
+void MainWindowTest::promptsAreThereUnseenFromTheStart() {
+    const Panel panel;
+    QStringList texts;
+    for (QWidget *widget : QApplication::topLevelWidgets()) {
+        const auto *prompt = qobject_cast<PromptWindow *>(widget);
+        if (!prompt)
+            continue;
+        const auto *text = prompt->findChild<QLabel *>(QStringLiteral("label"));
+        texts += text->text();
+        QVERIFY(prompt->isVisible());
+        QCOMPARE(prompt->size(), QSize(380, 180));
+        QCOMPARE(prompt->windowOpacity(), 0.0);
+        QVERIFY(text->isVisible());
+        for (const char *name : {"label_2", "label_3"})
+            QVERIFY2(prompt->findChild<QLabel *>(QLatin1String(name))->isHidden(), name);
+    }
+    texts.sort();
+    QCOMPARE(texts, (QStringList{QStringLiteral("Vexa Orbilo Setting"), QStringLiteral("截屏已保存")}));
 }
 
 void MainWindowTest::settingsFileIsReadAndEverySettingShownInOrderAtStart() {
@@ -292,8 +343,11 @@ void MainWindowTest::viewIsFilledAgainAfterALanguageChange() {
     QElapsedTimer sinceChange;
     sinceChange.start();
     panel.send(16, 2);
+    QVERIFY(userfile::read().contains("<Language>2</Language>"));
     QVERIFY(panel.calls().isEmpty());
+    QVERIFY(coarseTimersOf(&panel.window).contains(200));
     QTRY_COMPARE(panel.calls().size(), 16);
+    QVERIFY(!coarseTimersOf(&panel.window).contains(200));
     QVERIFY(sinceChange.elapsed() >= 190); // coarse timers keep within five per cent
     QList<Call> expected = everySettingWith(100);
     expected[16 - 2] = Call{16, 2, 0};
@@ -308,6 +362,7 @@ void MainWindowTest::secondLanguageChangeWithinTheDelayFillsTheViewOnce() {
     panel.forgetCalls();
     panel.send(16, 1);
     panel.send(16, 2);
+    QCOMPARE(coarseTimersOf(&panel.window), QVector<int>{200});
     QTRY_COMPARE(panel.calls().size(), 16);
     QTest::qWait(400);
     QCOMPARE(panel.calls().size(), 16);
@@ -432,10 +487,12 @@ void MainWindowTest::windowWithdrawsAfterTheStartAndLeavesThePrompt() {
     QElapsedTimer sinceStart;
     sinceStart.start();
     Panel panel;
+    QCOMPARE(coarseTimersOf(&panel.window), QVector<int>{500});
     panel.window.show();
     QVERIFY(panel.window.isVisible());
     QTRY_VERIFY(panel.window.isHidden());
     QVERIFY(sinceStart.elapsed() >= 475);
+    QVERIFY(coarseTimersOf(&panel.window).isEmpty());
 
     QStringList strips;
     for (QWidget *widget : QApplication::topLevelWidgets())
@@ -476,12 +533,24 @@ void MainWindowTest::pagesResizeTheWindow() {
     QCOMPARE(panel.window.size(), QSize(640, 439));
 }
 
+void MainWindowTest::historyShowsTheWayBackAndTheFirstPageHidesIt() {
+    Panel panel;
+    const auto *back = panel.part<QPushButton>("BACKButton");
+    panel.window.SwitchPage(Page_0);
+    QVERIFY(back->isHidden());
+    panel.window.AddPageHistory(Page_1);
+    QVERIFY(!back->isHidden());
+    panel.window.SwitchPage(Page_0);
+    QVERIFY(back->isHidden());
+}
+
 void MainWindowTest::settingsPageHasItsSize() {
     Panel panel;
     panel.part<QPushButton>("SetBtn")->click();
     QCOMPARE(panel.window.size(), QSize(640, 541));
     QCOMPARE(panel.part<QStackedWidget>("stackedWidget")->size(), QSize(640, 450));
     panel.part<QPushButton>("HelpBtn")->click();
+    panel.window.ClickHelpButton();
     QCOMPARE(panel.window.size(), QSize(640, 541));
 }
 

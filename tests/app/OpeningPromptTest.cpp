@@ -4,12 +4,14 @@
 #include "overlays/promptwindow2.h"
 #include "settings/ZrToolXmlClass.h"
 #include "support/TestMain.h"
+#include "support/Timers.h"
 #include "support/UserFile.h"
 
 #include <QLabel>
 #include <QTimerEvent>
 
 using Settings = ZrToolXmlClass;
+using vexa::test::coarseTimersOf;
 
 namespace {
 
@@ -70,6 +72,7 @@ void OpeningPromptTest::annotationShowsItsColourALittleLater() {
     QVERIFY(prompt.isVisible());
     QCOMPARE(prompt.size(), QSize(380, 180));
     QCOMPARE(prompt.windowOpacity(), 0.0);
+    QCOMPARE(coarseTimersOf(&prompt), QVector<int>{500});
     QTRY_VERIFY(standstill.ticks > 0);
     QVERIFY(sinceChord.elapsed() >= 500 * 95 / 100); // coarse timers may be a twentieth early
     QCOMPARE(prompt.windowOpacity(), 0.0);
@@ -83,6 +86,7 @@ void OpeningPromptTest::blackboardShowsItsColourAtOnce() {
     QVERIFY(prompt.isVisible());
     QCOMPARE(prompt.size(), QSize(380, 180));
     QCOMPARE(prompt.windowOpacity(), 1.0);
+    QCOMPARE(coarseTimersOf(&prompt), QVector<int>{60});
     QTRY_VERIFY(prompt.windowOpacity() < 0.9); // and fades
 }
 

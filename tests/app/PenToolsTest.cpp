@@ -5,12 +5,14 @@
 #include "overlays/promptwindow2.h"
 #include "settings/ZrToolXmlClass.h"
 #include "support/TestMain.h"
+#include "support/Timers.h"
 #include "support/UserFile.h"
 
 #include <QLabel>
 #include <QScreen>
 
 using Settings = ZrToolXmlClass;
+using vexa::test::coarseTimersOf;
 
 namespace {
 
@@ -38,6 +40,13 @@ QStringList refocusAt(const QPoint &pointer) {
             QStringLiteral("down key 116 flags 0")};
 }
 
+/// Where a held tool stands. Its children keep that to themselves.
+struct Place : vexa::HeldTool {
+    static QPoint of(const QWidget *tool) {
+        return (dynamic_cast<const vexa::HeldTool &>(*tool).*&Place::position)();
+    }
+};
+
 QColor screenColourAt(int x, int y) {
     return QGuiApplication::primaryScreen()->grabWindow(0, x, y, 1, 1).toImage().pixelColor(0, 0);
 }
@@ -57,6 +66,8 @@ private slots:
     void unknownHeldToolOpensNothing();
     void heldToolFollowsThePointerWithinTheMargin_data();
     void heldToolFollowsThePointerWithinTheMargin();
+    void everyHeldToolFollowsThePointer_data();
+    void everyHeldToolFollowsThePointer();
     void laserIsDrawnWhereThePointerWasMovedTo();
     void pointerIsFedOnlyWhileAHeldToolIsOut();
     void secondHeldToolClosesWithTheFirst();
@@ -83,6 +94,9 @@ private slots:
     void closingAToolWithoutASlideShowPostsNothing();
     void openingAToolCancelsTheRefocus_data();
     void openingAToolCancelsTheRefocus();
+    void everyReportInASlideShowStartsOneRefocus();
+    void refocusGoesOnWhenTheShowHasEndedMeanwhile_data();
+    void refocusGoesOnWhenTheShowHasEndedMeanwhile();
     void reportsOfUnknownWindowsStartNothing();
 
     void penWorksWhileThePanelIsClosed();
@@ -131,6 +145,10 @@ void PenToolsTest::unknownHeldToolOpensNothing() {
         Settings::Key4P = code;
         panel.chord(pen::g);
         panel.window.RecvGlobaleMouseMessage(5, 100, 100);
+        QCOMPARE(told(panel.session), QStringList());
+        panel.window.RecvGlobaleMouseMessage(5, 100, 1); // kept on the screen all the same
+        QCOMPARE(told(panel.session), QStringList{QStringLiteral("pointer 5 at 100,4")});
+        panel.session.clearPosts();
         panel.chord(pen::s);
         QVERIFY(ToolPanel::nothingOpen());
     }
@@ -160,6 +178,29 @@ void PenToolsTest::heldToolFollowsThePointerWithinTheMargin() {
     if (kept != pointer)
         expected += QStringLiteral("pointer 5 at %1,%2").arg(kept.x()).arg(kept.y());
     QCOMPARE(told(panel.session), expected);
+    QCOMPARE(Place::of(ToolPanel::heldTool()), kept);
+}
+
+void PenToolsTest::everyHeldToolFollowsThePointer_data() {
+    gOpensTheHeldToolOfKey4AndSClosesIt_data();
+}
+
+void PenToolsTest::everyHeldToolFollowsThePointer() {
+    QFETCH(int, code);
+    ToolPanel panel;
+    Settings::Key4P = code;
+    panel.press(pen::g);
+    QCOMPARE(ToolPanel::openHeldTools(), 1);
+    const QWidget *tool = ToolPanel::heldTool();
+    panel.window.RecvGlobaleMouseMessage(5, 1, 700);
+    QCOMPARE(Place::of(tool), QPoint(4, 700));
+    // It is the setting that says which tool is fed, not which one is out.
+    Settings::Key4P = (code + 1) % 3;
+    panel.window.RecvGlobaleMouseMessage(5, 800, 600);
+    QCOMPARE(Place::of(tool), QPoint(4, 700));
+    Settings::Key4P = code;
+    panel.window.RecvGlobaleMouseMessage(5, 801, 601);
+    QCOMPARE(Place::of(tool), QPoint(801, 601));
 }
 
 void PenToolsTest::laserIsDrawnWhereThePointerWasMovedTo() {
@@ -314,10 +355,12 @@ void PenToolsTest::slideShowKeyComesAfterTheRelease() {
     panel.press(pen::a);
     QTest::qWait(400);
     QCOMPARE(told(panel.session), QStringList());
+    QVERIFY(!coarseTimersOf(&panel.window).contains(200));
     QElapsedTimer sinceRelease;
     sinceRelease.start();
     panel.release(pen::a);
     QCOMPARE(told(panel.session), QStringList());
+    QCOMPARE(coarseTimersOf(&panel.window).count(200), 1);
     QTRY_COMPARE(told(panel.session), QStringList{QStringLiteral("down key 36 flags 1048576")});
     QVERIFY(sinceRelease.elapsed() >= 190);
     QVERIFY(CKeyboardListenerMac::EnterPPT);
@@ -338,6 +381,7 @@ void PenToolsTest::playerKeyGoesDownAndUp() {
     Settings::Key4C = 2;
     panel.press(pen::d);
     QCOMPARE(told(panel.session), QStringList());
+    QCOMPARE(coarseTimersOf(&panel.window).count(200), 1);
     QTRY_COMPARE(told(panel.session),
                  (QStringList{QStringLiteral("down key 49 flags 0"), QStringLiteral("up key 49 flags 0")}));
 }
@@ -400,6 +444,7 @@ void PenToolsTest::closingAToolInASlideShowRefocusesIt() {
             ToolPanel::pressExit(ToolPanel::open<PizhuForm>().constFirst());
     }
     QTRY_VERIFY(ToolPanel::nothingOpen());
+    QCOMPARE(coarseTimersOf(&panel.window).count(1000), 1);
     QElapsedTimer sinceClose;
     sinceClose.start();
     panel.session.clearPosts();
@@ -451,6 +496,35 @@ void PenToolsTest::openingAToolCancelsTheRefocus() {
     QVERIFY(!ToolPanel::nothingOpen());
     QTest::qWait(1300);
     QCOMPARE(told(panel.session), QStringList());
+}
+
+void PenToolsTest::everyReportInASlideShowStartsOneRefocus() {
+    for (int which = 0; which < 5; ++which) {
+        ToolPanel panel;
+        panel.window.RecvWindowMessage(which);
+        QCOMPARE(coarseTimersOf(&panel.window).count(1000), 0);
+        CKeyboardListenerMac::EnterPPT = true;
+        panel.window.RecvWindowMessage(which);
+        panel.window.RecvWindowMessage(which);
+        QCOMPARE(coarseTimersOf(&panel.window).count(1000), 1);
+    }
+}
+
+void PenToolsTest::refocusGoesOnWhenTheShowHasEndedMeanwhile_data() {
+    openingAToolCancelsTheRefocus_data();
+}
+
+void PenToolsTest::refocusGoesOnWhenTheShowHasEndedMeanwhile() {
+    QFETCH(int, key);
+    ToolPanel panel;
+    Settings::Key3P = 3;
+    Settings::Key4P = 0;
+    CKeyboardListenerMac::EnterPPT = true;
+    panel.window.RecvWindowMessage(4);
+    CKeyboardListenerMac::EnterPPT = false;
+    panel.chord(key);
+    QVERIFY(!ToolPanel::nothingOpen());
+    QCOMPARE(coarseTimersOf(&panel.window).count(1000), 1);
 }
 
 void PenToolsTest::reportsOfUnknownWindowsStartNothing() {

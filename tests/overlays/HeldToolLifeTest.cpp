@@ -7,6 +7,7 @@
 #include "support/ForeignWindow.h"
 #include "support/RealMouse.h"
 #include "support/TestMain.h"
+#include "support/Timers.h"
 
 #include <QPointer>
 #include <QSignalSpy>
@@ -75,10 +76,14 @@ private slots:
     void isAFramelessTopmostWindowThatDeletesItself();
     void itsPictureIsTheBackgroundWhetherActiveOrNot_data() { allHeldTools(); }
     void itsPictureIsTheBackgroundWhetherActiveOrNot();
+    void itDrawsThirtyTimesASecondAndIsGuardedAtFirst_data() { allHeldTools(); }
+    void itDrawsThirtyTimesASecondAndIsGuardedAtFirst();
     void anExitBeforeItsTimeWaitsForTheGuard_data() { allHeldTools(); }
     void anExitBeforeItsTimeWaitsForTheGuard();
     void anExitAfterItsTimeIsAtOnce_data() { allHeldTools(); }
     void anExitAfterItsTimeIsAtOnce();
+    void itReportsBeforeItClosesAndHasGivenTheMouseBack_data() { allHeldTools(); }
+    void itReportsBeforeItClosesAndHasGivenTheMouseBack();
     void twoExitsReportOnce_data() { allHeldTools(); }
     void twoExitsReportOnce();
     void twoExitsAfterItsTimeReportOnce_data() { allHeldTools(); }
@@ -105,6 +110,8 @@ private slots:
     void withoutAPictureItWorksToo();
     void theSpotlightCanBeAnEmptyVeil();
     void theLaserCanHaveAClearWindow();
+    void theLaserIsDrawnOncePressedWhateverTheArgument_data();
+    void theLaserIsDrawnOncePressedWhateverTheArgument();
     void grabScreenOfTheMagnifierDoesNothing();
 
 private:
@@ -142,8 +149,9 @@ void HeldToolLifeTest::isAFramelessTopmostWindowThatDeletesItself() {
     QCOMPARE(tool->objectName(), QString(kind.name));
     QCOMPARE(tool->size(), QSize(400, 300));
     QCOMPARE(tool->windowTitle(), QStringLiteral("Form"));
-    const Qt::WindowFlags flags = Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
-    QCOMPARE(tool->windowFlags() & flags, flags);
+    // The toolkit adds a hint of its own.
+    QCOMPARE(tool->windowFlags() & ~Qt::WindowFlags(Qt::WindowFullscreenButtonHint),
+             Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
     const Qt::WindowFlags before = tool->windowFlags();
     QVERIFY(tool->testAttribute(Qt::WA_DeleteOnClose));
     QVERIFY(tool->testAttribute(Qt::WA_MouseTracking));
@@ -159,6 +167,18 @@ void HeldToolLifeTest::itsPictureIsTheBackgroundWhetherActiveOrNot() {
     for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
         QCOMPARE(open.tool->palette().brush(group, QPalette::Window).textureImage(), m_picture.toImage());
     open.tool->close();
+}
+
+void HeldToolLifeTest::itDrawsThirtyTimesASecondAndIsGuardedAtFirst() {
+    const OpenTool staying(&m_picture);
+    const OpenTool leaving(&m_picture);
+    QCOMPARE(coarseTimersOf(staying.tool), (QVector<int>{33, 150}));
+    leave(leaving.tool);
+    QCOMPARE(coarseTimersOf(leaving.tool), QVector<int>{150});
+    QVERIFY(staying.reachesGuardTick(guardTicks));
+    QCOMPARE(coarseTimersOf(staying.tool), QVector<int>{33});
+    staying.tool->close();
+    QVERIFY(leaving.isDeleted());
 }
 
 void HeldToolLifeTest::anExitBeforeItsTimeWaitsForTheGuard() {
@@ -183,6 +203,23 @@ void HeldToolLifeTest::anExitAfterItsTimeIsAtOnce() {
     QVERIFY(open.hasReportedOnce());
     QVERIFY(open.tool.isNull() || !open.tool->isVisible());
     QVERIFY(open.isDeleted());
+}
+
+void HeldToolLifeTest::itReportsBeforeItClosesAndHasGivenTheMouseBack() {
+    const OpenTool open(&m_picture);
+    QVERIFY(open.isExposed());
+    QTRY_COMPARE_WITH_TIMEOUT(QWidget::mouseGrabber() == open.tool, open.kind.takesMouse, patience);
+    bool visible = false;
+    const QWidget *grabber = open.tool;
+    open.kind.whenItReports(open.tool, [&] {
+        visible = open.tool->isVisible();
+        grabber = QWidget::mouseGrabber();
+    });
+    leave(open.tool);
+    QVERIFY(open.isDeleted());
+    QVERIFY(open.hasReportedOnce());
+    QVERIFY(visible);
+    QVERIFY(!grabber);
 }
 
 void HeldToolLifeTest::twoExitsReportOnce() {
@@ -330,6 +367,27 @@ void HeldToolLifeTest::theLaserCanHaveAClearWindow() {
     tool.Setbackground_transparent();
     for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
         QCOMPARE(tool.palette().brush(group, QPalette::Window), QBrush(Qt::transparent));
+}
+
+void HeldToolLifeTest::theLaserIsDrawnOncePressedWhateverTheArgument_data() {
+    QTest::addColumn<bool>("argument");
+    QTest::newRow("true") << true;
+    QTest::newRow("false") << false;
+}
+
+void HeldToolLifeTest::theLaserIsDrawnOncePressedWhateverTheArgument() {
+    QFETCH(bool, argument);
+    LightPen laser;
+    laser.resize(screenPoints());
+    laser.Setbackground(&m_picture);
+    laser.SetMouseMove(100, 80);
+    const TickCounter ticks(&laser);
+    QTRY_VERIFY_WITH_TIMEOUT(ticks.quickTicks() >= 3, patience);
+    QCOMPARE(differences(laser.grab().toImage(), m_picture.toImage()), 0);
+    QTRY_COMPARE_WITH_TIMEOUT(QCursor::pos(), QPoint(200, 150), patience);
+    laser.SetMousePress(argument);
+    QCOMPARE(laser.grab().toImage().pixel(200, 150), qRgb(255, 0, 0));
+    laser.releaseMouse();
 }
 
 void HeldToolLifeTest::grabScreenOfTheMagnifierDoesNothing() {

@@ -8,6 +8,7 @@
 #include "support/ForeignWindow.h"
 #include "support/RealMouse.h"
 #include "support/TestMain.h"
+#include "support/Timers.h"
 
 #include <QElapsedTimer>
 #include <QLabel>
@@ -123,7 +124,10 @@ private slots:
     void aSecondDelayedShowReplacesTheFirst_data() { kinds(); }
     void aSecondDelayedShowReplacesTheFirst();
     void modeZeroIsTheTextAlone();
+    void shownTransparentItEndsItsFade_data() { kinds(); }
+    void shownTransparentItEndsItsFade();
     void theStripIsSlimAndFadesSlowly();
+    void theStripTakesTheFadeOver();
     void clicksPassToTheParents();
     void aLanguageChangeBringsTheFormsTexts();
 
@@ -195,6 +199,8 @@ void PromptTest::theSecondIsBuiltAsACardWithTextAndRoundSwatch() {
              Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
                  Qt::MaximizeUsingFullscreenGeometryHint);
     QVERIFY(!prompt.palette().brush(QPalette::Window).texture().isNull());
+    QCOMPARE(prompt.palette().brush(QPalette::Window).texture().toImage(),
+             QPixmap(QStringLiteral(":/capturebg@1080p.png")).toImage());
 
     const QLabel *text = label(prompt, "label");
     QCOMPARE(text->text(), QStringLiteral("颜色"));
@@ -286,6 +292,7 @@ void PromptTest::itShowsInTheMiddleAndFades() {
     QVERIFY(prompt->isVisible());
     QCOMPARE(prompt->geometry(), centred(380, 180));
     QCOMPARE(prompt->windowOpacity(), 1.0);
+    QCOMPARE(coarseTimersOf(prompt.get()), QVector<int>{60});
     ticks.held = true;
     QTRY_VERIFY_WITH_TIMEOUT(shownOnScreen().pixel(bareSpot()) != QColor(Qt::green).rgb(), patience);
     ticks.held = false;
@@ -306,6 +313,7 @@ void PromptTest::afterAFadeItIsStillShownAndStillTicks() {
     prompt->showWithTimer();
     QTRY_VERIFY_WITH_TIMEOUT(ticks.count >= stepsOfAFade + 5, patience);
     QCOMPARE(ticks.timers.size(), 1);
+    QCOMPARE(coarseTimersOf(prompt.get()), QVector<int>{60});
     QVERIFY(prompt->isVisible());
     QCOMPARE(prompt->windowOpacity(), 0.0);
     clickAt(bareSpot());
@@ -321,6 +329,7 @@ void PromptTest::aShowDuringAFadeBeginsAnewWithOneTimer() {
     QVERIFY(prompt->windowOpacity() < 0.9);
     prompt->showWithTimer();
     QCOMPARE(prompt->windowOpacity(), 1.0);
+    QCOMPARE(coarseTimersOf(prompt.get()), QVector<int>{60});
     ticks.restart();
     QTRY_VERIFY_WITH_TIMEOUT(ticks.count >= 5, patience);
     QCOMPARE(ticks.timers.size(), 1);
@@ -355,6 +364,7 @@ void PromptTest::hiddenItEndsItsFadeAndStays() {
     prompt->showWithTimer();
     QTRY_VERIFY_WITH_TIMEOUT(ticks.count >= 2, patience);
     prompt->hideWindow();
+    QVERIFY(coarseTimersOf(prompt.get()).isEmpty());
     QCOMPARE(prompt->windowOpacity(), 0.0);
     QVERIFY(prompt->isVisible());
     ticks.restart();
@@ -374,11 +384,13 @@ void PromptTest::theDelayedShowComesAfterItsDelay() {
     QElapsedTimer time;
     time.start();
     prompt->delayShow();
+    QCOMPARE(coarseTimersOf(prompt.get()), QVector<int>{kind.delay});
     QVERIFY(!prompt->isVisible());
     QTRY_VERIFY_WITH_TIMEOUT(prompt->isVisible(), patience);
     // Coarse timers may be a twentieth early; how late is the machine's affair.
     QVERIFY(time.elapsed() >= kind.delay * 95 / 100);
     QCOMPARE(ticks.count, 1);
+    QCOMPARE(coarseTimersOf(prompt.get()), QVector<int>{60});
     QCOMPARE(prompt->windowOpacity(), 1.0);
     QTRY_VERIFY_WITH_TIMEOUT(ticks.count >= 4, patience);
     QCOMPARE(ticks.timers.size() <= 2, true);
@@ -414,6 +426,16 @@ void PromptTest::modeZeroIsTheTextAlone() {
     QVERIFY(hidden("label_3"));
 }
 
+void PromptTest::shownTransparentItEndsItsFade() {
+    QFETCH(Kind, kind);
+    const std::unique_ptr<vexa::PromptCard> prompt(kind.make());
+    prompt->showWithTimer();
+    prompt->showWithTransperent();
+    QVERIFY(coarseTimersOf(prompt.get()).isEmpty());
+    QVERIFY(prompt->isVisible());
+    QCOMPARE(prompt->windowOpacity(), 0.0);
+}
+
 void PromptTest::theStripIsSlimAndFadesSlowly() {
     PromptWindow prompt;
     Ticks ticks(&prompt);
@@ -421,6 +443,7 @@ void PromptTest::theStripIsSlimAndFadesSlowly() {
     QElapsedTimer time;
     time.start();
     prompt.showWithTimer2();
+    QCOMPARE(coarseTimersOf(&prompt), QVector<int>{150});
     QCOMPARE(prompt.geometry(), centred(300, 60));
     QCOMPARE(prompt.styleSheet(),
              QStringLiteral("background-color:#2F2F2F;border:1px solid #2F2F2F;border-radius:5px;"));
@@ -444,6 +467,17 @@ void PromptTest::theStripIsSlimAndFadesSlowly() {
     QVERIFY(qAbs(prompt.windowOpacity() - (1.0 - 0.05 * ticks.count)) < 0.01);
 }
 
+void PromptTest::theStripTakesTheFadeOver() {
+    PromptWindow prompt;
+    Ticks ticks(&prompt);
+    prompt.showWithTimer();
+    QTRY_VERIFY_WITH_TIMEOUT(ticks.count >= 3, patience);
+    prompt.showWithTimer2();
+    QCOMPARE(coarseTimersOf(&prompt), QVector<int>{150});
+    QCOMPARE(prompt.windowOpacity(), 1.0);
+    QCOMPARE(prompt.geometry(), centred(300, 60));
+}
+
 void PromptTest::clicksPassToTheParents() {
     struct Open : PromptWindow {
         bool takes(QMouseEvent &&event) {
@@ -460,12 +494,16 @@ void PromptTest::aLanguageChangeBringsTheFormsTexts() {
     PromptWindow first;
     promptwindow2 second;
     first.setText(QStringLiteral("anything"));
+    first.setWindowTitle(QStringLiteral("anything"));
+    second.setWindowTitle(QStringLiteral("anything"));
     label(first, "label_2")->setText(QStringLiteral("anything"));
     label(first, "label_3")->setText(QStringLiteral("anything"));
     for (QWidget *prompt : {static_cast<QWidget *>(&first), static_cast<QWidget *>(&second)}) {
         QEvent change(QEvent::LanguageChange);
         QCoreApplication::sendEvent(prompt, &change);
     }
+    QCOMPARE(first.windowTitle(), QStringLiteral("Form"));
+    QCOMPARE(second.windowTitle(), QStringLiteral("Form"));
     QCOMPARE(label(first, "label")->text(), QStringLiteral("Vexa Orbilo Setting"));
     QVERIFY(label(first, "label_2")->text().isEmpty());
     QVERIFY(label(first, "label_3")->text().isEmpty());

@@ -4,6 +4,7 @@ import QtQuick 2.15
 // A view that writes down what its host tells it.
 Rectangle {
     property var calls: []
+    property bool hostKnownWhenLoaded: true
 
     signal qmlSignal(int x, int y, int statrx, int starty)
     signal qmlSignal1(int id, int var1, int var2)
@@ -19,4 +20,6 @@ Rectangle {
     function hostTitle() {
         return mainwindow.windowTitle
     }
+
+    Component.onCompleted: hostKnownWhenLoaded = typeof mainwindow !== "undefined"
 }
