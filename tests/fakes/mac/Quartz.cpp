@@ -197,11 +197,6 @@ void CGEventTapEnable(CFMachPortRef tap, bool enable) {
     tap->enabled = enable;
 }
 
-bool CGEventTapIsEnabled(CFMachPortRef tap) {
-    const Guard guard(lock);
-    return tap->enabled;
-}
-
 void CFMachPortInvalidate(CFMachPortRef port) {
     const Guard guard(lock);
     note("CFMachPortInvalidate", port->name);
@@ -225,9 +220,6 @@ CGEventFlags CGEventGetFlags(CGEventRef event) {
     const Guard guard(lock);
     note("CGEventGetFlags");
     return event->content.flags;
-}
-CGEventType CGEventGetType(CGEventRef event) {
-    return event->content.type;
 }
 void CGEventSetFlags(CGEventRef event, CGEventFlags flags) {
     const Guard guard(lock);

@@ -63,23 +63,12 @@ void CFRunLoopStop(CFRunLoopRef loop) {
     loop->changed.notify_all();
 }
 
-void CFRunLoopWakeUp(CFRunLoopRef loop) {
-    const std::lock_guard guard(fakes::quartzLock());
-    loop->changed.notify_all();
-}
-
 void CFRunLoopAddSource(CFRunLoopRef loop, CFRunLoopSourceRef source, CFRunLoopMode mode) {
     const std::lock_guard guard(fakes::quartzLock());
     fakes::note("CFRunLoopAddSource", source->name, mode->text);
     source->loop = loop;
     ++loop->sources;
     loop->changed.notify_all();
-}
-
-void CFRunLoopRemoveSource(CFRunLoopRef loop, CFRunLoopSourceRef source, CFRunLoopMode) {
-    const std::lock_guard guard(fakes::quartzLock());
-    source->loop = nullptr;
-    --loop->sources;
 }
 
 __CFRunLoopSource::~__CFRunLoopSource() {

@@ -43,12 +43,9 @@ void CFRelease(CFTypeRef object);
 CFRunLoopRef CFRunLoopGetCurrent(void);
 void CFRunLoopRun(void);
 void CFRunLoopStop(CFRunLoopRef loop);
-void CFRunLoopWakeUp(CFRunLoopRef loop);
 void CFRunLoopAddSource(CFRunLoopRef loop, CFRunLoopSourceRef source, CFRunLoopMode mode);
-void CFRunLoopRemoveSource(CFRunLoopRef loop, CFRunLoopSourceRef source, CFRunLoopMode mode);
 
 void CFMachPortInvalidate(CFMachPortRef port);
-Boolean CFMachPortIsValid(CFMachPortRef port);
 CFRunLoopSourceRef CFMachPortCreateRunLoopSource(CFAllocatorRef allocator, CFMachPortRef port, CFIndex order);
 
 CFMessagePortRef CFMessagePortCreateLocal(CFAllocatorRef allocator, CFStringRef name,
@@ -58,7 +55,6 @@ CFMessagePortRef CFMessagePortCreateRemote(CFAllocatorRef allocator, CFStringRef
 CFRunLoopSourceRef CFMessagePortCreateRunLoopSource(CFAllocatorRef allocator, CFMessagePortRef local,
                                                     CFIndex order);
 void CFMessagePortInvalidate(CFMessagePortRef port);
-Boolean CFMessagePortIsValid(CFMessagePortRef port);
 SInt32 CFMessagePortSendRequest(CFMessagePortRef remote, SInt32 messageId, CFDataRef data,
                                 CFTimeInterval sendTimeout, CFTimeInterval receiveTimeout,
                                 CFStringRef replyMode, CFDataRef *returnData);

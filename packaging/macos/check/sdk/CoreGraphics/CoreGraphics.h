@@ -88,18 +88,15 @@ extern "C" {
 CGError CGGetDisplaysWithRect(CGRect rect, std::uint32_t maxDisplays, CGDirectDisplayID *displays,
                               std::uint32_t *matchingDisplayCount);
 CGRect CGDisplayBounds(CGDirectDisplayID display);
-CGDirectDisplayID CGMainDisplayID(void);
 void CGImageRelease(CGImageRef image);
 
 CFMachPortRef CGEventTapCreate(CGEventTapLocation tap, CGEventTapPlacement place, CGEventTapOptions options,
                                CGEventMask eventsOfInterest, CGEventTapCallBack callback, void *userInfo);
 void CGEventTapEnable(CFMachPortRef tap, bool enable);
-bool CGEventTapIsEnabled(CFMachPortRef tap);
 
 CGPoint CGEventGetLocation(CGEventRef event);
 std::int64_t CGEventGetIntegerValueField(CGEventRef event, CGEventField field);
 CGEventFlags CGEventGetFlags(CGEventRef event);
-CGEventType CGEventGetType(CGEventRef event);
 void CGEventSetFlags(CGEventRef event, CGEventFlags flags);
 void CGEventSetType(CGEventRef event, CGEventType type);
 void CGEventPost(CGEventTapLocation tap, CGEventRef event);
