@@ -112,6 +112,16 @@ private slots:
         QCOMPARE(Messages(moves), (Messages{{5, 100, 0}}));
     }
 
+    void countsTheChangesOfTheLeftModifiersAlone() {
+        const CKeyboardHandler handler;
+        QSignalSpy keys(&handler, &CKeyboardHandler::MysignalKeyboardMessage);
+        for (const int code : {56, 58, 59, 60, 55, 58, 56, 59})
+            QVERIFY(m_quartz->send(key(kCGEventFlagsChanged, code)));
+        QTRY_COMPARE(keys.count(), 8);
+        const Messages expected{{56, 1}, {58, 1}, {59, 1}, {60, 0}, {55, 0}, {58, 0}, {56, 0}, {59, 0}};
+        QCOMPARE(Messages(keys), expected);
+    }
+
     void saysNothingOfClicks() {
         const CKeyboardHandler handler;
         QSignalSpy moves(&handler, &CKeyboardHandler::MysignalMouseMessage);
