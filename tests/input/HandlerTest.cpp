@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <QSignalSpy>
 #include <QtTest>
+#include <pthread.h>
+#include <system_error>
 #include <thread>
 
 #include "fakes/RecordingBackend.h"
@@ -114,6 +116,7 @@ private slots:
     void destroyingABusyHandlerReturns();
     void stoppingTwiceIsHarmless();
     void aRefusedTapBreaksThePromiseAndLeavesNoThread();
+    void aThreadThatCannotBeStartedThrowsItsOwnError();
     void aFailedConstructionIsToldByTheHandlerToo();
     void aSecondHandlerBreaksItsPromiseAndTheFirstWorksOn();
     void aFailureIsToldWithItsText_data();
@@ -133,7 +136,10 @@ void HandlerTest::initTestCase() {
     QCOMPARE(QMetaType::type("CKeyboardMessage"), int(QMetaType::UnknownType));
     { CKeyboardHandler handler; }
     QVERIFY(QMetaType::type("CKeyboardMessage") != QMetaType::UnknownType);
-    QVERIFY(QMetaType::type("CKeyboardExceptionMessage") != QMetaType::UnknownType);
+    QVERIFY(QMetaType::type("CKeyboardExceptionMessage") > QMetaType::type("CKeyboardMessage"));
+    const int known = QMetaType::type("CKeyboardMessage");
+    vexa::registerKeyboardMessages();
+    QCOMPARE(QMetaType::type("CKeyboardMessage"), known);
 }
 
 void HandlerTest::cleanup() {
@@ -211,6 +217,7 @@ void HandlerTest::theListenerIsDestroyedOnItsOwnThread() {
 }
 
 void HandlerTest::destroyingAnIdleHandlerReturns() {
+    QVERIFY(std::is_nothrow_destructible_v<CKeyboardHandler>);
     const int before = threadsOfThisProcess();
     { CKeyboardHandler handler; }
     QCOMPARE(m_backend.openSources(), 0);
@@ -250,6 +257,24 @@ void HandlerTest::aRefusedTapBreaksThePromiseAndLeavesNoThread() {
 
     m_backend.refuse(false);
     CKeyboardHandler handler; // nothing of the failed one is in the way
+}
+
+void HandlerTest::aThreadThatCannotBeStartedThrowsItsOwnError() {
+    pthread_attr_t usual, impossible;
+    QCOMPARE(pthread_getattr_default_np(&usual), 0);
+    QCOMPARE(pthread_attr_init(&impossible), 0);
+    QCOMPARE(pthread_attr_setstacksize(&impossible, std::size_t{1} << 47),
+             0); // no address space has that much
+    QCOMPARE(pthread_setattr_default_np(&impossible), 0);
+    std::error_code thrown;
+    try {
+        CKeyboardHandler handler;
+    } catch (const std::system_error &error) {
+        thrown = error.code();
+    }
+    QCOMPARE(pthread_setattr_default_np(&usual), 0);
+    QCOMPARE(thrown, std::make_error_code(std::errc::resource_unavailable_try_again));
+    QCOMPARE(m_backend.openSources(), 0);
 }
 
 void HandlerTest::aFailedConstructionIsToldByTheHandlerToo() {

@@ -30,6 +30,7 @@ class SyntheticInputTest : public QObject {
     Q_OBJECT
 
 private slots:
+    void initTestCase() { QVERIFY(!CKeyboardListenerMac::EnterPPT); }
     void init();
 
     void twoSlideShowCallsPostCommandReturnThenEscape();

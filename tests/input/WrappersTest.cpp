@@ -46,6 +46,13 @@ template<typename Wrapper> constexpr bool isMoveOnly() {
            std::is_nothrow_move_constructible_v<Wrapper> && std::is_nothrow_move_assignable_v<Wrapper>;
 }
 
+/// Nothing gets out of a freeing: what would be thrown there ends the process.
+template<typename Wrapper> constexpr bool freesWithoutThrowing() {
+    using Reference = decltype(std::declval<Wrapper>().Get());
+    return std::is_nothrow_destructible_v<Wrapper> &&noexcept(std::declval<Wrapper &>().Free()) &&noexcept(
+        std::declval<Wrapper &>().Set(Reference())) &&noexcept(std::declval<Wrapper &>() = nullptr);
+}
+
 } // namespace
 
 class WrappersTest : public QObject {
@@ -65,6 +72,7 @@ private slots:
     void assignmentOfNullFreesAndKeepsShowingTheReference();
     void aWrapperAssignedNullCanBeReassigned();
     void theThreeWrappersCanOnlyBeMoved();
+    void theThreeWrappersFreeWithoutThrowing();
     void freeingATapEndsIt();
     void freeingAPortClosesIt();
     void freeingASourceLeavesItsPortAlone();
@@ -186,6 +194,12 @@ void WrappersTest::theThreeWrappersCanOnlyBeMoved() {
     QVERIFY(isMoveOnly<CEventTap>());
     QVERIFY(isMoveOnly<CMessagePort>());
     QVERIFY(isMoveOnly<CRunLoopSource>());
+}
+
+void WrappersTest::theThreeWrappersFreeWithoutThrowing() {
+    QVERIFY(freesWithoutThrowing<CEventTap>());
+    QVERIFY(freesWithoutThrowing<CMessagePort>());
+    QVERIFY(freesWithoutThrowing<CRunLoopSource>());
 }
 
 void WrappersTest::freeingATapEndsIt() {

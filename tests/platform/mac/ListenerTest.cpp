@@ -201,6 +201,7 @@ private slots:
         for (const auto &event : posted) {
             QCOMPARE(int(event.type), 10);
             QCOMPARE(int(event.location), 0);
+            QVERIFY(!event.privateSource); // posted from no source at all
         }
         QVERIFY(!CKeyboardListenerMac::EnterPPT);
         QCOMPARE(m_quartz->eventsAlive(), 2); // posted keys stay the system's
