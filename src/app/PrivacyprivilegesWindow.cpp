@@ -40,15 +40,13 @@ void PrivacyprivilegesWindow::ClickButton2() {
 }
 
 void PrivacyprivilegesWindow::recvQmlMessage(int id, int /*var1*/) {
-    if (id == 0 || id == 1) {
+    if (id == 0 || id == 1)
         done(id);
-    }
 }
 
 void PrivacyprivilegesWindow::loadView() {
     m_ui->quickWidget->setClearColor(Qt::transparent);
     m_ui->quickWidget->setSource(QUrl(QStringLiteral("qrc:/PrivacyWindow.qml")));
-    if (const QObject *root = m_ui->quickWidget->rootObject()) {
+    if (const QObject *root = m_ui->quickWidget->rootObject())
         connect(root, SIGNAL(qmlSignal(int, int)), this, SLOT(recvQmlMessage(int, int)));
-    }
 }
