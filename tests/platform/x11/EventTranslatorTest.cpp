@@ -36,6 +36,7 @@ private slots:
     void aHiddenKeyChangesNothing();
     void onlyTheVeryNextKeyIsHidden();
     void aHiddenKeyThatNeverCameHidesNothingElse();
+    void aReleaseThatTheServerHadNothingToTellOfIsTold();
     void aLostReleaseIsInvented();
     void nothingIsInventedForWhatTheServerHolds();
     void aPressIsNeverInvented();
@@ -153,6 +154,24 @@ void EventTranslatorTest::aHiddenKeyThatNeverCameHidesNothingElse() {
     press(letterG); // the server had nothing to release
     release(control);
     QCOMPARE(takeKeys(), (Keys{{12, 59}, {10, 5}, {12, 59}}));
+}
+
+void EventTranslatorTest::aReleaseThatTheServerHadNothingToTellOfIsTold() {
+    press(control);
+    m_translator.hideNext(DeviceEvent::KeyRelease, control);
+    release(control);
+    m_translator.letGo(control);
+    m_translator.letGo(letterG);
+    QCOMPARE(takeKeys(), (Keys{{12, 59}, {12, 59}}));
+    press(control);
+    m_translator.hideNext(DeviceEvent::KeyRelease, control);
+    m_translator.letGo(control);
+    release(control); // it was down after all
+    QCOMPARE(takeKeys(), (Keys{{12, 59}, {12, 59}}));
+    m_translator.hideNext(DeviceEvent::KeyPress, control);
+    m_translator.letGo(shift);
+    press(control); // the user's
+    QCOMPARE(takeKeys(), (Keys{{12, 59}}));
 }
 
 void EventTranslatorTest::aLostReleaseIsInvented() {

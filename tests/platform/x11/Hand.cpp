@@ -15,17 +15,21 @@ using vexa::x11::Reply;
 Hand::Hand() : m_connection(Connection::open()), m_program(Connection::open()) {
     if (!m_connection || !m_program)
         throw std::runtime_error("no X server");
+    m_keyboard = vexa::x11::realKeyboards(*m_connection).at(0);
 }
 
 Hand::~Hand() = default;
 
 void Hand::deviceKey(bool down, int xKeyCode) {
-    const auto keyboards = vexa::x11::realKeyboards(*m_connection);
     const int first = xcb_get_extension_data(m_connection->get(), &xcb_input_id)->first_event;
     const int type = first + (down ? XCB_INPUT_DEVICE_KEY_PRESS : XCB_INPUT_DEVICE_KEY_RELEASE);
     xcb_test_fake_input(m_connection->get(), static_cast<std::uint8_t>(type),
-                        static_cast<std::uint8_t>(xKeyCode), XCB_CURRENT_TIME, XCB_NONE, 0, 0,
-                        keyboards.at(0));
+                        static_cast<std::uint8_t>(xKeyCode), XCB_CURRENT_TIME, XCB_NONE, 0, 0, m_keyboard);
+    m_connection->sync();
+}
+
+void Hand::goOnDuringServerGrabs() {
+    xcb_test_grab_control(m_connection->get(), 1);
     m_connection->sync();
 }
 

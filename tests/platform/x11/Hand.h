@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <vector>
 
@@ -16,6 +17,9 @@ public:
     /// On a keyboard of its own, as a pen has one.
     void press(int xKeyCode) { deviceKey(true, xKeyCode); }
     void release(int xKeyCode) { deviceKey(false, xKeyCode); }
+
+    /// From now on goes on while another client has the server for itself, as real keyboards do.
+    void goOnDuringServerGrabs();
 
     /// On the keyboard through which programs fake keys.
     void fakePress(int xKeyCode);
@@ -50,4 +54,5 @@ private:
 
     std::unique_ptr<vexa::x11::Connection> m_connection;
     std::unique_ptr<vexa::x11::Connection> m_program; ///< whose window it is; keeps its events
+    std::uint8_t m_keyboard;
 };

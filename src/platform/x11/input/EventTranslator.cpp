@@ -47,6 +47,12 @@ void EventTranslator::hideNext(DeviceEvent::Type type, XKeyCode key) {
     m_hiddenKey = key;
 }
 
+void EventTranslator::letGo(XKeyCode key) {
+    m_hiddenKey = 0;
+    if (const int virtualKey = virtualKeyOf(key); isModifier(virtualKey))
+        changeModifier(virtualKey, false);
+}
+
 bool EventTranslator::isHidden(const DeviceEvent &event) {
     const XKeyCode key = std::exchange(m_hiddenKey, XKeyCode{0});
     return key != 0 && key == event.detail && m_hiddenType == event.type;

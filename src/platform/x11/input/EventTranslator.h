@@ -32,6 +32,9 @@ public:
     /// Keeps the key event to itself that comes next, if it is this one: it is our own doing.
     void hideNext(DeviceEvent::Type type, XKeyCode key);
 
+    /// A key is being released that may be up already, so that no event tells of it.
+    void letGo(XKeyCode key);
+
     /// Invents the release of every modifier believed held that the server does not hold.
     void reconcile(const std::function<bool(XKeyCode)> &isDown);
 

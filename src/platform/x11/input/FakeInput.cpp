@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/input/FakeInput.h"
 
+#include <algorithm>
 #include <cstring>
 #include <limits>
 #include <xcb/xcb.h>
@@ -39,17 +40,17 @@ void fakeMotion(const Connection &connection, Pixels position) {
                         coordinate(position.x), coordinate(position.y), 0);
 }
 
-std::optional<HiddenKey> hiddenKeyOf(const std::uint8_t *requests, std::size_t size) {
+std::optional<FakedKey> takeFakedKey(const std::uint8_t *&requests, std::size_t &size) {
     xcb_test_fake_input_request_t fake{};
-    if (size < sizeof fake)
+    const std::size_t taken = std::min(size, sizeof fake);
+    std::memcpy(&fake, requests, taken);
+    requests += taken;
+    size -= taken;
+    const bool isKey = fake.type == XCB_KEY_PRESS || fake.type == XCB_KEY_RELEASE;
+    if (taken < sizeof fake || fake.minor_opcode != XCB_TEST_FAKE_INPUT || !isKey)
         return std::nullopt;
-    std::memcpy(&fake, requests + size - sizeof fake,
-                sizeof fake); // only the last one's event is still to come
-    if (fake.minor_opcode != XCB_TEST_FAKE_INPUT || fake.rootX != hiddenMark)
-        return std::nullopt;
-    if (fake.type != XCB_KEY_PRESS && fake.type != XCB_KEY_RELEASE)
-        return std::nullopt;
-    return HiddenKey{static_cast<DeviceEvent::Type>(fake.type), fake.detail};
+    return FakedKey{static_cast<DeviceEvent::Type>(fake.type), fake.detail,
+                    fake.rootX == hiddenMark ? Seen::No : Seen::Yes};
 }
 
 } // namespace vexa::x11

@@ -11,7 +11,8 @@ namespace vexa::x11 {
 
 class Connection;
 
-/// Whether our listener is to see a faked key.
+/// Whether our listener is to see a faked key. It sees a release in any case where it is to, even if the key
+/// is up already and the server has nothing to tell.
 enum class Seen : bool { No, Yes };
 
 /// Fakes a key, a button, a pointer move. Sent, not flushed.
@@ -19,11 +20,14 @@ void fakeKey(const Connection &connection, bool down, XKeyCode key, Seen seen = 
 void fakeButton(const Connection &connection, bool down, std::uint8_t button);
 void fakeMotion(const Connection &connection, Pixels position);
 
-/// The key event that recorded requests of ours are about to cause and that our listener is not to see.
-struct HiddenKey {
+/// A key that a recorded request of ours is about to fake.
+struct FakedKey {
     DeviceEvent::Type type;
     XKeyCode key;
+    Seen seen;
 };
-std::optional<HiddenKey> hiddenKeyOf(const std::uint8_t *requests, std::size_t size);
+
+/// Takes the first of the requests off. Nothing when that one fakes no key.
+std::optional<FakedKey> takeFakedKey(const std::uint8_t *&requests, std::size_t &size);
 
 } // namespace vexa::x11

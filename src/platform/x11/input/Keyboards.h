@@ -30,8 +30,12 @@ std::vector<std::uint8_t> realKeyboards(const Connection &connection);
 /// The keys that are down for the session, whoever holds them. Empty when the server cannot say.
 KeySet keysDown(const Connection &connection);
 
-/// The keys that some real keyboard holds, also those that were since released for the session by a faked
-/// event.
-KeySet keysHeldByHand(const Connection &connection);
+/// Who holds keys, also those that were since released for the session by somebody else. What is down counts
+/// as held by programs where the server does not tell one device from another.
+struct Holders {
+    KeySet hands;    ///< some real device
+    KeySet programs; ///< the keyboard through which clients fake keys
+};
+Holders holdersOfKeys(const Connection &connection);
 
 } // namespace vexa::x11

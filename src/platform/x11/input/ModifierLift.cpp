@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/input/ModifierLift.h"
 
-#include <algorithm>
-
 #include "platform/x11/input/Connection.h"
 #include "platform/x11/input/FakeInput.h"
 #include "platform/x11/input/Keyboards.h"
@@ -15,45 +13,68 @@ namespace {
 // take that for a call of their menu.
 constexpr int liftedKeys[] = {58, 61, 55, 54, 56, 60, 59, 62};
 
-} // namespace
-
-ModifierLift::ModifierLift(const Connection &connection) : m_connection(connection) {
-    const KeySet down = keysDown(connection);
-    for (const int virtualKey : liftedKeys)
-        if (down.has(positionOf(virtualKey)))
-            m_lifted.push_back({positionOf(virtualKey), false});
-    if (m_lifted.empty())
-        return;
-
-    // Keyboards go on during a server grab. A key let go before it was seen in a hand is not ours to put
-    // back.
-    const KeySet byHand = keysHeldByHand(connection);
-    const KeySet stillDown = keysDown(connection);
-    const auto isUp = [&stillDown](const Lifted &lifted) { return !stillDown.has(lifted.key); };
-    m_lifted.erase(std::remove_if(m_lifted.begin(), m_lifted.end(), isUp), m_lifted.end());
-    for (Lifted &lifted : m_lifted) {
-        lifted.byHand = byHand.has(lifted.key);
-        fakeKey(connection, false, lifted.key, Seen::No);
+/// Makes keys down for the session where a keyboard holds them, and up where none does. By the time that is
+/// done a keyboard may have moved on, so it is looked at again; not for ever, since while some client has
+/// frozen the keyboards nothing changes.
+void followKeyboards(const Connection &connection, KeptKeys &kept, const std::vector<XKeyCode> &keys) {
+    bool changed = true;
+    for (int looks = 0; changed && looks < 50; ++looks) {
+        changed = false;
+        const KeySet byHand = holdersOfKeys(connection).hands;
+        const KeySet down = keysDown(connection);
+        for (const XKeyCode key : keys) {
+            if (byHand.has(key) == down.has(key))
+                continue;
+            fakeKey(connection, byHand.has(key), key);
+            kept[key] = byHand.has(key);
+            changed = true;
+        }
     }
 }
 
-std::vector<XKeyCode> ModifierLift::restore() {
-    std::vector<XKeyCode> restored;
-    if (m_lifted.empty())
-        return restored;
-    for (const Lifted &lifted : m_lifted)
-        fakeKey(m_connection, true, lifted.key, Seen::No);
+} // namespace
 
-    // The server does not tell of a real release of a key that is up for the session already, so only now can
-    // be seen which keys were let go. Their release is the user's, so our listener sees it.
-    const KeySet byHand = keysHeldByHand(m_connection);
-    for (const Lifted &lifted : m_lifted) {
-        if (lifted.byHand && !byHand.has(lifted.key))
-            fakeKey(m_connection, false, lifted.key, Seen::Yes);
-        else
-            restored.push_back(lifted.key);
+ModifierLift::ModifierLift(const Connection &connection, KeptKeys &kept)
+    : m_connection(connection), m_kept(kept) {
+    const KeySet down = keysDown(connection);
+    const Holders holders = holdersOfKeys(connection);
+    for (const int virtualKey : liftedKeys) {
+        const XKeyCode key = positionOf(virtualKey);
+        if (!down.has(key))
+            continue;
+        const bool byProgram = holders.programs.has(key) && !kept[key] && !holders.hands.has(key);
+        m_lifted.push_back({key, byProgram});
+        fakeKey(connection, false, key, Seen::No);
+        kept.reset(key);
     }
-    return restored;
+}
+
+void ModifierLift::restore() {
+    if (m_lifted.empty())
+        return;
+    // The server tells nothing of a real release of a key that is up for the session already: it is asked,
+    // and our listener hears of it by our own release.
+    const KeySet byHand = holdersOfKeys(m_connection).hands;
+    std::vector<XKeyCode> ofKeyboards;
+    for (const Lifted &lifted : m_lifted) {
+        const bool held = lifted.byProgram || byHand.has(lifted.key);
+        fakeKey(m_connection, held, lifted.key, held ? Seen::No : Seen::Yes);
+        if (lifted.byProgram)
+            continue;
+        m_kept[lifted.key] = held;
+        ofKeyboards.push_back(lifted.key);
+    }
+    followKeyboards(m_connection, m_kept, ofKeyboards);
+}
+
+void giveUpKept(const Connection &connection, KeptKeys &kept, XKeyCode key) {
+    // Where a keyboard holds it and it is up, a program has lifted it: that is its affair until the next
+    // change.
+    if (keysDown(connection).has(key) || holdersOfKeys(connection).hands.has(key))
+        return;
+    fakeKey(connection, false, key);
+    kept.reset(key);
+    followKeyboards(connection, kept, {key});
 }
 
 } // namespace vexa::x11

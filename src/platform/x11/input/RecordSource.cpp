@@ -148,8 +148,13 @@ void RecordSource::readRecords() {
 
 void RecordSource::take(const std::uint8_t *data, int size, bool fromServer) {
     if (!fromServer) {
-        if (const auto hidden = hiddenKeyOf(data, static_cast<std::size_t>(size)))
-            m_translator.hideNext(hidden->type, hidden->key);
+        for (auto left = static_cast<std::size_t>(size); left > 0;) {
+            const auto faked = takeFakedKey(data, left);
+            if (faked && faked->seen == Seen::No)
+                m_translator.hideNext(faked->type, faked->key);
+            else if (faked && faked->type == DeviceEvent::KeyRelease)
+                m_translator.letGo(faked->key);
+        }
         return;
     }
     for (; size >= eventSize; data += eventSize, size -= eventSize) {

@@ -13,7 +13,8 @@ namespace vexa::x11 {
 
 class XTestPoster;
 
-/// The session's input as the server's RECORD extension tells it: whoever has the focus or a grab.
+/// The session's input as the server's RECORD extension tells it: whoever has the focus or a grab. To be read
+/// without delay: the server drops records while a few hundred of them wait unread.
 class RecordSource : public InputSource {
 public:
     /// Null when the server cannot be reached or does not record. What the poster hides is not heard; it

@@ -6,8 +6,6 @@
 
 #include "platform/quartz/CoreGraphics.h"
 #include "platform/x11/input/FakeInput.h"
-#include "platform/x11/input/Keyboards.h"
-#include "platform/x11/input/ModifierLift.h"
 
 namespace vexa::x11 {
 
@@ -52,9 +50,8 @@ bool pointerIsAt(const Connection &connection, Pixels position) {
 XTestPoster::~XTestPoster() {
     if (!m_connection)
         return;
-    for (std::size_t key = 0; key < m_held.size(); ++key)
-        if (m_held[key])
-            settleHeld(static_cast<XKeyCode>(key));
+    for (std::size_t key = 0; key < m_kept.size(); ++key)
+        settleKept(static_cast<XKeyCode>(key));
 }
 
 std::optional<std::uint32_t> XTestPoster::connect() {
@@ -69,7 +66,7 @@ std::optional<std::uint32_t> XTestPoster::connect() {
 bool XTestPoster::ensureConnection() {
     if (m_connection && !m_connection->isBroken())
         return true;
-    m_held.reset();
+    m_kept.reset();
     m_connection = Connection::open();
     if (m_connection && !m_connection->has(xcb_test_id))
         m_connection.reset();
@@ -118,30 +115,27 @@ Pixels XTestPoster::pixelsOf(const InputEvent &event, double pixelsPerPoint) con
 template<typename Fake> bool XTestPoster::withoutModifiers(Fake fake) {
     {
         const ServerGrab grab(m_connection->get());
-        ModifierLift lift(*m_connection);
+        ModifierLift lift(*m_connection, m_kept);
         fake();
-        for (const XKeyCode key : lift.restore())
-            m_held.set(key);
+        lift.restore();
     }
     return m_connection->sync();
 }
 
 void XTestPoster::settle(int virtualKey) {
     const std::lock_guard lock(m_mutex);
-    const XKeyCode key = positionOf(virtualKey);
-    if (m_connection && m_held[key])
-        settleHeld(key);
+    if (m_connection)
+        settleKept(positionOf(virtualKey));
 }
 
 /// The faking device keeps thinking that it holds the key, and as long as it does so others cannot fake its
 /// press.
-void XTestPoster::settleHeld(XKeyCode key) {
+void XTestPoster::settleKept(XKeyCode key) {
+    if (!m_kept[key])
+        return;
     {
         const ServerGrab grab(m_connection->get());
-        if (!keysDown(*m_connection).has(key)) {
-            fakeKey(*m_connection, false, key, Seen::No);
-            m_held.reset(key);
-        }
+        giveUpKept(*m_connection, m_kept, key);
     }
     m_connection->sync();
 }

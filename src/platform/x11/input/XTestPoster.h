@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <bitset>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -9,6 +8,7 @@
 #include "platform/quartz/InputBackend.h"
 #include "platform/x11/input/Connection.h"
 #include "platform/x11/input/KeyTable.h"
+#include "platform/x11/input/ModifierLift.h"
 #include "platform/x11/input/PrimaryScreen.h"
 
 namespace vexa::x11 {
@@ -26,7 +26,7 @@ public:
     /// key up that may follow is nothing.
     bool post(const InputEvent &event, double pixelsPerPoint);
 
-    /// To be called when a modifier was let go: gives up our own hold of it, if a restoring left one.
+    /// To be called when a modifier was let go: gives up our own hold of it, if a lift left one.
     void settle(int virtualKey);
 
 private:
@@ -34,12 +34,12 @@ private:
     bool postKey(XKeyCode key);
     bool postButton(const InputEvent &event, double pixelsPerPoint, bool down);
     Pixels pixelsOf(const InputEvent &event, double pixelsPerPoint) const;
-    void settleHeld(XKeyCode key);
+    void settleKept(XKeyCode key);
     template<typename Fake> bool withoutModifiers(Fake fake);
 
     std::mutex m_mutex; ///< guards what follows
     std::unique_ptr<Connection> m_connection;
-    std::bitset<256> m_held; ///< modifiers that a restoring holds down in the keyboard's stead, by X key code
+    KeptKeys m_kept;
 };
 
 } // namespace vexa::x11
