@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+#include "PatternWindow.h"
+#include "ToolPanel.h"
+
+#include "settings/ZrToolXmlClass.h"
+#include "support/TestMain.h"
+#include "support/UserFile.h"
+
+using Settings = ZrToolXmlClass;
+
+namespace {
+
+constexpr int patience = 20000; // milliseconds
+
+/// A part of the screen that no tool draws on.
+constexpr QRect apart(1500, 200, 300, 600);
+
+QImage shown() {
+    return QGuiApplication::primaryScreen()
+        ->grabWindow(0, apart.x(), apart.y(), apart.width(), apart.height())
+        .toImage()
+        .convertToFormat(QImage::Format_RGB32);
+}
+
+QWidget *openTool() {
+    if (!ToolPanel::open<PizhuForm>().isEmpty())
+        return ToolPanel::open<PizhuForm>().constFirst();
+    if (!ToolPanel::open<blackBoardform>().isEmpty())
+        return ToolPanel::open<blackBoardform>().constFirst();
+    return ToolPanel::heldTool();
+}
+
+} // namespace
+
+/// What lies under the tools: the screen as it was when they were opened, or the board.
+class ToolPictureTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanupTestCase() { userfile::clear(); }
+
+    void everyOpeningFreezesTheScreenOfItsMoment_data();
+    void everyOpeningFreezesTheScreenOfItsMoment();
+    void blackboardHidesTheScreen();
+};
+
+void ToolPictureTest::init() {
+    userfile::clear();
+    userfile::forgetSettings();
+    QCursor::setPos(600, 400);
+}
+
+void ToolPictureTest::everyOpeningFreezesTheScreenOfItsMoment_data() {
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("heldTool");
+    QTest::newRow("annotation") << pen::i << 0;
+    QTest::newRow("spotlight") << pen::g << 0;
+    QTest::newRow("magnifier") << pen::g << 1;
+    QTest::newRow("laser") << pen::g << 2;
+}
+
+void ToolPictureTest::everyOpeningFreezesTheScreenOfItsMoment() {
+    QFETCH(int, key);
+    QFETCH(int, heldTool);
+    ToolPanel panel;
+    Settings::Key4P = heldTool;
+    Settings::SportLightTran = 0; // a veil that changes nothing
+    const QImage bare = shown();
+    PatternWindow pattern;
+    const QImage patterned = PatternWindow::picture(pattern.size()).copy(apart);
+
+    QVERIFY(pattern.display());
+    panel.chord(key);
+    QVERIFY(QTest::qWaitForWindowExposed(openTool(), patience));
+    pattern.hide();
+    QCoreApplication::processEvents();
+    QTRY_COMPARE_WITH_TIMEOUT(shown(), patterned, patience);
+    panel.chord(key == pen::g ? pen::s : key);
+    QTRY_COMPARE_WITH_TIMEOUT(ToolPanel::objects(), 0, patience);
+    QTRY_COMPARE_WITH_TIMEOUT(shown(), bare, patience);
+
+    panel.chord(key);
+    QVERIFY(QTest::qWaitForWindowExposed(openTool(), patience));
+    QTRY_COMPARE_WITH_TIMEOUT(shown(), bare, patience);
+}
+
+void ToolPictureTest::blackboardHidesTheScreen() {
+    PatternWindow pattern;
+    QVERIFY(pattern.display());
+    ToolPanel panel;
+    Settings::Key3P = 3;
+    panel.chord(pen::j);
+    QImage board(apart.size(), QImage::Format_RGB32);
+    board.fill(QColor(24, 24, 39));
+    QTRY_COMPARE_WITH_TIMEOUT(shown(), board, patience);
+}
+
+VEXA_WIDGET_TEST_MAIN(ToolPictureTest)
+#include "ToolPictureTest.moc"
