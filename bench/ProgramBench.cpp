@@ -10,6 +10,7 @@
 #include "e2e/Program.h"
 
 #include <QApplication>
+#include <QDirIterator>
 #include <QElapsedTimer>
 #include <QPixmap>
 #include <QProcess>
@@ -112,6 +113,7 @@ public:
                      {QStringLiteral("LaserPenSize"), 13},
                      {QStringLiteral("LaserPenColor"), 600},
                      {QStringLiteral("Key3P"), 3},
+                     {QStringLiteral("Key4C"), 4},
                      {QStringLiteral("MagnifierSize"), 177},
                      {QStringLiteral("MagnifierColor"), 600},
                      {QStringLiteral("SportLightSize"), 183},
@@ -127,9 +129,9 @@ public:
     bool hasOverlay() const { return e2e::visibleWindowOfSize(pid(), screenSize()).id != 0; }
 
     /// From the chord to the first pixel, in milliseconds, or -1.
-    double open(const Tool &tool) const {
-        e2e::movePointer(middle());
-        const QPoint probe = middle() + tool.tellTale;
+    double open(const Tool &tool, const QPoint &at = middle()) const {
+        e2e::movePointer(at);
+        const QPoint probe = at + tool.tellTale;
         const QRgb before = e2e::pixelAt(probe);
         QElapsedTimer timer;
         timer.start();
@@ -170,6 +172,43 @@ bool benchTool(const Tool &tool, double capture) {
         return false;
     std::printf("%-10s %9.1f %9.1f %+9.1f %8.2f %8.2f %8.2f\n", tool.name, capture, opening,
                 opening - capture, idle, still, moving);
+    return true;
+}
+
+QStringList shots() {
+    QStringList files;
+    QDirIterator found(QDir::homePath() + QStringLiteral("/Desktop/Vexa Orbilo"), {QStringLiteral("*.png")},
+                       QDir::Files, QDirIterator::Subdirectories);
+    while (found.hasNext())
+        files += found.next();
+    return files;
+}
+
+/// The laser once more, while a picture of the screen is on its way to the disk.
+bool benchOpeningDuringAShot() {
+    const Tool &laser = tools[0];
+    const Session session(laser.code);
+    if (!session.isReady() || !shots().isEmpty())
+        return false;
+    std::vector<double> openings;
+    int inTime = 0;
+    for (int round = 0; round < rounds; ++round) {
+        const QRgb before = e2e::pixelAt(middle());
+        e2e::typeChord(e2e::PenKey::D);
+        // The prompt tells that the picture has been taken.
+        if (until([before] { return e2e::pixelAt(middle()) != before; }) < 0)
+            return false;
+        openings.push_back(session.open(laser, middle() - QPoint(600, 300)));
+        inTime += shots().isEmpty() ? 1 : 0;
+        if (openings.back() < 0 || !session.close() || until([] { return !shots().isEmpty(); }) < 0)
+            return false;
+        QFile::remove(shots().constFirst());
+        rest(1500); // the prompt fades
+    }
+    std::printf(
+        "\nThe laser's chord to pixel while a screenshot is written: %.1f (the file came later in %d of "
+        "%d)\n",
+        median(openings), inTime, rounds);
     return true;
 }
 
@@ -252,6 +291,10 @@ int main(int argc, char *argv[]) {
             std::fprintf(stderr, "program-bench: the %s did not come or go\n", tool.name);
             return 1;
         }
+    }
+    if (!benchOpeningDuringAShot()) {
+        std::fprintf(stderr, "program-bench: a screenshot or the laser did not come\n");
+        return 1;
     }
     if (!benchMemory()) {
         std::fprintf(stderr, "program-bench: an opening or closing failed\n");

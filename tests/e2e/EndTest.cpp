@@ -5,6 +5,8 @@
 #include "e2e/XServer.h"
 #include "support/TestMain.h"
 
+#include <QDirIterator>
+
 #include <csignal>
 
 namespace {
@@ -28,6 +30,7 @@ private slots:
     void signalsEndItDuringTheGuide_data() { signalsEndItWithZero_data(); }
     void signalsEndItDuringTheGuide();
     void aSignalEndsItWhileAToolIsOpen();
+    void aSignalWhileAScreenshotIsWrittenWaitsForTheFile();
     void aSignalRightAfterTheStartEndsIt();
     void aServerThatGoesTakesItAlongWithoutACrash();
 };
@@ -74,6 +77,31 @@ void EndTest::aSignalEndsItWhileAToolIsOpen() {
     const auto end = program.waitForEnd();
     QVERIFY(end.normal);
     QCOMPARE(end.code, 0);
+}
+
+void EndTest::aSignalWhileAScreenshotIsWrittenWaitsForTheFile() {
+    e2e::Program program({{QStringLiteral("ShowPrivacyWindow"), 0}, {QStringLiteral("Key4C"), 4}});
+    QVERIFY(program.start());
+    QTRY_VERIFY_WITH_TIMEOUT(e2e::hasWithdrawn(program.pid()), patience);
+    // On the prompt that tells of the screenshot, below the one of the start.
+    const QPoint onThePrompt(960, 540 + 70);
+    const QRgb before = e2e::pixelAt(onThePrompt);
+    e2e::typeChord(e2e::PenKey::D);
+    QTRY_VERIFY_WITH_TIMEOUT(e2e::pixelAt(onThePrompt) != before, patience);
+    program.signal(SIGTERM);
+    const auto end = program.waitForEnd();
+    QVERIFY(end.normal);
+    QCOMPARE(end.code, 0);
+
+    QStringList files;
+    QDirIterator found(QDir::homePath() + QStringLiteral("/Desktop"), QDir::Files | QDir::Hidden,
+                       QDirIterator::Subdirectories);
+    while (found.hasNext())
+        files += found.next();
+    QCOMPARE(files.size(), 1);
+    const QImage picture(files.constFirst());
+    QCOMPARE(picture.size(), QSize(1920, 1080));
+    QCOMPARE(picture.pixel(onThePrompt), before);
 }
 
 void EndTest::aSignalRightAfterTheStartEndsIt() {
