@@ -8,6 +8,7 @@ Rectangle {
     id: root
 
     property string borderColor: "#606060"
+    readonly property var colorNames: [qsTr("黑色"), qsTr("白色"), qsTr("红色"), qsTr("蓝色"), qsTr("绿色"), qsTr("黄色"), qsTr("洋红色"), qsTr("紫色")]
     property int curpenColorID: 0
     property string normalBorderColor: "white"
     property string pencolor0: "#000000"
@@ -135,7 +136,7 @@ Rectangle {
             btnID: index
             btncolor: root.getColorString(index)
             exclusiveGroup: paletteGroup
-            name: qsTr("颜色") + " " + btncolor
+            name: root.colorNames[index]
             x: [33, 73, 111, 153, 33, 73, 113, 153][index]
             y: index < 4 ? 100 : 143
 

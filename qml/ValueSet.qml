@@ -86,6 +86,12 @@ Rectangle {
             width: 12
             x: slider.leftPadding + slider.visualPosition * (slider.availableWidth - width)
             y: (slider.height - height) / 2
+
+            Halo {
+                hovered: slider.hovered
+                pressed: slider.pressed
+                z: -1
+            }
         }
 
         onPressedChanged: {

@@ -12,4 +12,39 @@
         <translation>Minimize</translation>
     </message>
 </context>
+<context>
+    <name>PizhuSetPenColor</name>
+    <message>
+        <source>黑色</source>
+        <translation>Black</translation>
+    </message>
+    <message>
+        <source>白色</source>
+        <translation>White</translation>
+    </message>
+    <message>
+        <source>红色</source>
+        <translation>Red</translation>
+    </message>
+    <message>
+        <source>蓝色</source>
+        <translation>Blue</translation>
+    </message>
+    <message>
+        <source>绿色</source>
+        <translation>Green</translation>
+    </message>
+    <message>
+        <source>黄色</source>
+        <translation>Yellow</translation>
+    </message>
+    <message>
+        <source>洋红色</source>
+        <translation>Magenta</translation>
+    </message>
+    <message>
+        <source>紫色</source>
+        <translation>Violet</translation>
+    </message>
+</context>
 </TS>

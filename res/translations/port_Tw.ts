@@ -12,4 +12,39 @@
         <translation>最小化</translation>
     </message>
 </context>
+<context>
+    <name>PizhuSetPenColor</name>
+    <message>
+        <source>黑色</source>
+        <translation>黑色</translation>
+    </message>
+    <message>
+        <source>白色</source>
+        <translation>白色</translation>
+    </message>
+    <message>
+        <source>红色</source>
+        <translation>紅色</translation>
+    </message>
+    <message>
+        <source>蓝色</source>
+        <translation>藍色</translation>
+    </message>
+    <message>
+        <source>绿色</source>
+        <translation>綠色</translation>
+    </message>
+    <message>
+        <source>黄色</source>
+        <translation>黃色</translation>
+    </message>
+    <message>
+        <source>洋红色</source>
+        <translation>洋紅色</translation>
+    </message>
+    <message>
+        <source>紫色</source>
+        <translation>紫色</translation>
+    </message>
+</context>
 </TS>

@@ -43,6 +43,14 @@ QStringList promptTexts() {
 
 } // namespace
 
+// As in a program whose catalogues are broken. The toolkit wants this outside of any namespace.
+static void takeCataloguesAway() {
+    Q_CLEANUP_RESOURCE(catalogues);
+}
+static void bringCataloguesBack() {
+    Q_INIT_RESOURCE(catalogues);
+}
+
 class LanguageTest : public QObject {
     Q_OBJECT
 
@@ -54,6 +62,7 @@ private slots:
     void eachLanguageHasItsCatalogue();
     void unknownLanguageLeavesTheSourceTexts_data();
     void unknownLanguageLeavesTheSourceTexts();
+    void catalogueThatCannotBeLoadedLeavesTheSourceTexts();
     void nextCatalogueReplacesTheOneBefore();
     void endOfTheLanguageTakesTheCatalogueOut();
     void chineseTextHasTheFaceOfItsReaders_data();
@@ -100,6 +109,23 @@ void LanguageTest::unknownLanguageLeavesTheSourceTexts() {
     spokenLanguage.change(language);
     QCOMPARE(spoken("设置"), QStringLiteral("设置"));
     QCOMPARE(spoken("2.0.0.0"), QStringLiteral("2.0.0.0"));
+}
+
+void LanguageTest::catalogueThatCannotBeLoadedLeavesTheSourceTexts() {
+    Language spokenLanguage;
+    spokenLanguage.change(2);
+    QCOMPARE(spoken("设置"), QStringLiteral("Setting"));
+    {
+        takeCataloguesAway();
+        const auto mended = qScopeGuard(bringCataloguesBack);
+        for (const int language : {1, 2, 0}) {
+            spokenLanguage.change(language);
+            QCOMPARE(spoken("设置"), QStringLiteral("设置"));
+            QCOMPARE(spoken("2.0.0.0"), QStringLiteral("2.0.0.0"));
+        }
+    }
+    spokenLanguage.change(2);
+    QCOMPARE(spoken("设置"), QStringLiteral("Setting"));
 }
 
 void LanguageTest::nextCatalogueReplacesTheOneBefore() {

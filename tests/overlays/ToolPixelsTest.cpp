@@ -94,6 +94,7 @@ private slots:
     void theLaserIsADiscOfItsSizeAndColour_data() { positions(); }
     void theLaserIsADiscOfItsSizeAndColour();
     void theLasersColourIsThatOfTheSlider();
+    void theLasersNewSizeShowsWhileItIsOpen();
     void theSpotlightDarkensAllButItsDisc_data() { positions(); }
     void theSpotlightDarkensAllButItsDisc();
     void theVeilHasAnOutlineAtTheScreensEdge();
@@ -147,6 +148,17 @@ void ToolPixelsTest::theLasersColourIsThatOfTheSlider() {
         QTRY_COMPARE_WITH_TIMEOUT(shownOnScreen().pixel(QPoint(120, 100) * screenRatio()), QRgb(0xFF000000),
                                   patience);
     }
+}
+
+void ToolPixelsTest::theLasersNewSizeShowsWhileItIsOpen() {
+    constexpr QRgb red = 0xFFFF0000;
+    ZrToolXmlClass::LaserPenColor = 510;
+    ZrToolXmlClass::LaserPenSize = 10;
+    const QPoint pastTheSmallDot = QPoint(100 + 18, 100) * screenRatio();
+    LightPen laser;
+    QVERIFY(screenWith(laser, screenWall(), {100, 100}).pixel(pastTheSmallDot) != red);
+    ZrToolXmlClass::LaserPenSize = 25;
+    QTRY_COMPARE_WITH_TIMEOUT(shownOnScreen().pixel(pastTheSmallDot), red, patience);
 }
 
 void ToolPixelsTest::theSpotlightDarkensAllButItsDisc() {

@@ -104,6 +104,8 @@ void HostedPanelTest::choicesOfTheKeysAreStored() {
     m_view->pick({712 + 20, 87 + 136}, 2);
     QCOMPARE(stored("Key3P"), 2);
     QCOMPARE(textAt({506, 171}), QStringLiteral("播放器：暂停/播放"));
+    m_view->pick({712 + 20, 87 + 136}, 3);
+    QCOMPARE(stored("Key3P"), 3);
     m_view->click(key4Button);
     m_view->pick({30 + 20, 87 + 42}, 0);
     QCOMPARE(stored("Key4C"), 0);

@@ -38,6 +38,12 @@ void text(const char *name, const Place &view, const QPoint &corner, const QSize
     QTest::newRow(name) << view.button << view.corner + corner << size << words << pixels << color;
 }
 
+/// Width and colour of a rectangle's border.
+std::pair<int, QString> border(const QQuickItem *rectangle) {
+    const auto *pen = rectangle->property("border").value<QObject *>();
+    return {pen->property("width").toInt(), pen->property("color").value<QColor>().name()};
+}
+
 } // namespace
 
 /// Every place, size, font and colour of the panel.
@@ -162,6 +168,9 @@ void PanelLayoutTest::viewsStandAtTheirPlaces() {
     QVERIFY(picture != nullptr);
     QCOMPARE(picture->property("source").toString(), frame);
     QCOMPARE(picture->size(), QSizeF(size));
+    constexpr int preserveAspectFit = 1;
+    if (type != QStringLiteral("SetWindow"))
+        QCOMPARE(picture->property("fillMode").toInt(), preserveAspectFit);
 }
 
 void PanelLayoutTest::textsStandAtTheirPlaces_data() {
@@ -311,6 +320,8 @@ void PanelLayoutTest::penPageStandsAsDrawn() {
     QVERIFY(item != nullptr);
     QCOMPARE(item->property("radius").toReal(), 4.0);
     QCOMPARE(item->property("borderColor").toString(), QStringLiteral("#606060"));
+    QCOMPARE(item->property("color").value<QColor>().alpha(), 0);
+    QCOMPARE(border(item), std::pair(1, QStringLiteral("#606060")));
 
     const QList<QPoint> swatches{{31, 40},   {91, 40},  {151, 40}, {33, 100},  {73, 100}, {111, 100},
                                  {153, 100}, {33, 143}, {73, 143}, {113, 143}, {153, 143}};
@@ -411,6 +422,24 @@ void PanelLayoutTest::openListHasItsLooks() {
     QCOMPARE(content->size(), QSizeF(207, 5 * 30 + 2));
     QCOMPARE(list->property("indicator").value<QQuickItem *>()->property("source").toString(),
              QStringLiteral("qrc:/icon-up@3x.png"));
+    const QStringList actions{"无操作", "PPT放映：开始/结束", "播放器：暂停/播放", "黑板", "屏幕截屏"};
+    const auto rowTexts = [content] {
+        QList<QQuickItem *> texts;
+        for (QQuickItem *item : qml::tree(content->parentItem())) {
+            if (item->isVisible() && qml::isOfType(item, QStringLiteral("QQuickText")))
+                texts.append(item);
+        }
+        return texts;
+    };
+    QTRY_COMPARE(rowTexts().size(), actions.size());
+    for (int row = 0; row < actions.size(); ++row) {
+        const QQuickItem *text = rowTexts().at(row);
+        QCOMPARE(text->property("text").toString(), actions.at(row));
+        QCOMPARE(text->property("color").value<QColor>().name(), grey);
+        QCOMPARE(text->property("font").value<QFont>().pixelSize(), 13);
+        QCOMPARE(text->property("font").value<QFont>().family(), QStringLiteral("Arial"));
+        QCOMPARE(qml::corner(text).y() + text->height() / 2, corner.y() + 30.0 + 1 + row * 30 + 15);
+    }
     // Row 2 under the pointer, row 3 not.
     const QPoint row2 = corner + QPoint(150, 30 + 1 + 2 * 30 + 5);
     QTRY_COMPARE((m_view->jiggle(row2), m_view->pixel(row2)), QColor(0x3d, 0x3d, 0x3d));
@@ -448,12 +477,21 @@ void PanelLayoutTest::toolViewsShareTheirPlace() {
     QCOMPARE(view->size(), QSizeF(207, 272));
     QCOMPARE(view->property("borderColor").toString(), QStringLiteral("#707070"));
     QCOMPARE(view->property("radius").toReal(), 5.0);
+    QCOMPARE(view->property("color").value<QColor>().alpha(), 0);
+    QCOMPARE(border(view), std::pair(1, QStringLiteral("#707070")));
     const QQuickItem *preview = m_view->item(QStringLiteral("QQuickImage"), place + QPoint(16, 34));
     QVERIFY(preview != nullptr);
     QCOMPARE(preview->size(), QSizeF(175, 99));
     QCOMPARE(preview->property("source").toString(), QStringLiteral("qrc:/toolbackground.png"));
-    QCOMPARE(m_view->text(place + QPoint(16, 155))->property("text").toString(), first);
-    QCOMPARE(m_view->text(place + QPoint(16, 207))->property("text").toString(), QStringLiteral("大小"));
+    const QStringList captions{first, QStringLiteral("大小")};
+    for (int i = 0; i < captions.size(); ++i) {
+        const QQuickItem *caption = m_view->text(place + QPoint(16, i == 0 ? 155 : 207));
+        QVERIFY(caption != nullptr);
+        QCOMPARE(caption->property("text").toString(), captions.at(i));
+        QCOMPARE(caption->size(), QSizeF(71, 12));
+        QCOMPARE(caption->property("color").value<QColor>(), QColor(Qt::white));
+        QCOMPARE(caption->property("font").value<QFont>().pixelSize(), 13);
+    }
     const QQuickItem *firstItem = m_view->item(firstSlider, place + QPoint(16, 176));
     const QQuickItem *secondItem = m_view->item(secondSlider, place + QPoint(16, 228));
     QVERIFY(firstItem != nullptr && secondItem != nullptr);

@@ -5,6 +5,7 @@
 #include "support/TestMain.h"
 #include "support/UserFile.h"
 
+#include <QAccessible>
 #include <QPushButton>
 #include <QQuickWidget>
 #include <QTimer>
@@ -52,6 +53,7 @@ private slots:
     void confirmingWithoutTheTickGives0();
     void confirmingWithTheTickGives1();
     void tickCanBeTakenBack();
+    void clicksInOneGoAreAllHeard();
     void escapeGives0();
     void closingGives0();
     void unknownMessagesAreIgnored();
@@ -62,6 +64,9 @@ private slots:
     void formHasItsPieces();
     void leavesNoCatalogueBehind();
     void nothingIsClippedInEnglish();
+    void controlsHaveNamesInTheStoredLanguage_data() { textsSpeakTheStoredLanguage_data(); }
+    void controlsHaveNamesInTheStoredLanguage();
+    void keyboardTicksAndConfirms();
 
 private:
     /// Runs the guide as the start does, and does something to it meanwhile.
@@ -108,6 +113,19 @@ void PrivacyGuideTest::tickCanBeTakenBack() {
                  click(guide, confirmButton);
              }),
              0);
+}
+
+void PrivacyGuideTest::clicksInOneGoAreAllHeard() {
+    for (int round = 0; round < 30; ++round) {
+        const int ticks = 1 + round % 3;
+        QCOMPARE(run([ticks](PrivacyprivilegesWindow &guide) {
+                     for (int i = 0; i < ticks; ++i)
+                         click(guide, tick);
+                     for (int i = 0; i < 3; ++i)
+                         click(guide, confirmButton); // the second and third find it closing
+                 }),
+                 ticks % 2);
+    }
 }
 
 void PrivacyGuideTest::escapeGives0() {
@@ -200,8 +218,12 @@ void PrivacyGuideTest::textsSpeakTheStoredLanguage() {
         QVERIFY2(item != nullptr, line.english);
         QCOMPARE(item->property("text").toString(), QString::fromUtf8(english ? line.english : line.chinese));
     }
+    const QString confirm = english ? QStringLiteral("Confirm") : QStringLiteral("确定");
     QCOMPARE(find(root(guide), QStringLiteral("PanelText"), {386, 248})->property("text").toString(),
-             english ? QStringLiteral("Confirm") : QStringLiteral("确定"));
+             confirm);
+    QCOMPARE(guide.findChild<QPushButton *>(QStringLiteral("pushButton"))->text(), confirm);
+    QCOMPARE(guide.findChild<QPushButton *>(QStringLiteral("pushButton_2"))->text(),
+             QStringLiteral("下次不再显示"));
 }
 
 void PrivacyGuideTest::formHasItsPieces() {
@@ -245,6 +267,37 @@ void PrivacyGuideTest::nothingIsClippedInEnglish() {
         QVERIFY2(item->property("contentWidth").toReal() <= item->width(), words.constData());
         QVERIFY2(item->property("contentHeight").toReal() <= item->height() + 1, words.constData());
     }
+}
+
+void PrivacyGuideTest::controlsHaveNamesInTheStoredLanguage() {
+    QFETCH(int, language);
+    QFETCH(bool, english);
+    ZrToolXmlClass::Language = language;
+    ZrToolXmlClass::ZrXmlWrite();
+    PrivacyprivilegesWindow guide;
+    QStringList names;
+    for (QQuickItem *item : qml::tree(root(guide))) {
+        if (!item->activeFocusOnTab())
+            continue;
+        const QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(item);
+        QVERIFY(accessible != nullptr);
+        names.append(accessible->text(QAccessible::Name));
+    }
+    QCOMPARE(names, english ? QStringList({"Never ask me again", "Confirm"})
+                            : QStringList({"下次不再提示", "确定"}));
+}
+
+void PrivacyGuideTest::keyboardTicksAndConfirms() {
+    QCOMPARE(run([](PrivacyprivilegesWindow &guide) {
+                 QTRY_VERIFY(guide.isActiveWindow());
+                 auto *view = guide.findChild<QQuickWidget *>(QStringLiteral("quickWidget"));
+                 view->setFocus();
+                 QTest::keyClick(view, Qt::Key_Tab);
+                 QTest::keyClick(view, Qt::Key_Space);
+                 QTest::keyClick(view, Qt::Key_Tab);
+                 QTest::keyClick(view, Qt::Key_Space);
+             }),
+             1);
 }
 
 VEXA_WIDGET_TEST_MAIN(PrivacyGuideTest)

@@ -3,6 +3,7 @@
 #include "support/TestMain.h"
 
 #include <cmath>
+#include <tuple>
 
 namespace {
 
@@ -49,6 +50,10 @@ private slots:
     void sharedSlidersHaveTheirDefaults();
     void identifier15ShowsAndHidesAView();
     void sizeTrackGlowsUnderThePointer();
+    void sizeTrackIsFilledUpToTheHandle();
+    void levelHandlesHaveAShadow();
+    void colorTrackIsARainbow();
+    void handleAnswersThePointer();
 
 private:
     QQuickItem *sliderAt(const QPoint &corner) { return m_view->item(QStringLiteral("ValueSet"), corner); }
@@ -254,6 +259,7 @@ void ToolSettingsTest::previewsShowColorAndSizeAfterAPush() {
     QVERIFY(ring != nullptr);
     QCOMPARE(ring->width(), lensDiameter);
     QCOMPARE(ring->property("color").value<QColor>().alpha(), 0);
+    QCOMPARE(ring->property("border").value<QObject *>()->property("width").toInt(), 2);
     QCOMPARE(m_view->pixel((middleOfPreview - QPointF(lensDiameter / 2 - 1, 0)).toPoint()),
              QColor(0, 125, 255));
 
@@ -373,6 +379,86 @@ void ToolSettingsTest::sizeTrackGlowsUnderThePointer() {
     QTRY_COMPARE((m_view->jiggle(at(secondSlider, 0.2)), m_view->items(QStringLiteral("DropShadow")).size()),
                  1);
     QTRY_VERIFY(m_view->pixel(besideTheTrack).red() > still.red() + 10);
+    const QQuickItem *glow = m_view->items(QStringLiteral("DropShadow")).first();
+    QCOMPARE(glow->property("color").value<QColor>(), QColor(0xff, 0xcc, 0x0d));
+    QCOMPARE(glow->property("samples").toInt(), 8);
+}
+
+void ToolSettingsTest::sizeTrackIsFilledUpToTheHandle() {
+    m_view->moveTo({500, 300});
+    for (const auto &[tool, id, middle] : {std::tuple(laser, 7, 15), std::tuple(spotlight, 3, 150)}) {
+        m_view->push(15, tool);
+        m_view->push(id, middle);
+        const QImage picture = m_view->widget().grabFramebuffer();
+        const auto at = [&](int x, int y) { return picture.pixelColor(secondSlider + QPoint(x, y)); };
+        // The track is four points high, in the middle of six.
+        for (const int x : {20, 50, 75}) {
+            QCOMPARE(at(x, 1), QColor(0xff, 0xcc, 0x0d));
+            QCOMPARE(at(x, 4), QColor(0xff, 0xcc, 0x0d));
+            QCOMPARE(at(x, 5), QColor(0x44, 0x44, 0x44));
+        }
+        for (const int x : {100, 130, 160})
+            QVERIFY(at(x, 3).red() - at(x, 3).blue() < 20);
+    }
+}
+
+void ToolSettingsTest::levelHandlesHaveAShadow() {
+    m_view->moveTo({500, 300});
+    m_view->push(15, spotlight);
+    QTRY_COMPARE((m_view->jiggle({500, 300}), m_view->items(QStringLiteral("DropShadow")).size()), 2);
+    for (const QQuickItem *shadow : m_view->items(QStringLiteral("DropShadow"))) {
+        QCOMPARE(shadow->property("color").value<QColor>(), QColor(0x70, 0x70, 0x70));
+        QCOMPARE(shadow->property("samples").toInt(), 10);
+        const auto *knob = shadow->property("source").value<QQuickItem *>();
+        QVERIFY(knob != nullptr);
+        QCOMPARE(knob->size(), QSizeF(handle, handle));
+        QCOMPARE(qml::corner(shadow), qml::corner(knob));
+    }
+    m_view->push(3, 150);
+    const QPoint above = secondSlider + QPoint(sliderWidth / 2, middleOfTrack - handle / 2 - 1);
+    const QColor plain = m_view->pixel(above - QPoint(30, 0));
+    QVERIFY(m_view->pixel(above).lightness() > plain.lightness());
+}
+
+void ToolSettingsTest::colorTrackIsARainbow() {
+    m_view->push(15, laser);
+    m_view->push(6, 1275);
+    m_view->moveTo({500, 300});
+    const QImage handleRight = m_view->widget().grabFramebuffer();
+    m_view->push(6, 0);
+    const QImage handleLeft = m_view->widget().grabFramebuffer();
+    const QList<std::pair<double, QColor>> stops{
+        {0.0, "#FFFFFF"},  {0.16, "#FF0000"}, {0.33, "#FFFF00"}, {0.5, "#00FFFF"},
+        {0.66, "#0000FF"}, {0.83, "#FF00FF"}, {1.0, "#000000"},
+    };
+    for (const auto &[share, color] : stops) {
+        const int x = std::min(static_cast<int>(share * sliderWidth), sliderWidth - 1);
+        const QColor seen =
+            (share < 0.5 ? handleRight : handleLeft).pixelColor(firstSlider + QPoint(x, middleOfTrack));
+        // The next pixel may be a tenth of the way to the next stop.
+        for (const int distance :
+             {seen.red() - color.red(), seen.green() - color.green(), seen.blue() - color.blue()})
+            QVERIFY2(std::abs(distance) <= 26, qPrintable(QString("%1: %2").arg(share).arg(seen.name())));
+    }
+}
+
+void ToolSettingsTest::handleAnswersThePointer() {
+    m_view->push(15, laser);
+    for (const auto &[slider, id, middle] :
+         {std::tuple(firstSlider, 6, 638), std::tuple(secondSlider, 7, 15)}) {
+        m_view->push(id, middle);
+        m_view->moveTo({500, 300});
+        const QPoint knob = at(slider, 0.5);
+        const QPoint above = knob - QPoint(0, handle / 2 + 1);
+        QTRY_COMPARE((m_view->jiggle({500, 300}), m_view->pixel(knob)), QColor(Qt::white));
+        const int still = m_view->pixel(above).lightness();
+        QTRY_VERIFY((m_view->jiggle(knob), m_view->pixel(above).lightness() > still));
+        const int hovered = m_view->pixel(above).lightness();
+        m_view->press(knob);
+        QVERIFY(m_view->pixel(above).lightness() > hovered);
+        QVERIFY(m_view->pixel(knob) != QColor(Qt::white));
+        m_view->release(knob);
+    }
 }
 
 VEXA_WIDGET_TEST_MAIN(ToolSettingsTest)
