@@ -82,7 +82,10 @@ private:
         m_window.reset();
     }
     QQuickItem *box(const QPoint &corner) { return m_view->item(QStringLiteral("ComboxControl"), corner); }
-    QString textAt(const QPoint &corner) { return m_view->text(corner)->property("text").toString(); }
+    QString textAt(const QPoint &corner) {
+        const QQuickItem *item = m_view->text(corner);
+        return item != nullptr ? item->property("text").toString() : QString();
+    }
 
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<PanelView> m_view;

@@ -2,12 +2,23 @@
 #include "qml/PanelView.h"
 #include "support/TestMain.h"
 
+#include <QTemporaryDir>
+
 namespace {
 
 const QPoint button(296 + 12, 196 + 12);
 const QPoint clickList(30 + 20, 87 + 42);
 const QPoint longPressList(30 + 20, 87 + 136);
 const QPoint heading(30 + 20, 87 + 188);
+
+/// A host that hears the view but, unlike the panel, does not hand messages back to it.
+const char deafHost[] = "import QtQuick 2.15\n"
+                        "import \"qrc:/\"\n"
+                        "Item {\n"
+                        "    signal qmlSignal1(int id, int var1, int var2)\n"
+                        "    height: 500; width: 257\n"
+                        "    Key4Window { objectName: \"view\" }\n"
+                        "}\n";
 
 } // namespace
 
@@ -19,12 +30,15 @@ private slots:
     void init() {
         m_view = std::make_unique<PanelView>();
         m_view->click(button);
+        m_heading = heading;
+        m_shownWhenSent.clear();
     }
     void cleanup() { m_view.reset(); }
 
     void listsOfferActionsAndTools();
     void pickingAnActionSendsItsCode();
     void pickingTheMagnifierShowsItsSettingsBeforeTheMessageLeaves();
+    void viewItselfAppliesAPickedTool();
     void eachToolHasItsHeadingAndItsSettings_data();
     void eachToolHasItsHeadingAndItsSettings();
     void unknownToolLeavesHeadingAndSettings_data();
@@ -36,11 +50,14 @@ private slots:
 public slots:
     void noteWhatIsShown(int id, int, int) {
         if (id == 15)
-            m_shownWhenSent = shownTool() + ' ' + textAt(heading);
+            m_shownWhenSent = shownTool() + ' ' + textAt(m_heading);
     }
 
 private:
-    QString textAt(const QPoint &corner) { return m_view->text(corner)->property("text").toString(); }
+    QString textAt(const QPoint &corner) {
+        const QQuickItem *item = m_view->text(corner);
+        return item != nullptr ? item->property("text").toString() : QString();
+    }
     QString shownTool() {
         QStringList shown;
         for (const char *type : {"SportLightSetWindow", "MagnifierSetWindow", "LightpenSetWindow"}) {
@@ -51,6 +68,7 @@ private:
     }
 
     std::unique_ptr<PanelView> m_view;
+    QPoint m_heading;
     QString m_shownWhenSent;
 };
 
@@ -74,6 +92,24 @@ void Key4Test::pickingTheMagnifierShowsItsSettingsBeforeTheMessageLeaves() {
     m_view->push(15, 0);
     connect(m_view->root(), SIGNAL(qmlSignal1(int, int, int)), this, SLOT(noteWhatIsShown(int, int, int)));
     m_view->pick(longPressList, 1);
+    QCOMPARE(m_view->messages, QList<Message>({{15, 1, 0}}));
+    QCOMPARE(m_shownWhenSent, QStringLiteral("MagnifierSetWindow 放大镜设置"));
+}
+
+void Key4Test::viewItselfAppliesAPickedTool() {
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("Host.qml")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(deafHost);
+    file.close();
+    m_view = std::make_unique<PanelView>(QUrl::fromLocalFile(file.fileName()).toString());
+    QVERIFY(m_view->root() != nullptr);
+    m_heading = QPoint(20, 188);
+    QVERIFY(QMetaObject::invokeMethod(m_view->root()->findChild<QObject *>(QStringLiteral("view")),
+                                      "setvalue", Q_ARG(QVariant, 15), Q_ARG(QVariant, 0),
+                                      Q_ARG(QVariant, 0)));
+    connect(m_view->root(), SIGNAL(qmlSignal1(int, int, int)), this, SLOT(noteWhatIsShown(int, int, int)));
+    m_view->pick({20, 136}, 1);
     QCOMPARE(m_view->messages, QList<Message>({{15, 1, 0}}));
     QCOMPARE(m_shownWhenSent, QStringLiteral("MagnifierSetWindow 放大镜设置"));
 }

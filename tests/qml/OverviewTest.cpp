@@ -49,7 +49,10 @@ private:
         }
         return open;
     }
-    QString textAt(const QPoint &corner) { return m_view->text(corner)->property("text").toString(); }
+    QString textAt(const QPoint &corner) {
+        const QQuickItem *item = m_view->text(corner);
+        return item != nullptr ? item->property("text").toString() : QString();
+    }
 
     std::unique_ptr<PanelView> m_view;
 };

@@ -3,6 +3,7 @@
 #include "support/TestMain.h"
 
 #include <QAccessible>
+#include <QFont>
 #include <QTranslator>
 
 namespace {
@@ -25,6 +26,19 @@ bool hasHan(const QString &text) {
     return false;
 }
 
+/// Where the letters of a text are: on its lines, around the middle of its place.
+QRectF ink(const QQuickItem *text) {
+    const double width = text->property("contentWidth").toReal();
+    const double height =
+        text->property("lineCount").toInt() * text->property("font").value<QFont>().pixelSize();
+    const int alignment = text->property("horizontalAlignment").toInt();
+    const double spare = text->width() - width;
+    const double x = alignment == Qt::AlignRight     ? spare
+                     : alignment == Qt::AlignHCenter ? spare / 2
+                                                     : text->property("leftPadding").toReal();
+    return {text->mapToScene(QPointF(x, (text->height() - height) / 2)), QSizeF(width, height)};
+}
+
 } // namespace
 
 /// The panel in its three languages, switched while it runs by a host that does what the program's does.
@@ -45,8 +59,8 @@ private slots:
     void pickingEveryLanguageInTurnNeverBounces();
     void switchByMessageNeverBounces();
     void textsOfTheKeysInEnglish();
-    void nothingIsClippedInAnyLanguage_data();
-    void nothingIsClippedInAnyLanguage();
+    void nothingIsClippedOrOverlapsInAnyLanguage_data();
+    void nothingIsClippedOrOverlapsInAnyLanguage();
     void everyControlHasANameInTheCurrentLanguage_data();
     void everyControlHasANameInTheCurrentLanguage();
 
@@ -167,13 +181,13 @@ void PanelLanguageTest::textsOfTheKeysInEnglish() {
     }
 }
 
-void PanelLanguageTest::nothingIsClippedInAnyLanguage_data() {
+void PanelLanguageTest::nothingIsClippedOrOverlapsInAnyLanguage_data() {
     QTest::addColumn<int>("language");
     for (int language = 0; language < catalogues.size(); ++language)
         QTest::newRow(qPrintable(catalogues.at(language))) << language;
 }
 
-void PanelLanguageTest::nothingIsClippedInAnyLanguage() {
+void PanelLanguageTest::nothingIsClippedOrOverlapsInAnyLanguage() {
     QFETCH(int, language);
     speak(language);
     settle();
@@ -183,6 +197,14 @@ void PanelLanguageTest::nothingIsClippedInAnyLanguage() {
             const QByteArray words = text->property("text").toString().toUtf8();
             QVERIFY2(!text->property("truncated").toBool(), words.constData());
             QVERIFY2(text->property("contentWidth").toReal() <= text->width(), words.constData());
+        }
+        const QList<QQuickItem *> texts = m_view->items(QStringLiteral("QQuickText"));
+        for (int i = 0; i < texts.size(); ++i) {
+            for (int j = i + 1; j < texts.size(); ++j) {
+                const QString both = texts.at(i)->property("text").toString() + " and " +
+                                     texts.at(j)->property("text").toString();
+                QVERIFY2(!ink(texts.at(i)).intersects(ink(texts.at(j))), qPrintable(both));
+            }
         }
     };
     for (const QPoint &button : buttons) {
