@@ -83,6 +83,7 @@ private slots:
         QTest::newRow("less than a point") << 0.9 << 10.0;
         QTest::newRow("negative") << 10.0 << -3.0;
         QTest::newRow("not a number") << std::numeric_limits<double>::quiet_NaN() << 10.0;
+        QTest::newRow("beyond any cursor") << 10.0 << 4096.0;
         QTest::newRow("beyond any screen") << 10.0 << 1e300;
     }
 
