@@ -25,12 +25,14 @@ int desktopScale() {
 }
 
 /// Pictures of the screen come and go. Left to itself the allocator raises these limits to the size of the
-/// first one that goes, and from then on a picture or two stay with the process, or not, as it happens. What
-/// the tools draw thirty times a second is smaller than either limit.
+/// first one that goes, and from then on a picture or two stay with the process, or not, as it happens. The
+/// first limit is above a picture of a usual screen, which is then made in memory that is at hand: fresh
+/// pages cost a third of the time from the key to the dot. Larger ones, and what is too much, go back to the
+/// system.
 void giveFreedPicturesBackToTheSystem() {
 #ifdef __GLIBC__
-    mallopt(M_MMAP_THRESHOLD, 4 << 20); // bytes
-    mallopt(M_TRIM_THRESHOLD, 8 << 20);
+    mallopt(M_MMAP_THRESHOLD, 16 << 20); // bytes
+    mallopt(M_TRIM_THRESHOLD, 32 << 20);
 #endif
 }
 
