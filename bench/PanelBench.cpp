@@ -109,6 +109,10 @@ public:
         while (!complete()) {
             QApplication::processEvents(QEventLoop::WaitForMoreEvents);
         }
+        // The frame with the last of it is not the price of what is measured next.
+        m_frames = 0;
+        m_view.quickWindow()->update();
+        untilDrawn();
     }
 
     QObject *root() { return m_view.rootObject(); }
@@ -133,12 +137,15 @@ public:
     }
 
 private:
-    /// Whether the views that are built in the background are there.
+    /// Whether the views that are built, and the pictures that are unpacked, in the background are there.
     bool complete() {
         constexpr int ready = 1;
+        constexpr int loading = 2;
         const QList<QObject *> objects = root()->findChildren<QObject *>();
         return std::all_of(objects.begin(), objects.end(), [](const QObject *object) {
-            return !object->inherits("QQuickLoader") || object->property("status").toInt() == ready;
+            const int status = object->property("status").toInt();
+            return object->inherits("QQuickLoader") ? status == ready
+                                                    : !object->inherits("QQuickImage") || status != loading;
         });
     }
 
