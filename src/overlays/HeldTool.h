@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "overlays/MouseHold.h"
+#include "overlays/ToolLayer.h"
+
+#include <QBasicTimer>
 #include <QPixmap>
-#include <QRegion>
 #include <QWidget>
 
 #include <optional>
@@ -37,11 +40,12 @@ protected:
     void placeAtPointer();
     void placeAt(const QPointF &position);
     QPoint position() const { return m_position; }
+    /// Whether the tool is seen above its background.
     void setDrawing(bool drawing);
 
-    /// The mouse is the tool's until it is released; if the window is not on the screen yet, from then on.
-    void takeMouse();
-    void giveMouseBack();
+    /// The mouse is the tool's until it is given back or the tool closes.
+    void takeMouse() { m_mouse.take(); }
+    void giveMouseBack() { m_mouse.give(); }
 
     /// Brings the tool's picture up to date with what it depends on.
     void render();
@@ -57,10 +61,10 @@ protected:
     virtual void draw(QPainter &painter) const = 0;
     /// The alpha of the veil between the background and the tool, for tools that have one.
     virtual std::optional<int> veil() const { return std::nullopt; }
-    virtual void drawVeil(QPainter &painter) const;
+    virtual void drawVeil(QPainter & /*painter*/) const {}
 
     const QPixmap &background() const { return m_background; }
-    QSize screenSize() const { return m_screen.size(); }
+    QSize screenSize() const { return m_screen; }
     /// How many of the background's pixels make a point: a whole number, 0 without a background.
     int backgroundScale() const;
 
@@ -68,42 +72,29 @@ protected:
     void timerEvent(QTimerEvent *event) override;
     void showEvent(QShowEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
-    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    struct Look {
-        QPoint position;
-        int extent;
-        QRgb ink;
-        bool operator==(const Look &other) const;
+    enum class Life {
+        Young,   // has to stay: its 900 ms are not over
+        Grown,   // may leave at once
+        Leaving, // was asked to while still young
+        Over,    // has closed; the event loop deletes it
     };
 
-    void stopTimer(int &timer);
     void guardTick();
     void finish();
-    /// A clear picture of that part of the screen.
-    QPixmap clearPicture(const QRect &area) const;
-    void renderVeil();
 
-    const QRect m_screen; // the primary screen, its own top-left corner as origin
+    const QSize m_screen;
     QPoint m_position;
     bool m_drawing = false;
     QPixmap m_background;
+    ToolLayer m_layer;
+    MouseHold m_mouse;
 
-    std::optional<Look> m_look; // what the tool's picture shows
-    QPixmap m_picture;
-    QRect m_area; // where it belongs
-    std::optional<int> m_veilAlpha;
-    QPixmap m_veil;
-    QRegion m_changed; // what of these the window does not show yet
-    QRegion m_due;     // and what it was asked to paint
-
-    bool m_exitRequested = false;
-    bool m_closed = false;
-    bool m_mouseTaken = false;
-    int m_elapsed = 0;
-    int m_guardTimer;
-    int m_frameTimer;
+    Life m_life = Life::Young;
+    int m_age = 0; // milliseconds, counted until it is grown
+    QBasicTimer m_guard;
+    QBasicTimer m_frames;
 };
 
 } // namespace vexa

@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#include "overlays/ToolLayer.h"
+
+#include <QPainter>
+
+#include <utility>
+
+namespace vexa {
+
+bool ToolLayer::Look::operator==(const Look &other) const {
+    return position == other.position && extent == other.extent && ink == other.ink;
+}
+
+ToolLayer::ToolLayer(const QSize &screen, qreal devicePixelRatio)
+    : m_screen(QPoint(), screen), m_ratio(devicePixelRatio) {}
+
+QPixmap ToolLayer::clearPicture(const QRect &area) const {
+    QPixmap picture((QSizeF(area.size()) * m_ratio).toSize());
+    picture.setDevicePixelRatio(m_ratio);
+    picture.fill(Qt::transparent);
+    return picture;
+}
+
+void ToolLayer::setVeil(std::optional<int> alpha, const Draw &draw) {
+    if (alpha == m_veilAlpha)
+        return;
+    m_veilAlpha = alpha;
+    m_stale = m_screen;
+    m_veil = QPixmap();
+    if (!alpha)
+        return;
+    m_veil = clearPicture(m_screen);
+    QPainter painter(&m_veil);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    draw(painter);
+}
+
+void ToolLayer::setTool(const Look &look, const QRectF &touched, const Draw &draw) {
+    m_look = look;
+    m_stale += m_area;
+    // One point more on each side, for the soft edge.
+    m_area = (touched.adjusted(-1, -1, 1, 1) & QRectF(m_screen)).toAlignedRect();
+    m_stale += m_area;
+    m_tool = QPixmap();
+    if (m_area.isEmpty())
+        return;
+    m_tool = clearPicture(m_area);
+    QPainter painter(&m_tool);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.translate(-m_area.topLeft());
+    draw(painter);
+}
+
+QRegion ToolLayer::takeStale() {
+    m_due += m_stale;
+    return std::exchange(m_stale, QRegion());
+}
+
+void ToolLayer::paint(QPainter &painter, const QRegion &region) const {
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    // Rectangle by rectangle: through any other clip, double-density pictures are resampled.
+    for (const QRect &rect : region) {
+        painter.setClipRect(rect);
+        if (!m_veil.isNull())
+            painter.drawPixmap(0, 0, m_veil);
+        if (!m_tool.isNull())
+            painter.drawPixmap(m_area.topLeft(), m_tool);
+    }
+}
+
+} // namespace vexa
