@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/PenChords.h"
 
+#include "platform/quartz/VirtualKeys.h"
+
 #include <optional>
 
 namespace vexa {
@@ -25,25 +27,10 @@ enum Fact : unsigned {
     Chord = Control | Shift | Option | Down,
 };
 
-/// Virtual key codes, which name places on the keyboard, not letters of its layout.
-enum Key {
-    KeyA = 0,
-    KeyS = 1,
-    KeyD = 2,
-    KeyG = 5,
-    KeyY = 16,
-    KeyI = 34,
-    KeyJ = 38,
-    KeyM = 46,
-    KeyLeftShift = 56,
-    KeyLeftOption = 58,
-    KeyLeftControl = 59,
-};
-
 /// One line of the dispatch: it applies to an event of its key when all facts of `all` hold and, if `notAll`
 /// names any, not all of those do. Then it clears and sets facts and gives its command.
 struct Rule {
-    Key key;
+    int key; ///< virtual key code
     unsigned all;
     unsigned notAll;
     unsigned clear;
@@ -54,25 +41,25 @@ struct Rule {
 constexpr auto none = std::nullopt;
 
 const Rule rules[] = {
-    {KeyLeftControl, Down, Nothing, Nothing, Control, none},
-    {KeyLeftControl, Nothing, Down, Control, Nothing, none},
-    {KeyLeftShift, Down, Nothing, Nothing, Shift, none},
-    {KeyLeftShift, Nothing, Down, Shift, Nothing, none},
-    {KeyLeftOption, Down, Nothing, Nothing, Option, none},
-    {KeyLeftOption, Nothing, Down, Option, Nothing, none},
-    {KeyA, Chord, Nothing, Nothing, Key2Pressed, none},
-    {KeyA, Key2Pressed, Chord, Key2Pressed, Nothing, PenCommand::RunKey2Action},
-    {KeyS, Chord, Nothing, Nothing, Nothing, PenCommand::CloseHeldTools},
-    {KeyD, Chord, Nothing, Nothing, Nothing, PenCommand::RunKey4Action},
-    {KeyG, Chord | SlideShow, Nothing, Nothing, Nothing, PenCommand::CancelRefocus},
-    {KeyG, Chord, Nothing, Nothing, Nothing, PenCommand::OpenHeldTool},
-    {KeyY, Chord | Annotation, Nothing, Nothing, Nothing, PenCommand::StepAnnotationColour},
-    {KeyY, Chord | Blackboard, Nothing, Nothing, Nothing, PenCommand::StepBlackboardColour},
-    {KeyI, Chord | Armed, Nothing, Armed, Nothing, PenCommand::ToggleAnnotation},
-    {KeyI, Nothing, Down, Nothing, Armed, none},
-    {KeyJ, Chord, Nothing, Nothing, Key3Pressed, none},
-    {KeyJ, Key3Pressed | Armed, Down, Key3Pressed | Armed, Nothing, PenCommand::RunKey3Action},
-    {KeyM, Chord, Nothing, Nothing, Armed, none},
+    {kVK_Control, Down, Nothing, Nothing, Control, none},
+    {kVK_Control, Nothing, Down, Control, Nothing, none},
+    {kVK_Shift, Down, Nothing, Nothing, Shift, none},
+    {kVK_Shift, Nothing, Down, Shift, Nothing, none},
+    {kVK_Option, Down, Nothing, Nothing, Option, none},
+    {kVK_Option, Nothing, Down, Option, Nothing, none},
+    {kVK_ANSI_A, Chord, Nothing, Nothing, Key2Pressed, none},
+    {kVK_ANSI_A, Key2Pressed, Chord, Key2Pressed, Nothing, PenCommand::RunKey2Action},
+    {kVK_ANSI_S, Chord, Nothing, Nothing, Nothing, PenCommand::CloseHeldTools},
+    {kVK_ANSI_D, Chord, Nothing, Nothing, Nothing, PenCommand::RunKey4Action},
+    {kVK_ANSI_G, Chord | SlideShow, Nothing, Nothing, Nothing, PenCommand::CancelRefocus},
+    {kVK_ANSI_G, Chord, Nothing, Nothing, Nothing, PenCommand::OpenHeldTool},
+    {kVK_ANSI_Y, Chord | Annotation, Nothing, Nothing, Nothing, PenCommand::StepAnnotationColour},
+    {kVK_ANSI_Y, Chord | Blackboard, Nothing, Nothing, Nothing, PenCommand::StepBlackboardColour},
+    {kVK_ANSI_I, Chord | Armed, Nothing, Armed, Nothing, PenCommand::ToggleAnnotation},
+    {kVK_ANSI_I, Nothing, Down, Nothing, Armed, none},
+    {kVK_ANSI_J, Chord, Nothing, Nothing, Key3Pressed, none},
+    {kVK_ANSI_J, Key3Pressed | Armed, Down, Key3Pressed | Armed, Nothing, PenCommand::RunKey3Action},
+    {kVK_ANSI_M, Chord, Nothing, Nothing, Armed, none},
 };
 
 bool applies(const Rule &rule, int key, unsigned facts) {

@@ -3,6 +3,8 @@
 
 #include <stdexcept>
 
+#include "platform/quartz/VirtualKeys.h"
+
 namespace {
 
 int keyCodeOf(CGEventRef event) {
@@ -88,18 +90,17 @@ void CKeyboardListenerMac::keyChanged(CGEventRef event, int state) {
 /// Counts changes from an all-released start. The event's flags are looked at and left aside: they tell left
 /// from right only on some keyboards.
 void CKeyboardListenerMac::flagsChanged(CGEventRef event) {
-    constexpr int leftShift = 56, leftOption = 58, leftControl = 59;
     [[maybe_unused]] const CGEventFlags flags = CGEventGetFlags(event);
     const int keyCode = keyCodeOf(event);
     int state = 0;
     switch (keyCode) {
-    case leftShift:
+    case kVK_Shift:
         state = m_shift = !m_shift;
         break;
-    case leftOption:
+    case kVK_Option:
         state = m_option = !m_option;
         break;
-    case leftControl:
+    case kVK_Control:
         state = m_control = !m_control;
         break;
     default:

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "input/CKeyboardListenerMac.h"
 
-namespace {
+#include "platform/quartz/VirtualKeys.h"
 
-constexpr CGKeyCode escapeKey = 53, returnKey = 36, spaceKey = 49, pageUpKey = 116;
+namespace {
 
 /// The event is never released, deliberately: a posted key is the system's from then on.
 void postKey(CGKeyCode key, bool down, CGEventFlags flags = 0) {
@@ -26,18 +26,18 @@ bool CKeyboardListenerMac::EnterPPT = false;
 void CKeyboardListenerMac::SetPPTFullScreen() {
     EnterPPT = !EnterPPT;
     if (EnterPPT)
-        postKey(returnKey, true, kCGEventFlagMaskCommand);
+        postKey(kVK_Return, true, kCGEventFlagMaskCommand);
     else
-        postKey(escapeKey, true);
+        postKey(kVK_Escape, true);
 }
 
 void CKeyboardListenerMac::SetPlayOrPause() {
-    postKey(spaceKey, true);
-    postKey(spaceKey, false);
+    postKey(kVK_Space, true);
+    postKey(kVK_Space, false);
 }
 
 void CKeyboardListenerMac::SetPageUp() {
-    postKey(pageUpKey, true);
+    postKey(kVK_PageUp, true);
 }
 
 void CKeyboardListenerMac::SetMouseMove(int x, int y) {

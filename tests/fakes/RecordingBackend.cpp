@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <deque>
 
+#include "platform/quartz/CoreGraphics.h"
 #include "platform/quartz/WakeFd.h"
 
 namespace vexa {
@@ -82,21 +83,21 @@ void RecordingBackend::feed(const InputEvent &event) {
 
 void RecordingBackend::feedKey(int keyCode, bool down) {
     InputEvent event;
-    event.type = down ? 10 : 11;
+    event.type = down ? kCGEventKeyDown : kCGEventKeyUp;
     event.keyCode = keyCode;
     feed(event);
 }
 
 void RecordingBackend::feedModifier(int keyCode) {
     InputEvent event;
-    event.type = 12;
+    event.type = kCGEventFlagsChanged;
     event.keyCode = keyCode;
     feed(event);
 }
 
 void RecordingBackend::feedMove(double x, double y) {
     InputEvent event;
-    event.type = 5;
+    event.type = kCGEventMouseMoved;
     event.x = x;
     event.y = y;
     feed(event);
@@ -104,7 +105,7 @@ void RecordingBackend::feedMove(double x, double y) {
 
 void RecordingBackend::feedButton(bool down) {
     InputEvent event;
-    event.type = down ? 1 : 2;
+    event.type = down ? kCGEventLeftMouseDown : kCGEventLeftMouseUp;
     feed(event);
 }
 

@@ -43,8 +43,7 @@ void Pen::key(int virtualKey, bool down) {
 }
 
 void Pen::typeChord(Letter letter) {
-    constexpr int control = 59, shift = 56, option = 58;
-    const int keys[] = {control, shift, option, static_cast<int>(letter)};
+    const int keys[] = {kVK_Control, kVK_Shift, kVK_Option, static_cast<int>(letter)};
     for (const int pressed : keys)
         key(pressed, true);
     for (auto released = std::rbegin(keys); released != std::rend(keys); ++released)
@@ -67,8 +66,7 @@ void Pen::move(x11::Pixels target, std::chrono::milliseconds duration) {
 }
 
 void Pen::button(bool down) {
-    constexpr std::uint8_t left = 1;
-    x11::fakeButton(*m_connection, down, left);
+    x11::fakeButton(*m_connection, down, XCB_BUTTON_INDEX_1);
     m_connection->sync();
 }
 

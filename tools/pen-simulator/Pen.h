@@ -6,13 +6,23 @@
 #include <initializer_list>
 #include <memory>
 
+#include "platform/quartz/VirtualKeys.h"
 #include "platform/x11/input/Connection.h"
 #include "platform/x11/input/PrimaryScreen.h"
 
 namespace vexa::pen {
 
 /// The letters that the pen types, by virtual key code.
-enum class Letter { A = 0, S = 1, D = 2, G = 5, Y = 16, I = 34, J = 38, M = 46 };
+enum class Letter {
+    A = kVK_ANSI_A,
+    S = kVK_ANSI_S,
+    D = kVK_ANSI_D,
+    G = kVK_ANSI_G,
+    Y = kVK_ANSI_Y,
+    I = kVK_ANSI_I,
+    J = kVK_ANSI_J,
+    M = kVK_ANSI_M,
+};
 
 /// A pen and a pointing hand, faked through the X server. The keys come from a keyboard device of the
 /// session, as those of a real pen do; where there is none, from the one for faked keys.

@@ -2,6 +2,7 @@
 #include "platform/x11/input/EventTranslator.h"
 
 #include <utility>
+#include <xcb/xproto.h>
 
 #include "platform/quartz/CoreGraphics.h"
 
@@ -9,8 +10,8 @@ namespace vexa::x11 {
 
 namespace {
 
-constexpr std::uint16_t anyButton = 0x1f00;
-constexpr std::uint8_t leftButton = 1;
+constexpr unsigned anyButton =
+    XCB_BUTTON_MASK_1 | XCB_BUTTON_MASK_2 | XCB_BUTTON_MASK_3 | XCB_BUTTON_MASK_4 | XCB_BUTTON_MASK_5;
 
 struct ModifierFlag {
     int left, right;
@@ -18,10 +19,10 @@ struct ModifierFlag {
 };
 
 constexpr ModifierFlag modifierFlags[] = {
-    {56, 60, kCGEventFlagMaskShift},
-    {59, 62, kCGEventFlagMaskControl},
-    {58, 61, kCGEventFlagMaskAlternate},
-    {55, 54, kCGEventFlagMaskCommand},
+    {kVK_Shift, kVK_RightShift, kCGEventFlagMaskShift},
+    {kVK_Control, kVK_RightControl, kCGEventFlagMaskControl},
+    {kVK_Option, kVK_RightOption, kCGEventFlagMaskAlternate},
+    {kVK_Command, kVK_RightCommand, kCGEventFlagMaskCommand},
 };
 
 } // namespace
@@ -87,7 +88,7 @@ void EventTranslator::reconcile(const std::function<bool(XKeyCode)> &isDown) {
 }
 
 void EventTranslator::takeButton(const DeviceEvent &event) {
-    if (event.detail != leftButton)
+    if (event.detail != XCB_BUTTON_INDEX_1)
         return;
     const bool down = event.type == DeviceEvent::ButtonPress;
     m_events.push_back(pointerEvent(down ? kCGEventLeftMouseDown : kCGEventLeftMouseUp, event.position));

@@ -3,6 +3,8 @@
 
 #include <cstdint>
 
+#include "platform/quartz/VirtualKeys.h"
+
 /// Which key is which, by its position on the keyboard and whatever the layout: X numbers positions as the
 /// kernel does, plus 8.
 namespace vexa::x11 {
@@ -19,7 +21,7 @@ XKeyCode positionOf(int virtualKey);
 
 /// True for the keys whose changes are reported as such: command, shift, caps lock, option and control.
 constexpr bool isModifier(int virtualKey) {
-    return virtualKey >= 54 && virtualKey <= 62;
+    return virtualKey >= kVK_RightCommand && virtualKey <= kVK_RightControl;
 }
 
 } // namespace vexa::x11

@@ -11,7 +11,8 @@ namespace {
 
 // Option and command come first, so that they are never the last key pressed before they are let go: programs
 // take that for a call of their menu.
-constexpr int liftedKeys[] = {58, 61, 55, 54, 56, 60, 59, 62};
+constexpr int liftedKeys[] = {kVK_Option, kVK_RightOption, kVK_Command, kVK_RightCommand,
+                              kVK_Shift,  kVK_RightShift,  kVK_Control, kVK_RightControl};
 
 /// Makes keys down for the session where a keyboard holds them, and up where none does. By the time that is
 /// done a keyboard may have moved on, so it is looked at again; not for ever, since while some client has

@@ -11,8 +11,6 @@ namespace vexa::x11 {
 
 namespace {
 
-constexpr std::uint8_t leftButton = 1;
-
 /// Keeps other clients' requests waiting.
 class ServerGrab {
 public:
@@ -30,12 +28,11 @@ private:
 /// The key to press; 0 when there is none for it. What starts a slide show is command and return on macOS and
 /// F5 here; other keys with modifiers are not known.
 XKeyCode keyToPress(const InputEvent &event) {
-    constexpr int returnKey = 36, f5Key = 96;
     if (event.flags == 0)
         return event.keyCode >= 0 && event.keyCode < 128 ? positionOf(static_cast<int>(event.keyCode))
                                                          : XKeyCode{0};
-    const bool startsShow = event.keyCode == returnKey && event.flags == kCGEventFlagMaskCommand;
-    return startsShow ? positionOf(f5Key) : XKeyCode{0};
+    const bool startsShow = event.keyCode == kVK_Return && event.flags == kCGEventFlagMaskCommand;
+    return startsShow ? positionOf(kVK_F5) : XKeyCode{0};
 }
 
 bool pointerIsAt(const Connection &connection, Pixels position) {
@@ -105,7 +102,7 @@ bool XTestPoster::postButton(const InputEvent &event, double pixelsPerPoint, boo
     const Pixels pixels = pixelsOf(event, pixelsPerPoint);
     if (!pointerIsAt(*m_connection, pixels))
         fakeMotion(*m_connection, pixels);
-    return withoutModifiers([this, down] { fakeButton(*m_connection, down, leftButton); });
+    return withoutModifiers([this, down] { fakeButton(*m_connection, down, XCB_BUTTON_INDEX_1); });
 }
 
 Pixels XTestPoster::pixelsOf(const InputEvent &event, double pixelsPerPoint) const {
