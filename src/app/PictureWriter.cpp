@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "app/PictureWriter.h"
 
+#include "base/FileReplacement.h"
+
 #include <QBuffer>
 #include <QByteArray>
 #include <QFileInfo>
 #include <QImageWriter>
 #include <QMutexLocker>
-#include <QSaveFile>
 #include <algorithm>
 #include <utility>
 
@@ -29,13 +30,8 @@ QByteArray encoded(const QImage &picture, const QByteArray &format) {
 void writePicture(const QString &path, const QImage &picture) {
     // Not straight into the file: when that fails the encoder complains on the standard error stream.
     const QByteArray bytes = encoded(picture, QFileInfo(path).suffix().toLatin1());
-    QSaveFile file(path);
-    if (bytes.isEmpty() || !file.open(QIODevice::WriteOnly))
-        return;
-    // Without the commit the file's place stays as it was, and what has been written so far goes. What still
-    // waits in the file's buffer must be out before: the commit does not notice when that part fails.
-    if (file.write(bytes) == bytes.size() && file.flush())
-        file.commit();
+    if (!bytes.isEmpty())
+        replaceFile(path, bytes);
 }
 
 } // namespace

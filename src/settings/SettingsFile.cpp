@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "settings/SettingsFile.h"
 
+#include "base/FileReplacement.h"
 #include "settings/SettingsFormat.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <unistd.h>
 
 namespace vexa {
@@ -16,13 +16,13 @@ constexpr qint64 largestFile = qint64{1024} * 1024;
 
 /// The file stays in its place while it gains its second name, so that no moment is without it. A link, or a
 /// file system that cannot give a file two names, has to be moved instead.
-bool keepAside(const QString &path) {
+void keepAside(const QString &path) {
     const QString aside = path + QStringLiteral(".bad");
     QFile::remove(aside);
     if (!QFileInfo(path).isSymLink() &&
         link(QFile::encodeName(path).constData(), QFile::encodeName(aside).constData()) == 0)
-        return true;
-    return QFile::rename(path, aside);
+        return;
+    QFile::rename(path, aside);
 }
 
 } // namespace
@@ -52,16 +52,11 @@ void replaceSettingsFile(const QString &path, const QByteArray &bytes) {
         // already.
         if (present.bytes == bytes)
             return;
-        if (!parseSettings(present.bytes) && !keepAside(path))
-            return;
+        // A folder that takes no second file does not keep the user's choice from being saved.
+        if (!parseSettings(present.bytes))
+            keepAside(path);
     }
-
-    QSaveFile file(path);
-    file.setDirectWriteFallback(true);
-    if (!file.open(QIODevice::WriteOnly))
-        return;
-    file.write(bytes);
-    file.commit();
+    replaceFile(path, bytes);
 }
 
 } // namespace vexa

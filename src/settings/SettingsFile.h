@@ -25,7 +25,7 @@ FileContent readSettingsFile(const QString &path);
 
 /// Replaces the file whole: whenever the process ends, the old or the new content is there. A file that
 /// cannot be written is left alone, and so is anything but a regular file. What could not be read as settings
-/// is kept beside the file with ".bad" added to its name.
+/// is kept beside the file with ".bad" added to its name, where the folder takes one more file.
 void replaceSettingsFile(const QString &path, const QByteArray &bytes);
 
 } // namespace vexa

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/PictureWriter.h"
 
+#include "support/Disk.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -8,12 +10,9 @@
 #include <QtTest>
 
 #include <atomic>
-#include <csignal>
 #include <memory>
 #include <random>
-#include <sys/resource.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 using vexa::PictureWriter;
 
@@ -36,44 +35,6 @@ QImage noise(int width, int height) {
     }
     return picture;
 }
-
-/// Lets files of this process grow to so many bytes only, as a disk without more space does.
-class FullDisk {
-public:
-    explicit FullDisk(rlim_t bytes) {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        rlimit limit = m_before;
-        limit.rlim_cur = bytes;
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &m_before); }
-
-    FullDisk(const FullDisk &) = delete;
-    FullDisk &operator=(const FullDisk &) = delete;
-
-private:
-    rlimit m_before{};
-};
-
-/// No permission stops root: for its life this makes the process an ordinary user's.
-class OrdinaryUser {
-public:
-    OrdinaryUser() {
-        if (m_root && seteuid(65534) != 0)
-            qFatal("cannot become an ordinary user");
-    }
-    ~OrdinaryUser() {
-        if (m_root && seteuid(0) != 0)
-            qFatal("cannot become root again");
-    }
-
-    OrdinaryUser(const OrdinaryUser &) = delete;
-    OrdinaryUser &operator=(const OrdinaryUser &) = delete;
-
-private:
-    const bool m_root = geteuid() == 0;
-};
 
 /// Counts what this process says on its log, from any thread.
 class Listener {
@@ -213,7 +174,7 @@ void PictureWriterTest::fullDiskLeavesNoHalfFile() {
     QFETCH(int, space);
     const Listener listener;
     {
-        const FullDisk full(static_cast<rlim_t>(space));
+        const disk::Full full(space);
         PictureWriter writer;
         writer.write(file("a.png"), picture);
     }
@@ -228,7 +189,7 @@ void PictureWriterTest::fullDiskLeavesTheFileThatWasThere() {
     writer.write(file("a.png"), plain(Qt::red));
     writer.flush();
     {
-        const FullDisk full(static_cast<rlim_t>(space));
+        const disk::Full full(space);
         writer.write(file("a.png"), picture);
         writer.flush();
     }
@@ -240,7 +201,7 @@ void PictureWriterTest::folderThatCannotBeWrittenGetsNoFile() {
     const Listener listener;
     QCOMPARE(chmod(QFile::encodeName(m_folder->path()).constData(), 0555), 0);
     {
-        const OrdinaryUser user;
+        const disk::OrdinaryUser user;
         PictureWriter writer;
         writer.write(file("a.png"), plain(Qt::red));
     }

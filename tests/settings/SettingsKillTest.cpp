@@ -1,4 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "support/Disk.h"
+
+#include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QRandomGenerator>
@@ -32,7 +35,9 @@ private slots:
     void aFileThatIsNotWritableIsLeftAlone();
     void aFolderThatIsNotWritableIsNoReasonToComplain();
     void aWritableFileInAClosedFolderIsSaved();
-    void aBadFileThatCannotBeKeptIsNotReplaced();
+    void aBadFileThatCannotBeKeptIsOverwrittenAllTheSame();
+    void aFullDiskLeavesTheOldContent_data();
+    void aFullDiskLeavesTheOldContent();
 
 private:
     QString file() const { return m_folder->filePath(QStringLiteral("VexaPenSetting.xml")); }
@@ -124,13 +129,34 @@ void SettingsKillTest::aWritableFileInAClosedFolderIsSaved() {
     QVERIFY(content().endsWith("</PenSetting>\n"));
 }
 
-void SettingsKillTest::aBadFileThatCannotBeKeptIsNotReplaced() {
+void SettingsKillTest::aBadFileThatCannotBeKeptIsOverwrittenAllTheSame() {
     write("broken");
     protect(file(), 0666);
     protect(m_folder->path(), 0555);
     saveAsPlainUser();
-    QCOMPARE(content(), QByteArray("broken"));
+    QVERIFY(content().contains("<Key2P>100002</Key2P>"));
+    QVERIFY(content().endsWith("</PenSetting>\n"));
     protect(m_folder->path(), 0777);
+    QVERIFY(!QFile::exists(file() + QStringLiteral(".bad")));
+}
+
+void SettingsKillTest::aFullDiskLeavesTheOldContent_data() {
+    QTest::addColumn<int>("space");
+    QTest::newRow("no space") << 0;
+    QTest::newRow("too little space") << 512;
+}
+
+void SettingsKillTest::aFullDiskLeavesTheOldContent() {
+    QFETCH(int, space);
+    const QByteArray mine = "<PenSetting><Setting><Key2P>4</Key2P></Setting></PenSetting>";
+    write(mine);
+    protect(file(), 0666);
+    {
+        const disk::Full full(space); // the saver inherits it
+        saveAsPlainUser();
+    }
+    QCOMPARE(content(), mine);
+    QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files | QDir::Hidden).size(), 2); // the saver's too
 }
 
 QTEST_GUILESS_MAIN(SettingsKillTest)
