@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/PenChords.h"
 
+#include "platform/quartz/VirtualKeys.h"
+
 #include <QtTest>
 
 using vexa::PenChords;
@@ -10,9 +12,9 @@ using Surroundings = PenChords::Surroundings;
 
 namespace {
 
-constexpr int control = 59;
-constexpr int shift = 56;
-constexpr int option = 58;
+constexpr int control = kVK_Control;
+constexpr int shift = kVK_Shift;
+constexpr int option = kVK_Option;
 
 /// The state of the dispatch, put into words of its own: what the tests expect is computed from this one.
 struct State {
@@ -39,11 +41,11 @@ PenChords chordsIn(const State &state) {
     PenChords chords;
     hold(chords, true, true, true);
     if (state.aPressed)
-        chords.receive(0, 1, {});
+        chords.receive(kVK_ANSI_A, 1, {});
     if (state.jPressed)
-        chords.receive(38, 1, {});
+        chords.receive(kVK_ANSI_J, 1, {});
     if (!state.armed)
-        chords.receive(34, 1, {});
+        chords.receive(kVK_ANSI_I, 1, {});
     hold(chords, state.control, state.shift, state.option);
     return chords;
 }
@@ -63,27 +65,27 @@ State stateOf(const PenChords &chords) {
             copy.receive(shift, 1, {});
             copy.receive(option, 1, {});
         },
-        1, 1);
+        kVK_ANSI_S, 1);
     state.shift = answers(
         close,
         [](PenChords &copy) {
             copy.receive(control, 1, {});
             copy.receive(option, 1, {});
         },
-        1, 1);
+        kVK_ANSI_S, 1);
     state.option = answers(
         close,
         [](PenChords &copy) {
             copy.receive(control, 1, {});
             copy.receive(shift, 1, {});
         },
-        1, 1);
+        kVK_ANSI_S, 1);
     state.armed = answers(
-        {PenCommand::ToggleAnnotation}, [](PenChords &copy) { hold(copy, true, true, true); }, 34, 1);
+        {PenCommand::ToggleAnnotation}, [](PenChords &copy) { hold(copy, true, true, true); }, kVK_ANSI_I, 1);
     state.aPressed = answers(
-        {PenCommand::RunKey2Action}, [](PenChords &) {}, 0, 0);
+        {PenCommand::RunKey2Action}, [](PenChords &) {}, kVK_ANSI_A, 0);
     state.jPressed = answers(
-        {PenCommand::RunKey3Action}, [](PenChords &copy) { copy.arm(); }, 38, 0);
+        {PenCommand::RunKey3Action}, [](PenChords &copy) { copy.arm(); }, kVK_ANSI_J, 0);
     return state;
 }
 
@@ -97,7 +99,7 @@ Commands expectedOf(State &state, int key, bool down, const Surroundings &around
         state.shift = down;
     if (key == option)
         state.option = down;
-    if (key == 0) {
+    if (key == kVK_ANSI_A) {
         if (chord) {
             state.aPressed = true;
         } else if (state.aPressed) {
@@ -105,22 +107,22 @@ Commands expectedOf(State &state, int key, bool down, const Surroundings &around
             commands = {PenCommand::RunKey2Action};
         }
     }
-    if (key == 1 && chord)
+    if (key == kVK_ANSI_S && chord)
         commands = {PenCommand::CloseHeldTools};
-    if (key == 2 && chord)
+    if (key == kVK_ANSI_D && chord)
         commands = {PenCommand::RunKey4Action};
-    if (key == 5 && chord) {
+    if (key == kVK_ANSI_G && chord) {
         commands = {PenCommand::OpenHeldTool};
         if (around.slideShow)
             commands = {PenCommand::CancelRefocus, PenCommand::OpenHeldTool};
     }
-    if (key == 16 && chord) {
+    if (key == kVK_ANSI_Y && chord) {
         if (around.annotationOpen)
             commands.push_back(PenCommand::StepAnnotationColour);
         if (around.blackboardOpen)
             commands.push_back(PenCommand::StepBlackboardColour);
     }
-    if (key == 34) {
+    if (key == kVK_ANSI_I) {
         if (chord && state.armed) {
             state.armed = false;
             commands = {PenCommand::ToggleAnnotation};
@@ -128,7 +130,7 @@ Commands expectedOf(State &state, int key, bool down, const Surroundings &around
             state.armed = true;
         }
     }
-    if (key == 38) {
+    if (key == kVK_ANSI_J) {
         if (chord) {
             state.jPressed = true;
         } else if (!down && state.jPressed && state.armed) {
@@ -137,7 +139,7 @@ Commands expectedOf(State &state, int key, bool down, const Surroundings &around
             commands = {PenCommand::RunKey3Action};
         }
     }
-    if (key == 46 && chord)
+    if (key == kVK_ANSI_M && chord)
         state.armed = true;
     return commands;
 }
@@ -187,22 +189,28 @@ void PenChordsTest::everyChordHasItsMeaning_data() {
     QTest::addColumn<Commands>("onRelease");
 
     using C = PenCommand;
-    QTest::newRow("A") << 0 << false << false << false << Commands{} << Commands{C::RunKey2Action};
-    QTest::newRow("S") << 1 << false << false << false << Commands{C::CloseHeldTools} << Commands{};
-    QTest::newRow("D") << 2 << false << false << false << Commands{C::RunKey4Action} << Commands{};
-    QTest::newRow("G") << 5 << false << false << false << Commands{C::OpenHeldTool} << Commands{};
-    QTest::newRow("G in a slide show")
-        << 5 << true << false << false << Commands{C::CancelRefocus, C::OpenHeldTool} << Commands{};
-    QTest::newRow("Y") << 16 << false << false << false << Commands{} << Commands{};
-    QTest::newRow("Y, annotation") << 16 << false << true << false << Commands{C::StepAnnotationColour}
-                                   << Commands{};
-    QTest::newRow("Y, blackboard") << 16 << false << false << true << Commands{C::StepBlackboardColour}
-                                   << Commands{};
-    QTest::newRow("Y, both") << 16 << false << true << true
+    QTest::newRow("A") << int(kVK_ANSI_A) << false << false << false << Commands{}
+                       << Commands{C::RunKey2Action};
+    QTest::newRow("S") << int(kVK_ANSI_S) << false << false << false << Commands{C::CloseHeldTools}
+                       << Commands{};
+    QTest::newRow("D") << int(kVK_ANSI_D) << false << false << false << Commands{C::RunKey4Action}
+                       << Commands{};
+    QTest::newRow("G") << int(kVK_ANSI_G) << false << false << false << Commands{C::OpenHeldTool}
+                       << Commands{};
+    QTest::newRow("G in a slide show") << int(kVK_ANSI_G) << true << false << false
+                                       << Commands{C::CancelRefocus, C::OpenHeldTool} << Commands{};
+    QTest::newRow("Y") << int(kVK_ANSI_Y) << false << false << false << Commands{} << Commands{};
+    QTest::newRow("Y, annotation") << int(kVK_ANSI_Y) << false << true << false
+                                   << Commands{C::StepAnnotationColour} << Commands{};
+    QTest::newRow("Y, blackboard") << int(kVK_ANSI_Y) << false << false << true
+                                   << Commands{C::StepBlackboardColour} << Commands{};
+    QTest::newRow("Y, both") << int(kVK_ANSI_Y) << false << true << true
                              << Commands{C::StepAnnotationColour, C::StepBlackboardColour} << Commands{};
-    QTest::newRow("I") << 34 << false << false << false << Commands{C::ToggleAnnotation} << Commands{};
-    QTest::newRow("J") << 38 << false << false << false << Commands{} << Commands{C::RunKey3Action};
-    QTest::newRow("M") << 46 << false << false << false << Commands{} << Commands{};
+    QTest::newRow("I") << int(kVK_ANSI_I) << false << false << false << Commands{C::ToggleAnnotation}
+                       << Commands{};
+    QTest::newRow("J") << int(kVK_ANSI_J) << false << false << false << Commands{}
+                       << Commands{C::RunKey3Action};
+    QTest::newRow("M") << int(kVK_ANSI_M) << false << false << false << Commands{} << Commands{};
     QTest::newRow("another letter") << 3 << true << true << true << Commands{} << Commands{};
 }
 
@@ -238,70 +246,70 @@ void PenChordsTest::everyKeyInEveryStateWithAllModifiersDoesWhatTheTableSays() {
 
 void PenChordsTest::releaseOfAWithoutChordedPressDoesNothing() {
     PenChords chords;
-    QVERIFY(chords.receive(0, 0, {}).empty());
+    QVERIFY(chords.receive(kVK_ANSI_A, 0, {}).empty());
     hold(chords, true, true, true);
-    QVERIFY(chords.receive(0, 0, {}).empty());
+    QVERIFY(chords.receive(kVK_ANSI_A, 0, {}).empty());
 }
 
 void PenChordsTest::plainAOnTheKeyboardDoesNothing() {
     PenChords chords;
-    QVERIFY(chords.receive(0, 1, {}).empty());
-    QVERIFY(chords.receive(0, 0, {}).empty());
+    QVERIFY(chords.receive(kVK_ANSI_A, 1, {}).empty());
+    QVERIFY(chords.receive(kVK_ANSI_A, 0, {}).empty());
 }
 
 void PenChordsTest::aActsOnTheReleaseEvenAfterTheModifiersAreGone() {
     PenChords chords;
     hold(chords, true, true, true);
-    QVERIFY(chords.receive(0, 1, {}).empty());
+    QVERIFY(chords.receive(kVK_ANSI_A, 1, {}).empty());
     hold(chords, false, false, false);
-    QCOMPARE(chords.receive(0, 0, {}), Commands{PenCommand::RunKey2Action});
-    QVERIFY(chords.receive(0, 0, {}).empty());
+    QCOMPARE(chords.receive(kVK_ANSI_A, 0, {}), Commands{PenCommand::RunKey2Action});
+    QVERIFY(chords.receive(kVK_ANSI_A, 0, {}).empty());
 }
 
 void PenChordsTest::annotationTogglesOnceUntilIIsReleased() {
     PenChords chords;
     hold(chords, true, true, true);
-    QCOMPARE(chords.receive(34, 1, {}), Commands{PenCommand::ToggleAnnotation});
-    QVERIFY(chords.receive(34, 1, {}).empty());
-    QVERIFY(chords.receive(34, 0, {}).empty());
-    QCOMPARE(chords.receive(34, 1, {}), Commands{PenCommand::ToggleAnnotation});
+    QCOMPARE(chords.receive(kVK_ANSI_I, 1, {}), Commands{PenCommand::ToggleAnnotation});
+    QVERIFY(chords.receive(kVK_ANSI_I, 1, {}).empty());
+    QVERIFY(chords.receive(kVK_ANSI_I, 0, {}).empty());
+    QCOMPARE(chords.receive(kVK_ANSI_I, 1, {}), Commands{PenCommand::ToggleAnnotation});
 }
 
 void PenChordsTest::annotationTogglesAgainAfterTheArmingChord() {
     PenChords chords;
     hold(chords, true, true, true);
-    chords.receive(34, 1, {});
-    QVERIFY(chords.receive(46, 1, {}).empty());
-    QCOMPARE(chords.receive(34, 1, {}), Commands{PenCommand::ToggleAnnotation});
+    chords.receive(kVK_ANSI_I, 1, {});
+    QVERIFY(chords.receive(kVK_ANSI_M, 1, {}).empty());
+    QCOMPARE(chords.receive(kVK_ANSI_I, 1, {}), Commands{PenCommand::ToggleAnnotation});
 }
 
 void PenChordsTest::annotationTogglesAgainAfterASettingArmedIt() {
     PenChords chords;
     hold(chords, true, true, true);
-    chords.receive(34, 1, {});
+    chords.receive(kVK_ANSI_I, 1, {});
     chords.arm();
-    QCOMPARE(chords.receive(34, 1, {}), Commands{PenCommand::ToggleAnnotation});
+    QCOMPARE(chords.receive(kVK_ANSI_I, 1, {}), Commands{PenCommand::ToggleAnnotation});
 }
 
 void PenChordsTest::plainPressOfIDoesNotArm() {
     PenChords chords;
     hold(chords, true, true, true);
-    chords.receive(34, 1, {});
+    chords.receive(kVK_ANSI_I, 1, {});
     hold(chords, false, false, false);
-    chords.receive(34, 1, {});
+    chords.receive(kVK_ANSI_I, 1, {});
     hold(chords, true, true, true);
-    QVERIFY(chords.receive(34, 1, {}).empty());
+    QVERIFY(chords.receive(kVK_ANSI_I, 1, {}).empty());
 }
 
 void PenChordsTest::key3ActionKeepsItsMarkWhileNotArmed() {
     PenChords chords;
     hold(chords, true, true, true);
-    chords.receive(34, 1, {}); // uses the permission up
-    chords.receive(38, 1, {});
-    QVERIFY(chords.receive(38, 0, {}).empty());
-    chords.receive(46, 1, {});
-    QCOMPARE(chords.receive(38, 0, {}), Commands{PenCommand::RunKey3Action});
-    QVERIFY(chords.receive(38, 0, {}).empty());
+    chords.receive(kVK_ANSI_I, 1, {}); // uses the permission up
+    chords.receive(kVK_ANSI_J, 1, {});
+    QVERIFY(chords.receive(kVK_ANSI_J, 0, {}).empty());
+    chords.receive(kVK_ANSI_M, 1, {});
+    QCOMPARE(chords.receive(kVK_ANSI_J, 0, {}), Commands{PenCommand::RunKey3Action});
+    QVERIFY(chords.receive(kVK_ANSI_J, 0, {}).empty());
 }
 
 void PenChordsTest::codesFrom60OnNeverChangeTheModifiers() {
@@ -313,7 +321,7 @@ void PenChordsTest::codesFrom60OnNeverChangeTheModifiers() {
         }
         hold(chords, true, true, true);
         chords.receive(key, 0, {});
-        QCOMPARE(chords.receive(1, 1, {}), Commands{PenCommand::CloseHeldTools});
+        QCOMPARE(chords.receive(kVK_ANSI_S, 1, {}), Commands{PenCommand::CloseHeldTools});
     }
 }
 

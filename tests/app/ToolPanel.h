@@ -16,14 +16,14 @@
 
 /// The keys of the pen.
 namespace pen {
-constexpr int a = 0;
-constexpr int s = 1;
-constexpr int d = 2;
-constexpr int g = 5;
-constexpr int y = 16;
-constexpr int i = 34;
-constexpr int j = 38;
-constexpr int m = 46;
+constexpr int a = kVK_ANSI_A;
+constexpr int s = kVK_ANSI_S;
+constexpr int d = kVK_ANSI_D;
+constexpr int g = kVK_ANSI_G;
+constexpr int y = kVK_ANSI_Y;
+constexpr int i = kVK_ANSI_I;
+constexpr int j = kVK_ANSI_J;
+constexpr int m = kVK_ANSI_M;
 } // namespace pen
 
 /// A main window with a pen, in a session that only writes down what is posted into it.
@@ -36,7 +36,7 @@ public:
     MainWindow window;
 
     void holdModifiers(bool held) {
-        for (int key : {59, 56, 58})
+        for (int key : {kVK_Control, kVK_Shift, kVK_Option})
             window.RecvKeboardMessage(key, held ? 1 : 0);
     }
     void press(int key) {

@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <deque>
 
-#include "platform/quartz/CoreGraphics.h"
 #include "platform/quartz/WakeFd.h"
 
 namespace vexa {

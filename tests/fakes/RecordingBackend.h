@@ -4,7 +4,9 @@
 #include <mutex>
 #include <vector>
 
+#include "platform/quartz/CoreGraphics.h"
 #include "platform/quartz/InputBackend.h"
+#include "platform/quartz/VirtualKeys.h"
 
 namespace vexa {
 

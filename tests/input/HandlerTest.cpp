@@ -150,24 +150,24 @@ void HandlerTest::cleanup() {
 void HandlerTest::aPressAndAReleaseArriveOnceAndInOrder() {
     CKeyboardHandler handler;
     QSignalSpy keys(&handler, &CKeyboardHandler::MysignalKeyboardMessage);
-    m_backend.feedKey(5, true);
-    m_backend.feedKey(5, false);
-    m_backend.feedKey(0, true);
+    m_backend.feedKey(kVK_ANSI_G, true);
+    m_backend.feedKey(kVK_ANSI_G, false);
+    m_backend.feedKey(kVK_ANSI_A, true);
     QTRY_COMPARE(keys.size(), 3);
-    QCOMPARE(keys.takeFirst(), (QVariantList{5, 1}));
-    QCOMPARE(keys.takeFirst(), (QVariantList{5, 0}));
-    QCOMPARE(keys.takeFirst(), (QVariantList{0, 1}));
+    QCOMPARE(keys.takeFirst(), (QVariantList{kVK_ANSI_G, 1}));
+    QCOMPARE(keys.takeFirst(), (QVariantList{kVK_ANSI_G, 0}));
+    QCOMPARE(keys.takeFirst(), (QVariantList{kVK_ANSI_A, 1}));
 }
 
 void HandlerTest::aModifierArrivesWithItsToggledState() {
     CKeyboardHandler handler;
     QSignalSpy keys(&handler, &CKeyboardHandler::MysignalKeyboardMessage);
-    for (const int key : {59, 60, 59})
+    for (const int key : {kVK_Control, kVK_RightShift, kVK_Control})
         m_backend.feedModifier(key);
     QTRY_COMPARE(keys.size(), 3);
-    QCOMPARE(keys.at(0), (QVariantList{59, 1}));
-    QCOMPARE(keys.at(1), (QVariantList{60, 0}));
-    QCOMPARE(keys.at(2), (QVariantList{59, 0}));
+    QCOMPARE(keys.at(0), (QVariantList{kVK_Control, 1}));
+    QCOMPARE(keys.at(1), (QVariantList{kVK_RightShift, 0}));
+    QCOMPARE(keys.at(2), (QVariantList{kVK_Control, 0}));
 }
 
 void HandlerTest::aPointerMoveArrivesWithWholeCoordinates() {
@@ -184,7 +184,7 @@ void HandlerTest::aClickBringsNothing() {
     QSignalSpy moves(&handler, &CKeyboardHandler::MysignalMouseMessage);
     m_backend.feedButton(true);
     m_backend.feedButton(false);
-    m_backend.feedKey(5, true); // comes after, so whatever the click brought would be here
+    m_backend.feedKey(kVK_ANSI_G, true); // comes after, so whatever the click brought would be here
     QTRY_COMPARE(keys.size(), 1);
     QVERIFY(moves.isEmpty());
 }
@@ -196,7 +196,7 @@ void HandlerTest::messagesArriveOnTheGuiThread() {
     connect(
         &handler, &CKeyboardHandler::MysignalKeyboardMessage, &context,
         [&thread] { thread = QThread::currentThread(); }, Qt::DirectConnection);
-    m_backend.feedKey(5, true);
+    m_backend.feedKey(kVK_ANSI_G, true);
     QTRY_VERIFY(thread);
     QCOMPARE(thread, QThread::currentThread());
 }
@@ -228,7 +228,7 @@ void HandlerTest::destroyingABusyHandlerReturns() {
     std::atomic<bool> done{false};
     std::thread typist([this, &done] {
         while (!done)
-            m_backend.feedKey(5, true);
+            m_backend.feedKey(kVK_ANSI_G, true);
     });
     { CKeyboardHandler handler; }
     done = true;
@@ -293,7 +293,7 @@ void HandlerTest::aSecondHandlerBreaksItsPromiseAndTheFirstWorksOn() {
     CKeyboardHandler first;
     QSignalSpy keys(&first, &CKeyboardHandler::MysignalKeyboardMessage);
     QVERIFY_EXCEPTION_THROWN(CKeyboardHandler(), std::future_error);
-    m_backend.feedKey(5, true);
+    m_backend.feedKey(kVK_ANSI_G, true);
     QTRY_COMPARE(keys.size(), 1);
 }
 
@@ -332,7 +332,7 @@ void HandlerTest::aFailureWhileListeningIsToldAndTheHandlerStillEnds() {
         QByteArrayList told;
         connect(&handler, &CKeyboardHandler::signalKeyboardException, this,
                 [&told](const CKeyboardExceptionMessage &message) { told.append(message.text); });
-        breaking.feedKey(5, true);
+        breaking.feedKey(kVK_ANSI_G, true);
         QTRY_COMPARE(told, QByteArrayList{text});
         QTRY_COMPARE(threadsOfThisProcess(), before);
         QCOMPARE(breaking.openSources(), 0);
@@ -360,7 +360,7 @@ void HandlerTest::theExceptionSlotIgnoresWhatItIsTold() {
     QSignalSpy keys(&handler, &CKeyboardHandler::MysignalKeyboardMessage);
     handler.slotOnKeyboardException(CKeyboardExceptionMessage("any"));
     QVERIFY(failures.isEmpty());
-    m_backend.feedKey(5, true);
+    m_backend.feedKey(kVK_ANSI_G, true);
     QTRY_COMPARE(keys.size(), 1);
 }
 
@@ -368,10 +368,10 @@ void HandlerTest::activationHasNoEffect() {
     CKeyboardHandler handler;
     QSignalSpy keys(&handler, &CKeyboardHandler::MysignalKeyboardMessage);
     handler.deactivate();
-    m_backend.feedKey(5, true);
+    m_backend.feedKey(kVK_ANSI_G, true);
     QTRY_COMPARE(keys.size(), 1);
     handler.activate();
-    m_backend.feedKey(5, false);
+    m_backend.feedKey(kVK_ANSI_G, false);
     QTRY_COMPARE(keys.size(), 2);
 }
 

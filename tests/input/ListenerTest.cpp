@@ -121,58 +121,66 @@ void ListenerTest::theMaskIs7206() {
 }
 
 void ListenerTest::keysGiveTheirCodeAndState() {
-    send({10, 5});
-    send({11, 5});
-    QCOMPARE(keysOf(*m_keys), (QVector<Key>{{5, 1}, {5, 0}}));
+    send({kCGEventKeyDown, kVK_ANSI_G});
+    send({kCGEventKeyUp, kVK_ANSI_G});
+    QCOMPARE(keysOf(*m_keys), (QVector<Key>{{kVK_ANSI_G, 1}, {kVK_ANSI_G, 0}}));
     const auto message = m_keys->first().first().value<CKeyboardMessage>();
     QVERIFY(message.text.isEmpty());
     QVERIFY(m_moves->isEmpty());
 }
 
 void ListenerTest::autoRepeatGivesAPressEachTime() {
-    for (const std::uint32_t type : {10u, 10u, 10u, 11u})
+    for (const std::uint32_t type : {kCGEventKeyDown, kCGEventKeyDown, kCGEventKeyDown, kCGEventKeyUp})
         send({type, 0});
-    QCOMPARE(keysOf(*m_keys), (QVector<Key>{{0, 1}, {0, 1}, {0, 1}, {0, 0}}));
+    QCOMPARE(keysOf(*m_keys),
+             (QVector<Key>{{kVK_ANSI_A, 1}, {kVK_ANSI_A, 1}, {kVK_ANSI_A, 1}, {kVK_ANSI_A, 0}}));
 }
 
 void ListenerTest::leftShiftAloneTogglesOnAndOff() {
-    send({12, 56});
-    send({12, 56});
-    QCOMPARE(keysOf(*m_keys), (QVector<Key>{{56, 1}, {56, 0}}));
+    send({kCGEventFlagsChanged, kVK_Shift});
+    send({kCGEventFlagsChanged, kVK_Shift});
+    QCOMPARE(keysOf(*m_keys), (QVector<Key>{{kVK_Shift, 1}, {kVK_Shift, 0}}));
 }
 
 void ListenerTest::theThreeLeftModifiersToggleIndependently() {
-    for (const CGKeyCode key : std::initializer_list<CGKeyCode>{59, 56, 58, 56, 59, 58})
-        send({12, key});
-    QCOMPARE(keysOf(*m_keys), (QVector<Key>{{59, 1}, {56, 1}, {58, 1}, {56, 0}, {59, 0}, {58, 0}}));
+    for (const CGKeyCode key : std::initializer_list<CGKeyCode>{kVK_Control, kVK_Shift, kVK_Option, kVK_Shift,
+                                                                kVK_Control, kVK_Option})
+        send({kCGEventFlagsChanged, key});
+    QCOMPARE(keysOf(*m_keys), (QVector<Key>{{kVK_Control, 1},
+                                            {kVK_Shift, 1},
+                                            {kVK_Option, 1},
+                                            {kVK_Shift, 0},
+                                            {kVK_Control, 0},
+                                            {kVK_Option, 0}}));
 }
 
 void ListenerTest::otherModifiersHaveStateZero_data() {
     QTest::addColumn<int>("key");
-    for (const int key : {54, 55, 57, 60, 61, 62, 63})
+    for (const int key : {kVK_RightCommand, kVK_Command, kVK_CapsLock, kVK_RightShift, kVK_RightOption,
+                          kVK_RightControl, kVK_Function})
         QTest::addRow("%d", key) << key;
 }
 
 void ListenerTest::otherModifiersHaveStateZero() {
     QFETCH(int, key);
-    send({12, CGKeyCode(key)});
-    send({12, CGKeyCode(key)});
+    send({kCGEventFlagsChanged, CGKeyCode(key)});
+    send({kCGEventFlagsChanged, CGKeyCode(key)});
     QCOMPARE(keysOf(*m_keys), (QVector<Key>{{key, 0}, {key, 0}}));
     m_keys->clear();
-    send({12, 56}); // and no toggle has changed
-    QCOMPARE(keysOf(*m_keys), (QVector<Key>{{56, 1}}));
+    send({kCGEventFlagsChanged, kVK_Shift}); // and no toggle has changed
+    QCOMPARE(keysOf(*m_keys), (QVector<Key>{{kVK_Shift, 1}}));
 }
 
 void ListenerTest::aReleaseSeenFirstIsCountedAsAChange() {
-    Event release(12, 59);
+    Event release(kCGEventFlagsChanged, kVK_Control);
     CGEventSetFlags(release.get(), 0); // the flags say released, and are not asked
     send(release);
-    QCOMPARE(keysOf(*m_keys), (QVector<Key>{{59, 1}}));
+    QCOMPARE(keysOf(*m_keys), (QVector<Key>{{kVK_Control, 1}}));
 }
 
 void ListenerTest::leftClicksGiveNoMessage() {
-    send({1, CGPointMake(3, 4)});
-    send({2, CGPointMake(3, 4)});
+    send({kCGEventLeftMouseDown, CGPointMake(3, 4)});
+    send({kCGEventLeftMouseUp, CGPointMake(3, 4)});
     QVERIFY(m_keys->isEmpty());
     QVERIFY(m_moves->isEmpty());
 }
@@ -204,7 +212,7 @@ void ListenerTest::positionsAreTruncatedTowardZero_data() {
 void ListenerTest::positionsAreTruncatedTowardZero() {
     QFETCH(double, x);
     QFETCH(double, y);
-    send({5, CGPointMake(x, y)});
+    send({kCGEventMouseMoved, CGPointMake(x, y)});
     QCOMPARE(m_moves->size(), 1);
     const auto message = m_moves->first().first().value<CKeyboardMessage>();
     QCOMPARE(message.mouseEvent, 5);
@@ -214,29 +222,30 @@ void ListenerTest::positionsAreTruncatedTowardZero() {
 }
 
 void ListenerTest::everyEventIsReturnedUnchanged() {
-    for (const std::uint32_t type : {1u, 2u, 5u, 10u, 11u, 12u}) {
-        const Event event(type, CGKeyCode(56));
+    for (const std::uint32_t type : {kCGEventLeftMouseDown, kCGEventLeftMouseUp, kCGEventMouseMoved,
+                                     kCGEventKeyDown, kCGEventKeyUp, kCGEventFlagsChanged}) {
+        const Event event(type, CGKeyCode(kVK_Shift));
         QCOMPARE(CKeyboardListenerMac::StaticCallbackFunction(nullptr, event.type(), event.get(),
                                                               m_listener.get()),
                  event.get());
-        QCOMPARE(CGEventGetIntegerValueField(event.get(), kCGKeyboardEventKeycode), std::int64_t{56});
+        QCOMPARE(CGEventGetIntegerValueField(event.get(), kCGKeyboardEventKeycode), std::int64_t{kVK_Shift});
     }
 }
 
 void ListenerTest::aTapDisabledByTheSystemIsEnabledAgain() {
     vexa::InputEvent disabled;
-    disabled.type = 0xFFFFFFFE;
+    disabled.type = kCGEventTapDisabledByTimeout;
     m_backend->feed(disabled);
-    m_backend->feedKey(5, true);
+    m_backend->feedKey(kVK_ANSI_G, true);
     pump();
-    QCOMPARE(keysOf(*m_keys), (QVector<Key>{{5, 1}}));
+    QCOMPARE(keysOf(*m_keys), (QVector<Key>{{kVK_ANSI_G, 1}}));
 }
 
 void ListenerTest::aTapDisabledByTheUserStaysDisabled() {
     vexa::InputEvent disabled;
-    disabled.type = 0xFFFFFFFF;
+    disabled.type = kCGEventTapDisabledByUserInput;
     m_backend->feed(disabled);
-    m_backend->feedKey(5, true);
+    m_backend->feedKey(kVK_ANSI_G, true);
     pump();
     QVERIFY(m_keys->isEmpty());
 }
@@ -301,9 +310,9 @@ void ListenerTest::aPromiseWithoutStateThrowsAndReleasesEverything() {
 
 void ListenerTest::theUnusedSignalIsNeverEmitted() {
     QSignalSpy unused(m_listener.get(), &CKeyboardListenerMac::MysignalKeyboardMessage);
-    send({10, 5});
-    send({12, 56});
-    send({5, CGPointMake(1, 1)});
+    send({kCGEventKeyDown, kVK_ANSI_G});
+    send({kCGEventFlagsChanged, kVK_Shift});
+    send({kCGEventMouseMoved, CGPointMake(1, 1)});
     QVERIFY(unused.isEmpty());
 }
 

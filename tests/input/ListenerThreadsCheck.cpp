@@ -46,7 +46,7 @@ void startAndStopWhileInputArrives() {
     std::atomic<bool> done{false};
     std::thread typist([&] {
         while (!done) {
-            backend.feedKey(5, true);
+            backend.feedKey(kVK_ANSI_G, true);
             backend.feedMove(1, 2);
             std::this_thread::yield();
         }

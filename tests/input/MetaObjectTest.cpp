@@ -3,6 +3,7 @@
 
 #include "input/CKeyboardHandler.h"
 #include "input/CKeyboardListenerMac.h"
+#include "platform/quartz/VirtualKeys.h"
 
 /// The order of signals and slots is part of the interface.
 class MetaObjectTest : public QObject {
@@ -65,11 +66,11 @@ void MetaObjectTest::theStopObjectHasTwoVirtualOperations() {
 void MetaObjectTest::messagesHoldWhatTheyAreGiven() {
     const CKeyboardMessage text("some text");
     QCOMPARE(text.text, QByteArray("some text"));
-    const CKeyboardMessage key(5, 1);
+    const CKeyboardMessage key(kVK_ANSI_G, 1);
     QVERIFY(key.text.isEmpty());
-    QCOMPARE(key.keyCode, 5);
+    QCOMPARE(key.keyCode, int(kVK_ANSI_G));
     QCOMPARE(key.keyState, 1);
-    const CKeyboardMessage mouse(5, -3, 7);
+    const CKeyboardMessage mouse(kCGEventMouseMoved, -3, 7);
     QVERIFY(mouse.text.isEmpty());
     QCOMPARE(mouse.mouseEvent, 5);
     QCOMPARE(mouse.mouseX, -3);

@@ -30,7 +30,7 @@ void StartStopTest::twoThousandStartsAndStopsLeaveNothingBehind() {
     for (int i = 0; i < 2000; ++i) {
         CKeyboardHandler handler;
         if (i % 2)
-            backend.feedKey(5, true);
+            backend.feedKey(kVK_ANSI_G, true);
     }
     QCOMPARE(backend.openedSources(), 2001);
     QCOMPARE(backend.openSources(), 0);

@@ -2,6 +2,7 @@
 #include "fakes/mac/Quartz.h"
 #include "input/CKeyboardHandler.h"
 #include "input/CKeyboardListenerMac.h"
+#include "platform/quartz/VirtualKeys.h"
 
 #include <QSignalSpy>
 #include <QtTest>
@@ -91,10 +92,10 @@ private slots:
     void looksAtTheFlagsOfAModifierAlone() {
         const CKeyboardHandler handler;
         const int before = calls().size();
-        QVERIFY(m_quartz->send(key(kCGEventKeyDown, 5)));
+        QVERIFY(m_quartz->send(key(kCGEventKeyDown, kVK_ANSI_G)));
         QVERIFY(m_quartz->send(pointer(kCGEventMouseMoved, 1, 1)));
         QCOMPARE(calls().size(), before);
-        QVERIFY(m_quartz->send(key(kCGEventFlagsChanged, 56)));
+        QVERIFY(m_quartz->send(key(kCGEventFlagsChanged, kVK_Shift)));
         QCOMPARE(calls().mid(before), QStringList(QStringLiteral("CGEventGetFlags")));
     }
 
@@ -102,23 +103,26 @@ private slots:
         const CKeyboardHandler handler;
         QSignalSpy keys(&handler, &CKeyboardHandler::MysignalKeyboardMessage);
         QSignalSpy moves(&handler, &CKeyboardHandler::MysignalMouseMessage);
-        QVERIFY(m_quartz->send(key(kCGEventFlagsChanged, 59)));
-        QVERIFY(m_quartz->send(key(kCGEventKeyDown, 5)));
-        QVERIFY(m_quartz->send(key(kCGEventKeyUp, 5)));
-        QVERIFY(m_quartz->send(key(kCGEventFlagsChanged, 59)));
+        QVERIFY(m_quartz->send(key(kCGEventFlagsChanged, kVK_Control)));
+        QVERIFY(m_quartz->send(key(kCGEventKeyDown, kVK_ANSI_G)));
+        QVERIFY(m_quartz->send(key(kCGEventKeyUp, kVK_ANSI_G)));
+        QVERIFY(m_quartz->send(key(kCGEventFlagsChanged, kVK_Control)));
         QVERIFY(m_quartz->send(pointer(kCGEventMouseMoved, 100.9, -0.5)));
         QTRY_COMPARE(moves.count(), 1);
-        QCOMPARE(Messages(keys), (Messages{{59, 1}, {5, 1}, {5, 0}, {59, 0}}));
+        QCOMPARE(Messages(keys),
+                 (Messages{{kVK_Control, 1}, {kVK_ANSI_G, 1}, {kVK_ANSI_G, 0}, {kVK_Control, 0}}));
         QCOMPARE(Messages(moves), (Messages{{5, 100, 0}}));
     }
 
     void countsTheChangesOfTheLeftModifiersAlone() {
         const CKeyboardHandler handler;
         QSignalSpy keys(&handler, &CKeyboardHandler::MysignalKeyboardMessage);
-        for (const int code : {56, 58, 59, 60, 55, 58, 56, 59})
+        for (const int code : {kVK_Shift, kVK_Option, kVK_Control, kVK_RightShift, kVK_Command, kVK_Option,
+                               kVK_Shift, kVK_Control})
             QVERIFY(m_quartz->send(key(kCGEventFlagsChanged, code)));
         QTRY_COMPARE(keys.count(), 8);
-        const Messages expected{{56, 1}, {58, 1}, {59, 1}, {60, 0}, {55, 0}, {58, 0}, {56, 0}, {59, 0}};
+        const Messages expected{{kVK_Shift, 1},   {kVK_Option, 1}, {kVK_Control, 1}, {kVK_RightShift, 0},
+                                {kVK_Command, 0}, {kVK_Option, 0}, {kVK_Shift, 0},   {kVK_Control, 0}};
         QCOMPARE(Messages(keys), expected);
     }
 
@@ -138,16 +142,16 @@ private slots:
         QSignalSpy keys(&handler, &CKeyboardHandler::MysignalKeyboardMessage);
         m_quartz->disableTaps(kCGEventTapDisabledByTimeout);
         QCOMPARE(m_quartz->enabledTaps(), 1);
-        QVERIFY(m_quartz->send(key(kCGEventKeyDown, 1)));
+        QVERIFY(m_quartz->send(key(kCGEventKeyDown, kVK_ANSI_S)));
         QTRY_COMPARE(keys.count(), 1);
-        QCOMPARE(Messages(keys), (Messages{{1, 1}}));
+        QCOMPARE(Messages(keys), (Messages{{kVK_ANSI_S, 1}}));
     }
 
     void leavesATapOffThatTheUserSwitchedOff() {
         const CKeyboardHandler handler;
         m_quartz->disableTaps(kCGEventTapDisabledByUserInput);
         QCOMPARE(m_quartz->enabledTaps(), 0);
-        QVERIFY(!m_quartz->send(key(kCGEventKeyDown, 1)));
+        QVERIFY(!m_quartz->send(key(kCGEventKeyDown, kVK_ANSI_S)));
     }
 
     void doesNotStartWhenTheTapIsRefused() {
@@ -194,9 +198,9 @@ private slots:
         CKeyboardListenerMac::SetPPTFullScreen();
         const auto posted = m_quartz->posted();
         QCOMPARE(posted.size(), std::size_t{2});
-        QCOMPARE(posted[0].keyCode, std::int64_t{36});
+        QCOMPARE(posted[0].keyCode, std::int64_t{kVK_Return});
         QCOMPARE(quint64(posted[0].flags), quint64(0x100000));
-        QCOMPARE(posted[1].keyCode, std::int64_t{53});
+        QCOMPARE(posted[1].keyCode, std::int64_t{kVK_Escape});
         QCOMPARE(quint64(posted[1].flags), quint64(0));
         for (const auto &event : posted) {
             QCOMPARE(int(event.type), 10);

@@ -15,7 +15,7 @@ struct Seen {
     double x = 0, y = 0;
 };
 
-constexpr std::uint32_t lastType = 11; // a key up ends the loop
+constexpr std::uint32_t lastType = kCGEventKeyUp; // ends the loop
 
 CGEventRef see(CGEventTapProxy, CGEventType type, CGEventRef event, void *userInfo) {
     auto *seen = static_cast<Seen *>(userInfo);
@@ -31,7 +31,7 @@ CGEventRef see(CGEventTapProxy, CGEventType type, CGEventRef event, void *userIn
     return event;
 }
 
-constexpr CGEventMask keysOnly = (1 << 10) | (1 << 11);
+constexpr CGEventMask keysOnly = CGEventMaskBit(kCGEventKeyDown) | CGEventMaskBit(kCGEventKeyUp);
 
 } // namespace
 
@@ -93,12 +93,12 @@ void EventTapTest::onlyTypesInTheMaskAreSeen() {
     Seen seen;
     run(seen, keysOnly, [this] {
         m_backend->feedMove(1, 2);
-        m_backend->feedKey(5, true);
-        m_backend->feedModifier(56);
+        m_backend->feedKey(kVK_ANSI_G, true);
+        m_backend->feedModifier(kVK_Shift);
         m_backend->feedButton(true);
-        m_backend->feedKey(5, false);
+        m_backend->feedKey(kVK_ANSI_G, false);
     });
-    QCOMPARE(seen.types, (std::vector<std::uint32_t>{10, 11}));
+    QCOMPARE(seen.types, (std::vector<std::uint32_t>{kCGEventKeyDown, kCGEventKeyUp}));
 }
 
 void EventTapTest::aDisabledTapMissesWhatHappens() {
@@ -111,9 +111,9 @@ void EventTapTest::aDisabledTapMissesWhatHappens() {
 
     // A second tap, which is not disabled, ends the loop after the first one has had its turn.
     Seen other;
-    run(other, keysOnly, [this] { m_backend->feedKey(5, false); });
+    run(other, keysOnly, [this] { m_backend->feedKey(kVK_ANSI_G, false); });
     QVERIFY(seen.types.empty());
-    QCOMPARE(other.types, std::vector<std::uint32_t>{11});
+    QCOMPARE(other.types, std::vector<std::uint32_t>{kCGEventKeyUp});
     CFMachPortInvalidate(tap);
     CFRelease(tap);
     CFRelease(source);
@@ -123,27 +123,27 @@ void EventTapTest::aTapDisabledByTheSystemIsToldWhateverItsMask() {
     Seen seen;
     seen.enableAgain = true;
     vexa::InputEvent disabled;
-    disabled.type = 0xFFFFFFFE;
+    disabled.type = kCGEventTapDisabledByTimeout;
     run(seen, keysOnly, [&] {
         m_backend->feed(disabled);
-        m_backend->feedKey(5, false);
+        m_backend->feedKey(kVK_ANSI_G, false);
     });
-    QCOMPARE(seen.types, (std::vector<std::uint32_t>{0xFFFFFFFE, 11}));
+    QCOMPARE(seen.types, (std::vector<std::uint32_t>{kCGEventTapDisabledByTimeout, kCGEventKeyUp}));
 }
 
 void EventTapTest::aTapNotEnabledAgainStaysDisabled() {
     Seen seen;
     Seen other;
     vexa::InputEvent disabled;
-    disabled.type = 0xFFFFFFFF;
+    disabled.type = kCGEventTapDisabledByUserInput;
     CFMachPortRef tap = CGEventTapCreate(kCGSessionEventTap, kCGHeadInsertEventTap,
                                          kCGEventTapOptionListenOnly, keysOnly, see, &seen);
     CFRunLoopSourceRef source = CFMachPortCreateRunLoopSource(kCFAllocatorDefault, tap, 0);
     CFRunLoopAddSource(CFRunLoopGetCurrent(), source, kCFRunLoopCommonModes);
     m_backend->feed(disabled); // the second tap does not exist yet and does not see this
-    run(other, keysOnly, [this] { m_backend->feedKey(5, false); });
-    QCOMPARE(seen.types, std::vector<std::uint32_t>{0xFFFFFFFF});
-    QCOMPARE(other.types, std::vector<std::uint32_t>{11});
+    run(other, keysOnly, [this] { m_backend->feedKey(kVK_ANSI_G, false); });
+    QCOMPARE(seen.types, std::vector<std::uint32_t>{kCGEventTapDisabledByUserInput});
+    QCOMPARE(other.types, std::vector<std::uint32_t>{kCGEventKeyUp});
     CFMachPortInvalidate(tap);
     CFRelease(tap);
     CFRelease(source);
@@ -155,19 +155,20 @@ void EventTapTest::typesBeyondTheMaskAreNotSeen() {
         vexa::InputEvent strange;
         strange.type = 64 + 10;
         m_backend->feed(strange);
-        m_backend->feedKey(5, false);
+        m_backend->feedKey(kVK_ANSI_G, false);
     });
-    QCOMPARE(seen.types, std::vector<std::uint32_t>{11});
+    QCOMPARE(seen.types, std::vector<std::uint32_t>{kCGEventKeyUp});
 }
 
 void EventTapTest::aTapMayBeInvalidatedInItsCallback() {
     Seen seen;
     seen.invalidate = true;
     run(seen, keysOnly, [this] {
-        m_backend->feedKey(5, true);
-        m_backend->feedKey(5, true);
+        m_backend->feedKey(kVK_ANSI_G, true);
+        m_backend->feedKey(kVK_ANSI_G, true);
     });
-    QCOMPARE(seen.types, std::vector<std::uint32_t>{10}); // and the loop, left without sources, returned
+    QCOMPARE(seen.types,
+             std::vector<std::uint32_t>{kCGEventKeyDown}); // and the loop, left without sources, returned
 }
 
 void EventTapTest::invalidatingClosesTheSource() {
@@ -182,20 +183,20 @@ void EventTapTest::invalidatingClosesTheSource() {
 
 void EventTapTest::aBurstLongerThanOneTurnIsSeenWhole() {
     Seen seen;
-    run(seen, keysOnly | (1 << 5), [this] {
+    run(seen, keysOnly | CGEventMaskBit(kCGEventMouseMoved), [this] {
         for (int i = 0; i < 1000; ++i)
             m_backend->feedMove(i, -i);
-        m_backend->feedKey(5, false);
+        m_backend->feedKey(kVK_ANSI_G, false);
     });
     QCOMPARE(seen.types.size(), std::size_t{1001});
 }
 
 void EventTapTest::postedEventsReachTheBackend() {
-    CGEventRef key = CGEventCreateKeyboardEvent(nullptr, 36, true);
+    CGEventRef key = CGEventCreateKeyboardEvent(nullptr, kVK_Return, true);
     CGEventSetFlags(key, kCGEventFlagMaskCommand);
     CGEventPost(kCGHIDEventTap, key);
-    QCOMPARE(CGEventGetFlags(key), CGEventFlags{0x100000});
-    QCOMPARE(CGEventGetIntegerValueField(key, kCGKeyboardEventKeycode), std::int64_t{36});
+    QCOMPARE(CGEventGetFlags(key), CGEventFlags{kCGEventFlagMaskCommand});
+    QCOMPARE(CGEventGetIntegerValueField(key, kCGKeyboardEventKeycode), std::int64_t{kVK_Return});
     CFRelease(key);
 
     CGEventRef mouse =
@@ -206,10 +207,10 @@ void EventTapTest::postedEventsReachTheBackend() {
 
     const auto posts = m_backend->posts();
     QCOMPARE(posts.size(), std::size_t{2});
-    QCOMPARE(posts[0].type, 10u);
-    QCOMPARE(posts[0].keyCode, std::int64_t{36});
+    QCOMPARE(posts[0].type, std::uint32_t{kCGEventKeyDown});
+    QCOMPARE(posts[0].keyCode, std::int64_t{kVK_Return});
     QCOMPARE(posts[0].flags, std::uint64_t{1048576});
-    QCOMPARE(posts[1].type, 2u);
+    QCOMPARE(posts[1].type, std::uint32_t{kCGEventLeftMouseUp});
     QCOMPARE(posts[1].x, 1.5);
     QCOMPARE(posts[1].y, -2.0);
     QCOMPARE(posts[1].button, 1u);
