@@ -9,18 +9,14 @@ endif()
 list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES VEXA_CHECK_ARCH)
 set(CMAKE_SYSTEM_PROCESSOR ${VEXA_CHECK_ARCH})
 set(CMAKE_OSX_SYSROOT "" CACHE STRING "")
-set(CMAKE_OSX_ARCHITECTURES "" CACHE STRING "")
-set(CMAKE_OSX_DEPLOYMENT_TARGET "" CACHE STRING "") # the target triple says it
+include("${CMAKE_CURRENT_LIST_DIR}/../MinimumSystems.cmake")
+set(CMAKE_OSX_ARCHITECTURES ${VEXA_CHECK_ARCH} CACHE STRING "" FORCE)
+set(CMAKE_OSX_DEPLOYMENT_TARGET ${VEXA_OLDEST_MACOS_${VEXA_CHECK_ARCH}} CACHE STRING "" FORCE)
 
 set(check_llvm /usr/lib/llvm-14)
 set(check_folder "${CMAKE_CURRENT_LIST_DIR}")
 set(CMAKE_CXX_COMPILER "${check_llvm}/bin/clang++")
-if(VEXA_CHECK_ARCH STREQUAL arm64)
-  set(check_macos 11.0) # there is no older one
-else()
-  set(check_macos 10.13)
-endif()
-set(CMAKE_CXX_COMPILER_TARGET ${VEXA_CHECK_ARCH}-apple-macos${check_macos})
+set(CMAKE_CXX_COMPILER_TARGET ${VEXA_CHECK_ARCH}-apple-macos) # which macOS, CMake tells the compiler by a flag
 set(CMAKE_CXX_COMPILER_WORKS TRUE)
 set(CMAKE_TRY_COMPILE_TARGET_TYPE STATIC_LIBRARY)
 set(CMAKE_AR "${check_llvm}/bin/llvm-ar" CACHE FILEPATH "")
@@ -33,7 +29,7 @@ string(CONCAT check_flags
   " -isystem ${check_llvm}/include/c++/v1 -isystem /usr/include/x86_64-linux-musl")
 set(CMAKE_CXX_FLAGS_INIT "${check_flags}")
 set(CMAKE_CXX_LINK_EXECUTABLE
-    "\"${check_folder}/stand-in-linker\" ${VEXA_CHECK_ARCH} ${check_macos} <TARGET> <OBJECTS> <LINK_LIBRARIES>")
+    "\"${check_folder}/stand-in-linker\" ${VEXA_CHECK_ARCH} ${CMAKE_OSX_DEPLOYMENT_TARGET} <TARGET> <OBJECTS> <LINK_LIBRARIES>")
 
 set(CMAKE_PREFIX_PATH /usr/lib/x86_64-linux-gnu/cmake)
 set(Qt5MacExtras_DIR "${check_folder}/cmake" CACHE PATH "")
