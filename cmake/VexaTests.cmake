@@ -1,5 +1,5 @@
 # vexa_test(name SOURCES ... LINK ... [LABELS ...] [TIMEOUT s] [RESOURCES] [OWN_FOLDER]
-#           [DISPLAY [SCREEN 1920x1080] [WM] [COMPOSITOR] [BUS]])
+#           [DISPLAY [SCREEN 1920x1080] [WITHOUT extension] [WM] [COMPOSITOR] [BUS]])
 #
 # A Qt Test program. It is named after its folder and its file: overlays_Grab is tests/overlays/GrabTest.cpp.
 # DISPLAY runs it on an X server of its own (see tests/support/with-display), so tests that need a screen can run side
@@ -9,7 +9,7 @@
 # vexa_test(name PROGRAM other ...): the program of another test once more, on another display or with an
 # ENVIRONMENT of its own.
 function(vexa_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "DISPLAY;WM;COMPOSITOR;BUS;RESOURCES;OWN_FOLDER" "SCREEN;TIMEOUT;PROGRAM"
+  cmake_parse_arguments(PARSE_ARGV 1 arg "DISPLAY;WM;COMPOSITOR;BUS;RESOURCES;OWN_FOLDER" "SCREEN;WITHOUT;TIMEOUT;PROGRAM"
                         "SOURCES;LINK;LABELS;ENVIRONMENT")
   if(NOT arg_PROGRAM)
     set(arg_PROGRAM ${name})
@@ -37,6 +37,9 @@ function(vexa_test name)
       set(screen ${arg_SCREEN})
     endif()
     set(with "${PROJECT_SOURCE_DIR}/tests/support/with-display" --screen ${screen})
+    if(arg_WITHOUT)
+      list(APPEND with --without ${arg_WITHOUT})
+    endif()
     if(arg_WM)
       list(APPEND with --wm)
     endif()

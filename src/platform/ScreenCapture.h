@@ -9,6 +9,10 @@
 /// What can be read off the screen on this desktop. GUI thread only; callers own what they get.
 namespace vexa::platform {
 
+/// What the primary screen shows at this moment, and nothing of other screens: device pixels, with the
+/// screen's device pixel ratio set. Null when the screen cannot be read.
+QPixmap capturePrimaryScreen();
+
 /// The rectangle, in points of the global desktop, as device pixels. Null when nothing can be captured.
 QPixmap captureScreenRect(const QRect &rect);
 

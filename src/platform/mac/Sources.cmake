@@ -8,6 +8,7 @@ set(vexa_mac_sources
   mac/DockClick.cpp
   mac/OverlayWindow.cpp
   mac/PointerSamples.cpp
+  mac/PrimaryScreen.cpp
   mac/PrivacyPane.cpp
   mac/ScreenCapture.cpp
   mac/Session.cpp)
