@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPointer>
 #include <QPushButton>
 #include <QScreen>
 
@@ -54,24 +55,18 @@ DrawingForm::DrawingForm(QWidget *parent)
     m_settling.setSingleShot(true);
     m_settling.setInterval(settlingInterval);
     m_settling.callOnTimeout(this, [this] { update(m_ink.takeSettling()); });
-}
-
-DrawingForm::~DrawingForm() = default;
-
-void DrawingForm::furnish(const Controls &controls, const QString &title) {
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
     setAttribute(Qt::WA_MouseTracking);
     setAttribute(Qt::WA_DeleteOnClose);
-    dress(controls, title);
-    m_exit = controls.exit;
-    m_exit->installEventFilter(this);
     setPenInit();
     m_eraserCursor = cursorFromPicture(eraserPicture(eraserSize, primaryScreen().devicePixelRatio()));
     refreshPenCursor();
     m_prompt = std::make_unique<promptwindow2>(this);
 }
 
-void DrawingForm::dress(const Controls &controls, const QString &title) const {
+DrawingForm::~DrawingForm() = default;
+
+void DrawingForm::arrange(const Controls &controls, const QString &title) {
     constexpr int side = 60;
     constexpr int pitch = 80;
     const QSize screen = primaryScreen().size();
@@ -79,6 +74,7 @@ void DrawingForm::dress(const Controls &controls, const QString &title) const {
     const int top = screen.height() - 100;
     controls.exit->setGeometry(middle + pitch, top, side, side);
     controls.exit->setStyleSheet(QLatin1String(exitLook));
+    controls.exit->installEventFilter(this);
     controls.eraser->setGeometry(middle, top, side, side);
     controls.eraser->setStyleSheet(QLatin1String(eraserLook));
     controls.pen->setGeometry(middle - pitch, top, side, side);
@@ -195,13 +191,15 @@ void DrawingForm::timerEvent(QTimerEvent * /*event*/) {
 }
 
 bool DrawingForm::eventFilter(QObject *watched, QEvent *event) {
-    if (watched != m_exit || event->type() != QEvent::MouseButtonPress)
+    if (event->type() != QEvent::MouseButtonPress)
         return QWidget::eventFilter(watched, event);
     // The window outlives its closing until the event loop turns; a second press must not report again.
     if (!m_leaving) {
         m_leaving = true;
+        const QPointer<DrawingForm> alive(this);
         reportExit();
-        close();
+        if (alive)
+            close();
     }
     return true;
 }

@@ -49,8 +49,9 @@ protected:
 
     explicit DrawingForm(QWidget *parent);
 
-    /// Makes a drawing window of the designer form. For the constructors, once.
-    void furnish(const Controls &controls, const QString &title);
+    /// Gives the designer form's controls their places and looks on the primary screen. A press on the exit
+    /// button closes the window from then on. The controls stay the form's.
+    void arrange(const Controls &controls, const QString &title);
 
     void setBackgroundBrush(const QBrush &brush);
     void takeEraser();
@@ -67,7 +68,6 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void dress(const Controls &controls, const QString &title) const;
     void penUp();
     void refreshPenCursor();
 
@@ -76,7 +76,6 @@ private:
     QTimer m_settling; // shows what the stroke's edges have become behind the pen
     std::unique_ptr<QPixmap> m_background;
     std::unique_ptr<promptwindow2> m_prompt;
-    QPushButton *m_exit = nullptr; // the designer form's
     int m_colourIndex = 0;
     int m_penWidth = 0;
     QColor m_penColour;

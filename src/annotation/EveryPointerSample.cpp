@@ -8,23 +8,29 @@
 namespace vexa {
 
 namespace {
+
+struct Merging {
+    bool byToolkit = true;
+    bool byDesktop = true;
+};
+Merging before;
 int users = 0;
-bool compressedBefore = false;
+
 } // namespace
 
 EveryPointerSample::EveryPointerSample() {
     if (users++ > 0)
         return;
-    compressedBefore = QCoreApplication::testAttribute(Qt::AA_CompressHighFrequencyEvents);
+    before.byToolkit = QCoreApplication::testAttribute(Qt::AA_CompressHighFrequencyEvents);
     QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
-    platform::setPointerSamplesMerged(false);
+    before.byDesktop = platform::setPointerSamplesMerged(false);
 }
 
 EveryPointerSample::~EveryPointerSample() {
     if (--users > 0)
         return;
-    QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, compressedBefore);
-    platform::setPointerSamplesMerged(true);
+    QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, before.byToolkit);
+    platform::setPointerSamplesMerged(before.byDesktop);
 }
 
 } // namespace vexa

@@ -15,7 +15,7 @@ blackBoardform::blackBoardform(QWidget *parent)
     connect(m_form->pushButton_eraser, &QPushButton::clicked, this,
             &blackBoardform::on_pushButton_eraser_clicked);
     connect(m_form->pushButton_pen, &QPushButton::clicked, this, &blackBoardform::on_pushButton_pen_clicked);
-    furnish({m_form->pushButton, m_form->pushButton_eraser, m_form->pushButton_pen, m_form->label},
+    arrange({m_form->pushButton, m_form->pushButton_eraser, m_form->pushButton_pen, m_form->label},
             tr("黑板"));
 }
 

@@ -15,7 +15,6 @@
 namespace vexa {
 namespace {
 
-constexpr int noTimer = -1;
 constexpr int cardStep = 60;
 constexpr double opacityStep = 0.05;
 constexpr QSize cardSize(380, 180);
@@ -26,18 +25,14 @@ constexpr const std::int32_t *penOfSlot[] = {&ZrToolXmlClass::PenColor0, &ZrTool
 } // namespace
 
 PromptCard::PromptCard(QWidget *parent, Qt::WindowFlags flags, int delay)
-    : QWidget(parent, flags), m_delay(delay) {}
-
-void PromptCard::dress(QLabel *text, QLabel *swatch) {
-    m_text = text;
-    m_swatch = swatch;
+    : QWidget(parent, flags), m_delay(delay) {
     QPalette card = palette();
     card.setBrush(QPalette::All, QPalette::Window, QBrush(QPixmap(QStringLiteral(":/capturebg@1080p.png"))));
     setPalette(card);
 }
 
 void PromptCard::setText(const QString &text) {
-    m_text->setText(text);
+    textLabel().setText(text);
 }
 
 void PromptCard::setCurcolor(int slot) {
@@ -46,7 +41,7 @@ void PromptCard::setCurcolor(int slot) {
         return;
     const QString colour = penColourName(*penOfSlot[slot]);
     if (!colour.isEmpty())
-        m_swatch->setStyleSheet(swatchStyle(slot, colour));
+        swatchLabel().setStyleSheet(swatchStyle(slot, colour));
 }
 
 void PromptCard::showWithTimer() {
@@ -54,14 +49,13 @@ void PromptCard::showWithTimer() {
 }
 
 void PromptCard::showWithTransperent() {
-    stopFade();
+    m_fade.stop();
     showCentred(cardSize, 0.0);
 }
 
 void PromptCard::showAndFade(const QSize &size, int stepInterval) {
-    stopFade();
     showCentred(size, 1.0);
-    m_fadeTimer = startTimer(stepInterval);
+    m_fade.start(stepInterval, this);
 }
 
 void PromptCard::showCentred(const QSize &size, double opacity) {
@@ -75,34 +69,25 @@ void PromptCard::showCentred(const QSize &size, double opacity) {
 }
 
 void PromptCard::hideWindow() {
-    stopFade();
+    m_fade.stop();
     platform::setOverlayOpacity(*this, 0.0);
 }
 
 void PromptCard::delayShow() {
-    if (m_delayTimer != noTimer)
-        killTimer(m_delayTimer);
-    m_delayTimer = startTimer(m_delay);
-}
-
-void PromptCard::stopFade() {
-    if (m_fadeTimer != noTimer)
-        killTimer(m_fadeTimer);
-    m_fadeTimer = noTimer;
+    m_delayed.start(m_delay, this);
 }
 
 void PromptCard::timerEvent(QTimerEvent *event) {
-    if (event->timerId() == m_delayTimer) {
-        killTimer(m_delayTimer);
-        m_delayTimer = noTimer;
+    if (event->timerId() == m_delayed.timerId()) {
+        m_delayed.stop();
         showWithTimer();
         return;
     }
     m_opacity -= opacityStep;
     platform::setOverlayOpacity(*this, m_opacity);
-    // Twenty steps from 1 do not meet 0 in binary, so a fade from there goes on unseen until the next show.
+    // Twenty steps of 0.05 from 1 do not meet 0 in binary: a fade goes on unseen until the next show.
     if (m_opacity == 0.0)
-        stopFade();
+        m_fade.stop();
 }
 
 void PromptCard::changeEvent(QEvent *event) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QBasicTimer>
 #include <QString>
 #include <QWidget>
 
@@ -32,11 +33,12 @@ protected:
     /// `delay` in milliseconds, for delayShow().
     PromptCard(QWidget *parent, Qt::WindowFlags flags, int delay);
 
-    /// The form's labels, which stay the form's, and the card's picture. For the constructors, once.
-    void dress(QLabel *text, QLabel *swatch);
     /// Shows the card with that size, fully visible, and lets it fade: 20 steps of so many milliseconds.
     void showAndFade(const QSize &size, int stepInterval);
 
+    /// The form's labels, there from the end of the prompt's constructor on.
+    virtual QLabel &textLabel() const = 0;
+    virtual QLabel &swatchLabel() const = 0;
     virtual QString swatchStyle(int slot, const QString &colour) const = 0;
     virtual void retranslate() = 0;
 
@@ -47,13 +49,10 @@ protected:
 
 private:
     void showCentred(const QSize &size, double opacity);
-    void stopFade();
 
     const int m_delay;
-    QLabel *m_text = nullptr;
-    QLabel *m_swatch = nullptr;
-    int m_fadeTimer = -1;
-    int m_delayTimer = -1;
+    QBasicTimer m_fade;
+    QBasicTimer m_delayed;
     double m_opacity = 1.0;
 };
 

@@ -22,7 +22,6 @@ PromptWindow::PromptWindow(QWidget *parent)
     : PromptCard(parent, Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint, delay)
     , m_form(std::make_unique<Ui::PromptWindow>()) {
     m_form->setupUi(this);
-    dress(m_form->label, m_form->label_2);
 
     QPalette white = m_form->label->palette();
     white.setColor(QPalette::WindowText, Qt::white);
@@ -64,6 +63,14 @@ void PromptWindow::showWithTimer2() {
         QStringLiteral("QLabel{border-image:url(:/appicon.png);background-color:transparent;border:0px}"));
     m_form->label_3->setVisible(true);
     showAndFade(stripSize, stripStep);
+}
+
+QLabel &PromptWindow::textLabel() const {
+    return *m_form->label;
+}
+
+QLabel &PromptWindow::swatchLabel() const {
+    return *m_form->label_2;
 }
 
 QString PromptWindow::swatchStyle(int /*slot*/, const QString &colour) const {

@@ -24,6 +24,8 @@ public:
     void showWithTimer2();
 
 protected:
+    QLabel &textLabel() const override;
+    QLabel &swatchLabel() const override;
     QString swatchStyle(int slot, const QString &colour) const override;
     void retranslate() override;
 

@@ -22,7 +22,6 @@ promptwindow2::promptwindow2(QWidget *parent)
                  delay)
     , m_form(std::make_unique<Ui::promptwindow2>()) {
     m_form->setupUi(this);
-    dress(m_form->label, m_form->label_2);
 
     QPalette white = m_form->label->palette();
     white.setColor(QPalette::WindowText, Qt::white);
@@ -37,6 +36,14 @@ promptwindow2::promptwindow2(QWidget *parent)
 }
 
 promptwindow2::~promptwindow2() = default;
+
+QLabel &promptwindow2::textLabel() const {
+    return *m_form->label;
+}
+
+QLabel &promptwindow2::swatchLabel() const {
+    return *m_form->label_2;
+}
 
 QString promptwindow2::swatchStyle(int slot, const QString &colour) const {
     const bool square = slot == squareSlot && colour == vexa::penColourName(squareIndex);

@@ -19,6 +19,8 @@ public:
     ~promptwindow2() override;
 
 protected:
+    QLabel &textLabel() const override;
+    QLabel &swatchLabel() const override;
     QString swatchStyle(int slot, const QString &colour) const override;
     void retranslate() override;
 

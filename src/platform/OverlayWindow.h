@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <qnamespace.h>
+
 class QWidget;
 
 /// How the windows that lie over a presentation behave on this desktop. GUI thread only.
@@ -13,16 +15,23 @@ namespace vexa::platform {
 /// window. On X11 both are all of it.
 enum class Cover { FullScreen, Maximized };
 
+/// What windowState() of a widget with that cover is, whatever the desktop knows of it: the window is not
+/// handed to the desktop as a full-screen one, which would get the focus or a space of its own.
+constexpr Qt::WindowState windowStateOf(Cover cover) {
+    return cover == Cover::Maximized ? Qt::WindowMaximized : Qt::WindowFullScreen;
+}
+
 /// Shows the widget over the whole primary screen. Creates the native window if there is none yet.
 void showOverPrimaryScreen(QWidget &overlay, Cover cover = Cover::FullScreen);
 
-/// Shows the widget at its own geometry (points, relative to the desktop) as a card above everything.
+/// Shows the widget at its own geometry (points, relative to the desktop) as a card above everything. The
+/// mouse passes through it to what lies below, seen or not.
 void showAboveAll(QWidget &card);
 
-/// Sets the window's opacity, 1 fully visible; at 0 and below the window is invisible and takes no clicks.
-/// The change has reached the screen's server when this returns. May be called before and after showing. A
-/// card that is not wanted for a while stays shown at opacity 0: some compositing managers never again paint
-/// a window that was hidden while invisible.
+/// Sets a card's opacity, 1 fully visible, 0 and below invisible. The change is on its way to the screen's
+/// server when this returns, without waiting for an answer; an opacity that the card has already costs
+/// nothing. May be called before and after showing. A card that is not wanted for a while stays shown at
+/// opacity 0: some compositing managers never again paint a window that was hidden while invisible.
 void setOverlayOpacity(QWidget &card, double opacity);
 
 } // namespace vexa::platform

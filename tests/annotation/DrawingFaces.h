@@ -35,6 +35,14 @@ inline void both() {
     QTest::newRow("blackboard") << blackboard;
 }
 
+/// Calls `then` when the window reports that the user leaves it.
+template<typename Then> void whenItReports(vexa::DrawingForm *form, Then then) {
+    if (auto *board = qobject_cast<blackBoardform *>(form))
+        QObject::connect(board, &blackBoardform::signalPizhukWindow, then);
+    else
+        QObject::connect(qobject_cast<PizhuForm *>(form), &PizhuForm::signalPizhukWindow, then);
+}
+
 inline void show(QWidget &form) {
     vexa::platform::showOverPrimaryScreen(form);
     QVERIFY(QTest::qWaitForWindowExposed(&form));

@@ -52,13 +52,7 @@ private slots:
         QSignalSpy spy(form, SIGNAL(signalPizhukWindow(int)));
         bool visibleWhenReported = false;
         faces::show(*form);
-        QObject context;
-        if (face == faces::annotation)
-            connect(static_cast<PizhuForm *>(form.data()), &PizhuForm::signalPizhukWindow, &context,
-                    [&] { visibleWhenReported = form->isVisible(); });
-        else
-            connect(static_cast<blackBoardform *>(form.data()), &blackBoardform::signalPizhukWindow, &context,
-                    [&] { visibleWhenReported = form->isVisible(); });
+        faces::whenItReports(form, [&] { visibleWhenReported = form->isVisible(); });
         QTest::mouseClick(faces::exitButton(*form), Qt::LeftButton);
         QCOMPARE(spy.count(), 1);
         QCOMPARE(spy.at(0).at(0).toInt(), code);
@@ -81,6 +75,16 @@ private slots:
             faces::press(*faces::exitButton(*form), {30, 30});
         turnEventLoop();
         QCOMPARE(spy.count(), 1);
+        QVERIFY(form.isNull());
+    }
+
+    void itMayBeDeletedByWhoeverItReportsTo_data() { faces::both(); }
+    void itMayBeDeletedByWhoeverItReportsTo() {
+        QFETCH(bool, face);
+        const QPointer<DrawingForm> form = faces::make(face);
+        faces::whenItReports(form, [form] { delete form; });
+        faces::show(*form);
+        faces::press(*faces::exitButton(*form), {30, 30});
         QVERIFY(form.isNull());
     }
 

@@ -44,6 +44,7 @@ void showOverFullScreenSpaces(QWidget &widget) {
 void showOverPrimaryScreen(QWidget &overlay, Cover cover) {
     const QScreen &screen = *QGuiApplication::primaryScreen();
     overlay.setGeometry(cover == Cover::Maximized ? screen.availableGeometry() : screen.geometry());
+    overlay.overrideWindowState(windowStateOf(cover));
     showOverFullScreenSpaces(overlay);
 }
 

@@ -5,8 +5,10 @@
 
 namespace vexa::platform {
 
-void setPointerSamplesMerged(bool merged) {
+bool setPointerSamplesMerged(bool merged) {
+    const bool before = send<BOOL>(classNamed("NSEvent"), "isMouseCoalescingEnabled");
     send<void>(classNamed("NSEvent"), "setMouseCoalescingEnabled:", BOOL{merged});
+    return before;
 }
 
 } // namespace vexa::platform

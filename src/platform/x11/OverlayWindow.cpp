@@ -11,77 +11,73 @@
 #include <X11/extensions/Xfixes.h>
 #include <X11/extensions/shape.h>
 
+#include <algorithm>
+
 namespace vexa::platform {
 namespace {
 
-// Below half a step of the 255 a card cannot be seen.
-constexpr double leastVisible = 0.5 / 255;
-
-// On the widget: the native window that was given an empty shape.
-constexpr char emptiedWindow[] = "vexaEmptiedWindow";
-
 /// Makes it a window that the window manager neither places nor focuses. Only the native window is told: to
 /// the widget these would be other window flags.
-void takeFromWindowManager(QWidget &widget) {
+void takeFromWindowManager(QWidget &widget, Qt::WindowFlags more = {}) {
     widget.winId();
     QWindow *window = widget.windowHandle();
-    window->setFlags(window->flags() | Qt::BypassWindowManagerHint | Qt::WindowDoesNotAcceptFocus);
+    window->setFlags(window->flags() | Qt::BypassWindowManagerHint | Qt::WindowDoesNotAcceptFocus | more);
 }
 
 /// Qt's event loop leaves requests without an answer in its buffer until something else is sent.
-void reachServer() {
+void sendRequests() {
     if (QX11Info::isPlatformX11())
-        XSync(QX11Info::display(), False);
+        XFlush(QX11Info::display());
 }
 
 void showOnTop(QWidget &widget) {
     widget.show();
     widget.raise();
-    reachServer();
+    sendRequests();
 }
 
-bool isEmptied(const QWidget &card) {
-    return card.property(emptiedWindow).toULongLong() == card.internalWinId();
-}
-
-void sendShape(WId window, bool emptied) {
+/// Without a compositing manager the opacity changes nothing, so a window that shall not be seen is left
+/// without an area.
+void setArea(WId window, bool whole) {
     if (!QX11Info::isPlatformX11())
         return;
     Display *display = QX11Info::display();
-    const XserverRegion region = emptied ? XFixesCreateRegion(display, nullptr, 0) : XserverRegion(None);
+    const XserverRegion region = whole ? XserverRegion(None) : XFixesCreateRegion(display, nullptr, 0);
     XFixesSetWindowShapeRegion(display, window, ShapeBounding, 0, 0, region);
-    if (emptied)
+    if (!whole)
         XFixesDestroyRegion(display, region);
 }
 
-/// Without a compositing manager the opacity changes nothing, and with one an invisible window still takes
-/// the clicks: a window without an area does neither.
-void setEmptied(QWidget &card, bool emptied) {
-    const WId window = card.winId();
-    if (emptied == isEmptied(card))
-        return;
-    sendShape(window, emptied);
-    card.setProperty(emptiedWindow, emptied ? qulonglong(window) : 0);
+/// The step of 255 in which the toolkit keeps an opacity.
+int opacityStep(double opacity) {
+    return int(std::clamp(opacity, 0.0, 1.0) * 255);
 }
 
 } // namespace
 
-void showOverPrimaryScreen(QWidget &overlay, Cover /*cover*/) {
+void showOverPrimaryScreen(QWidget &overlay, Cover cover) {
     takeFromWindowManager(overlay);
+    // In this order: a new geometry ends the state. No window manager acts on the state of a window that is
+    // not its own, but the toolkit takes over what it reads back from the server.
     overlay.setGeometry(QGuiApplication::primaryScreen()->geometry());
+    overlay.setWindowState(windowStateOf(cover));
     showOnTop(overlay);
 }
 
 void showAboveAll(QWidget &card) {
-    takeFromWindowManager(card);
+    takeFromWindowManager(card, Qt::WindowTransparentForInput);
     showOnTop(card);
 }
 
 void setOverlayOpacity(QWidget &card, double opacity) {
-    const bool visible = opacity >= leastVisible;
-    setEmptied(card, !visible);
-    card.setWindowOpacity(visible ? opacity : 0.0);
-    reachServer();
+    const int step = opacityStep(opacity);
+    const int before = qRound(card.windowOpacity() * 255);
+    if (step == before)
+        return;
+    if ((step == 0) != (before == 0))
+        setArea(card.winId(), step != 0);
+    card.setWindowOpacity(step == 0 ? 0.0 : opacity);
+    sendRequests();
 }
 
 } // namespace vexa::platform

@@ -4,6 +4,8 @@
 namespace vexa::platform {
 
 // The X server queues every move; what merges them on the way to a window is the toolkit alone.
-void setPointerSamplesMerged(bool /*merged*/) {}
+bool setPointerSamplesMerged(bool /*merged*/) {
+    return false;
+}
 
 } // namespace vexa::platform

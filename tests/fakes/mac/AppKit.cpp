@@ -146,9 +146,13 @@ void defineWorkspace() {
 }
 
 void defineEvent() {
+    const Class event = defineClass("NSEvent", objc_getClass("NSObject"));
     classMethod(
-        defineClass("NSEvent", objc_getClass("NSObject")), "setMouseCoalescingEnabled:", "v@:B",
+        event, "setMouseCoalescingEnabled:", "v@:B",
         +[](id, SEL, bool enabled) { AppKit::instance().mouseCoalescing = enabled; });
+    classMethod(
+        event, "isMouseCoalescingEnabled",
+        "B@:", +[](id, SEL) -> bool { return AppKit::instance().mouseCoalescing; });
 }
 
 void tell(id window, const std::string &what) {

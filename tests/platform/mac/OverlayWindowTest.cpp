@@ -35,12 +35,14 @@ private slots:
         showOverPrimaryScreen(*m_widget);
         QVERIFY(m_widget->isVisible());
         QCOMPARE(m_widget->geometry(), QGuiApplication::primaryScreen()->geometry());
+        QVERIFY(m_widget->isFullScreen());
         QCOMPARE(m_widget->windowFlags(), flags);
     }
 
     void maximizedLeavesTheDesktopItsSpace() {
         showOverPrimaryScreen(*m_widget, Cover::Maximized);
         QCOMPARE(m_widget->geometry(), QGuiApplication::primaryScreen()->availableGeometry());
+        QVERIFY(m_widget->isMaximized());
     }
 
     // 1000 is the level of screen savers; 273 means: in all spaces, not moving with them, beside a

@@ -12,21 +12,28 @@ private slots:
     void everySampleCanBeHadAndGivenUpAgain() {
         fakes::AppKit kit;
         QVERIFY(kit.mouseCoalescing);
-        vexa::platform::setPointerSamplesMerged(false);
+        QVERIFY(vexa::platform::setPointerSamplesMerged(false));
         QVERIFY(!kit.mouseCoalescing);
-        vexa::platform::setPointerSamplesMerged(true);
+        QVERIFY(!vexa::platform::setPointerSamplesMerged(true));
         QVERIFY(kit.mouseCoalescing);
         QCOMPARE(kit.strays(), 0);
     }
 
-    void theyAreMergedAgainWhenTheLastDrawingEnds() {
-        const fakes::AppKit kit;
+    void theyAreMergedAsBeforeWhenTheLastDrawingEnds_data() {
+        QTest::addColumn<bool>("before");
+        QTest::newRow("merged") << true;
+        QTest::newRow("not merged") << false;
+    }
+    void theyAreMergedAsBeforeWhenTheLastDrawingEnds() {
+        QFETCH(bool, before);
+        fakes::AppKit kit;
+        kit.mouseCoalescing = before;
         {
             const vexa::EveryPointerSample first;
             { const vexa::EveryPointerSample second; }
             QVERIFY(!kit.mouseCoalescing);
         }
-        QVERIFY(kit.mouseCoalescing);
+        QCOMPARE(kit.mouseCoalescing, before);
     }
 };
 

@@ -8,9 +8,15 @@
 #include "support/RealMouse.h"
 #include "support/TestMain.h"
 
+#include <QElapsedTimer>
 #include <QMouseEvent>
 #include <QWindow>
 #include <QX11Info>
+
+#include <xcb/xcb.h>
+
+#include <cmath>
+#include <functional>
 
 using namespace vexa::test;
 using namespace vexa::platform;
@@ -68,7 +74,32 @@ public:
     }
 };
 
+/// Waits without an event loop, so that nothing is sent but by what was called before.
+bool comesTrue(const std::function<bool()> &condition) {
+    QElapsedTimer waiting;
+    waiting.start();
+    while (!condition())
+        if (waiting.elapsed() > patience)
+            return false;
+    return true;
+}
+
+/// How many requests the calls send to the server.
+unsigned requestsOf(const std::function<void()> &calls) {
+    xcb_connection_t *connection = QX11Info::connection();
+    const auto mark = [connection] {
+        const auto cookie = xcb_get_input_focus(connection);
+        xcb_discard_reply(connection, cookie.sequence);
+        return cookie.sequence;
+    };
+    const unsigned before = mark();
+    calls();
+    return mark() - before - 1;
+}
+
 } // namespace
+
+Q_DECLARE_METATYPE(vexa::platform::Cover)
 
 class OverlayWindowTest : public QObject {
     Q_OBJECT
@@ -78,17 +109,20 @@ private slots:
     void anOverlayStandsAboveASlideShowThatKeepsTheFocus();
     void anOverlayCoversPanels();
     void anOverlayClickedOnLeavesTheFocusToo();
-    void maximisedIsTheWholeScreen();
+    void everyCoverIsTheWholeScreenAndTheWidgetsState_data();
+    void everyCoverIsTheWholeScreenAndTheWidgetsState();
     void theWidgetsFlagsStay();
     void aCardStandsAboveASlideShowThatKeepsTheFocus();
     void theWindowShownLastIsOnTop();
-    void aCardTakesItsClicksWhileItCanBeSeen();
+    void theMousePassesThroughACard();
     void anInvisibleCardIsNeitherSeenNorClicked_data();
     void anInvisibleCardIsNeitherSeenNorClicked();
     void aCardInvisibleBeforeItIsShownIsNeverSeen();
     void aCardComesBack();
     void aCardShownInvisibleComesAtOnce();
     void everyStepOfAFadeReachesTheServer();
+    void aStepOfAFadeIsOneRequest();
+    void aStepThatChangesNothingSendsNothing();
     void aFadeIsSeenWhereItCanBe();
 };
 
@@ -138,11 +172,26 @@ void OverlayWindowTest::anOverlayClickedOnLeavesTheFocusToo() {
     QCOMPARE(show.presses(), 0);
 }
 
-void OverlayWindowTest::maximisedIsTheWholeScreen() {
+void OverlayWindowTest::everyCoverIsTheWholeScreenAndTheWidgetsState_data() {
+    QTest::addColumn<Cover>("cover");
+    QTest::newRow("full screen") << Cover::FullScreen;
+    QTest::newRow("maximised") << Cover::Maximized;
+}
+
+void OverlayWindowTest::everyCoverIsTheWholeScreenAndTheWidgetsState() {
+    QFETCH(Cover, cover);
+    SlideShow show;
+    QTRY_VERIFY_WITH_TIMEOUT(show.isPresenting(), patience);
     Card overlay;
-    showOverPrimaryScreen(overlay, Cover::Maximized);
+    showOverPrimaryScreen(overlay, cover);
     QTRY_COMPARE_WITH_TIMEOUT(shownAt(wholeScreen().bottomRight()), red, patience);
+    QCOMPARE(shownAt(wholeScreen().topLeft()), red);
+    QVERIFY(QTest::qWaitForWindowExposed(&overlay, patience));
     QCOMPARE(overlay.geometry(), wholeScreen());
+    QCOMPARE(overlay.isFullScreen(), cover == Cover::FullScreen);
+    QCOMPARE(overlay.isMaximized(), cover == Cover::Maximized);
+    QVERIFY(isUnmanagedOnServer(overlay.internalWinId()));
+    QVERIFY(show.hasFocus());
 }
 
 void OverlayWindowTest::theWidgetsFlagsStay() {
@@ -181,16 +230,19 @@ void OverlayWindowTest::theWindowShownLastIsOnTop() {
     QTRY_COMPARE_WITH_TIMEOUT(shownAt(cardRect.center()), QColor(Qt::blue).rgb(), patience);
 }
 
-void OverlayWindowTest::aCardTakesItsClicksWhileItCanBeSeen() {
+void OverlayWindowTest::theMousePassesThroughACard() {
     SlideShow show;
     QTRY_VERIFY_WITH_TIMEOUT(show.isPresenting(), patience);
     Card card;
     showAboveAll(card);
-    setOverlayOpacity(card, 0.1);
-    QVERIFY(QTest::qWaitForWindowExposed(&card));
+    QTRY_COMPARE_WITH_TIMEOUT(shownAt(cardRect.center()), red, patience);
     clickAt(cardRect.center());
-    QTRY_COMPARE_WITH_TIMEOUT(card.presses, 1, patience);
-    QCOMPARE(show.presses(), 0);
+    QTRY_COMPARE_WITH_TIMEOUT(show.presses(), 1, patience);
+    setOverlayOpacity(card, 0.0);
+    setOverlayOpacity(card, 0.5);
+    clickAt(cardRect.center());
+    QTRY_COMPARE_WITH_TIMEOUT(show.presses(), 2, patience);
+    QCOMPARE(card.presses, 0);
 }
 
 void OverlayWindowTest::anInvisibleCardIsNeitherSeenNorClicked_data() {
@@ -258,18 +310,37 @@ void OverlayWindowTest::everyStepOfAFadeReachesTheServer() {
     Card card;
     showAboveAll(card);
     const WId window = card.internalWinId();
-    // No event loop runs between these lines: what the server knows, the calls themselves have sent.
+    const auto shows = [window](double opacity, bool area) {
+        return comesTrue([=] {
+            return std::abs(opacityOnServer(window) - opacity) < 0.01 && hasAreaOnServer(window) == area;
+        });
+    };
     for (int step = 19; step >= 1; --step) {
         setOverlayOpacity(card, step * 0.05);
-        QVERIFY(qAbs(opacityOnServer(window) - step * 0.05) < 0.01);
-        QVERIFY(hasAreaOnServer(window));
+        QVERIFY(shows(step * 0.05, true));
     }
     setOverlayOpacity(card, 0.0);
-    QCOMPARE(opacityOnServer(window), 0.0);
-    QVERIFY(!hasAreaOnServer(window));
+    QVERIFY(shows(0.0, false));
     setOverlayOpacity(card, 1.0);
-    QCOMPARE(opacityOnServer(window), 1.0);
-    QVERIFY(hasAreaOnServer(window));
+    QVERIFY(shows(1.0, true));
+}
+
+void OverlayWindowTest::aStepOfAFadeIsOneRequest() {
+    Card card;
+    showAboveAll(card);
+    for (const double opacity : {0.95, 0.9, 0.5})
+        QCOMPARE(requestsOf([&] { setOverlayOpacity(card, opacity); }), 1U);
+}
+
+void OverlayWindowTest::aStepThatChangesNothingSendsNothing() {
+    Card card;
+    showAboveAll(card);
+    for (const double opacity : {1.0, 0.5, 0.0}) {
+        setOverlayOpacity(card, opacity);
+        QCOMPARE(requestsOf([&] { setOverlayOpacity(card, opacity); }), 0U);
+    }
+    for (const double faded : {-0.05, -0.1, -7.0, 4e-16})
+        QCOMPARE(requestsOf([&] { setOverlayOpacity(card, faded); }), 0U);
 }
 
 void OverlayWindowTest::aFadeIsSeenWhereItCanBe() {
