@@ -5,6 +5,7 @@
 #include <xcb/record.h>
 #include <xcb/xtest.h>
 
+#include "platform/x11/input/PacedPosts.h"
 #include "platform/x11/input/RecordSource.h"
 #include "platform/x11/input/XTestPoster.h"
 
@@ -15,12 +16,13 @@ namespace {
 class SessionInput : public InputBackend {
 public:
     std::unique_ptr<InputSource> open() override { return RecordSource::open(m_poster, pixelsPerPoint); }
-    bool post(const InputEvent &event) override { return m_poster.post(event, pixelsPerPoint); }
+    bool post(const InputEvent &event) override { return m_posts.post(event); }
 
     std::atomic<double> pixelsPerPoint{1};
 
 private:
     XTestPoster m_poster;
+    PacedPosts m_posts{[this](const InputEvent &event) { return m_poster.post(event, pixelsPerPoint); }};
 };
 
 } // namespace

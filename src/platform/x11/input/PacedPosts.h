@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <chrono>
+#include <condition_variable>
+#include <deque>
+#include <functional>
+#include <mutex>
+#include <thread>
+
+#include "platform/quartz/InputBackend.h"
+
+namespace vexa::x11 {
+
+/// Lets posted events leave in order and at once, but a key at the earliest some time after a button was
+/// released: presentation programs drop a key that comes together with a click, or take it before the click.
+/// What is posted behind such a key waits with it, on a thread of this object; nobody who posts ever waits.
+/// Any thread.
+class PacedPosts {
+public:
+    struct Pace {
+        std::chrono::milliseconds keyAfterRelease{100}; ///< with 20 none was lost in trials, with 5 some
+        std::chrono::milliseconds toTheEnd{1000};       ///< the longest time that destruction may take
+    };
+
+    /// Puts an event into the session; false when it cannot. Called by one thread at a time.
+    using Post = std::function<bool(const InputEvent &)>;
+
+    explicit PacedPosts(Post post) : PacedPosts(std::move(post), Pace()) {}
+    PacedPosts(Post post, Pace pace) : m_post(std::move(post)), m_pace(pace) {}
+
+    /// Nothing that waits is lost: it leaves first, in its time while there is some.
+    ~PacedPosts();
+
+    PacedPosts(const PacedPosts &) = delete;
+    PacedPosts &operator=(const PacedPosts &) = delete;
+
+    /// False when the event could not be posted; true also for one that has to wait.
+    bool post(const InputEvent &event);
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    bool startWaiting();
+    void postWaiting();
+    bool leave(const InputEvent &event);
+    Clock::time_point earliest(const InputEvent &event) const;
+
+    const Post m_post;
+    const Pace m_pace;
+    std::mutex m_mutex; ///< guards what follows, and is held while an event leaves
+    std::condition_variable m_changed;
+    std::deque<InputEvent> m_waiting;
+    Clock::time_point m_released = Clock::time_point::min();
+    Clock::time_point m_endBy = Clock::time_point::max(); ///< known when this object is going
+    std::thread m_thread;                                 ///< since the first event that had to wait
+};
+
+} // namespace vexa::x11

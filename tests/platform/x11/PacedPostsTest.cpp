@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: MIT
+#include <QtTest>
+#include <future>
+#include <pthread.h>
+
+#include "platform/quartz/CoreGraphics.h"
+#include "platform/x11/input/PacedPosts.h"
+
+using namespace std::chrono_literals;
+using vexa::InputEvent;
+using vexa::x11::PacedPosts;
+
+namespace {
+
+using Types = std::vector<std::uint32_t>;
+
+const Types click{kCGEventMouseMoved, kCGEventLeftMouseDown, kCGEventLeftMouseUp};
+
+/// What has left, and when.
+class Session {
+public:
+    PacedPosts::Post post() {
+        return [this](const InputEvent &event) {
+            const std::lock_guard lock(m_mutex);
+            m_types.push_back(event.type);
+            m_times.push_back(std::chrono::steady_clock::now());
+            return !refuses;
+        };
+    }
+    Types types() const {
+        const std::lock_guard lock(m_mutex);
+        return m_types;
+    }
+    std::vector<std::chrono::steady_clock::time_point> times() const {
+        const std::lock_guard lock(m_mutex);
+        return m_times;
+    }
+
+    bool refuses = false;
+
+private:
+    mutable std::mutex m_mutex;
+    Types m_types;
+    std::vector<std::chrono::steady_clock::time_point> m_times;
+};
+
+bool post(PacedPosts &posts, std::uint32_t type) {
+    InputEvent event;
+    event.type = type;
+    return posts.post(event);
+}
+
+void postClick(PacedPosts &posts) {
+    for (const std::uint32_t type : click)
+        QVERIFY(post(posts, type));
+}
+
+Types operator+(Types left, const Types &right) {
+    left.insert(left.end(), right.begin(), right.end());
+    return left;
+}
+
+} // namespace
+
+/// Where an hour stands for the pause, what leaves does so because it need not wait.
+class PacedPostsTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void withoutAClickEverythingLeavesAtOnce();
+    void aClickLeavesAtOnceAndTheKeyBehindItWaits();
+    void whatIsPostedBehindAWaitingKeyWaitsToo();
+    void aWaitingKeyLeavesByItselfAfterThePause();
+    void aPressAloneLetsNoKeyWait();
+    void whatWaitsAtTheEndLeavesFirst();
+    void aRefusalIsTold();
+    void withoutAThreadToWaitOnAKeyLeavesAtOnce();
+};
+
+void PacedPostsTest::withoutAClickEverythingLeavesAtOnce() {
+    Session session;
+    PacedPosts posts(session.post(), {1h, 0ms});
+    const Types all{kCGEventKeyDown, kCGEventKeyUp, kCGEventMouseMoved, kCGEventKeyDown};
+    for (const std::uint32_t type : all)
+        QVERIFY(post(posts, type));
+    QCOMPARE(session.types(), all);
+}
+
+void PacedPostsTest::aClickLeavesAtOnceAndTheKeyBehindItWaits() {
+    Session session;
+    PacedPosts posts(session.post(), {1h, 0ms});
+    postClick(posts);
+    QVERIFY(post(posts, kCGEventMouseMoved));
+    QVERIFY(post(posts, kCGEventKeyDown)); // and this returns
+    QCOMPARE(session.types(), click + Types{kCGEventMouseMoved});
+}
+
+void PacedPostsTest::whatIsPostedBehindAWaitingKeyWaitsToo() {
+    Session session;
+    {
+        PacedPosts posts(session.post(), {1h, 0ms});
+        postClick(posts);
+        for (const std::uint32_t type : {kCGEventKeyDown, kCGEventKeyUp, kCGEventMouseMoved})
+            QVERIFY(post(posts, type));
+        QCOMPARE(session.types(), click);
+    }
+    QCOMPARE(session.types(), (click + Types{kCGEventKeyDown, kCGEventKeyUp, kCGEventMouseMoved}));
+}
+
+void PacedPostsTest::aWaitingKeyLeavesByItselfAfterThePause() {
+    Session session;
+    PacedPosts posts(session.post(), {50ms, 0ms});
+    for (int round = 0; round < 3; ++round) {
+        postClick(posts);
+        post(posts, kCGEventKeyDown);
+    }
+    QTRY_COMPARE(session.types().size(), std::size_t{12});
+    const auto times = session.times();
+    for (std::size_t key = 3; key < times.size(); key += 4) {
+        QCOMPARE(session.types()[key], std::uint32_t{kCGEventKeyDown});
+        QVERIFY(times[key] - times[key - 1] >= 50ms);
+    }
+}
+
+void PacedPostsTest::aPressAloneLetsNoKeyWait() {
+    Session session;
+    PacedPosts posts(session.post(), {1h, 0ms});
+    QVERIFY(post(posts, kCGEventLeftMouseDown));
+    QVERIFY(post(posts, kCGEventKeyDown));
+    QCOMPARE(session.types(), (Types{kCGEventLeftMouseDown, kCGEventKeyDown}));
+}
+
+void PacedPostsTest::whatWaitsAtTheEndLeavesFirst() {
+    for (const PacedPosts::Pace pace : {PacedPosts::Pace{30ms, 1h}, PacedPosts::Pace{1h, 30ms}}) {
+        Session session;
+        {
+            PacedPosts posts(session.post(), pace);
+            postClick(posts);
+            post(posts, kCGEventKeyDown);
+        }
+        QCOMPARE(session.types(), click + Types{kCGEventKeyDown});
+        QVERIFY(session.times()[3] - session.times()[2] >= 30ms); // in its time, or when there is no more
+    }
+}
+
+void PacedPostsTest::aRefusalIsTold() {
+    Session session;
+    session.refuses = true;
+    PacedPosts posts(session.post(), {1h, 0ms});
+    QVERIFY(!post(posts, kCGEventKeyDown));
+}
+
+void PacedPostsTest::withoutAThreadToWaitOnAKeyLeavesAtOnce() {
+    pthread_attr_t usual, impossible;
+    QCOMPARE(pthread_getattr_default_np(&usual), 0);
+    QCOMPARE(pthread_attr_init(&impossible), 0);
+    QCOMPARE(pthread_attr_setstacksize(&impossible, std::size_t{1} << 47), 0); // nobody has that much
+    QCOMPARE(pthread_setattr_default_np(&impossible), 0);
+    Session session;
+    PacedPosts posts(session.post(), {1h, 0ms});
+    postClick(posts);
+    const bool posted = post(posts, kCGEventKeyDown);
+    QCOMPARE(pthread_setattr_default_np(&usual), 0);
+    QVERIFY(posted);
+    QCOMPARE(session.types(), click + Types{kCGEventKeyDown});
+}
+
+QTEST_GUILESS_MAIN(PacedPostsTest)
+#include "PacedPostsTest.moc"
