@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "annotation/PizhuForm.h"
 
+#include "overlays/ClosingReport.h"
 #include "ui_PizhuForm.h"
-
-namespace {
-constexpr int exitCode = 1;
-}
 
 PizhuForm::PizhuForm(QWidget *parent) : DrawingForm(parent), m_form(std::make_unique<Ui::PizhuForm>()) {
     m_form->setupUi(this);
@@ -31,5 +28,5 @@ void PizhuForm::on_pushButton_pen_clicked() {
 }
 
 void PizhuForm::reportExit() {
-    emit signalPizhukWindow(exitCode);
+    emit signalPizhukWindow(int(vexa::ClosingReport::Annotation));
 }

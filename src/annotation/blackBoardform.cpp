@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "annotation/blackBoardform.h"
 
+#include "overlays/ClosingReport.h"
 #include "ui_blackBoardform.h"
 
 namespace {
-constexpr int exitCode = 0;
 constexpr QRgb boardColour = qRgb(24, 24, 39);
 } // namespace
 
@@ -38,5 +38,5 @@ void blackBoardform::on_pushButton_pen_clicked() {
 }
 
 void blackBoardform::reportExit() {
-    emit signalPizhukWindow(exitCode);
+    emit signalPizhukWindow(int(vexa::ClosingReport::Blackboard));
 }

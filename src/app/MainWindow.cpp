@@ -6,6 +6,7 @@
 #include "input/CKeyboardListenerMac.h"
 #include "overlays/PromptWindow.h"
 #include "platform/AutoStart.h"
+#include "platform/quartz/Quartz.h"
 #include "settings/SettingsTable.h"
 #include "settings/ZrToolXmlClass.h"
 #include "ui_MainWindow.h"
@@ -22,14 +23,14 @@
 #include <QUrl>
 #include <cstdlib>
 
+using vexa::HeldToolChoice;
+using vexa::KeyAction;
 using vexa::PenCommand;
+using vexa::ViewMessage;
 using Settings = ZrToolXmlClass;
 using SyntheticInput = CKeyboardListenerMac;
 
 namespace {
-
-constexpr int mouseMoved = 5;
-constexpr int hideMessage = 0;
 
 // Milliseconds.
 constexpr int withdrawDelay = 500;
@@ -56,13 +57,15 @@ MainWindow::MainWindow(QWidget *parent)
     : QMainWindow(parent)
     , m_ui(formOf(*this))
     , m_pages(*this, *m_ui->stackedWidget, *m_ui->BACKButton)
-    , m_drag(*this)
-    , m_tools(*this) {
+    , m_drag(*this) {
     Settings::ZrXmlRead();
     connect(m_ui->CloseBtn, &QPushButton::clicked, this, &MainWindow::ClickCloseButton);
     connect(m_ui->MinBtn, &QPushButton::clicked, this, &MainWindow::ClickCloseButton);
     connect(m_ui->BACKButton, &QPushButton::clicked, this, &MainWindow::ClickBackButton);
     connect(m_ui->SetBtn, &QPushButton::clicked, this, &MainWindow::ClickSetButton);
+    connect(this, &MainWindow::signalExitWindow, &m_tools, &vexa::OpenTools::leave);
+    connect(&m_tools, &vexa::OpenTools::reported, this, &MainWindow::RecvWindowMessage);
+    connect(&m_tools, &vexa::OpenTools::formerReported, this, &MainWindow::refocusSoon);
     vexa::Language::chooseFace(Settings::Language);
     dressWindow();
     loadView();
@@ -111,8 +114,8 @@ void MainWindow::loadView() {
 void MainWindow::Qml_Init() {
     stopTimer(m_qmlInitTimer);
     Settings::ZrXmlRead();
-    for (int id = vexa::firstSettingMessage; id <= vexa::lastSettingMessage; ++id)
-        SetValue(m_viewRoot, id, *vexa::settingOfMessage(id)->value, 0);
+    for (int id = int(vexa::firstSettingMessage); id <= int(vexa::lastSettingMessage); ++id)
+        SetValue(m_viewRoot, id, *vexa::settingOfMessage(ViewMessage(id))->value, 0);
 }
 
 void MainWindow::SetValue(QObject *root, const QVariant &id, const QVariant &var1, const QVariant &var2) {
@@ -205,7 +208,7 @@ void MainWindow::ClickLightPenButton() {
 }
 
 void MainWindow::RecvWindowMessage(int which) {
-    if (m_tools.forget(which, sender()))
+    if (m_tools.forget(vexa::ClosingReport(which)))
         refocusSoon();
 }
 
@@ -253,36 +256,34 @@ void MainWindow::carryOut(PenCommand command) {
 }
 
 void MainWindow::openHeldTool() {
-    switch (Settings::Key4P) {
-    case 0:
+    switch (HeldToolChoice(Settings::Key4P)) {
+    case HeldToolChoice::Spotlight:
         ClickSpolightButton();
         break;
-    case 1:
+    case HeldToolChoice::Magnifier:
         ClickMagnifierButton();
         break;
-    case 2:
+    case HeldToolChoice::Laser:
         ClickLightPenButton();
-        break;
-    default:
         break;
     }
 }
 
 void MainWindow::LongPressEvent(int action) {
-    switch (action) {
-    case 1:
+    switch (KeyAction(action)) {
+    case KeyAction::SlideShow:
         startTimerOnce(m_slideShowTimer, keyActionDelay);
         break;
-    case 2:
+    case KeyAction::PlayPause:
         startTimerOnce(m_playPauseTimer, keyActionDelay);
         break;
-    case 3:
+    case KeyAction::Blackboard:
         ClickBlackButton();
         break;
-    case 4:
+    case KeyAction::Screenshot:
         takeAnnouncedShot();
         break;
-    default:
+    case KeyAction::None:
         break;
     }
 }
@@ -307,13 +308,14 @@ void MainWindow::takeAnnouncedShot() {
 }
 
 void MainWindow::RecvGlobaleMouseMessage(int event, int x, int y) {
-    if (event != mouseMoved || !m_followPointer)
+    // A tool that is gone, dismissed by a click for example, keeps the pointer in no longer.
+    if (event != kCGEventMouseMoved || !m_followPointer || !m_tools.heldToolOpen())
         return;
     const QPoint pointer(x, y);
     const QPoint kept = vexa::withinMargin(pointer, QGuiApplication::primaryScreen()->size());
     if (kept != pointer)
         SyntheticInput::SetMouseMove(kept.x(), kept.y());
-    m_tools.moveHeldTool(Settings::Key4P, kept.x(), kept.y());
+    m_tools.moveHeldTool(HeldToolChoice(Settings::Key4P), kept.x(), kept.y());
 }
 
 // The view
@@ -323,34 +325,35 @@ void MainWindow::recvQmlMoveWindow(int x, int y, int /*startx*/, int /*starty*/)
 }
 
 void MainWindow::recvQmlMessage1(int id, int var1, int /*var2*/) {
-    if (id == hideMessage)
+    const auto message = ViewMessage(id);
+    if (message == ViewMessage::HidePanel)
         hide();
-    const vexa::Setting *setting = vexa::settingOfMessage(id);
+    const vexa::Setting *setting = vexa::settingOfMessage(message);
     if (!setting)
         return;
-    if (setting->value == &Settings::AutoStart)
-        changeAutoStart(id, var1);
+    if (message == ViewMessage::AutoStart)
+        changeAutoStart(var1);
     else
         *setting->value = var1;
     Settings::ZrXmlWrite();
 
-    if (setting->value == &Settings::Language) {
+    if (message == ViewMessage::Language) {
         changeLanguage(var1);
         startTimerOnce(m_qmlInitTimer, refillDelay);
-    } else if (setting->value == &Settings::Key2P || setting->value == &Settings::Key3P ||
-               setting->value == &Settings::Key4C) {
+    } else if (message == ViewMessage::Key2P || message == ViewMessage::Key3P ||
+               message == ViewMessage::Key4C) {
         m_chords.arm();
     }
 }
 
-void MainWindow::changeAutoStart(int message, int value) {
+void MainWindow::changeAutoStart(int value) {
     const bool enable = value != 0;
     const bool done = runInShell(vexa::platform::autoStartCommand(enable));
     if (done)
         Settings::AutoStart = value;
     // The view shows what it asked for already: it learns what came of it.
     const QVariant note = done ? QVariant(value) : QVariant(!enable);
-    SetValue(m_viewRoot, message, Settings::AutoStart, note);
+    SetValue(m_viewRoot, int(ViewMessage::AutoStart), Settings::AutoStart, note);
 }
 
 // Events
@@ -436,7 +439,7 @@ void MainWindow::refocusSlideShow() {
 }
 
 void MainWindow::exitHeldTool() {
-    m_tools.exitHeldTool(Settings::Key4P);
+    m_tools.exitHeldTool(HeldToolChoice(Settings::Key4P));
     m_tools.forgetHeldTools();
 }
 

@@ -34,7 +34,8 @@ public:
     /// Reads the settings again and shows them all in the view.
     void Qml_Init();
 
-    /// Switches the interface to 0 Simplified Chinese, 1 Traditional Chinese, 2 English.
+    /// Switches the interface to a vexa::InterfaceLanguage. Any other number leaves the source texts, which
+    /// are Simplified Chinese.
     void changeLanguage(int language);
 
     /// Calls the view's function "setvalue". Without a view the message is lost.
@@ -49,7 +50,7 @@ public:
     /// Saves what the primary screen shows now as a file on the desktop.
     void FullScreenShot();
 
-    /// Runs a key action: 1 slide show, 2 player, 3 blackboard, 4 screenshot, anything else nothing.
+    /// Runs a vexa::KeyAction; any other number does nothing.
     void LongPressEvent(int action);
 
     /// Starts the slide show, or ends it when it is believed to run.
@@ -75,11 +76,11 @@ public slots:
     void ClickLightPenButton();
     void RecvKeboardMessage(int key, int state);
     void RecvGlobaleMouseMessage(int event, int x, int y);
-    /// A tool has closed by itself: 0 blackboard, 1 annotation, 2 spotlight, 3 magnifier, 4 laser.
+    /// A tool of the kind that the vexa::ClosingReport names has closed.
     void RecvWindowMessage(int which);
     /// The view's drag: how far the pointer has moved, in points.
     void recvQmlMoveWindow(int x, int y, int startx, int starty);
-    /// A message of the view: 0 hides the window, 2 to 17 are settings.
+    /// A vexa::ViewMessage; any other number does nothing.
     void recvQmlMessage1(int id, int var1, int var2);
 
 protected:
@@ -96,7 +97,7 @@ private:
     void carryOut(vexa::PenCommand command);
     void openHeldTool();
     void takeAnnouncedShot();
-    void changeAutoStart(int message, int value);
+    void changeAutoStart(int value);
     void startTimerOnce(int &id, int milliseconds);
     void stopTimer(int &id);
     void refocusSoon();

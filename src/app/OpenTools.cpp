@@ -3,7 +3,6 @@
 
 #include "annotation/PizhuForm.h"
 #include "annotation/blackBoardform.h"
-#include "app/MainWindow.h"
 #include "overlays/LightPen.h"
 #include "overlays/Magnifie.h"
 #include "overlays/ScreenPicture.h"
@@ -17,29 +16,6 @@ namespace vexa {
 
 namespace {
 
-/// Lets a new tool report to the window, and makes sure that it does not outlive it.
-template<typename Tool> void attach(Tool *tool, void (Tool::*report)(int), MainWindow &window) {
-    QObject::connect(tool, report, &window, &MainWindow::RecvWindowMessage);
-    QObject::connect(&window, &QObject::destroyed, tool, [tool] { delete tool; });
-}
-
-template<typename Tool> Tool *newHeldTool(MainWindow &window, platform::Cover cover) {
-    QPixmap picture = pictureOfPrimaryScreen();
-    auto *tool = new Tool(nullptr);
-    tool->Setbackground(&picture);
-    QObject::connect(&window, &MainWindow::signalExitWindow, tool, &Tool::ExitWindow);
-    attach(tool, &Tool::singalExitWindow, window);
-    tool->SetMousePress(true);
-    platform::showOverPrimaryScreen(*tool, cover);
-    return tool;
-}
-
-/// Forgets a window that has reported its end; but not the successor that was opened in the meantime.
-template<typename Tool> void drop(QPointer<Tool> &pointer, const QObject *reporter) {
-    if (!reporter || reporter == pointer)
-        pointer.clear();
-}
-
 template<typename Tool> void close(QPointer<Tool> &pointer) {
     pointer->close();
     pointer.clear();
@@ -47,12 +23,34 @@ template<typename Tool> void close(QPointer<Tool> &pointer) {
 
 } // namespace
 
+/// Lets a new tool report, and makes sure that it does not outlive this object.
+template<typename Tool> void OpenTools::attach(QPointer<Tool> &place, void (Tool::*report)(int)) {
+    Tool *const tool = place;
+    connect(tool, report, this, [this, tool, &place](int which) {
+        if (place && place != tool)
+            emit formerReported();
+        else
+            emit reported(which);
+    });
+    connect(this, &QObject::destroyed, tool, [tool] { delete tool; });
+}
+
+template<typename Tool> void OpenTools::openHeldTool(QPointer<Tool> &place) {
+    QPixmap picture = pictureOfPrimaryScreen();
+    place = new Tool(nullptr);
+    place->Setbackground(&picture);
+    connect(this, &OpenTools::leave, place.data(), &Tool::ExitWindow);
+    attach(place, &Tool::singalExitWindow);
+    place->SetMousePress(true);
+    platform::showOverPrimaryScreen(*place, heldToolCover());
+}
+
 void OpenTools::openAnnotation() {
     auto picture = std::make_unique<QPixmap>(pictureOfPrimaryScreen());
     m_annotation = new PizhuForm(nullptr);
     m_annotation->prompt()->showWithTransperent();
     m_annotation->Setbackground(picture.release());
-    attach(m_annotation.data(), &PizhuForm::signalPizhukWindow, m_window);
+    attach(m_annotation, &PizhuForm::signalPizhukWindow);
     platform::showOverPrimaryScreen(*m_annotation);
     m_annotation->prompt()->setCurcolor(0);
     m_annotation->prompt()->delayShow();
@@ -71,7 +69,7 @@ void OpenTools::openBlackboard() {
     m_blackboard = new blackBoardform(nullptr);
     m_blackboard->prompt()->showWithTransperent();
     m_blackboard->Setbackground2();
-    attach(m_blackboard.data(), &blackBoardform::signalPizhukWindow, m_window);
+    attach(m_blackboard, &blackBoardform::signalPizhukWindow);
     platform::showOverPrimaryScreen(*m_blackboard);
     m_blackboard->prompt()->setCurcolor(0);
     m_blackboard->prompt()->showWithTimer();
@@ -87,35 +85,45 @@ void OpenTools::stepBlackboardColour() {
 }
 
 void OpenTools::openSpotlight() {
-    m_spotlight = newHeldTool<Spolight2>(m_window, heldToolCover());
+    openHeldTool(m_spotlight);
 }
 
 void OpenTools::openMagnifier() {
-    m_magnifier = newHeldTool<Magnifie>(m_window, heldToolCover());
+    openHeldTool(m_magnifier);
 }
 
 void OpenTools::openLaser() {
-    m_laser = newHeldTool<LightPen>(m_window, heldToolCover());
+    openHeldTool(m_laser);
 }
 
 platform::Cover OpenTools::heldToolCover() const {
     return annotationOpen() || blackboardOpen() ? platform::Cover::Maximized : platform::Cover::FullScreen;
 }
 
-template<typename Action> void OpenTools::withHeldTool(int tool, Action act) {
-    if (tool == 0 && m_spotlight)
-        act(*m_spotlight);
-    else if (tool == 1 && m_magnifier)
-        act(*m_magnifier);
-    else if (tool == 2 && m_laser)
-        act(*m_laser);
+template<typename Action> void OpenTools::withHeldTool(HeldToolChoice tool, Action act) {
+    const auto ifOpen = [&act](const auto &pointer) {
+        if (pointer)
+            act(*pointer);
+    };
+    switch (tool) {
+    case HeldToolChoice::Spotlight:
+        return ifOpen(m_spotlight);
+    case HeldToolChoice::Magnifier:
+        return ifOpen(m_magnifier);
+    case HeldToolChoice::Laser:
+        return ifOpen(m_laser);
+    }
 }
 
-void OpenTools::moveHeldTool(int tool, int x, int y) {
+bool OpenTools::heldToolOpen() const {
+    return m_spotlight || m_magnifier || m_laser;
+}
+
+void OpenTools::moveHeldTool(HeldToolChoice tool, int x, int y) {
     withHeldTool(tool, [x, y](auto &open) { open.SetMouseMove(x, y); });
 }
 
-void OpenTools::exitHeldTool(int tool) {
+void OpenTools::exitHeldTool(HeldToolChoice tool) {
     withHeldTool(tool, [](auto &open) { open.ExitWindow(); });
 }
 
@@ -125,26 +133,25 @@ void OpenTools::forgetHeldTools() {
     m_laser.clear();
 }
 
-bool OpenTools::forget(int which, const QObject *reporter) {
-    switch (which) {
-    case 0:
-        drop(m_blackboard, reporter);
+bool OpenTools::forget(ClosingReport report) {
+    switch (report) {
+    case ClosingReport::Blackboard:
+        m_blackboard.clear();
         return true;
-    case 1:
-        drop(m_annotation, reporter);
+    case ClosingReport::Annotation:
+        m_annotation.clear();
         return true;
-    case 2:
-        drop(m_spotlight, reporter);
+    case ClosingReport::Spotlight:
+        m_spotlight.clear();
         return true;
-    case 3:
-        drop(m_magnifier, reporter);
+    case ClosingReport::Magnifier:
+        m_magnifier.clear();
         return true;
-    case 4:
-        drop(m_laser, reporter);
+    case ClosingReport::Laser:
+        m_laser.clear();
         return true;
-    default:
-        return false;
     }
+    return false;
 }
 
 } // namespace vexa

@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "overlays/ClosingReport.h"
 #include "platform/OverlayWindow.h"
+#include "settings/Choices.h"
 
+#include <QObject>
 #include <QPointer>
 
 class LightPen;
-class MainWindow;
 class Magnifie;
 class PizhuForm;
-class QObject;
 class Spolight2;
 class blackBoardform;
 
@@ -17,15 +18,14 @@ namespace vexa {
 
 /// The tools that lie over the screen: opens them, knows which are open, and hands them what is meant for
 /// them. Every tool deletes itself when it closes, whoever closed it, and not all of them say so; at the
-/// latest it goes with the main window. GUI thread only.
-class OpenTools {
-public:
-    /// The tools report to the window's RecvWindowMessage(int); the held ones close on its
-    /// signalExitWindow().
-    explicit OpenTools(MainWindow &window) : m_window(window) {}
+/// latest it goes with this object. GUI thread only.
+class OpenTools : public QObject {
+    Q_OBJECT
 
+public:
     bool annotationOpen() const { return !m_annotation.isNull(); }
     bool blackboardOpen() const { return !m_blackboard.isNull(); }
+    bool heldToolOpen() const;
 
     void openAnnotation();
     void closeAnnotation();
@@ -40,21 +40,29 @@ public:
     void openMagnifier();
     void openLaser();
 
-    /// The held tools by their code: 0 spotlight, 1 magnifier, 2 laser; places in points. Without such a tool
-    /// nothing happens.
-    void moveHeldTool(int tool, int x, int y);
-    void exitHeldTool(int tool);
+    /// To the open tool of that kind; without one nothing happens. Places in points.
+    void moveHeldTool(HeldToolChoice tool, int x, int y);
+    void exitHeldTool(HeldToolChoice tool);
     void forgetHeldTools();
 
-    /// A tool reports that it closes: 0 blackboard, 1 annotation, 2 spotlight, 3 magnifier, 4 laser. False
-    /// for any other number. `reporter` is the tool itself, or null when that is not known.
-    bool forget(int which, const QObject *reporter);
+    /// The tool of that kind has closed. False for a number that is no report.
+    bool forget(ClosingReport report);
+
+signals:
+    /// Asks every held tool to leave, also those that are no longer fed.
+    void leave();
+    /// A tool has reported that it closes; a ClosingReport. It is still open for the others here until
+    /// forget().
+    void reported(int which);
+    /// So has one in whose place a later one was opened, which is none of the open tools any more.
+    void formerReported();
 
 private:
+    template<typename Tool> void attach(QPointer<Tool> &place, void (Tool::*report)(int));
+    template<typename Tool> void openHeldTool(QPointer<Tool> &place);
+    template<typename Action> void withHeldTool(HeldToolChoice tool, Action act);
     platform::Cover heldToolCover() const;
-    template<typename Action> void withHeldTool(int tool, Action act);
 
-    MainWindow &m_window;
     QPointer<PizhuForm> m_annotation;
     QPointer<blackBoardform> m_blackboard;
     QPointer<Spolight2> m_spotlight;

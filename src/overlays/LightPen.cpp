@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "overlays/LightPen.h"
 
+#include "overlays/ClosingReport.h"
 #include "overlays/ColourBands.h"
 #include "settings/ZrToolXmlClass.h"
 #include "ui_LightPen.h"
@@ -8,10 +9,6 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
-
-namespace {
-constexpr int exitCode = 4;
-}
 
 LightPen::LightPen(QWidget *parent) : HeldTool(parent), m_form(std::make_unique<Ui::LightPen>()) {
     m_form->setupUi(this);
@@ -58,7 +55,7 @@ void LightPen::drawNow() {
 }
 
 void LightPen::report() {
-    emit singalExitWindow(exitCode);
+    emit singalExitWindow(int(vexa::ClosingReport::Laser));
 }
 
 int LightPen::extent() const {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "overlays/Magnifie.h"
 
+#include "overlays/ClosingReport.h"
 #include "overlays/ColourBands.h"
 #include "overlays/Truncation.h"
 #include "settings/ZrToolXmlClass.h"
@@ -13,7 +14,6 @@ using vexa::truncated;
 
 namespace {
 
-constexpr int exitCode = 3;
 constexpr float zoom = 1.25F;
 
 /// Along one axis: where the lens is drawn, and how far the disc in the piece begins before the piece does.
@@ -67,7 +67,7 @@ void Magnifie::mouseReleaseEvent(QMouseEvent * /*event*/) {
 }
 
 void Magnifie::report() {
-    emit singalExitWindow(exitCode);
+    emit singalExitWindow(int(vexa::ClosingReport::Magnifier));
 }
 
 int Magnifie::extent() const {

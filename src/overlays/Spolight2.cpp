@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "overlays/Spolight2.h"
 
+#include "overlays/ClosingReport.h"
 #include "overlays/Truncation.h"
 #include "settings/ZrToolXmlClass.h"
 #include "ui_Spolight2.h"
@@ -11,10 +12,6 @@
 #include <algorithm>
 
 using vexa::truncated;
-
-namespace {
-constexpr int exitCode = 2;
-}
 
 Spolight2::Spolight2(QWidget *parent) : HeldTool(parent), m_form(std::make_unique<Ui::Spolight2>()) {
     m_form->setupUi(this);
@@ -51,7 +48,7 @@ void Spolight2::mouseReleaseEvent(QMouseEvent * /*event*/) {
 }
 
 void Spolight2::report() {
-    emit singalExitWindow(exitCode);
+    emit singalExitWindow(int(vexa::ClosingReport::Spotlight));
 }
 
 std::optional<int> Spolight2::veil() const {

@@ -19,28 +19,26 @@ template<typename Predicate> const Setting *firstSetting(Predicate matches) {
 } // namespace
 
 const std::array<Setting, 17> settingsTable{{
-    {12, "Key2P", &Store::Key2P},
-    {13, "Key3P", &Store::Key3P},
-    {8, "PenColor0", &Store::PenColor0},
-    {9, "PenColor1", &Store::PenColor1},
-    {10, "PenColor2", &Store::PenColor2},
-    {11, "PenThickness", &Store::PenThickness},
-    {3, "SportLightSize", &Store::SportLightSize},
-    {2, "SportLightTran", &Store::SportLightTran},
-    {5, "MagnifierSize", &Store::MagnifierSize},
-    {4, "MagnifierColor", &Store::MagnifierColor},
-    {7, "LaserPenSize", &Store::LaserPenSize},
-    {6, "LaserPenColor", &Store::LaserPenColor},
-    {14, "Key4C", &Store::Key4C},
-    {15, "Key4P", &Store::Key4P},
-    {17, "AutoStart", &Store::AutoStart},
-    {16, "Language", &Store::Language},
-    {0, "ShowPrivacyWindow", &Store::ShowPrivacyWindow},
+    {ViewMessage::Key2P, "Key2P", &Store::Key2P},
+    {ViewMessage::Key3P, "Key3P", &Store::Key3P},
+    {ViewMessage::PenColor0, "PenColor0", &Store::PenColor0},
+    {ViewMessage::PenColor1, "PenColor1", &Store::PenColor1},
+    {ViewMessage::PenColor2, "PenColor2", &Store::PenColor2},
+    {ViewMessage::PenThickness, "PenThickness", &Store::PenThickness},
+    {ViewMessage::SportLightSize, "SportLightSize", &Store::SportLightSize},
+    {ViewMessage::SportLightTran, "SportLightTran", &Store::SportLightTran},
+    {ViewMessage::MagnifierSize, "MagnifierSize", &Store::MagnifierSize},
+    {ViewMessage::MagnifierColor, "MagnifierColor", &Store::MagnifierColor},
+    {ViewMessage::LaserPenSize, "LaserPenSize", &Store::LaserPenSize},
+    {ViewMessage::LaserPenColor, "LaserPenColor", &Store::LaserPenColor},
+    {ViewMessage::Key4C, "Key4C", &Store::Key4C},
+    {ViewMessage::Key4P, "Key4P", &Store::Key4P},
+    {ViewMessage::AutoStart, "AutoStart", &Store::AutoStart},
+    {ViewMessage::Language, "Language", &Store::Language},
+    {std::nullopt, "ShowPrivacyWindow", &Store::ShowPrivacyWindow},
 }};
 
-const Setting *settingOfMessage(int message) {
-    if (message < firstSettingMessage || message > lastSettingMessage)
-        return nullptr;
+const Setting *settingOfMessage(ViewMessage message) {
     return firstSetting([message](const Setting &setting) { return setting.message == message; });
 }
 

@@ -1,16 +1,19 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "settings/ViewMessage.h"
+
 #include <QString>
 #include <array>
 #include <cstdint>
+#include <optional>
 
 namespace vexa {
 
-/// One stored setting: where it lives, what its element in the file is called, and the identifier of its
-/// message between the settings view and its host (0: it has none).
+/// One stored setting: where it lives, what its element in the file is called, and its message between the
+/// settings view and its host, if it has one.
 struct Setting {
-    int message;
+    std::optional<ViewMessage> message;
     const char *element;
     std::int32_t *value;
 };
@@ -19,13 +22,8 @@ struct Setting {
 /// table.
 extern const std::array<Setting, 17> settingsTable;
 
-/// The messages that carry a setting: every identifier from the first to the last belongs to exactly one
-/// setting.
-constexpr int firstSettingMessage = 2;
-constexpr int lastSettingMessage = 17;
-
-/// The setting that a message carries, or null.
-const Setting *settingOfMessage(int message);
+/// The setting that a message carries; null for other messages and for numbers that are none.
+const Setting *settingOfMessage(ViewMessage message);
 
 /// The setting of an element's exact name, or null.
 const Setting *settingOfElement(const QString &element);

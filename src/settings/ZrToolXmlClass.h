@@ -18,12 +18,13 @@ public:
     /// Replaces the file whole. Where it cannot be written, nothing happens.
     static void ZrXmlWrite();
 
-    /// What the long presses of keys 2 and 3 and the single press of key 4 do: 0 nothing, 1 slide show, 2
-    /// player, 3 blackboard, 4 screenshot.
+    // Choices.h has the names of the numbers that stand for an action, a tool or a language.
+
+    /// What the long presses of keys 2 and 3 and the single press of key 4 do: a KeyAction.
     static std::int32_t Key2P;
     static std::int32_t Key3P;
     static std::int32_t Key4C;
-    /// What holding key 4 shows: 0 spotlight, 1 magnifier, 2 laser.
+    /// What holding key 4 shows: a HeldToolChoice.
     static std::int32_t Key4P;
     /// The three pens as indices into the pen palette, and their width as an index into the pen widths.
     static std::int32_t PenColor0;
@@ -40,7 +41,7 @@ public:
     static std::int32_t SportLightTran;
     /// 1: started at login.
     static std::int32_t AutoStart;
-    /// 0 Simplified Chinese, 1 Traditional Chinese, 2 English.
+    /// An InterfaceLanguage.
     static std::int32_t Language;
     /// Non-zero: the guide to the privacy permissions is shown at start.
     static std::int32_t ShowPrivacyWindow;

@@ -48,7 +48,7 @@ void SettingsTableTest::everyMessageCarriesItsSetting() {
     QFETCH(QString, element);
     QFETCH(void *, member);
 
-    const vexa::Setting *const setting = vexa::settingOfMessage(message);
+    const vexa::Setting *const setting = vexa::settingOfMessage(vexa::ViewMessage(message));
     QVERIFY(setting);
     QCOMPARE(QString::fromLatin1(setting->element), element);
     QCOMPARE(static_cast<void *>(setting->value), member);
@@ -57,13 +57,13 @@ void SettingsTableTest::everyMessageCarriesItsSetting() {
 
 void SettingsTableTest::otherMessagesCarryNone() {
     for (const int message : {-1, 0, 1, 18, 1000})
-        QVERIFY(!vexa::settingOfMessage(message));
+        QVERIFY(!vexa::settingOfMessage(vexa::ViewMessage(message)));
 }
 
 void SettingsTableTest::theGuideHasNoMessage() {
     const vexa::Setting *const setting = vexa::settingOfElement(QStringLiteral("ShowPrivacyWindow"));
     QVERIFY(setting);
-    QCOMPARE(setting->message, 0);
+    QVERIFY(!setting->message);
     QCOMPARE(setting->value, &Store::ShowPrivacyWindow);
 }
 
