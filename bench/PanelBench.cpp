@@ -106,10 +106,7 @@ public:
         m_view.show();
         fill(root());
         untilDrawn();
-        while (!complete()) {
-            QApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        }
-        // The frame with the last of it is not the price of what is measured next.
+        // A frame with what the first one left to do is not the price of what is measured next.
         m_frames = 0;
         m_view.quickWindow()->update();
         untilDrawn();
@@ -137,18 +134,6 @@ public:
     }
 
 private:
-    /// Whether the views that are built, and the pictures that are unpacked, in the background are there.
-    bool complete() {
-        constexpr int ready = 1;
-        constexpr int loading = 2;
-        const QList<QObject *> objects = root()->findChildren<QObject *>();
-        return std::all_of(objects.begin(), objects.end(), [](const QObject *object) {
-            const int status = object->property("status").toInt();
-            return object->inherits("QQuickLoader") ? status == ready
-                                                    : !object->inherits("QQuickImage") || status != loading;
-        });
-    }
-
     void untilDrawn() {
         while (m_frames == 0) {
             QApplication::processEvents(QEventLoop::WaitForMoreEvents);

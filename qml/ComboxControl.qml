@@ -8,6 +8,7 @@ ComboBox {
     id: root
 
     property string borderColor: "#606060"
+    property bool byKeyboard: false // whether the open list was last moved through with the keyboard
     property string fillColor: "#2F2F2F"
     property string icondown: "qrc:/icon-down@3x.png"
     property string iconup: "qrc:/icon-up@3x.png"
@@ -56,11 +57,18 @@ ComboBox {
         width: root.width - 2
 
         background: Rectangle {
-            color: row.highlighted ? root.selectFillColor : root.fillColor
+            border.color: "#FFCC0D"
+            border.width: row.highlighted && root.byKeyboard ? 1 : 0
+            color: row.hovered ? root.selectFillColor : root.fillColor
             radius: 4
         }
         contentItem: RowText {
             text: row.text
+        }
+
+        onHoveredChanged: {
+            if (hovered)
+                root.byKeyboard = false
         }
     }
     indicator: Picture {
@@ -93,6 +101,11 @@ ComboBox {
         }
     }
 
+    Keys.onPressed: byKeyboard = true
+    onPressedChanged: {
+        if (pressed)
+            byKeyboard = false
+    }
     onTextsChanged: {
         for (let i = 0; i < texts.length; ++i)
             rows.set(i, { "label": texts[i] })

@@ -19,7 +19,7 @@ ToolSetWindow {
     }
 
     function showSize() {
-        dot.width = sizeSet.curValue
+        dot.width = sizeSet.slider.value
     }
 
     firstCaption: qsTr("颜色")

@@ -19,7 +19,7 @@ ToolSetWindow {
     }
 
     function showSize() {
-        ring.width = sizeSet.curValue / 4
+        ring.width = sizeSet.slider.value / 4
     }
 
     firstCaption: qsTr("颜色")

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick 2.15
 import QtQuick.Controls 1.4 as Controls1
-import QtQuick.Window 2.15
 
 // The panel: the pen between its four keys, what each key does, and a view to change it. The root is all that the host
 // knows of the view.
@@ -9,7 +8,6 @@ Rectangle {
     id: root
 
     property bool changeBackgroundcolor: true
-    property bool shown: false // whether the panel has been drawn once
     property int key2Action: 1
     property int key3Action: 3
     property int key4Action: 4
@@ -64,29 +62,9 @@ Rectangle {
     // A change made in any view shows everywhere at once, without a round trip through the host.
     onQmlSignal1: (id1, var1, var2) => setvalue(id1, var1, var2)
 
-    Connections {
-        enabled: !root.shown
-        target: root.Window.window
-
-        function onAfterRendering() {
-            Qt.callLater(() => root.shown = true) // the frame goes to the screen first
-        }
-    }
-
-    // The background at its plain size is there at once; the one for dense screens, nine times as large, takes its
-    // place when it is unpacked.
     Picture {
         anchors.fill: parent
-        source: "qrc:/bg.png"
-        visible: sharp.status !== Image.Ready
-    }
-
-    Picture {
-        id: sharp
-
-        anchors.fill: parent
-        asynchronous: true
-        source: root.shown ? "qrc:/bg@3x.png" : ""
+        source: "qrc:/bg@3x.png"
     }
 
     DragArea {
@@ -157,12 +135,10 @@ Rectangle {
         y: 457
     }
 
-    KeyView {
+    Key1Window {
         id: key1Window
 
-        opened: key1Button.checked
-        panelShown: root.shown
-        view: "Key1Window.qml"
+        visible: key1Button.checked
         x: 712
         y: 87
     }
@@ -178,12 +154,10 @@ Rectangle {
         y: 457
     }
 
-    KeyView {
+    Key2Window {
         id: key2Window
 
-        opened: key2Button.checked
-        panelShown: root.shown
-        view: "Key2Window.qml"
+        visible: key2Button.checked
         x: 30
         y: 321
     }
@@ -200,12 +174,10 @@ Rectangle {
         y: 196
     }
 
-    KeyView {
+    Key3Window {
         id: key3Window
 
-        opened: key3Button.checked
-        panelShown: root.shown
-        view: "Key3Window.qml"
+        visible: key3Button.checked
         x: 712
         y: 87
     }
@@ -221,12 +193,10 @@ Rectangle {
         y: 196
     }
 
-    KeyView {
+    Key4Window {
         id: key4Window
 
-        opened: key4Button.checked
-        panelShown: root.shown
-        view: "Key4Window.qml"
+        visible: key4Button.checked
         x: 30
         y: 87
     }
@@ -244,13 +214,11 @@ Rectangle {
         y: 598
     }
 
-    KeyView {
+    SetWindow {
         id: setWindow
 
         height: 390
-        opened: setButton.checked
-        panelShown: root.shown
-        view: "SetWindow.qml"
+        visible: setButton.checked
         width: 247
         x: 722
         y: 207

@@ -32,18 +32,13 @@ Rectangle {
                 widths.itemAt(var1).checked = true
             return
         }
-        const color = getColorString(var1)
-        if (color === undefined)
+        if (id1 < 8 || id1 > 10)
             return
-        if (id1 === 8) {
-            pencolor0 = color
+        const color = getColorString(var1)
+        if (color !== undefined)
+            root["pencolor" + (id1 - 8)] = color
+        if (id1 === 8)
             slots.itemAt(0).checked = true
-            setColorMenucheck(color)
-        } else if (id1 === 9) {
-            pencolor1 = color
-        } else if (id1 === 10) {
-            pencolor2 = color
-        }
     }
 
     function getColorString(color) {

@@ -32,7 +32,8 @@ Rectangle {
 
     PanelText {
         font.pixelSize: 16
-        fontSizeMode: Text.Fit
+        fontSizeMode: Text.Fit // the English sentence takes two lines
+        minimumPixelSize: 9
         height: 33
         text: qsTr("由于系统隐私要求，请授权以下权限")
         width: 291

@@ -15,7 +15,6 @@ Rectangle {
         color: "#7D7D7D"
         font.pixelSize: 9
         horizontalAlignment: Text.AlignHCenter
-        minimumPixelSize: 7
         width: 210
         x: 19
     }

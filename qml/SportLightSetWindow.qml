@@ -19,7 +19,7 @@ ToolSetWindow {
     }
 
     function showSize() {
-        light.width = sizeSet.curValue / 3.5
+        light.width = sizeSet.slider.value / 3.5
     }
 
     firstCaption: qsTr("透明度")

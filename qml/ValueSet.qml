@@ -3,7 +3,8 @@ import QtQuick 2.15
 import QtQuick.Controls 2.15
 
 // A setting chosen with a slider. A value given from outside moves the slider; whatever moves the slider is reported,
-// and so is a click that leaves it where it is. Values out of range are reported as the slider shows them.
+// and so is a click that leaves it where it is. A value beyond an end moves the slider to that end; one that stands
+// there already reports nothing, and curValue keeps what was given.
 Rectangle {
     id: root
 
@@ -19,16 +20,6 @@ Rectangle {
 
     signal qmlSignal
 
-    function show() {
-        if (!loaded)
-            return
-        slider.value = curValue
-        if (slider.value !== curValue) {
-            curValue = slider.value
-            qmlSignal()
-        }
-    }
-
     color: "#444444"
     height: 80
     width: 640
@@ -37,7 +28,10 @@ Rectangle {
         slider.value = curValue
         loaded = true
     }
-    onCurValueChanged: show()
+    onCurValueChanged: {
+        if (loaded)
+            slider.value = curValue
+    }
 
     // The handle is taller than the track: all of it, and a little more, can be grabbed.
     QtObject {

@@ -62,12 +62,26 @@ private slots:
     void languageByMessageNeverBounces();
     void unknownLanguageShowsTheSourceTexts();
     void storedValuesSurviveARestart();
+    void valuesOutOfRangeSurviveAStartAsFarAsNothingMoves_data();
+    void valuesOutOfRangeSurviveAStartAsFarAsNothingMoves();
     void closeIconHidesTheWindow();
     void thousandHidesTheViewWhileTheWindowStays();
     void stormOfChangesSavesEach();
 
 private:
+    using Values = QList<std::pair<const char *, int>>;
+
+    /// Starts again on a file with these values.
+    void restartWith(const Values &values) {
+        QByteArray xml = "<PenSetting FirstRun=\"1\"><Setting>";
+        for (const auto &[element, value] : values)
+            xml += QByteArray("<") + element + ">" + QByteArray::number(value) + "</" + element + ">";
+        close();
+        QVERIFY(userfile::write(xml + "</Setting></PenSetting>"));
+        open();
+    }
     void open() {
+        qml::failOnWarnings();
         m_window = std::make_unique<MainWindow>();
         m_window->show();
         // It withdraws soon after the start, and comes back when it is called.
@@ -214,25 +228,65 @@ void HostedPanelTest::unknownLanguageShowsTheSourceTexts() {
 }
 
 void HostedPanelTest::storedValuesSurviveARestart() {
-    const QList<std::pair<const char *, int>> values{{"Key2P", 0},           {"Key3P", 4},
-                                                     {"Key4C", 2},           {"Key4P", 1},
-                                                     {"PenColor0", 7},       {"PenColor1", 3},
-                                                     {"PenColor2", 5},       {"PenThickness", 2},
-                                                     {"LaserPenSize", 9},    {"LaserPenColor", 700},
-                                                     {"MagnifierSize", 99},  {"MagnifierColor", 1},
-                                                     {"SportLightSize", 50}, {"SportLightTran", 200},
-                                                     {"Language", 2}};
-    QByteArray xml = "<PenSetting FirstRun=\"1\"><Setting>";
-    for (const auto &[element, value] : values)
-        xml += QByteArray("<") + element + ">" + QByteArray::number(value) + "</" + element + ">";
-    close();
-    QVERIFY(userfile::write(xml + "</Setting></PenSetting>"));
-    open();
+    const Values values{{"Key2P", 0},           {"Key3P", 4},
+                        {"Key4C", 2},           {"Key4P", 1},
+                        {"PenColor0", 7},       {"PenColor1", 3},
+                        {"PenColor2", 5},       {"PenThickness", 2},
+                        {"LaserPenSize", 9},    {"LaserPenColor", 700},
+                        {"MagnifierSize", 99},  {"MagnifierColor", 1},
+                        {"SportLightSize", 50}, {"SportLightTran", 200},
+                        {"Language", 2}};
+    restartWith(values);
     for (const auto &[element, value] : values)
         QVERIFY2(stored(element) == value, element);
     m_view->click(key4Button);
     QCOMPARE(box({30 + 20, 87 + 42})->property("displayText").toString(), QStringLiteral("Pause/Play"));
     QCOMPARE(m_view->items(QStringLiteral("MagnifierSetWindow")).size(), 1);
+}
+
+void HostedPanelTest::valuesOutOfRangeSurviveAStartAsFarAsNothingMoves_data() {
+    QTest::addColumn<bool>("above");
+    QTest::newRow("below") << false;
+    QTest::newRow("above") << true;
+}
+
+void HostedPanelTest::valuesOutOfRangeSurviveAStartAsFarAsNothingMoves() {
+    QFETCH(bool, above);
+    const struct {
+        const char *element;
+        int below, afterBelow;
+        int above, afterAbove;
+    } rows[] = {
+        // A slider stands at its least value when it is built: a lower one does not move it and is not
+        // reported.
+        {"SportLightTran", 40, 40, 256, 255},
+        {"SportLightSize", 0, 0, 5000, 250},
+        {"MagnifierColor", -1, -1, 1276, 1275},
+        {"MagnifierSize", 49, 49, 251, 250},
+        {"LaserPenColor", -1275, -1275, 99999, 1275},
+        {"LaserPenSize", 0, 0, 26, 25},
+        // The first slot is checked whatever is pushed, and reports the black that it shows.
+        {"PenColor0", -1, 0, 8, 0},
+        {"PenColor1", -1, -1, 8, 8},
+        {"PenColor2", -1, -1, 8, 8},
+        {"PenThickness", -1, -1, 4, 4},
+        // Lists and the switch report only what the user does, the list of languages the same value.
+        {"Key2P", -1, -1, 5, 5},
+        {"Key3P", -1, -1, 5, 5},
+        {"Key4C", -1, -1, 5, 5},
+        {"Key4P", -1, -1, 3, 3},
+        {"AutoStart", -1, -1, 2, 2},
+        {"Language", -2, -2, 3, 3},
+    };
+    Values values;
+    for (const auto &row : rows)
+        values.append({row.element, above ? row.above : row.below});
+    restartWith(values);
+    for (const auto &row : rows) {
+        const int expected = above ? row.afterAbove : row.afterBelow;
+        QVERIFY2(stored(row.element) == expected,
+                 qPrintable(QString("%1: %2").arg(row.element).arg(stored(row.element))));
+    }
 }
 
 void HostedPanelTest::closeIconHidesTheWindow() {

@@ -25,6 +25,7 @@ private slots:
     void textBoxHasItsLooks();
     void listHasItsLooks();
     void openListHasItsLooks();
+    void rowIsLitByThePointerAndRingedByTheKeyboard();
 
 private:
     std::unique_ptr<PanelView> m_view;
@@ -112,6 +113,31 @@ void ListLooksTest::openListHasItsLooks() {
     const QPoint row2 = corner + QPoint(150, 30 + 1 + 2 * 30 + 5);
     QTRY_COMPARE((m_view->jiggle(row2), m_view->pixel(row2)), QColor(0x3d, 0x3d, 0x3d));
     QTRY_COMPARE(m_view->pixel(row2 + QPoint(0, 30)), QColor(0x2f, 0x2f, 0x2f));
+}
+
+void ListLooksTest::rowIsLitByThePointerAndRingedByTheKeyboard() {
+    m_view->click(key2Button);
+    m_view->push(12, 3);
+    const QPoint corner = key2 + QPoint(20, 136);
+    const auto row = [corner](int index) { return corner + QPoint(190, 30 + 1 + index * 30); };
+    const QPoint inside(0, 5);
+    auto *list = m_view->item(QStringLiteral("ComboxControl"), corner);
+    m_view->click(corner + QPoint(190, 15));
+    QTRY_VERIFY(list->property("popup").value<QObject *>()->property("opened").toBool());
+    const QColor plain(0x2f, 0x2f, 0x2f);
+    const QColor lit(0x3d, 0x3d, 0x3d);
+    const QColor ring(0xff, 0xcc, 0x0d);
+    QTRY_COMPARE(m_view->pixel(row(3) + inside), plain); // the present choice
+    QCOMPARE(m_view->pixel(row(3)), plain);
+    m_view->widget().activateWindow();
+    QTRY_VERIFY(m_view->widget().isActiveWindow());
+    list->forceActiveFocus();
+    QTest::keyClick(&m_view->widget(), Qt::Key_Up);
+    QTRY_COMPARE(m_view->pixel(row(2)), ring);
+    QCOMPARE(m_view->pixel(row(2) + inside), plain);
+    QTRY_COMPARE((m_view->jiggle(row(4) + inside), m_view->pixel(row(4) + inside)), lit);
+    for (int index = 0; index < 5; ++index)
+        QTRY_COMPARE(m_view->pixel(row(index)), index == 4 ? lit : plain);
 }
 
 VEXA_WIDGET_TEST_MAIN(ListLooksTest)

@@ -27,9 +27,10 @@ private slots:
     void rootOffersSignalsFunctionsAndProperty();
     void bothTextsAreKept();
     void everyPushedSettingIsShown();
-    void viewOpenedBeforeThePanelIsDrawnShowsWhatWasPushed();
-    void everyPushedSettingComesBackUnchangedOrNotAtAll();
-    void valuesBeyondASliderComeBackClamped();
+    void unseenPanelTakesAndAnswersEveryPushAtOnce();
+    void secondPushOfTheSameValuesIsNotAnswered();
+    void valuesBeyondASliderAreAnsweredWhenTheyMoveIt_data();
+    void valuesBeyondASliderAreAnsweredWhenTheyMoveIt();
     void unknownActionCodeIsPushedOnAndLeavesTheSummary();
     void choiceInTheKey3ListChangesItsSummaryAtOnce();
     void messageSentByTheRootAppliesToItself();
@@ -75,10 +76,7 @@ void PageBridgeTest::bothTextsAreKept() {
 }
 
 void PageBridgeTest::everyPushedSettingIsShown() {
-    const QList<int> values{132, 183, 890, 177, 22, 13, 3, 1, 2, 1, 4, 2, 3, 0, 1, 1};
-    for (int i = 0; i < values.size(); ++i)
-        m_view->push(2 + i, values.at(i));
-
+    m_view->pushAll({132, 183, 890, 177, 22, 13, 3, 1, 2, 1, 4, 2, 3, 0, 1, 1});
     m_view->click(key4Button);
     QCOMPARE(shown("ComboxControl", {30 + 20, 87 + 42}, "currentIndex"), QVariant(3));
     QCOMPARE(shown("ComboxControl", {30 + 20, 87 + 136}, "currentIndex"), QVariant(0));
@@ -114,50 +112,55 @@ void PageBridgeTest::everyPushedSettingIsShown() {
     QCOMPARE(textAt(key4LongValue), QStringLiteral("数字激光点")); // as pushed last
 }
 
-void PageBridgeTest::viewOpenedBeforeThePanelIsDrawnShowsWhatWasPushed() {
-    QQuickWidget unseen(QUrl(QStringLiteral("qrc:/MainWindow.qml")));
-    QQuickItem *root = unseen.rootObject();
-    QSignalSpy messages(root, SIGNAL(qmlSignal1(int, int, int)));
-    for (const int code : {2, 4})
-        QVERIFY(QMetaObject::invokeMethod(root, "setvalue", Q_ARG(QVariant, 12), Q_ARG(QVariant, code),
-                                          Q_ARG(QVariant, 0)));
-    root->findChild<QObject *>(QStringLiteral("key2Button"))->setProperty("checked", true);
-    const QQuickItem *list = nullptr;
-    for (QQuickItem *item : qml::tree(root)) {
-        if (qml::isOfType(item, QStringLiteral("ComboxControl")))
-            list = item;
-    }
-    QVERIFY(list != nullptr);
-    QCOMPARE(qml::corner(list), QPointF(30 + 20, 321 + 136));
-    QCOMPARE(list->property("displayText").toString(), QStringLiteral("屏幕截屏"));
-    QCOMPARE(messages.size(), 0);
+void PageBridgeTest::unseenPanelTakesAndAnswersEveryPushAtOnce() {
+    PanelView unseen(PanelView::Unseen);
+    unseen.pushAll({132, 183, 890, 177, 22, 13, 3, 1, 2, 1, 4, 2, 3, 0, 1, 1});
+    // What moves a slider, checks a button or changes the language is reported. The second and the third
+    // colour only change what their slots show; lists and the switch report what the user does and nothing
+    // else.
+    QCOMPARE(unseen.messages, QList<Message>({{2, 132, 0},
+                                              {3, 183, 0},
+                                              {4, 890, 0},
+                                              {5, 177, 0},
+                                              {6, 22, 0},
+                                              {7, 13, 0},
+                                              {8, 3, 0},
+                                              {11, 1, 0},
+                                              {16, 1, 0}}));
 }
 
-void PageBridgeTest::everyPushedSettingComesBackUnchangedOrNotAtAll() {
+void PageBridgeTest::secondPushOfTheSameValuesIsNotAnswered() {
     const QList<int> values{132, 183, 890, 177, 22, 13, 3, 1, 2, 1, 4, 2, 3, 0, 1, 1};
-    for (int i = 0; i < values.size(); ++i)
-        m_view->push(2 + i, values.at(i));
-    for (const Message &message : qAsConst(m_view->messages)) {
-        QVERIFY(message.id >= 2 && message.id <= 17);
-        QCOMPARE(message.var1, values.at(message.id - 2));
-        QCOMPARE(message.var2, 0);
-    }
-    // The first push of a colour and of a width is answered once, that of an action never.
-    QCOMPARE(m_view->messages.count({8, 3, 0}), 1);
-    QCOMPARE(m_view->messages.count({11, 1, 0}), 1);
-    for (int id = 12; id <= 15; ++id)
-        QCOMPARE(m_view->messages.count({id, values.at(id - 2), 0}), 0);
+    m_view->pushAll(values);
+    m_view->messages.clear();
+    m_view->pushAll(values);
+    QCOMPARE(m_view->messages, QList<Message>());
 }
 
-void PageBridgeTest::valuesBeyondASliderComeBackClamped() {
-    m_view->push(7, 200);
-    QCOMPARE(m_view->messages, QList<Message>({{7, 25, 0}}));
-    m_view->messages.clear();
-    m_view->push(7, 300);
-    QCOMPARE(m_view->messages, QList<Message>({{7, 25, 0}}));
-    m_view->messages.clear();
-    m_view->push(2, -4);
-    QCOMPARE(m_view->messages, QList<Message>({{2, 80, 0}}));
+void PageBridgeTest::valuesBeyondASliderAreAnsweredWhenTheyMoveIt_data() {
+    QTest::addColumn<int>("id");
+    QTest::addColumn<int>("least");
+    QTest::addColumn<int>("most");
+    QTest::newRow("darkness") << 2 << 80 << 255;
+    QTest::newRow("light") << 3 << 50 << 250;
+    QTest::newRow("ring") << 4 << 0 << 1275;
+    QTest::newRow("lens") << 5 << 50 << 250;
+    QTest::newRow("dot's colour") << 6 << 0 << 1275;
+    QTest::newRow("dot") << 7 << 5 << 25;
+}
+
+void PageBridgeTest::valuesBeyondASliderAreAnsweredWhenTheyMoveIt() {
+    QFETCH(int, id);
+    QFETCH(int, least);
+    QFETCH(int, most);
+    m_view->push(id, least - 1); // where it stands already
+    QCOMPARE(m_view->messages, QList<Message>());
+    m_view->push(id, most + 175);
+    QCOMPARE(m_view->messages, QList<Message>({{id, most, 0}}));
+    m_view->push(id, most + 275);
+    QCOMPARE(m_view->messages, QList<Message>({{id, most, 0}}));
+    m_view->push(id, least - 84);
+    QCOMPARE(m_view->messages, QList<Message>({{id, most, 0}, {id, least, 0}}));
 }
 
 void PageBridgeTest::unknownActionCodeIsPushedOnAndLeavesTheSummary() {

@@ -5,25 +5,37 @@
 #include <QQuickWindow>
 #include <QtTest>
 
-PanelView::PanelView(const QString &document)
-    : m_own(std::make_unique<QQuickWidget>(QUrl(document))), m_widget(*m_own) {
+namespace {
+
+QtMessageHandler testsHandler = nullptr;
+
+void failOnViewWarning(QtMsgType type, const QMessageLogContext &context, const QString &text) {
+    if (type != QtDebugMsg && type != QtInfoMsg && text.contains(QStringLiteral(".qml:"))) {
+        QTest::qFail(qPrintable(text), context.file, context.line);
+    }
+    testsHandler(type, context, text);
+}
+
+std::unique_ptr<QQuickWidget> load(const QString &document) {
+    qml::failOnWarnings();
+    return std::make_unique<QQuickWidget>(QUrl(document));
+}
+
+} // namespace
+
+PanelView::PanelView(const QString &document) : m_own(load(document)), m_widget(*m_own) {
     m_widget.show();
     listen();
-    awaitViews();
+}
+
+PanelView::PanelView(NotShown /*unseen*/)
+    : m_own(load(QStringLiteral("qrc:/MainWindow.qml"))), m_widget(*m_own) {
+    listen();
 }
 
 PanelView::PanelView(QQuickWidget &hosted) : m_widget(hosted) {
+    qml::failOnWarnings();
     listen();
-    awaitViews();
-}
-
-void PanelView::awaitViews() {
-    constexpr int ready = 1;
-    for (const QObject *object : root()->findChildren<QObject *>()) {
-        if (object->inherits("QQuickLoader")) {
-            QTRY_COMPARE(object->property("status").toInt(), ready);
-        }
-    }
 }
 
 void PanelView::listen() {
@@ -35,6 +47,13 @@ void PanelView::listen() {
 void PanelView::push(int id, const QVariant &value, const QVariant &var2) {
     QVERIFY(QMetaObject::invokeMethod(root(), "setvalue", Q_ARG(QVariant, id), Q_ARG(QVariant, value),
                                       Q_ARG(QVariant, var2)));
+}
+
+void PanelView::pushAll(const QList<int> &values) {
+    int id = 2;
+    for (const int value : values) {
+        push(id++, value);
+    }
 }
 
 void PanelView::click(const QPoint &place) {
@@ -122,6 +141,13 @@ QColor PanelView::pixel(const QPoint &place) {
 
 void PanelView::record(int id, int var1, int var2) {
     messages.append({id, var1, var2});
+}
+
+void qml::failOnWarnings() {
+    const QtMessageHandler present = qInstallMessageHandler(failOnViewWarning);
+    if (present != failOnViewWarning) {
+        testsHandler = present;
+    }
 }
 
 bool qml::isOfType(const QQuickItem *item, const QString &type) {

@@ -28,6 +28,10 @@ class PanelView : public QObject {
 public:
     explicit PanelView(const QString &document = QStringLiteral("qrc:/MainWindow.qml"));
 
+    enum NotShown { Unseen };
+    /// The panel as it is before its window is shown.
+    explicit PanelView(NotShown);
+
     /// The view that fills the window of a host, which must outlive this.
     explicit PanelView(QQuickWidget &hosted);
 
@@ -36,6 +40,8 @@ public:
 
     /// What a host does to show a value.
     void push(int id, const QVariant &value, const QVariant &var2 = 0);
+    /// Pushes these under the identifiers from 2 on.
+    void pushAll(const QList<int> &values);
 
     void click(const QPoint &place);
     void press(const QPoint &place);
@@ -62,8 +68,6 @@ public:
 private:
     Q_SLOT void record(int id, int var1, int var2);
     void listen();
-    /// Views are built in the background once the panel has been drawn.
-    void awaitViews();
     /// The row of an open list at this place, or null.
     QQuickItem *rowAt(const QPoint &place);
 
@@ -72,6 +76,10 @@ private:
 };
 
 namespace qml {
+
+/// Lets whatever the toolkit has to complain about a view (a binding loop, an undefined value) fail the test
+/// that is running. Called by PanelView; a test that makes a host calls it before.
+void failOnWarnings();
 
 /// Whether the item's type is the QML type of this name, from a file of ours or from the toolkit.
 bool isOfType(const QQuickItem *item, const QString &type);

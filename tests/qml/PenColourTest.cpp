@@ -35,6 +35,8 @@ private slots:
     void everyWidthCanBeChosen();
     void clickOnTheCheckedWidthSendsNothing();
     void coloursAndWidthsOutsideTheListsChangeNothing();
+    void colourOutsideTheListStillChecksTheFirstSlot();
+    void colourPushedForTheCheckedSlotLeavesThePalette();
     void coloursAreThePens();
     void checkedSwatchHasAYellowRing();
 
@@ -178,6 +180,25 @@ void PenColourTest::coloursAndWidthsOutsideTheListsChangeNothing() {
     QCOMPARE(m_view->messages, QList<Message>());
     QCOMPARE(slotColors(), QStringList({"#009EF8", "#FFFFFF", "#FF0000"}));
     QCOMPARE(checkedWidths(), QList<int>{1});
+}
+
+void PenColourTest::colourOutsideTheListStillChecksTheFirstSlot() {
+    m_view->push(8, 8);
+    QCOMPARE(checkedSlots(), QList<int>{0});
+    QCOMPARE(slotColors().first(), colors.first());
+    QCOMPARE(m_view->messages, QList<Message>({{8, 0, 0}})); // what the slot shows
+    click(slotPlaces.at(2));
+    m_view->push(8, -1);
+    QCOMPARE(checkedSlots(), QList<int>{0});
+}
+
+void PenColourTest::colourPushedForTheCheckedSlotLeavesThePalette() {
+    pushStored();
+    m_view->messages.clear();
+    m_view->push(8, 5);
+    QCOMPARE(slotColors().first(), colors.at(5));
+    QCOMPARE(checkedSwatches(), QList<int>{3});
+    QCOMPARE(m_view->messages, QList<Message>());
 }
 
 void PenColourTest::coloursAreThePens() {
