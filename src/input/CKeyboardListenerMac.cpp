@@ -73,9 +73,12 @@ CGEventRef CKeyboardListenerMac::CallbackFunction(CGEventType type, CGEventRef e
         flagsChanged(event);
         break;
     case kCGEventTapDisabledByTimeout:
-        // The system takes a tap out that was slow to answer; without this the pen would be dead from then
-        // on.
+    case kCGEventTapDisabledByUserInput:
+        // The system switches a tap off that was slow to answer, and others around sleep; without this the
+        // pen would be dead from then on. A modifier that changed meanwhile went unheard, so the count of
+        // changes starts again from all released: it would be inverted otherwise.
         CGEventTapEnable(m_eventTap.Get(), true);
+        m_control = m_shift = m_option = false;
         break;
     default:
         break;

@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "platform/mac/DisplayImage.h"
 
-#include <dlfcn.h>
+#include "platform/mac/LookUp.h"
 
 namespace vexa::platform {
 
 CGImageRef createDisplayImage(CGDirectDisplayID display, CGRect rect) {
-    using Function = CGImageRef (*)(CGDirectDisplayID, CGRect);
-    const auto function = reinterpret_cast<Function>(dlsym(RTLD_DEFAULT, "CGDisplayCreateImageForRect"));
-    return function ? function(display, rect) : nullptr;
+    const auto create = lookUp<CGImageRef(CGDirectDisplayID, CGRect)>("CGDisplayCreateImageForRect");
+    return create ? create(display, rect) : nullptr;
 }
 
 } // namespace vexa::platform

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/ScreenCapture.h"
+#include "platform/mac/Consent.h"
 #include "platform/mac/ObjectiveC.h"
 
 namespace vexa::platform {
 
 void openScreenRecordingSettings() {
+    isAllowed("CGRequestScreenCaptureAccess"); // the pane lists only programs that have asked
     const AutoreleasePool pool;
     const id text = send<id>(classNamed("NSString"), "stringWithUTF8String:",
                              "x-apple.systempreferences:com.apple.preference.security?Privacy_ScreenCapture");

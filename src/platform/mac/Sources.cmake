@@ -2,6 +2,7 @@
 set(vexa_mac_sources
   Activation.cpp
   mac/AutoStart.cpp
+  mac/Consent.cpp
   mac/CursorBitmap.cpp
   mac/CursorPicture.cpp
   mac/DisplayImage.cpp
@@ -11,5 +12,6 @@ set(vexa_mac_sources
   mac/PrimaryScreen.cpp
   mac/PrivacyPane.cpp
   mac/ScreenCapture.cpp
-  mac/Session.cpp)
+  mac/Session.cpp
+  mac/SessionInput.cpp)
 list(TRANSFORM vexa_mac_sources PREPEND "${PROJECT_SOURCE_DIR}/src/platform/")

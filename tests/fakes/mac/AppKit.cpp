@@ -140,6 +140,7 @@ void defineWorkspace() {
         workspace, "sharedWorkspace", "@@:", +[](id, SEL) { return lasting("NSWorkspace"); });
     method(
         workspace, "openURL:", "B@:@", +[](id, SEL, id url) {
+            AppKit::instance().whenOpened();
             AppKit::instance().openedUrls.push_back(static_cast<Text *>(url)->characters);
             return true;
         });

@@ -52,6 +52,7 @@ public:
     Cursor cursor;
     bool acceptsUrls = true;
     std::vector<std::string> openedUrls;
+    std::function<void()> whenOpened = [] {};
     bool mouseCoalescing = true;
     bool hasWindow = true;
     Window window;

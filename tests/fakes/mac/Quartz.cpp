@@ -117,7 +117,7 @@ Quartz::~Quartz() {
 
 bool Quartz::send(const InputEvent &event) {
     return tellAll(event, [&](CFMachPortRef tap) {
-        return tap->enabled && (tap->request.mask & CGEventMaskBit(event.type)) != 0;
+        return tap->enabled && (tap->mask & CGEventMaskBit(event.type)) != 0;
     });
 }
 
@@ -178,7 +178,7 @@ CFMachPortRef CGEventTapCreate(CGEventTapLocation tap, CGEventTapPlacement place
     if (!currentQuartz().permitsTaps)
         return nullptr;
     auto *const made = new __CFMachPort;
-    made->request = desktop().requests.back();
+    made->mask = eventsOfInterest & ~currentQuartz().withheld;
     made->callback = callback;
     made->userInfo = userInfo;
     desktop().taps.push_back(made);

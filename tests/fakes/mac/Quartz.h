@@ -40,6 +40,7 @@ public:
 
     // Set before the program asks.
     bool permitsTaps = true;
+    CGEventMask withheld = 0; ///< events that a tap does not get although it asked for them
     bool permitsLocalPorts = true;
     bool permitsRemotePorts = true;
     bool permitsEvents = true;

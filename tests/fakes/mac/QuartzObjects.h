@@ -73,7 +73,7 @@ struct __CFRunLoopSource : fakes::Object {
 struct __CFMachPort : fakes::Object {
     __CFMachPort() : Object(Kind::Lasting, "tap") {}
     ~__CFMachPort() override;
-    fakes::TapRequest request;
+    CGEventMask mask = 0;
     CGEventTapCallBack callback = nullptr;
     void *userInfo = nullptr;
     bool enabled = true;

@@ -137,21 +137,34 @@ private slots:
         QCOMPARE(Messages(moves), (Messages{{5, 3, 3}}));
     }
 
-    void switchesATapOnAgainThatWasTooSlow() {
-        const CKeyboardHandler handler;
-        QSignalSpy keys(&handler, &CKeyboardHandler::MysignalKeyboardMessage);
-        m_quartz->disableTaps(kCGEventTapDisabledByTimeout);
-        QCOMPARE(m_quartz->enabledTaps(), 1);
-        QVERIFY(m_quartz->send(key(kCGEventKeyDown, kVK_ANSI_S)));
-        QTRY_COMPARE(keys.count(), 1);
-        QCOMPARE(Messages(keys), (Messages{{kVK_ANSI_S, 1}}));
+    void switchesOnAgainATapThatWasSwitchedOff_data() {
+        QTest::addColumn<quint32>("reason");
+        QTest::newRow("too slow") << quint32(kCGEventTapDisabledByTimeout);
+        QTest::newRow("by user input, as around sleep") << quint32(kCGEventTapDisabledByUserInput);
     }
 
-    void leavesATapOffThatTheUserSwitchedOff() {
+    // The modifiers were let go while nobody listened; then the pen is pressed.
+    void switchesOnAgainATapThatWasSwitchedOff() {
+        QFETCH(quint32, reason);
         const CKeyboardHandler handler;
-        m_quartz->disableTaps(kCGEventTapDisabledByUserInput);
-        QCOMPARE(m_quartz->enabledTaps(), 0);
-        QVERIFY(!m_quartz->send(key(kCGEventKeyDown, kVK_ANSI_S)));
+        QSignalSpy keys(&handler, &CKeyboardHandler::MysignalKeyboardMessage);
+        for (const int code : {kVK_Shift, kVK_Option, kVK_Control})
+            QVERIFY(m_quartz->send(key(kCGEventFlagsChanged, code)));
+        m_quartz->disableTaps(CGEventType(reason));
+        QCOMPARE(m_quartz->enabledTaps(), 1);
+        for (const int code : {kVK_Control, kVK_Option, kVK_Shift})
+            QVERIFY(m_quartz->send(key(kCGEventFlagsChanged, code)));
+        QTRY_COMPARE(keys.count(), 6);
+        QCOMPARE(Messages(keys).mid(3), (Messages{{kVK_Control, 1}, {kVK_Option, 1}, {kVK_Shift, 1}}));
+    }
+
+    // What a tap may be handed without Input Monitoring: the pointer alone.
+    void startsWithATapThatHearsNoKeys() {
+        m_quartz->withheld = CGEventMaskBit(kCGEventKeyDown) | CGEventMaskBit(kCGEventKeyUp) |
+                             CGEventMaskBit(kCGEventFlagsChanged);
+        const CKeyboardHandler handler;
+        QVERIFY(!m_quartz->send(key(kCGEventKeyDown, kVK_ANSI_G)));
+        QVERIFY(m_quartz->send(pointer(kCGEventMouseMoved, 1, 1)));
     }
 
     void doesNotStartWhenTheTapIsRefused() {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Session.h"
 #include "platform/AutoStart.h"
+#include "platform/SessionInput.h"
 
 #include <QtTest>
 
@@ -13,6 +14,11 @@ private slots:
         const QByteArray dpi = qgetenv("QT_FONT_DPI");
         vexa::platform::prepareSession();
         QCOMPARE(qgetenv("QT_FONT_DPI"), dpi);
+    }
+
+    // This program exports no function that could be asked, as on a system before 10.15.
+    void listensWithoutConsentWhereTheSystemKnowsNone() {
+        QCOMPARE(vexa::platform::sessionInputObstacle(), std::string());
     }
 
     void startsAtLoginByTheBundlesScripts() {

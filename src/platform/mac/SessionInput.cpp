@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#include "platform/SessionInput.h"
+
+#include "platform/mac/Consent.h"
+
+#include <QtDebug>
+
+namespace vexa::platform {
+
+// The system has the taps and posts itself. Without the user's consent it may hand out a tap that hears the
+// pointer and no key, so that nobody would notice before the pen is pressed.
+void useSessionInput(double) {
+    const std::string obstacle = sessionInputObstacle();
+    if (!obstacle.empty() && !isAllowed("CGRequestListenEventAccess"))
+        qWarning("%s", obstacle.c_str());
+}
+
+std::string sessionInputObstacle() {
+    if (isAllowed("CGPreflightListenEventAccess"))
+        return {};
+    return "the pen cannot be heard: allow Input Monitoring in the privacy settings, then start the program "
+           "again";
+}
+
+} // namespace vexa::platform

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#include "platform/SessionInput.h"
+
+#include "fakes/mac/Consents.h"
+
+#include <QtTest>
+
+#include <optional>
+
+using vexa::platform::sessionInputObstacle;
+using vexa::platform::useSessionInput;
+
+namespace {
+
+int warnings = 0;
+
+void countWarnings(QtMsgType type, const QMessageLogContext &, const QString &) {
+    warnings += type == QtWarningMsg;
+}
+
+} // namespace
+
+/// Input Monitoring is asked for before the tap: a tap without it may be handed out, and be deaf to keys.
+class SessionInputTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() {
+        m_consents.emplace();
+        warnings = 0;
+        m_previousHandler = qInstallMessageHandler(countWarnings);
+    }
+    void cleanup() {
+        qInstallMessageHandler(m_previousHandler);
+        m_consents.reset();
+    }
+
+    void asksTheUserOnceAndSaysWhatIsMissing() {
+        useSessionInput(1);
+        QVERIFY(m_consents->asked == std::vector<std::string>{"listening"});
+        QCOMPARE(warnings, 1);
+        QVERIFY(QByteArray::fromStdString(sessionInputObstacle()).contains("Input Monitoring"));
+        QCOMPARE(m_consents->asked.size(), std::size_t{1}); // to look is not to ask
+    }
+
+    void isContentWithAConsentGivenAtOnce() {
+        m_consents->allowsWhenAsked = true;
+        useSessionInput(1);
+        QCOMPARE(warnings, 0);
+        QCOMPARE(sessionInputObstacle(), std::string());
+    }
+
+    void asksNobodyWhenAllIsAllowed() {
+        m_consents->listening = true;
+        useSessionInput(1);
+        QVERIFY(m_consents->asked.empty());
+        QCOMPARE(warnings, 0);
+    }
+
+private:
+    std::optional<fakes::Consents> m_consents;
+    QtMessageHandler m_previousHandler = nullptr;
+};
+
+QTEST_GUILESS_MAIN(SessionInputTest)
+#include "SessionInputTest.moc"
