@@ -21,13 +21,14 @@
 /// when it is gone, and the listener thread is joined while there still is an application.
 int main(int argc, char *argv[]) {
     std::set_terminate(vexa::reportUncaughtAndExit);
+    if (vexa::platform::forwardActivation())
+        return 0;
     vexa::platform::prepareSession();
 
     // The main window asks for it once more, which is too late to have an effect.
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QApplication application(argc, argv);
-    if (vexa::platform::forwardActivation())
-        return 0;
+    vexa::platform::releaseEnvironment();
 
     // The panel refuses to close, which must not be taken for a refusal to log out.
     QGuiApplication::setFallbackSessionManagementEnabled(false);

@@ -7,15 +7,16 @@ class QWidget;
 /// start, launcher). Null until main has built it; not owned.
 extern QWidget *Window1;
 
-/// Installs what re-shows Window1 on activation. Without the means for it (no application object, no session
-/// bus) the program runs on without. GUI thread, once, after the application object exists.
+/// Installs what re-shows Window1 on activation. Without the means for it (no application object, no display,
+/// no session bus) the program runs on without. GUI thread, once, after the application object exists.
 void setupDockClickHandler();
 
 namespace vexa::platform {
 
-/// Asks an instance that is already running in this session to show its window. True when one did, and this
-/// process should end; false when this is the only one, or nobody can tell. GUI thread, before anything else
-/// is started.
+/// Makes this process the one instance on its display, for as long as it lives, or asks the one that is
+/// there already to show its window. True when that one has been asked, and this process should end. False
+/// also where nobody can tell. Throws std::runtime_error, its text meant for the user, when the other one has
+/// not answered for two seconds. Main thread, before anything else is started.
 bool forwardActivation();
 
 /// What an activation does: shows Window1 in front of the other windows. While there is no Window1 yet, it is

@@ -4,6 +4,8 @@
 #include "e2e/Program.h"
 #include "support/TestMain.h"
 
+#include <csignal>
+
 namespace {
 
 constexpr int patience = 20000; // milliseconds
@@ -21,7 +23,9 @@ private slots:
     void itEndsWithoutAWord();
     void itIsHeardWhileTheFirstIsStillStarting();
     void duringTheGuideItIsRemembered();
-    void withoutABusTheProgramSimplyRuns();
+    void itNeedsNoBus_data();
+    void itNeedsNoBus();
+    void aFirstThatHangsIsNamed();
     void whenTheFirstHasEndedTheNextOneRuns();
 };
 
@@ -70,17 +74,44 @@ void SecondStartTest::duringTheGuideItIsRemembered() {
     QTRY_VERIFY_WITH_TIMEOUT(e2e::panelOf(program.pid()).id, patience);
 }
 
-void SecondStartTest::withoutABusTheProgramSimplyRuns() {
+void SecondStartTest::itNeedsNoBus_data() {
+    QTest::addColumn<QString>("firstBus");
+    QTest::addColumn<QString>("secondBus");
+    const QString none = QStringLiteral("disabled:");
+    const QString nowhere = QStringLiteral("unix:path=/nowhere");
+    const QString usual = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
+    QTest::newRow("none") << none << none;
+    QTest::newRow("none for the first") << none << usual;
+    QTest::newRow("another one, as another user has") << usual << nowhere;
+}
+
+void SecondStartTest::itNeedsNoBus() {
+    QFETCH(QString, firstBus);
+    QFETCH(QString, secondBus);
+    const QString variable = QStringLiteral("DBUS_SESSION_BUS_ADDRESS");
     e2e::Program first;
-    first.unsetEnvironment(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"));
+    first.setEnvironment(variable, firstBus);
     QVERIFY(first.start());
-    QTRY_VERIFY_WITH_TIMEOUT(!e2e::windowsOf(first.pid()).isEmpty(), patience);
+    QTRY_VERIFY_WITH_TIMEOUT(e2e::hasWithdrawn(first.pid()), patience);
     e2e::Program second;
-    second.setEnvironment(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), QStringLiteral("unix:path=/nowhere"));
-    QVERIFY(second.start());
-    QTRY_VERIFY_WITH_TIMEOUT(!e2e::windowsOf(second.pid()).isEmpty(), patience);
-    QVERIFY(first.isRunning());
-    QVERIFY(second.isRunning());
+    second.setEnvironment(variable, secondBus);
+    const auto end = second.runToTheEnd();
+    QCOMPARE(end.code, 0);
+    QCOMPARE(end.errors, QByteArray());
+    QTRY_VERIFY_WITH_TIMEOUT(e2e::panelOf(first.pid()).id, patience);
+}
+
+void SecondStartTest::aFirstThatHangsIsNamed() {
+    e2e::Program program;
+    QVERIFY(program.start());
+    QTRY_VERIFY_WITH_TIMEOUT(e2e::hasWithdrawn(program.pid()), patience);
+    program.signal(SIGSTOP);
+    const auto end = program.runToTheEnd();
+    program.signal(SIGCONT);
+    QVERIFY(end.normal);
+    QCOMPARE(end.code, 1);
+    QCOMPARE(end.errors, QByteArray("VexaOrbilo: runs on this display already, but does not answer\n"));
+    QTRY_VERIFY_WITH_TIMEOUT(e2e::panelOf(program.pid()).id, patience); // it was asked all the same
 }
 
 void SecondStartTest::whenTheFirstHasEndedTheNextOneRuns() {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "e2e/XServer.h"
 
+#include <cstdlib>
+#include <type_traits>
 #include <xcb/xcb.h>
 
 namespace e2e {
@@ -24,6 +26,28 @@ void XServer::leaveConnections(std::size_t free) {
     while (m_taken.empty() || !xcb_connection_has_error(m_taken.back().get()))
         m_taken.emplace_back(xcb_connect(display.constData(), nullptr));
     m_taken.resize(m_taken.size() - 1 - free); // the last one was refused
+}
+
+bool XServer::hasWindowsOf(const QByteArray &windowClass) const {
+    const std::unique_ptr<xcb_connection_t, Disconnect> connection(
+        xcb_connect(m_display.toLatin1().constData(), nullptr));
+    const auto answered = [](auto *reply) {
+        return std::unique_ptr<std::remove_pointer_t<decltype(reply)>, decltype(&std::free)>(reply,
+                                                                                             &std::free);
+    };
+    xcb_connection_t *const xcb = connection.get();
+    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(xcb)).data->root;
+    const auto tree = answered(xcb_query_tree_reply(xcb, xcb_query_tree(xcb, root), nullptr));
+    for (int i = 0; tree && i < xcb_query_tree_children_length(tree.get()); ++i) {
+        const xcb_window_t window = xcb_query_tree_children(tree.get())[i];
+        const auto name = answered(xcb_get_property_reply(
+            xcb, xcb_get_property(xcb, 0, window, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, 0, 100), nullptr));
+        if (name && QByteArray(static_cast<const char *>(xcb_get_property_value(name.get())),
+                               xcb_get_property_value_length(name.get()))
+                        .contains(windowClass))
+            return true;
+    }
+    return false;
 }
 
 XServer::~XServer() {

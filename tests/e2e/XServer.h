@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QByteArray>
 #include <QProcess>
 #include <QString>
 #include <QStringList>
@@ -20,6 +21,9 @@ public:
 
     /// For the variable DISPLAY; empty when no server came up.
     QString display() const { return m_display; }
+
+    /// Whether a window of this class is there, shown or not.
+    bool hasWindowsOf(const QByteArray &windowClass) const;
 
     /// Ends it at once, as a crash does.
     void kill();

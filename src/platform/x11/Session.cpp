@@ -2,8 +2,14 @@
 #include "platform/Session.h"
 
 #include "platform/SessionInput.h"
+#include "platform/x11/ToolkitEnvironment.h"
+#include "platform/x11/activation/SessionBus.h"
 
+#include <QAccessible>
 #include <QByteArray>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QtDebug>
 #include <X11/Xlib.h>
 #include <malloc.h>
 #include <stdexcept>
@@ -13,6 +19,7 @@ namespace vexa::platform {
 namespace {
 
 constexpr double usualDpi = 96;
+constexpr std::chrono::seconds busPatience{2};
 
 /// How much larger than usual the desktop wants everything, in whole steps; 1 where it does not say.
 int desktopScale() {
@@ -36,9 +43,28 @@ void giveFreedPicturesBackToTheSystem() {
 #endif
 }
 
-void setUnlessTheUserHas(const char *name, const QByteArray &value) {
-    if (!qEnvironmentVariableIsSet(name))
-        qputenv(name, value);
+/// The pen is heard through the X server, so the windows belong there too, whatever session offers itself to
+/// the toolkit. It aborts with a core dump where it is told to use a platform that it has no plug-in for.
+void keepWindowsOnTheXServer() {
+    const QByteArray usersChoice = qgetenv("QT_QPA_PLATFORM");
+    if (usersChoice == "xcb" || usersChoice.startsWith("xcb:"))
+        return;
+    if (!usersChoice.isEmpty())
+        qWarning("VexaOrbilo: uses the X server, where the pen is heard, and not QT_QPA_PLATFORM=%s",
+                 usersChoice.constData());
+    tellToolkit("QT_QPA_PLATFORM", "xcb");
+}
+
+/// The toolkit asks the bus for screen readers and trays while it starts, each time for as long as the bus
+/// pleases. Where there is none it would even start one, and leave it behind when the program ends.
+void keepToolkitFromWaitingForTheBus() {
+    const x11::BusState bus = x11::askSessionBus(busPatience);
+    if (bus == x11::BusState::Answers)
+        return;
+    if (bus == x11::BusState::Silent)
+        qWarning(
+            "VexaOrbilo: the session bus does not answer; no tray and no screen reader until the next start");
+    tellToolkit("DBUS_SESSION_BUS_ADDRESS", "disabled:");
 }
 
 } // namespace
@@ -50,14 +76,28 @@ void prepareSession() {
 
     giveFreedPicturesBackToTheSystem();
 
-    // The pen is heard through the X server, so the windows belong there too, also where a Wayland session
-    // offers itself to the toolkit.
-    setUnlessTheUserHas("QT_QPA_PLATFORM", "xcb");
+    if (penOutOfReach())
+        qWarning("VexaOrbilo: this is a Wayland session, in which the pen cannot be heard; an X11 session is "
+                 "needed");
+    keepWindowsOnTheXServer();
+    keepToolkitFromWaitingForTheBus();
     // The texts are sized in points of macOS, where a point is a pixel of the layout, also of a scaled one.
     // The toolkit then no longer sees the desktop's own resolution, by which it would enlarge everything.
-    qputenv("QT_FONT_DPI", "72");
-    qputenv("QT_DPI_ADJUSTMENT_POLICY", "AdjustDpi");
-    setUnlessTheUserHas("QT_SCALE_FACTOR", QByteArray::number(desktopScale()));
+    tellToolkit("QT_FONT_DPI", "72");
+    tellToolkit("QT_DPI_ADJUSTMENT_POLICY", "AdjustDpi");
+    tellToolkitUnlessUserDoes("QT_SCALE_FACTOR", QByteArray::number(desktopScale()));
+}
+
+void releaseEnvironment() {
+    // What the toolkit reads only when it is first needed, it is made to read now: how the resolution follows
+    // the scale, and which bus it finds screen readers on.
+    [[maybe_unused]] const qreal resolution = QGuiApplication::primaryScreen()->logicalDotsPerInch();
+    [[maybe_unused]] const bool read = QAccessible::isActive();
+    restoreUserEnvironment();
+}
+
+bool penOutOfReach() {
+    return qgetenv("XDG_SESSION_TYPE") == "wayland" || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
 }
 
 } // namespace vexa::platform

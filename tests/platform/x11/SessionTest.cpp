@@ -28,11 +28,17 @@ class SessionTest : public QObject {
 
 private slots:
     void initTestCase() { m_display = qgetenv("DISPLAY"); }
+    void init();
     void cleanup() { qputenv("DISPLAY", m_display); }
 
     void aDisplayThatAnswersIsEnough();
     void sizesTextsInPointsOfOnePixel();
+    void keepsTheWindowsWhereTheInputIs_data();
     void keepsTheWindowsWhereTheInputIs();
+    void saysThatThePenIsOutOfReach_data();
+    void saysThatThePenIsOutOfReach();
+    void keepsTheToolkitFromABusThatIsNotThere_data();
+    void keepsTheToolkitFromABusThatIsNotThere();
     void scalesAsTheDesktopDoes_data();
     void scalesAsTheDesktopDoes();
     void leavesAScaleThatTheUserHasSet();
@@ -44,6 +50,11 @@ private:
     QByteArray m_display;
 };
 
+void SessionTest::init() {
+    for (const char *name : {"XDG_SESSION_TYPE", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        qunsetenv(name);
+}
+
 void SessionTest::aDisplayThatAnswersIsEnough() {
     vexa::platform::prepareSession();
 }
@@ -54,10 +65,68 @@ void SessionTest::sizesTextsInPointsOfOnePixel() {
     QCOMPARE(qgetenv("QT_FONT_DPI"), QByteArray("72"));
 }
 
+void SessionTest::keepsTheWindowsWhereTheInputIs_data() {
+    QTest::addColumn<QByteArray>("users");
+    QTest::addColumn<QByteArray>("platform");
+    QTest::addColumn<bool>("isSaid");
+    QTest::newRow("nothing said") << QByteArray() << QByteArray("xcb") << false;
+    QTest::newRow("the same") << QByteArray("xcb") << QByteArray("xcb") << false;
+    QTest::newRow("the same with arguments")
+        << QByteArray("xcb:key=value") << QByteArray("xcb:key=value") << false;
+    QTest::newRow("Wayland") << QByteArray("wayland") << QByteArray("xcb") << true;
+    QTest::newRow("no platform at all") << QByteArray("xcbnonsense") << QByteArray("xcb") << true;
+}
+
 void SessionTest::keepsTheWindowsWhereTheInputIs() {
-    qunsetenv("QT_QPA_PLATFORM");
+    QFETCH(QByteArray, users);
+    QFETCH(QByteArray, platform);
+    QFETCH(bool, isSaid);
+    qputenv("QT_QPA_PLATFORM", users);
+    if (isSaid)
+        QTest::ignoreMessage(QtWarningMsg, "VexaOrbilo: uses the X server, where the pen is heard, and not "
+                                           "QT_QPA_PLATFORM=" +
+                                               users);
     vexa::platform::prepareSession();
-    QCOMPARE(qgetenv("QT_QPA_PLATFORM"), QByteArray("xcb"));
+    QCOMPARE(qgetenv("QT_QPA_PLATFORM"), platform);
+}
+
+void SessionTest::saysThatThePenIsOutOfReach_data() {
+    QTest::addColumn<QByteArray>("variable");
+    QTest::addColumn<QByteArray>("value");
+    QTest::addColumn<bool>("outOfReach");
+    QTest::newRow("X11 session") << QByteArray("XDG_SESSION_TYPE") << QByteArray("x11") << false;
+    QTest::newRow("Wayland session") << QByteArray("XDG_SESSION_TYPE") << QByteArray("wayland") << true;
+    QTest::newRow("Wayland compositor") << QByteArray("WAYLAND_DISPLAY") << QByteArray("wayland-0") << true;
+    QTest::newRow("none") << QByteArray("WAYLAND_DISPLAY") << QByteArray("") << false;
+}
+
+void SessionTest::saysThatThePenIsOutOfReach() {
+    QFETCH(QByteArray, variable);
+    QFETCH(QByteArray, value);
+    QFETCH(bool, outOfReach);
+    qputenv(variable.constData(), value);
+    if (outOfReach)
+        QTest::ignoreMessage(QtWarningMsg,
+                             "VexaOrbilo: this is a Wayland session, in which the pen cannot be heard; "
+                             "an X11 session is needed");
+    vexa::platform::prepareSession();
+    QCOMPARE(vexa::platform::penOutOfReach(), outOfReach);
+}
+
+void SessionTest::keepsTheToolkitFromABusThatIsNotThere_data() {
+    QTest::addColumn<QByteArray>("address");
+    QTest::newRow("nowhere") << QByteArray("unix:path=/nowhere/at/all");
+    QTest::newRow("not set, for which the toolkit would start one") << QByteArray();
+}
+
+void SessionTest::keepsTheToolkitFromABusThatIsNotThere() {
+    QFETCH(QByteArray, address);
+    if (address.isNull())
+        qunsetenv("DBUS_SESSION_BUS_ADDRESS");
+    else
+        qputenv("DBUS_SESSION_BUS_ADDRESS", address);
+    vexa::platform::prepareSession();
+    QCOMPARE(qgetenv("DBUS_SESSION_BUS_ADDRESS"), QByteArray("disabled:"));
 }
 
 void SessionTest::scalesAsTheDesktopDoes_data() {

@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+#include "platform/Activation.h"
+#include "platform/x11/activation/ApplicationService.h"
+#include "platform/x11/activation/DisplayOwnership.h"
+#include "platform/x11/activation/UserRequests.h"
+
+#include <QCoreApplication>
+#include <QSocketNotifier>
+#include <QtDebug>
+#include <stdexcept>
+#include <utility>
+
+namespace vexa::platform {
+
+namespace {
+
+using x11::DisplayOwnership;
+using Clock = std::chrono::steady_clock;
+
+constexpr std::chrono::seconds patience{2};
+
+/// From the look at the display until the event loop watches it.
+std::unique_ptr<DisplayOwnership> claimed;
+
+/// Shows the panel when another instance asks for it, and keeps the display for as long as it lives.
+class DisplayWatch : public QObject {
+public:
+    DisplayWatch(std::unique_ptr<DisplayOwnership> display, QObject *parent)
+        : QObject(parent), m_display(std::move(display)), m_readable(m_display->fd(), QSocketNotifier::Read) {
+        connect(&m_readable, &QSocketNotifier::activated, this, &DisplayWatch::read);
+        m_display->announceReady();
+        read(); // what has arrived during the start lies in the connection's own queue
+    }
+
+private:
+    void read();
+
+    std::unique_ptr<DisplayOwnership> m_display;
+    QSocketNotifier m_readable;
+};
+
+void DisplayWatch::read() {
+    const DisplayOwnership::News news = m_display->read();
+    if (m_display->isBroken()) {
+        m_readable.setEnabled(false); // the server has gone; the toolkit ends the program
+        return;
+    }
+    if (news.activated)
+        showPanelForUser();
+    if (news.lost && !m_display->claim()) {
+        qWarning("VexaOrbilo: another instance has taken this display over");
+        quitForUser();
+    }
+}
+
+} // namespace
+
+bool forwardActivation() {
+    auto display = DisplayOwnership::open();
+    if (!display)
+        return false; // without a display there is no session either, which is said elsewhere
+    const auto end = Clock::now() + patience;
+    while (!display->claim()) {
+        const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(end - Clock::now());
+        switch (display->activateOther(left)) {
+        case DisplayOwnership::Answer::Activated:
+        case DisplayOwnership::Answer::Starting:
+            return true;
+        case DisplayOwnership::Answer::Gone:
+            break;
+        case DisplayOwnership::Answer::Silent:
+            throw std::runtime_error("runs on this display already, but does not answer");
+        }
+    }
+    claimed = std::move(display);
+    return false;
+}
+
+} // namespace vexa::platform
+
+void setupDockClickHandler() {
+    using namespace vexa::platform;
+    if (!claimed)
+        return;
+    QCoreApplication *const application = QCoreApplication::instance();
+    new DisplayWatch(std::move(claimed), application);
+    new ApplicationService(application);
+}

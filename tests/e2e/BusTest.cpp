@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: MIT
+#include "e2e/Bus.h"
+#include "e2e/Desktop.h"
+#include "e2e/Program.h"
+#include "e2e/XServer.h"
+#include "support/TestMain.h"
+
+#include <csignal>
+#include <optional>
+
+namespace {
+
+constexpr int patience = 20000; // milliseconds
+
+} // namespace
+
+/// The program on a session bus that is not as it should be.
+class BusTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void aFrozenBusHoldsNeitherTheStartNorTheEnd();
+    void aBusThatThawsKnowsTheProgram();
+    void aBusThatComesLaterKnowsTheProgram();
+    void aBusThatWasRestartedKnowsTheProgramAgain();
+    void theActionsOfTheDesktopEntryWork();
+    void theNextInstanceInheritsTheName();
+
+private:
+    void startProgram();
+    QByteArray endProgram();
+    void verifyThatActivationWorks();
+
+    std::optional<e2e::Bus> m_bus;
+    std::optional<e2e::Program> m_program;
+};
+
+void BusTest::init() {
+    m_bus.emplace();
+    m_program.emplace();
+    m_program->setEnvironment(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_bus->address());
+}
+
+void BusTest::cleanup() {
+    m_program.reset();
+    m_bus.reset();
+}
+
+void BusTest::startProgram() {
+    QVERIFY(m_program->start());
+    QTRY_VERIFY_WITH_TIMEOUT(e2e::hasWithdrawn(m_program->pid()), patience);
+}
+
+QByteArray BusTest::endProgram() {
+    m_program->signal(SIGTERM);
+    const auto end = m_program->waitForEnd();
+    return end.normal && end.code == 0 ? end.errors : "ended with " + QByteArray::number(end.code);
+}
+
+void BusTest::verifyThatActivationWorks() {
+    QTRY_VERIFY_WITH_TIMEOUT(m_bus->knowsTheProgram(), patience);
+    m_bus->call(QStringLiteral("Activate"), {QVariantMap()});
+    QTRY_VERIFY_WITH_TIMEOUT(e2e::panelOf(m_program->pid()).id, patience);
+}
+
+void BusTest::aFrozenBusHoldsNeitherTheStartNorTheEnd() {
+    QVERIFY(m_bus->start());
+    m_bus->freeze();
+    startProgram();
+    QCOMPARE(endProgram(),
+             QByteArray("VexaOrbilo: the session bus does not answer; no tray and no screen reader "
+                        "until the next start\n"));
+}
+
+void BusTest::aBusThatThawsKnowsTheProgram() {
+    QVERIFY(m_bus->start());
+    m_bus->freeze();
+    startProgram();
+    m_bus->thaw();
+    verifyThatActivationWorks();
+}
+
+void BusTest::aBusThatComesLaterKnowsTheProgram() {
+    startProgram();
+    QVERIFY(m_bus->start());
+    verifyThatActivationWorks();
+    QCOMPARE(endProgram(), QByteArray());
+}
+
+void BusTest::aBusThatWasRestartedKnowsTheProgramAgain() {
+    QVERIFY(m_bus->start());
+    startProgram();
+    QTRY_VERIFY_WITH_TIMEOUT(m_bus->knowsTheProgram(), patience);
+    m_bus->kill();
+    QVERIFY(m_bus->start());
+    verifyThatActivationWorks();
+}
+
+void BusTest::theActionsOfTheDesktopEntryWork() {
+    QVERIFY(m_bus->start());
+    startProgram();
+    QTRY_VERIFY_WITH_TIMEOUT(m_bus->knowsTheProgram(), patience);
+    const auto run = [this](const char *action) {
+        m_bus->call(QStringLiteral("ActivateAction"), {QLatin1String(action), QVariantList(), QVariantMap()});
+    };
+    run("Settings");
+    QTRY_VERIFY_WITH_TIMEOUT(e2e::panelOf(m_program->pid()).id, patience);
+    run("Quit");
+    const auto end = m_program->waitForEnd();
+    QVERIFY(end.normal);
+    QCOMPARE(end.code, 0);
+}
+
+void BusTest::theNextInstanceInheritsTheName() {
+    // Two displays on one bus: each has an instance of its own, and one of them has the name.
+    QVERIFY(m_bus->start());
+    startProgram();
+    QTRY_VERIFY_WITH_TIMEOUT(m_bus->knowsTheProgram(), patience);
+    e2e::XServer server;
+    e2e::Program elsewhere;
+    elsewhere.setEnvironment(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_bus->address());
+    elsewhere.setEnvironment(QStringLiteral("DISPLAY"), server.display());
+    QVERIFY(elsewhere.start());
+    QTRY_VERIFY_WITH_TIMEOUT(server.hasWindowsOf("VexaOrbilo"), patience);
+    QVERIFY(!e2e::panelOf(m_program->pid()).id);
+    endProgram();
+    QTRY_VERIFY_WITH_TIMEOUT(m_bus->knowsTheProgram(), patience);
+    QVERIFY(elsewhere.isRunning());
+}
+
+VEXA_WIDGET_TEST_MAIN(BusTest)
+#include "BusTest.moc"
