@@ -5,6 +5,7 @@
 #include "app/QuitRequest.h"
 #include "app/TerminateHandler.h"
 #include "app/TerminationSignals.h"
+#include "app/WriteFailures.h"
 #include "input/CKeyboardHandler.h"
 #include "input/CKeyboardMessage.h"
 #include "overlays/Grab.h"
@@ -20,6 +21,7 @@
 /// Everything lives in here and is destroyed in reverse order: the window must not hear of input any more
 /// when it is gone, and the listener thread is joined while there still is an application.
 int main(int argc, char *argv[]) {
+    vexa::outliveWriteFailures();
     std::set_terminate(vexa::reportUncaughtAndExit);
     if (vexa::platform::forwardActivation())
         return 0;

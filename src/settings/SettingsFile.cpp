@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "settings/SettingsFile.h"
 
+#include "base/BackgroundSync.h"
 #include "base/FileReplacement.h"
-#include "settings/SettingsFormat.h"
 
 #include <QFile>
 #include <QFileInfo>
+#include <chrono>
+#include <functional>
 #include <unistd.h>
 
 namespace vexa {
@@ -13,6 +15,7 @@ namespace vexa {
 namespace {
 
 constexpr qint64 largestFile = qint64{1024} * 1024;
+constexpr std::chrono::milliseconds frame{16};
 
 /// The file stays in its place while it gains its second name, so that no moment is without it. A link, or a
 /// file system that cannot give a file two names, has to be moved instead.
@@ -42,21 +45,15 @@ FileContent readSettingsFile(const QString &path) {
     return {FileAccess::Read, std::move(bytes)};
 }
 
-void replaceSettingsFile(const QString &path, const QByteArray &bytes) {
+bool replaceSettingsFile(const QString &path, const QByteArray &bytes, bool keepOld) {
     const QFileInfo info(path);
-    if (info.exists()) {
-        if (!info.isFile() || !info.isWritable())
-            return;
-        const FileContent present = readSettingsFile(path);
-        // The view echoes every value it is given; there is no need to go to the disk for what is there
-        // already.
-        if (present.bytes == bytes)
-            return;
-        // A folder that takes no second file does not keep the user's choice from being saved.
-        if (!parseSettings(present.bytes))
-            keepAside(path);
-    }
-    replaceFile(path, bytes);
+    if (info.exists() && (!info.isFile() || !info.isWritable()))
+        return false;
+    // A folder that takes no second file does not keep the user's choice from being saved.
+    if (info.exists() && keepOld)
+        keepAside(path);
+    static BackgroundSync sync(frame);
+    return replaceFile(path, bytes, std::ref(sync));
 }
 
 } // namespace vexa

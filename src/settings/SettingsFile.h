@@ -24,8 +24,12 @@ struct FileContent {
 FileContent readSettingsFile(const QString &path);
 
 /// Replaces the file whole: whenever the process ends, the old or the new content is there. A file that
-/// cannot be written is left alone, and so is anything but a regular file. What could not be read as settings
-/// is kept beside the file with ".bad" added to its name, where the folder takes one more file.
-void replaceSettingsFile(const QString &path, const QByteArray &bytes);
+/// cannot be written is left alone, and so is anything but a regular file. With `keepOld` the old content is
+/// kept beside the file with ".bad" added to its name, where the folder takes one more file. False when the
+/// file was left alone.
+///
+/// Waits for a slow disk no longer than a frame takes: what has been written is there for every process to
+/// read, and comes to the disk in the background, at the latest when this process ends.
+bool replaceSettingsFile(const QString &path, const QByteArray &bytes, bool keepOld);
 
 } // namespace vexa

@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "settings/SettingsFormat.h"
 
-#include "settings/SettingsTable.h"
-#include "settings/ZrToolXmlClass.h"
-
 #include <QTextStream>
 #include <QXmlStreamReader>
 #include <algorithm>
@@ -73,20 +70,24 @@ std::optional<QDomDocument> parseSettings(const QByteArray &bytes) {
     return document;
 }
 
-void applySettings(const QDomDocument &document) {
-    const QDomElement root = document.documentElement();
-    ZrToolXmlClass::ifirstRun = root.attribute(QStringLiteral("FirstRun")).toInt() != 0;
-
+SettingValues settingsIn(const QDomDocument &document, const SettingValues &otherwise) {
+    SettingValues values = otherwise;
     // Neither the root's name nor that of its children matters, only the names below them.
+    const QDomElement root = document.documentElement();
     for (QDomElement group = root.firstChildElement(); !group.isNull(); group = group.nextSiblingElement()) {
         for (QDomNode node = group.firstChild(); !node.isNull(); node = node.nextSibling()) {
             if (const Setting *setting = settingOfElement(node.nodeName()))
-                *setting->value = node.toElement().text().toInt();
+                values[indexOf(*setting)] = node.toElement().text().toInt();
         }
     }
+    return values;
 }
 
-QByteArray formatSettings() {
+bool firstRunIn(const QDomDocument &document) {
+    return document.documentElement().attribute(QStringLiteral("FirstRun")).toInt() != 0;
+}
+
+QByteArray formatSettings(const SettingValues &values) {
     QDomDocument document;
     document.appendChild(document.createProcessingInstruction(
         QStringLiteral("xml"), QStringLiteral("version=\"1.0\" encoding=\"UTF-8\"")));
@@ -95,7 +96,7 @@ QByteArray formatSettings() {
     const QDomElement group = appendElement(document, root, QStringLiteral("Setting"));
     for (const Setting &setting : settingsTable) {
         appendElement(document, group, QLatin1String(setting.element))
-            .appendChild(document.createTextNode(QString::number(*setting.value)));
+            .appendChild(document.createTextNode(QString::number(values[indexOf(setting)])));
     }
 
     QByteArray bytes;

@@ -5,6 +5,7 @@
 
 #include <QString>
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 
@@ -21,6 +22,13 @@ struct Setting {
 /// All stored settings, in the order in which the file is written. A new setting is one more line in this
 /// table.
 extern const std::array<Setting, 17> settingsTable;
+
+/// A value for each setting, in the order of the table.
+using SettingValues = std::array<std::int32_t, std::tuple_size_v<decltype(settingsTable)>>;
+
+inline std::size_t indexOf(const Setting &setting) {
+    return static_cast<std::size_t>(&setting - settingsTable.data());
+}
 
 /// The setting that a message carries; null for other messages and for numbers that are none.
 const Setting *settingOfMessage(ViewMessage message);

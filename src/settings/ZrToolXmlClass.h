@@ -15,7 +15,9 @@ public:
     /// stays.
     static void ZrXmlRead();
 
-    /// Replaces the file whole. Where it cannot be written, nothing happens.
+    /// Replaces the file whole. What has not changed here since this process last read or wrote the file
+    /// stays as the file has it, since another process may have changed it. Where the file cannot be written,
+    /// nothing happens. On a slow disk this takes no longer than a frame.
     static void ZrXmlWrite();
 
     // Choices.h has the names of the numbers that stand for an action, a tool or a language.
