@@ -6,6 +6,7 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <QWidget>
+#include <QWindow>
 
 #include <algorithm>
 
@@ -15,9 +16,28 @@ namespace {
 
 // Of AppKit's headers, which plain C++ cannot include.
 constexpr long screenSaverLevel = 1000;
+constexpr unsigned long nonactivatingPanel = 1UL << 7;
 constexpr unsigned long canJoinAllSpaces = 1UL << 0;
 constexpr unsigned long stationary = 1UL << 4;
 constexpr unsigned long fullScreenAuxiliary = 1UL << 8;
+
+// The documented way into another program's full-screen space. Newer systems are said to hide some windows
+// for the last of the three: the other variant is to do without it.
+constexpr unsigned long inEverySpace = canJoinAllSpaces | stationary | fullScreenAuxiliary;
+
+/// What lies over another program's full-screen space is a panel that activates nothing; a plain window of a
+/// program with a dock icon is kept off it. The toolkit makes panels of tool windows, and decides when it
+/// makes the native window and each time it shows it: that one is a tool window for good, while the widget
+/// keeps its own flags.
+void makePanel(QWidget &widget, Qt::WindowFlags more) {
+    const Qt::WindowFlags own = widget.windowFlags();
+    const Qt::WindowFlags native =
+        (own & ~Qt::WindowType_Mask) | Qt::Tool | Qt::WindowDoesNotAcceptFocus | more;
+    widget.overrideWindowFlags(native);
+    widget.winId();
+    widget.overrideWindowFlags(own);
+    widget.windowHandle()->setFlags(native); // of one that was there already
+}
 
 // Qt's window id is the view; the view knows its window.
 id nativeWindow(QWidget &widget) {
@@ -25,18 +45,26 @@ id nativeWindow(QWidget &widget) {
     return send<id>((id)view, "window"); // NOLINT(performance-no-int-to-ptr)
 }
 
-// Qt's own full-screen state would move the window into a space of its own, away from the slide show. A
-// window that may join another program's full-screen space, above its level, lies over it and leaves it the
-// focus.
-void showOverFullScreenSpaces(QWidget &widget) {
+void layOverEverySpace(id window) {
+    send<void>(window, "setStyleMask:", send<unsigned long>(window, "styleMask") | nonactivatingPanel);
+    send<void>(window, "setCollectionBehavior:", inEverySpace);
+    send<void>(window, "setHidesOnDeactivate:", BOOL{false});
+    send<void>(window, "setLevel:", screenSaverLevel);
+}
+
+/// Qt's own full-screen state would move the window into a space of its own, away from the slide show. The
+/// spaces have to be known when the window is shown; all of it is told again afterwards, because showing is
+/// when the toolkit gives a window what it thinks right.
+void showOverFullScreenSpaces(QWidget &widget, Qt::WindowFlags more = {}) {
     const AutoreleasePool pool;
     widget.setAttribute(Qt::WA_ShowWithoutActivating);
-    const id window = nativeWindow(widget);
-    send<void>(window, "setCollectionBehavior:", canJoinAllSpaces | stationary | fullScreenAuxiliary);
-    send<void>(window, "setHidesOnDeactivate:", BOOL{false});
+    makePanel(widget, more);
+    layOverEverySpace(nativeWindow(widget));
     widget.show();
-    send<void>(window, "setLevel:", screenSaverLevel);
-    send<void>(window, "orderFrontRegardless");
+    const id shown = nativeWindow(widget);
+    layOverEverySpace(shown);
+    send<void>(shown, "setIgnoresMouseEvents:", BOOL{more.testFlag(Qt::WindowTransparentForInput)});
+    send<void>(shown, "orderFrontRegardless");
 }
 
 } // namespace
@@ -49,12 +77,10 @@ void showOverPrimaryScreen(QWidget &overlay, Cover cover) {
 }
 
 void showAboveAll(QWidget &card) {
-    showOverFullScreenSpaces(card);
+    showOverFullScreenSpaces(card, Qt::WindowTransparentForInput);
 }
 
 void setOverlayOpacity(QWidget &card, double opacity) {
-    const AutoreleasePool pool;
-    send<void>(nativeWindow(card), "setIgnoresMouseEvents:", BOOL{opacity <= 0});
     card.setWindowOpacity(std::max(0.0, opacity));
 }
 

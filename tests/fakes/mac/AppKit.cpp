@@ -156,11 +156,11 @@ void defineEvent() {
         "B@:", +[](id, SEL) -> bool { return AppKit::instance().mouseCoalescing; });
 }
 
-void tell(id window, const std::string &what) {
-    auto &listener = *static_cast<Window *>(window);
-    listener.told.push_back(what);
-    if (listener.whenTold)
-        listener.whenTold(what);
+Window &told(id window, const char *what) {
+    auto &self = *static_cast<Window *>(window);
+    self.told.emplace_back(what);
+    self.whenTold();
+    return self;
 }
 
 void defineWindow() {
@@ -173,20 +173,25 @@ void defineWindow() {
         });
     const Class window = defineClass("NSWindow", object);
     method(
+        window, "styleMask", "Q@:", +[](id self, SEL) { return static_cast<Window *>(self)->styleMask; });
+    method(
+        window, "setStyleMask:", "v@:Q",
+        +[](id self, SEL, unsigned long value) { told(self, "setStyleMask:").styleMask = value; });
+    method(
         window, "setCollectionBehavior:", "v@:Q", +[](id self, SEL, unsigned long value) {
-            tell(self, "collectionBehavior " + std::to_string(value));
+            told(self, "setCollectionBehavior:").collectionBehavior = value;
         });
     method(
         window, "setLevel:", "v@:q",
-        +[](id self, SEL, long value) { tell(self, "level " + std::to_string(value)); });
+        +[](id self, SEL, long value) { told(self, "setLevel:").level = value; });
     method(
         window, "setHidesOnDeactivate:", "v@:B",
-        +[](id self, SEL, bool value) { tell(self, "hidesOnDeactivate " + std::to_string(value)); });
+        +[](id self, SEL, bool value) { told(self, "setHidesOnDeactivate:").hidesOnDeactivate = value; });
     method(
         window, "setIgnoresMouseEvents:", "v@:B",
-        +[](id self, SEL, bool value) { tell(self, "ignoresMouseEvents " + std::to_string(value)); });
+        +[](id self, SEL, bool value) { told(self, "setIgnoresMouseEvents:").ignoresMouseEvents = value; });
     method(
-        window, "orderFrontRegardless", "v@:", +[](id self, SEL) { tell(self, "orderFrontRegardless"); });
+        window, "orderFrontRegardless", "v@:", +[](id self, SEL) { told(self, "orderFrontRegardless"); });
 }
 
 } // namespace
@@ -203,6 +208,7 @@ AppKit::AppKit() {
     defineEvent();
     defineWindow();
     window.isa = objc_getClass("NSWindow");
+    aliasWindowNumbers(lasting(make<>("NSView")));
 }
 
 AppKit::~AppKit() {
@@ -216,8 +222,12 @@ AppKit &AppKit::instance() {
     return *current;
 }
 
-void AppKit::showViewAt(id address) {
-    alias(address, lasting(make<>("NSView")));
+bool AppKit::liesOverForeignFullScreenSpace() const {
+    constexpr unsigned long nonactivating = 128, allSpaces = 1, auxiliary = 256;
+    constexpr long aboveFullScreen = 25; // a status window's
+    const unsigned long joins = allSpaces | auxiliary;
+    return isPanel() && (window.styleMask & nonactivating) && (window.collectionBehavior & joins) == joins &&
+           window.level > aboveFullScreen && !window.hidesOnDeactivate;
 }
 
 id AppKit::autoreleased(std::unique_ptr<objc_object> object) {

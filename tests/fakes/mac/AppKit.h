@@ -30,10 +30,15 @@ struct Cursor {
     unsigned long format = 0;
 };
 
-/// What a window was told, in order, one "selector value" each.
+/// What AppKit keeps of a window.
 struct Window : objc_object {
-    std::vector<std::string> told;
-    std::function<void(const std::string &)> whenTold;
+    std::vector<std::string> told; ///< selectors of what it was told, in order
+    std::function<void()> whenTold = [] {};
+    unsigned long styleMask = 0;
+    unsigned long collectionBehavior = 0;
+    long level = 0;
+    bool hidesOnDeactivate = true; ///< as a tool window's
+    bool ignoresMouseEvents = false;
 };
 
 /// As much of AppKit as the program talks to, defined in the fake runtime for as long as this lives; one at a
@@ -55,10 +60,14 @@ public:
     std::function<void()> whenOpened = [] {};
     bool mouseCoalescing = true;
     bool hasWindow = true;
-    Window window;
+    Window window; ///< that of every view
 
-    /// Has the view's address, such as a window's number, stand for a view in the window.
-    void showViewAt(id address);
+    /// Whether the toolkit has made a panel of the window, or would at its next showing.
+    std::function<bool()> isPanel = [] { return false; };
+
+    /// The window server's rule: over another program's full-screen space lies a panel that activates
+    /// nothing, may join all spaces and stands high enough, also while its own program is not the active one.
+    bool liesOverForeignFullScreenSpace() const;
 
     int poolsMade() const { return m_poolsMade; }
     int poolsOpen() const { return static_cast<int>(m_pools.size()); }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "fakes/mac/ObjectiveCRuntime.h"
 
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
@@ -12,7 +13,7 @@ namespace {
 struct Runtime {
     std::map<std::string, std::unique_ptr<objc_class>> classes;
     std::map<std::string, std::unique_ptr<objc_class>> metaclasses;
-    std::map<id, id> aliases;
+    id viewOfNumbers = nullptr;
     std::set<std::string> selectors;
     bool refusesMethodChanges = false;
 };
@@ -65,7 +66,7 @@ Class defineClass(const char *name, Class super) {
 void forgetClasses() {
     runtime().classes.clear();
     runtime().metaclasses.clear();
-    runtime().aliases.clear();
+    runtime().viewOfNumbers = nullptr;
     runtime().refusesMethodChanges = false;
 }
 
@@ -73,16 +74,15 @@ void refuseMethodChanges() {
     runtime().refusesMethodChanges = true;
 }
 
-void alias(id address, id object) {
-    runtime().aliases[address] = object;
+void aliasWindowNumbers(id view) {
+    runtime().viewOfNumbers = view;
 }
 
 IMP methodFor(id &receiver, SEL selector, const std::string &encoding) {
     if (!receiver)
         return nullptr;
-    const auto found = runtime().aliases.find(receiver);
-    if (found != runtime().aliases.end())
-        receiver = found->second;
+    if (reinterpret_cast<std::uintptr_t>(receiver) <= UINT32_MAX && runtime().viewOfNumbers)
+        receiver = runtime().viewOfNumbers;
     const objc_method *const method = find(receiver->isa, spelling(selector));
     if (!method)
         misuse("unrecognised selector " + spelling(selector));

@@ -34,14 +34,15 @@ namespace fakes {
 /// Makes a class that objc_getClass finds by its name.
 Class defineClass(const char *name, Class super = nullptr);
 
-/// Forgets all classes and aliases. No object of them may be used any more.
+/// Forgets all classes and the view. No object of them may be used any more.
 void forgetClasses();
 
 /// From now on, until the classes are forgotten, adding and replacing methods fails.
 void refuseMethodChanges();
 
-/// Makes messages to an address that is no object here, such as a window's number, arrive at the object.
-void alias(id address, id object);
+/// Makes messages to a window's number, which is a view's address on macOS, arrive at the object. Numbers are
+/// told from objects by their size.
+void aliasWindowNumbers(id view);
 
 /// Registers a method under the encoding that Apple's headers give it. Ends the process when the function has
 /// another type, which would be a mistake of the test.

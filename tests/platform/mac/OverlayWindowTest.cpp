@@ -6,8 +6,8 @@
 
 #include <QScreen>
 #include <QWidget>
+#include <QWindow>
 
-#include <algorithm>
 #include <optional>
 
 using namespace vexa::platform;
@@ -21,7 +21,7 @@ private slots:
     void init() {
         m_kit.emplace();
         m_widget.emplace(nullptr, Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
-        m_kit->showViewAt(reinterpret_cast<id>(m_widget->winId()));
+        m_kit->isPanel = [this] { return toolkitMakesAPanelOf(m_widget->windowHandle()); };
     }
     void cleanup() {
         m_widget.reset();
@@ -30,89 +30,101 @@ private slots:
         m_kit.reset();
     }
 
-    void liesOverTheWholePrimaryScreen() {
-        const Qt::WindowFlags flags = m_widget->windowFlags();
-        showOverPrimaryScreen(*m_widget);
-        QVERIFY(m_widget->isVisible());
-        QCOMPARE(m_widget->geometry(), QGuiApplication::primaryScreen()->geometry());
-        QVERIFY(m_widget->isFullScreen());
-        QCOMPARE(m_widget->windowFlags(), flags);
+    void coversThePrimaryScreen_data() {
+        QTest::addColumn<bool>("maximized");
+        QTest::newRow("all of it") << false;
+        QTest::newRow("the desktop's space left free") << true;
     }
 
-    void maximizedLeavesTheDesktopItsSpace() {
-        showOverPrimaryScreen(*m_widget, Cover::Maximized);
-        QCOMPARE(m_widget->geometry(), QGuiApplication::primaryScreen()->availableGeometry());
-        QVERIFY(m_widget->isMaximized());
+    // The state is the widget's alone: to the system a full-screen window would be one in a space of its own.
+    void coversThePrimaryScreen() {
+        QFETCH(bool, maximized);
+        const QScreen &screen = *QGuiApplication::primaryScreen();
+        showOverPrimaryScreen(*m_widget, maximized ? Cover::Maximized : Cover::FullScreen);
+        QCOMPARE(m_widget->geometry(), maximized ? screen.availableGeometry() : screen.geometry());
+        QCOMPARE(m_widget->isMaximized(), maximized);
+        QCOMPARE(m_widget->isFullScreen(), !maximized);
+        QCOMPARE(m_widget->windowHandle()->windowStates(), Qt::WindowStates(Qt::WindowNoState));
+        QVERIFY(!m_kit->window.ignoresMouseEvents);
+    }
+
+    void aCardKeepsItsOwnPlaceAndLetsTheMouseThrough() {
+        const QRect place(200, 100, 300, 80);
+        m_widget->setGeometry(place);
+        showAboveAll(*m_widget);
+        QCOMPARE(m_widget->geometry(), place);
+        QVERIFY(m_kit->window.ignoresMouseEvents);
+    }
+
+    void liesOverAnotherProgramsFullScreenSpace_data() {
+        QTest::addColumn<bool>("card");
+        QTest::addColumn<bool>("createdBefore");
+        for (const bool card : {false, true}) {
+            for (const bool createdBefore : {false, true})
+                QTest::addRow("%s, native window %s", card ? "card" : "overlay",
+                              createdBefore ? "old" : "new")
+                    << card << createdBefore;
+        }
     }
 
     // 1000 is the level of screen savers; 273 means: in all spaces, not moving with them, beside a
     // full-screen window.
-    void standsAboveFullScreenWindowsAndLeavesTheFocus() {
-        showOverPrimaryScreen(*m_widget);
-        QVERIFY(wasTold("level 1000"));
-        QVERIFY(wasTold("collectionBehavior 273"));
-        QVERIFY(wasTold("hidesOnDeactivate 0"));
-        QCOMPARE(QString::fromStdString(m_kit->window.told.back()), QStringLiteral("orderFrontRegardless"));
-        QVERIFY(m_widget->testAttribute(Qt::WA_ShowWithoutActivating));
+    void liesOverAnotherProgramsFullScreenSpace() {
+        QFETCH(bool, card);
+        QFETCH(bool, createdBefore);
+        const Qt::WindowFlags flags = m_widget->windowFlags();
+        if (createdBefore)
+            m_widget->winId();
+        card ? showAboveAll(*m_widget) : showOverPrimaryScreen(*m_widget);
+        QVERIFY(m_widget->isVisible());
+        QVERIFY(m_kit->liesOverForeignFullScreenSpace());
+        QCOMPARE(m_kit->window.level, 1000L);
+        QCOMPARE(m_kit->window.collectionBehavior, 273UL);
+        QCOMPARE(m_widget->windowFlags(), flags);
     }
 
-    // Showing is when the toolkit gives the window the level it thinks right; the spaces it may be in have to
-    // be known by then.
-    void isGivenItsLevelWhenShownAndItsSpacesBefore() {
-        std::vector<std::string> beforeItShows;
-        m_kit->window.whenTold = [&](const std::string &what) {
-            if (!m_widget->isVisible())
-                beforeItShows.push_back(what);
+    void leavesTheFocusWhereItIs() {
+        showOverPrimaryScreen(*m_widget);
+        QCOMPARE(m_kit->window.told.back(), std::string("orderFrontRegardless"));
+        QVERIFY(m_widget->testAttribute(Qt::WA_ShowWithoutActivating));
+        QVERIFY(m_widget->windowHandle()->flags().testFlag(Qt::WindowDoesNotAcceptFocus));
+        QVERIFY(!m_widget->isActiveWindow());
+    }
+
+    // The spaces have to be known when the window is shown, and showing is when the toolkit gives it a level.
+    void isToldItsPlaceBeforeItIsShownAndAgainAfterwards() {
+        std::vector<std::string> before, after;
+        m_kit->window.whenTold = [&] {
+            (m_widget->isVisible() ? after : before).push_back(m_kit->window.told.back());
         };
         showAboveAll(*m_widget);
-        const std::vector<std::string> expected{"collectionBehavior 273", "hidesOnDeactivate 0"};
-        QVERIFY(beforeItShows == expected);
-        const auto &told = m_kit->window.told;
-        const std::vector<std::string> whenShown(told.begin() + 2, told.end());
-        QVERIFY((whenShown == std::vector<std::string>{"level 1000", "orderFrontRegardless"}));
+        const std::vector<std::string> place{
+            "setStyleMask:", "setCollectionBehavior:", "setHidesOnDeactivate:", "setLevel:"};
+        QVERIFY(before == place);
+        after.resize(place.size());
+        QVERIFY(after == place);
     }
 
-    void aCardKeepsItsOwnPlace() {
-        const QRect place(200, 100, 300, 80);
-        m_widget->setGeometry(place);
-        showAboveAll(*m_widget);
-        QVERIFY(m_widget->isVisible());
-        QCOMPARE(m_widget->geometry(), place);
-        QVERIFY(wasTold("level 1000"));
-    }
-
-    void aWindowThatCannotBeSeenTakesNoClicks() {
-        for (const double opacity : {0.0, -0.2}) {
-            m_kit->window.told.clear();
+    void anOpacityStaysBetweenNoneAndAll() {
+        for (const double opacity : {0.0, -0.2, 1.0}) {
             setOverlayOpacity(*m_widget, opacity);
-            QCOMPARE(m_widget->windowOpacity(), 0.0);
-            QVERIFY(wasTold("ignoresMouseEvents 1"));
+            QCOMPARE(m_widget->windowOpacity(), qMax(0.0, opacity));
         }
-        setOverlayOpacity(*m_widget, 1);
-        QCOMPARE(m_widget->windowOpacity(), 1.0);
-        QCOMPARE(QString::fromStdString(m_kit->window.told.back()), QStringLiteral("ignoresMouseEvents 0"));
-    }
-
-    void aCardThatWasShownTransparentStaysSoUntilTold() {
-        setOverlayOpacity(*m_widget, 0);
-        showAboveAll(*m_widget);
-        QVERIFY(!wasTold("ignoresMouseEvents 0"));
-        QCOMPARE(m_widget->windowOpacity(), 0.0);
+        QVERIFY(!m_widget->internalWinId()); // the native window is made when its type is known
     }
 
     void toleratesAViewWithoutAWindow() {
         m_kit->hasWindow = false;
-        setOverlayOpacity(*m_widget, 0.5);
         showOverPrimaryScreen(*m_widget);
-        showAboveAll(*m_widget);
         QVERIFY(m_widget->isVisible());
         QVERIFY(m_kit->window.told.empty());
     }
 
 private:
-    bool wasTold(const std::string &what) const {
-        const auto &told = m_kit->window.told;
-        return std::find(told.begin(), told.end(), what) != told.end();
+    // Tool windows, popups and dialogs.
+    static bool toolkitMakesAPanelOf(const QWindow *window) {
+        return window &&
+               ((window->type() & Qt::Popup) == Qt::Popup || (window->type() & Qt::Dialog) == Qt::Dialog);
     }
 
     std::optional<fakes::AppKit> m_kit;
