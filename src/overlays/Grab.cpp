@@ -5,6 +5,8 @@
 #include "platform/ScreenCapture.h"
 
 #include <QCursor>
+#include <QGuiApplication>
+#include <QScreen>
 
 QPixmap Grab::qt_mac_grabScreenRect_10_6(const QRect &rect) {
     return vexa::platform::captureScreenRect(rect);
@@ -16,7 +18,8 @@ QPixmap Grab::grabWindow(WId /*window*/, int x, int y, int w, int h) {
 
 QPixmap Grab::getCursorPixmap(int x, int y, int w, int h) {
     const vexa::platform::CursorPicture cursor = vexa::platform::currentCursorPicture();
-    const QRect area(QPoint(x, y), QPoint(x + w - 1, y + h - 1));
+    // The picture ends with the desktop, so the pointer is placed by what is left of the rectangle.
+    const QRect area = QRect(x, y, w, h) & QGuiApplication::primaryScreen()->virtualGeometry();
     QImage screen = qt_mac_grabScreenRect_10_6(area).toImage();
     vexa::paintCursor(screen, area, cursor.image, cursor.size, QCursor::pos());
     QPixmap result;

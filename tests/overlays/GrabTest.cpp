@@ -9,6 +9,13 @@
 
 using namespace vexa::test;
 
+namespace {
+
+constexpr int squarePointer = 16; // pixels wide and high, in one colour
+const QColor pointerColour(238, 136, 17);
+
+} // namespace
+
 class GrabTest : public QObject {
     Q_OBJECT
 
@@ -22,9 +29,8 @@ private slots:
     void aRectangleAnywhereIsThatOfTheScreen();
     void beyondTheScreenThereIsNothing_data();
     void beyondTheScreenThereIsNothing();
-    void withoutThePointerInsideThePictureIsPlain_data();
-    void withoutThePointerInsideThePictureIsPlain();
-    void thePointerIsPaintedWhereItStands();
+    void thePointerIsPaintedFourToTheLeftAndThreeUp_data();
+    void thePointerIsPaintedFourToTheLeftAndThreeUp();
     void thePictureOfTheScreenIsTheWholeScreen();
     void thereIsNoPermissionToAskFor();
 
@@ -106,44 +112,51 @@ void GrabTest::beyondTheScreenThereIsNothing() {
         QCOMPARE(differences(picture.toImage(), part(inside)), 0);
 }
 
-void GrabTest::withoutThePointerInsideThePictureIsPlain_data() {
+void GrabTest::thePointerIsPaintedFourToTheLeftAndThreeUp_data() {
+    QTest::addColumn<QRect>("rect");
     QTest::addColumn<QPoint>("pointer");
-    QTest::newRow("far away") << QPoint(10, 10);
-    // The picture of the pointer moves 4 to the left and 3 up.
-    QTest::newRow("right of it") << QPoint(100 + 80 + 4, 120);
-    QTest::newRow("below it") << QPoint(120, 100 + 60 + 3);
+    const QRect rect(100, 100, 80, 60);
+    const int side = squarePointer;
+    QTest::newRow("inside") << rect << QPoint(150, 130);
+    QTest::newRow("far away") << rect << QPoint(10, 10);
+    QTest::newRow("over the left edge") << rect << QPoint(100 + 4 - 5, 130);
+    QTest::newRow("last column seen") << rect << QPoint(100 + 80 + 3, 130);
+    QTest::newRow("right of it") << rect << QPoint(100 + 80 + 4, 130);
+    QTest::newRow("last row seen") << rect << QPoint(130, 100 + 60 + 2);
+    QTest::newRow("below it") << rect << QPoint(130, 100 + 60 + 3);
+    QTest::newRow("left of it, but for the shift") << rect << QPoint(100 + 4 - side + 1, 130);
+    QTest::newRow("above it, but for the shift") << rect << QPoint(130, 100 + 3 - side + 1);
+    QTest::newRow("in a rectangle that begins before the screen")
+        << QRect(-15, -25, 80, 60) << QPoint(30, 20);
+    QTest::newRow("in a rectangle that ends after the screen")
+        << QRect(screenPoints().width() - 40, 100, 80, 60) << QPoint(screenPoints().width() - 30, 120);
 }
 
-void GrabTest::withoutThePointerInsideThePictureIsPlain() {
+void GrabTest::thePointerIsPaintedFourToTheLeftAndThreeUp() {
+    QFETCH(QRect, rect);
     QFETCH(QPoint, pointer);
+    QPixmap square(squarePointer, squarePointer);
+    square.fill(pointerColour);
+    m_wall->setCursor(QCursor(square, 0, 0));
     QCursor::setPos(pointer);
-    const QImage picture = Grab::getCursorPixmap(100, 100, 80, 60).toImage();
-    QCOMPARE(differences(picture, part({100, 100, 80, 60})), 0);
-}
+    const auto isShown = [] {
+        const QImage shown = vexa::platform::currentCursorPicture().image;
+        return shown.width() >= squarePointer && shown.pixel(squarePointer - 1, 0) == pointerColour.rgb();
+    };
+    QTRY_VERIFY_WITH_TIMEOUT(isShown() && QCursor::pos() == pointer, patience);
+    const QSize size = vexa::platform::currentCursorPicture().size;
 
-void GrabTest::thePointerIsPaintedWhereItStands() {
-    m_wall->setCursor(Qt::ArrowCursor);
-    const QPoint pointer(150, 130);
-    QCursor::setPos(pointer);
-    vexa::platform::CursorPicture cursor;
-    QTRY_VERIFY_WITH_TIMEOUT(!(cursor = vexa::platform::currentCursorPicture()).image.isNull(), patience);
-    QCOMPARE(cursor.size, cursor.image.size());
-
-    const QImage picture = Grab::getCursorPixmap(100, 100, 80, 60).toImage();
-    QImage expected = part({100, 100, 80, 60});
-    int painted = 0;
-    for (int j = 0; j < cursor.size.height(); ++j) {
-        for (int i = 0; i < cursor.size.width(); ++i) {
-            const QRgb word = reinterpret_cast<const QRgb *>(cursor.image.constScanLine(j))[i];
-            const QPoint at(pointer.x() + i - 100 - 4, pointer.y() + j - 100 - 3);
-            const bool black = (word & RGB_MASK) == 0;
-            if ((black && word != 0xFF000000) || !expected.rect().contains(at) || at.x() == 0 || at.y() == 0)
-                continue;
-            expected.setPixel(at, word | 0xFF000000);
-            ++painted;
+    const QRect seen = rect & QRect(QPoint(), screenPoints());
+    QImage expected = part(seen);
+    for (int x = 0; x < size.width(); ++x) {
+        for (int y = 0; y < size.height(); ++y) {
+            const QPoint at = pointer + QPoint(x - 4, y - 3) - seen.topLeft();
+            if (at.x() > 0 && at.y() > 0 && at.x() < seen.width() && at.y() < seen.height())
+                expected.setPixel(at, pointerColour.rgb());
         }
     }
-    QVERIFY2(painted > 20, "the pointer has hardly any picture");
+    const QImage picture = Grab::getCursorPixmap(rect.x(), rect.y(), rect.width(), rect.height()).toImage();
+    QCOMPARE(picture.size(), expected.size());
     QCOMPARE(differences(picture, expected), 0);
 }
 
