@@ -3,6 +3,7 @@
 
 #include <QCursor>
 #include <QGuiApplication>
+#include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QPalette>
@@ -76,7 +77,7 @@ void HeldTool::guardTick() {
 
 void HeldTool::finish() {
     m_life = Life::Over;
-    giveMouseBack();
+    m_mouse.give();
     const QPointer<HeldTool> alive(this);
     report();
     if (alive)
@@ -88,7 +89,7 @@ void HeldTool::closeEvent(QCloseEvent *event) {
     m_life = Life::Over;
     m_guard.stop();
     m_frames.stop();
-    giveMouseBack();
+    m_mouse.give();
     QWidget::closeEvent(event);
 }
 
@@ -97,8 +98,19 @@ void HeldTool::timerEvent(QTimerEvent *event) {
         guardTick();
         return;
     }
+    m_mouse.renew();
     render();
     showChanges();
+}
+
+void HeldTool::mousePressEvent(QMouseEvent *event) {
+    press(event->localPos());
+}
+
+void HeldTool::mouseReleaseEvent(QMouseEvent * /*event*/) {
+    m_mouse.give();
+    setDrawing(false);
+    close();
 }
 
 void HeldTool::placeAtPointer() {

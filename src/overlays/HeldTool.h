@@ -43,9 +43,11 @@ protected:
     /// Whether the tool is seen above its background.
     void setDrawing(bool drawing);
 
-    /// The mouse is the tool's until it is given back or the tool closes.
+    /// The mouse is the tool's until it closes.
     void takeMouse() { m_mouse.take(); }
-    void giveMouseBack() { m_mouse.give(); }
+    void takeMouseByPress() { m_mouse.takeByPress(); }
+    /// A button was pressed on the tool. Its release dismisses the tool.
+    virtual void press(const QPointF &position) = 0;
 
     /// Brings the tool's picture up to date with what it depends on.
     void render();
@@ -68,6 +70,8 @@ protected:
     /// How many of the background's pixels make a point: a whole number, 0 without a background.
     int backgroundScale() const;
 
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void timerEvent(QTimerEvent *event) override;
     void showEvent(QShowEvent *event) override;

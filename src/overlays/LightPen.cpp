@@ -6,7 +6,6 @@
 #include "settings/ZrToolXmlClass.h"
 #include "ui_LightPen.h"
 
-#include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -37,15 +36,9 @@ void LightPen::ExitWindow() {
     leave();
 }
 
-void LightPen::mousePressEvent(QMouseEvent *event) {
-    placeAt(event->localPos());
+void LightPen::press(const QPointF &position) {
+    placeAt(position);
     drawNow();
-}
-
-void LightPen::mouseReleaseEvent(QMouseEvent * /*event*/) {
-    giveMouseBack();
-    setDrawing(false);
-    close();
 }
 
 void LightPen::drawNow() {

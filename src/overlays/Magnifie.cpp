@@ -7,7 +7,6 @@
 #include "settings/ZrToolXmlClass.h"
 #include "ui_Magnifie.h"
 
-#include <QMouseEvent>
 #include <QPainter>
 
 using vexa::truncated;
@@ -54,16 +53,10 @@ void Magnifie::ExitWindow() {
     leave();
 }
 
-void Magnifie::mousePressEvent(QMouseEvent *event) {
-    takeMouse();
+void Magnifie::press(const QPointF &position) {
+    takeMouseByPress();
     setDrawing(true);
-    placeAt(event->localPos());
-}
-
-void Magnifie::mouseReleaseEvent(QMouseEvent * /*event*/) {
-    giveMouseBack();
-    setDrawing(false);
-    close();
+    placeAt(position);
 }
 
 void Magnifie::report() {

@@ -37,9 +37,7 @@ public slots:
     void ExitWindow();
 
 protected:
-    void mousePressEvent(QMouseEvent *event) override;
-    void mouseReleaseEvent(QMouseEvent *event) override;
-
+    void press(const QPointF &position) override;
     void report() override;
     int extent() const override;
     QRgb ink() const override;

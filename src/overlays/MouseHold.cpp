@@ -1,17 +1,26 @@
 // SPDX-License-Identifier: MIT
 #include "overlays/MouseHold.h"
 
+#include <QCoreApplication>
 #include <QEvent>
+#include <QGuiApplication>
 #include <QWidget>
 #include <QWindow>
 
 namespace vexa {
 
-MouseHold::MouseHold(QWidget &window) : m_window(window) {
-    m_window.installEventFilter(this);
+bool MouseHold::isExposed() const {
+    return m_window.windowHandle() && m_window.windowHandle()->isExposed();
 }
 
 void MouseHold::take() {
+    m_held = true;
+    if (!isExposed())
+        QCoreApplication::instance()->installEventFilter(this);
+    renew();
+}
+
+void MouseHold::takeByPress() {
     m_held = true;
     m_window.grabMouse();
 }
@@ -20,18 +29,26 @@ void MouseHold::give() {
     if (!m_held)
         return;
     m_held = false;
+    QCoreApplication::instance()->removeEventFilter(this);
     m_window.releaseMouse();
 }
 
+void MouseHold::renew() {
+    if (m_held && QWidget::mouseGrabber() != &m_window && QGuiApplication::mouseButtons() == Qt::NoButton)
+        m_window.grabMouse();
+}
+
+/// Sees the events of the whole application until the window is exposed: they are handled in the order in
+/// which the system sent them, so whatever comes before the exposure is older than the window.
 bool MouseHold::eventFilter(QObject *watched, QEvent *event) {
-    QWindow *native = m_window.windowHandle();
-    if (watched == &m_window && event->type() == QEvent::Show)
-        native->installEventFilter(this);
-    if (watched == native && event->type() == QEvent::Expose && native->isExposed()) {
-        native->removeEventFilter(this);
-        if (m_held)
-            m_window.grabMouse();
+    const bool isOwn = watched == m_window.windowHandle();
+    if (isOwn && event->type() == QEvent::Expose && isExposed()) {
+        QCoreApplication::instance()->removeEventFilter(this);
+        m_window.releaseMouse();
+        renew();
     }
+    if (!isOwn && watched->isWindowType() && event->type() == QEvent::MouseButtonPress)
+        m_window.releaseMouse();
     return QObject::eventFilter(watched, event);
 }
 

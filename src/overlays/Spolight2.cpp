@@ -6,7 +6,6 @@
 #include "settings/ZrToolXmlClass.h"
 #include "ui_Spolight2.h"
 
-#include <QMouseEvent>
 #include <QPainter>
 
 #include <algorithm>
@@ -36,15 +35,10 @@ void Spolight2::ExitWindow() {
     leave();
 }
 
-void Spolight2::mousePressEvent(QMouseEvent *event) {
+void Spolight2::press(const QPointF &position) {
     setDrawing(true);
-    placeAt(event->localPos());
+    placeAt(position);
     showChanges();
-}
-
-void Spolight2::mouseReleaseEvent(QMouseEvent * /*event*/) {
-    setDrawing(false);
-    close();
 }
 
 void Spolight2::report() {

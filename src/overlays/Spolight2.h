@@ -32,9 +32,7 @@ public slots:
     void ExitWindow();
 
 protected:
-    void mousePressEvent(QMouseEvent *event) override;
-    void mouseReleaseEvent(QMouseEvent *event) override;
-
+    void press(const QPointF &position) override;
     void report() override;
     std::optional<int> veil() const override;
     void drawVeil(QPainter &painter) const override;

@@ -16,7 +16,7 @@ namespace vexa::test {
 /// One of the held tools, by what the tests of all three need of it.
 struct HeldToolKind {
     std::function<QWidget *()> make;
-    std::function<void(QWidget *)> press;
+    std::function<void(QWidget *, bool)> press;
     std::function<void(QWidget *, QPixmap *)> setBackground;
     std::function<void(QWidget *, QPoint)> move;
     std::function<void(QWidget *, const std::function<void()> &)> whenItReports;
@@ -28,7 +28,7 @@ struct HeldToolKind {
     QWidget *open(QPixmap *picture) const {
         QWidget *tool = make();
         setBackground(tool, picture);
-        press(tool);
+        press(tool, true);
         platform::showOverPrimaryScreen(*tool);
         return tool;
     }
@@ -36,7 +36,7 @@ struct HeldToolKind {
 
 template<typename Tool> HeldToolKind heldToolKind(const char *name, int code, bool takesMouse) {
     return {[] { return new Tool; },
-            [](QWidget *tool) { static_cast<Tool *>(tool)->SetMousePress(true); },
+            [](QWidget *tool, bool pressed) { static_cast<Tool *>(tool)->SetMousePress(pressed); },
             [](QWidget *tool, QPixmap *picture) { static_cast<Tool *>(tool)->Setbackground(picture); },
             [](QWidget *tool, QPoint at) { static_cast<Tool *>(tool)->SetMouseMove(at.x(), at.y()); },
             [](QWidget *tool, const std::function<void()> &then) {

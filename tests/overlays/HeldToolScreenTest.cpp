@@ -183,7 +183,7 @@ void HeldToolScreenTest::standsAtThePointerBeforeTheFirstTick() {
     tool->setAttribute(Qt::WA_DeleteOnClose, false);
     const Standstill standstill(tool.get());
     kind.setBackground(tool.get(), &background);
-    kind.press(tool.get());
+    kind.press(tool.get(), true);
     vexa::platform::showOverPrimaryScreen(*tool);
     QTRY_COMPARE_WITH_TIMEOUT(differences(shownOnScreen(), plain(kind, background, pointer)), 0, patience);
 }

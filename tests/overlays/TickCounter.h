@@ -9,7 +9,7 @@
 namespace vexa::test {
 
 /// Counts the ticks of a held tool's two timers, so that tests can wait for a tick instead of a time. The
-/// quick one is the one that ticks first.
+/// quick one is the one that ticks first. While held, the tool does not get its ticks.
 class TickCounter : public QObject {
 public:
     explicit TickCounter(QObject *tool) { tool->installEventFilter(this); }
@@ -22,9 +22,12 @@ public:
         return all - quickTicks();
     }
     int paints() const { return m_paints; }
+    bool held = false;
 
     bool eventFilter(QObject * /*watched*/, QEvent *event) override {
         if (event->type() == QEvent::Timer) {
+            if (held)
+                return true;
             const int id = static_cast<QTimerEvent *>(event)->timerId();
             if (m_ticks.isEmpty())
                 m_quick = id;
