@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "app/MainWindow.h"
 
-#include "app/PointerMargin.h"
 #include "input/CKeyboardHandler.h"
 #include "input/CKeyboardListenerMac.h"
 #include "overlays/PromptWindow.h"
 #include "platform/AutoStart.h"
+#include "platform/Screens.h"
 #include "platform/quartz/Quartz.h"
 #include "settings/SettingsTable.h"
 #include "settings/ZrToolXmlClass.h"
@@ -232,6 +232,7 @@ void MainWindow::carryOut(PenCommand command) {
         break;
     case PenCommand::OpenHeldTool:
         m_followPointer = true;
+        m_fence.raise(vexa::platform::isPointerOnAnotherScreen());
         openHeldTool();
         break;
     case PenCommand::StepAnnotationColour:
@@ -313,7 +314,8 @@ void MainWindow::RecvGlobaleMouseMessage(int event, int x, int y) {
         return;
     const QPoint pointer(x, y);
     const QPoint kept = vexa::withinMargin(pointer, QGuiApplication::primaryScreen()->size());
-    if (kept != pointer)
+    const bool held = m_fence.holds(vexa::platform::isOnAnotherScreen(pointer));
+    if (kept != pointer && held)
         SyntheticInput::SetMouseMove(kept.x(), kept.y());
     m_tools.moveHeldTool(HeldToolChoice(Settings::Key4P), kept.x(), kept.y());
 }

@@ -5,6 +5,7 @@
 #include "app/OpenTools.h"
 #include "app/PageNavigation.h"
 #include "app/PenChords.h"
+#include "app/PointerFence.h"
 #include "app/Screenshots.h"
 #include "app/WindowDrag.h"
 
@@ -118,7 +119,8 @@ private:
     std::unique_ptr<PromptWindow> m_startPrompt;
     QObject *m_viewRoot = nullptr; ///< null when the view could not be loaded
     bool m_followPointer = false;  ///< a held tool is out
-    bool m_shotDue = false;        ///< a screenshot waits for the screen to be uncovered
+    vexa::PointerFence m_fence;
+    bool m_shotDue = false; ///< a screenshot waits for the screen to be uncovered
     int m_qmlInitTimer = -1;
     int m_toolExitTimer = -1; ///< kept, though nothing starts it
     int m_refocusTimer = -1;

@@ -10,12 +10,11 @@
 #include "input/CKeyboardMessage.h"
 #include "overlays/Grab.h"
 #include "platform/Activation.h"
+#include "platform/Screens.h"
 #include "platform/Session.h"
-#include "platform/SessionInput.h"
 #include "settings/ZrToolXmlClass.h"
 
 #include <QApplication>
-#include <QScreen>
 #include <exception>
 
 /// Everything lives in here and is destroyed in reverse order: the window must not hear of input any more
@@ -40,7 +39,7 @@ int main(int argc, char *argv[]) {
                      &vexa::QuitRequest::request);
 
     vexa::registerKeyboardMessages();
-    vexa::platform::useSessionInput(QGuiApplication::primaryScreen()->devicePixelRatio());
+    const vexa::platform::ScreenWatch screens;
     CKeyboardHandler keyboardHandler;
     setupDockClickHandler();
     QApplication::setQuitOnLastWindowClosed(false);

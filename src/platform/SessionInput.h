@@ -3,13 +3,18 @@
 
 #include <string>
 
+#include "platform/ScreenPlace.h"
+
 /// The input of the session that the program runs in. Any thread.
 namespace vexa::platform {
 
 /// Makes the session the place where taps listen and posts go, until setInputBackend() says otherwise. Call
-/// before the first tap. The argument is the primary screen's scale, in device pixels per point. On macOS the
-/// session is that place already: there it asks the user for what listening needs, and logs what is missing.
-void useSessionInput(double devicePixelsPerPoint);
+/// before the first tap. Its events are in points of the primary screen. On macOS the session is that place
+/// already: there it asks the user for what listening needs, and logs what is missing.
+void useSessionInput(const ScreenPlace &primaryScreen);
+
+/// The primary screen has become another one, or has changed.
+void followPrimaryScreen(const ScreenPlace &primaryScreen);
 
 /// Why the session cannot be listened to or posted into, as one sentence for the user; empty when it can be.
 /// Asks the session, so it may be called before anything else.

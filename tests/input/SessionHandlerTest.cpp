@@ -61,7 +61,7 @@ class SessionHandlerTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { vexa::platform::useSessionInput(1); }
+    void initTestCase() { vexa::platform::useSessionInput({{0, 0}, {1920, 1080}, 1}); }
     void init() { CKeyboardListenerMac::EnterPPT = false; }
     void cleanupTestCase() { vexa::setInputBackend(nullptr); }
 

@@ -58,7 +58,7 @@ private:
 };
 
 void PenSimulatorTest::init() {
-    vexa::platform::useSessionInput(1);
+    vexa::platform::useSessionInput({{0, 0}, {1920, 1080}, 1});
     m_hand = std::make_unique<Hand>();
     m_source = vexa::inputBackend().open();
     QVERIFY(m_source);

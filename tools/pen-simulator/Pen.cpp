@@ -51,9 +51,9 @@ void Pen::typeChord(Letter letter) {
     m_connection->sync();
 }
 
-void Pen::move(x11::Pixels target, std::chrono::milliseconds duration) {
+void Pen::move(platform::Pixels target, std::chrono::milliseconds duration) {
     constexpr auto step = 8ms;
-    const x11::Pixels start = pointer();
+    const platform::Pixels start = pointer();
     const auto steps = std::max<std::int64_t>(duration / step, 1);
     for (std::int64_t i = 1; i <= steps; ++i) {
         const double part = static_cast<double>(i) / static_cast<double>(steps);
@@ -74,11 +74,11 @@ void Pen::wait(std::chrono::milliseconds duration) {
     std::this_thread::sleep_for(duration);
 }
 
-x11::Pixels Pen::pointer() const {
+platform::Pixels Pen::pointer() const {
     xcb_connection_t *x = m_connection->get();
     const x11::Reply<xcb_query_pointer_reply_t> reply(
         xcb_query_pointer_reply(x, xcb_query_pointer(x, m_connection->root()), nullptr));
-    return reply ? x11::Pixels{reply->root_x, reply->root_y} : x11::Pixels{0, 0};
+    return reply ? platform::Pixels{reply->root_x, reply->root_y} : platform::Pixels{0, 0};
 }
 
 } // namespace vexa::pen

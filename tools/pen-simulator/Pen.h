@@ -6,9 +6,9 @@
 #include <initializer_list>
 #include <memory>
 
+#include "platform/ScreenPlace.h"
 #include "platform/quartz/VirtualKeys.h"
 #include "platform/x11/input/Connection.h"
-#include "platform/x11/input/PrimaryScreen.h"
 
 namespace vexa::pen {
 
@@ -35,7 +35,7 @@ public:
     void typeChord(Letter letter);
 
     /// Moves the pointer there, in device pixels of the whole desktop, in that time.
-    void move(x11::Pixels target, std::chrono::milliseconds duration);
+    void move(platform::Pixels target, std::chrono::milliseconds duration);
     void button(bool down);
     void wait(std::chrono::milliseconds duration);
 
@@ -43,7 +43,7 @@ private:
     explicit Pen(std::unique_ptr<x11::Connection> connection);
 
     void key(int virtualKey, bool down);
-    x11::Pixels pointer() const;
+    platform::Pixels pointer() const;
 
     const std::unique_ptr<x11::Connection> m_connection;
     std::uint8_t m_keyboard = 0;   ///< 0: the device for faked keys

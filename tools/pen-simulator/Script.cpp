@@ -109,7 +109,7 @@ void addWait(Script &script, milliseconds time) {
     script.emplace_back([time](Pen &pen) { pen.wait(time); });
 }
 
-void addMove(Script &script, x11::Pixels target, milliseconds time) {
+void addMove(Script &script, platform::Pixels target, milliseconds time) {
     script.emplace_back([target, time](Pen &pen) { pen.move(target, time); });
 }
 
@@ -117,7 +117,7 @@ void addButton(Script &script, bool down) {
     script.emplace_back([down](Pen &pen) { pen.button(down); });
 }
 
-x11::Pixels takePlace(Words &words) {
+platform::Pixels takePlace(Words &words) {
     const int x = words.takeNumber("X");
     return {x, words.takeNumber("Y")};
 }
@@ -165,7 +165,7 @@ void readChord(Script &script, Words &words) {
 }
 
 void readMove(Script &script, Words &words) {
-    const x11::Pixels target = takePlace(words);
+    const platform::Pixels target = takePlace(words);
     addMove(script, target, words.takeTimeIfAny().value_or(milliseconds(0)));
 }
 

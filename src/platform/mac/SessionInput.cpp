@@ -9,11 +9,14 @@ namespace vexa::platform {
 
 // The system has the taps and posts itself. Without the user's consent it may hand out a tap that hears the
 // pointer and no key, so that nobody would notice before the pen is pressed.
-void useSessionInput(double) {
+void useSessionInput(const ScreenPlace &) {
     const std::string obstacle = sessionInputObstacle();
     if (!obstacle.empty() && !isAllowed("CGRequestListenEventAccess"))
         qWarning("%s", obstacle.c_str());
 }
+
+// Its events are in global points already.
+void followPrimaryScreen(const ScreenPlace &) {}
 
 std::string sessionInputObstacle() {
     if (isAllowed("CGPreflightListenEventAccess"))

@@ -1,6 +1,8 @@
 # The sources of the macOS side, by their place under src/platform; the tests build them too, on any system.
 set(vexa_mac_sources
   Activation.cpp
+  ScreenPlace.cpp
+  Screens.cpp
   mac/AutoStart.cpp
   mac/Consent.cpp
   mac/CursorBitmap.cpp
@@ -12,6 +14,7 @@ set(vexa_mac_sources
   mac/PrimaryScreen.cpp
   mac/PrivacyPane.cpp
   mac/ScreenCapture.cpp
+  mac/Screens.cpp
   mac/Session.cpp
   mac/SessionInput.cpp)
 list(TRANSFORM vexa_mac_sources PREPEND "${PROJECT_SOURCE_DIR}/src/platform/")

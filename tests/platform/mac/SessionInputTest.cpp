@@ -36,7 +36,7 @@ private slots:
     }
 
     void asksTheUserOnceAndSaysWhatIsMissing() {
-        useSessionInput(1);
+        useSessionInput({});
         QVERIFY(m_consents->asked == std::vector<std::string>{"listening"});
         QCOMPARE(warnings, 1);
         QVERIFY(QByteArray::fromStdString(sessionInputObstacle()).contains("Input Monitoring"));
@@ -45,14 +45,14 @@ private slots:
 
     void isContentWithAConsentGivenAtOnce() {
         m_consents->allowsWhenAsked = true;
-        useSessionInput(1);
+        useSessionInput({});
         QCOMPARE(warnings, 0);
         QCOMPARE(sessionInputObstacle(), std::string());
     }
 
     void asksNobodyWhenAllIsAllowed() {
         m_consents->listening = true;
-        useSessionInput(1);
+        useSessionInput({});
         QVERIFY(m_consents->asked.empty());
         QCOMPARE(warnings, 0);
     }

@@ -47,7 +47,6 @@ private slots:
     void motionWithAButtonHeldIsNoMove();
     void onlyTheLeftButtonIsTold();
     void positionsAreRelativeToThePrimaryScreenAndInPoints();
-    void pointsBecomePixelsAgain();
 
 private:
     void key(bool down, XKeyCode code) {
@@ -254,19 +253,12 @@ void EventTranslatorTest::onlyTheLeftButtonIsTold() {
 }
 
 void EventTranslatorTest::positionsAreRelativeToThePrimaryScreenAndInPoints() {
-    m_translator.screen = {{1920, 100}, 2};
+    m_translator.screen = {{1920, 100}, {1920, 1080}, 2};
     m_translator.take({DeviceEvent::Motion, 0, {1919, 301}, 0});
     const auto events = takeAll();
     QCOMPARE(events.size(), 1);
     QCOMPARE(events[0].x, -0.5);
     QCOMPARE(events[0].y, 100.5);
-}
-
-void EventTranslatorTest::pointsBecomePixelsAgain() {
-    const vexa::x11::PrimaryScreen screen{{1920, 100}, 1.5};
-    const auto pixels = screen.toPixels({10, -4});
-    QCOMPARE(pixels.x, 1935);
-    QCOMPARE(pixels.y, 94);
 }
 
 QTEST_GUILESS_MAIN(EventTranslatorTest)

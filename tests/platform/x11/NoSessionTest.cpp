@@ -53,7 +53,7 @@ void NoSessionTest::withoutADisplayNothingCanBeHeardOrPosted_data() {
 void NoSessionTest::withoutADisplayNothingCanBeHeardOrPosted() {
     QFETCH(QByteArray, display);
     display.isNull() ? qunsetenv("DISPLAY") : qputenv("DISPLAY", display);
-    vexa::platform::useSessionInput(1);
+    vexa::platform::useSessionInput({{0, 0}, {1920, 1080}, 1});
     QVERIFY(!vexa::inputBackend().open());
     vexa::InputEvent event;
     event.type = 10;
@@ -68,7 +68,7 @@ void NoSessionTest::withoutADisplayNothingCanBeHeardOrPosted() {
 
 void NoSessionTest::aServerThatDoesNotRecordIsRefused() {
     QVERIFY(startServer({QStringLiteral("-extension"), QStringLiteral("RECORD")}));
-    vexa::platform::useSessionInput(1);
+    vexa::platform::useSessionInput({{0, 0}, {1920, 1080}, 1});
     QVERIFY(!vexa::inputBackend().open());
     QVERIFY_EXCEPTION_THROWN(CKeyboardHandler(), std::future_error);
 
@@ -79,7 +79,7 @@ void NoSessionTest::aServerThatDoesNotRecordIsRefused() {
 
 void NoSessionTest::theEndOfTheServerEndsNothingElse() {
     QVERIFY(startServer({}));
-    vexa::platform::useSessionInput(1);
+    vexa::platform::useSessionInput({{0, 0}, {1920, 1080}, 1});
     {
         CKeyboardHandler handler;
         m_server.kill();

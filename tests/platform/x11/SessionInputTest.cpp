@@ -96,7 +96,8 @@ private slots:
     void keysAreHeardThroughOtherClientsGrabs_data();
     void keysAreHeardThroughOtherClientsGrabs();
     void movesAreHeardThroughAPointerGrab();
-    void positionsLeftOfThePrimaryScreenAreNegative();
+    void positionsFollowThePrimaryScreen();
+    void aSplitMonitorIsOneScreen();
     void positionsAreInPoints();
     void severalSourcesHearTheSame();
 
@@ -104,7 +105,6 @@ private slots:
     void aKeyDownIsAPressAndAReleaseAndTheKeyUpNothing();
     void keysThatCannotBePostedAreRefused();
     void aClickMovesFirstAndThePointerStays();
-    void pointsArePostedRelativeToThePrimaryScreen();
     void keysArriveWithoutTheModifiersHeld_data();
     void keysArriveWithoutTheModifiersHeld();
     void modifiersAreAsBeforeAfterAPost();
@@ -129,7 +129,7 @@ private:
 void SessionInputTest::init() {
     m_hand = std::make_unique<Hand>();
     m_hand->moveTo(500, 500);
-    vexa::platform::useSessionInput(1);
+    vexa::platform::useSessionInput({{0, 0}, {1920, 1080}, 1});
     m_source = vexa::inputBackend().open();
     QVERIFY(m_source);
 }
@@ -378,15 +378,26 @@ void SessionInputTest::movesAreHeardThroughAPointerGrab() {
     QCOMPARE(hear([&] { m_hand->moveTo(7, 9); }), (All{toldAt(kCGEventMouseMoved, 7, 9)}));
 }
 
-void SessionInputTest::positionsLeftOfThePrimaryScreenAreNegative() {
-    run(QStringLiteral("xrandr --setmonitor '*main' 1120/300x1080/300+800+100 screen"));
+void SessionInputTest::positionsFollowThePrimaryScreen() {
+    vexa::platform::followPrimaryScreen({{800, 100}, {1120, 980}, 1});
     QCOMPARE(hear([&] { m_hand->moveTo(799, 99); }), (All{toldAt(kCGEventMouseMoved, -1, -1)}));
-    run(QStringLiteral("xrandr --delmonitor main"));
-    QCOMPARE(hear([&] { m_hand->moveTo(798, 98); }), (All{toldAt(kCGEventMouseMoved, 798, 98)}));
+    QVERIFY(post(mouseEvent(kCGEventMouseMoved, -10, 20)));
+    QCOMPARE(m_hand->pointer().x, 790);
+    QCOMPARE(m_hand->pointer().y, 120);
+}
+
+/// The toolkit, whose screens the windows are on, knows nothing of the parts.
+void SessionInputTest::aSplitMonitorIsOneScreen() {
+    run(QStringLiteral("xrandr --setmonitor '*left' 960/300x1080/300+0+0 screen"));
+    run(QStringLiteral("xrandr --setmonitor 'right' 960/300x1080/300+960+0 none"));
+    QCOMPARE(hear([&] { m_hand->moveTo(1000, 20); }), (All{toldAt(kCGEventMouseMoved, 1000, 20)}));
+    QVERIFY(post(mouseEvent(kCGEventMouseMoved, 990, 20)));
+    QCOMPARE(m_hand->pointer().x, 990);
+    run(QStringLiteral("xrandr --delmonitor left; xrandr --delmonitor right"));
 }
 
 void SessionInputTest::positionsAreInPoints() {
-    vexa::platform::useSessionInput(2);
+    vexa::platform::useSessionInput({{0, 0}, {1920, 1080}, 2});
     m_source = vexa::inputBackend().open();
     QCOMPARE(hear([&] { m_hand->moveTo(201, 100); }), (All{toldAt(kCGEventMouseMoved, 100.5, 50)}));
     QVERIFY(post(mouseEvent(kCGEventMouseMoved, 100, 30)));
@@ -449,14 +460,6 @@ void SessionInputTest::aClickMovesFirstAndThePointerStays() {
     QCOMPARE(m_hand->pointer().x, 120);
     QCOMPARE(m_hand->pointer().y, 130);
     outwaitAClick();
-}
-
-void SessionInputTest::pointsArePostedRelativeToThePrimaryScreen() {
-    run(QStringLiteral("xrandr --setmonitor '*main' 1120/300x1080/300+800+100 screen"));
-    QVERIFY(post(mouseEvent(kCGEventMouseMoved, -10, 20)));
-    QCOMPARE(m_hand->pointer().x, 790);
-    QCOMPARE(m_hand->pointer().y, 120);
-    run(QStringLiteral("xrandr --delmonitor main"));
 }
 
 void SessionInputTest::keysArriveWithoutTheModifiersHeld_data() {

@@ -110,8 +110,8 @@ InputEvent EventTranslator::keyEvent(std::uint32_t type, int virtualKey) const {
     return input;
 }
 
-InputEvent EventTranslator::pointerEvent(std::uint32_t type, Pixels position) const {
-    const Points points = screen.toPoints(position);
+InputEvent EventTranslator::pointerEvent(std::uint32_t type, platform::Pixels position) const {
+    const platform::Points points = screen.toPoints(position);
     InputEvent input;
     input.type = type;
     input.x = points.x;

@@ -5,9 +5,9 @@
 #include <deque>
 #include <functional>
 
+#include "platform/ScreenPlace.h"
 #include "platform/quartz/InputBackend.h"
 #include "platform/x11/input/KeyTable.h"
-#include "platform/x11/input/PrimaryScreen.h"
 
 namespace vexa::x11 {
 
@@ -17,7 +17,7 @@ struct DeviceEvent {
 
     Type type;
     std::uint8_t detail; ///< X key code or button
-    Pixels position;     ///< on the X desktop
+    platform::Pixels position;
     std::uint16_t state; ///< modifiers and buttons before the event
 };
 
@@ -25,7 +25,7 @@ struct DeviceEvent {
 /// each real change of a modifier, pointer moves without drags. Knows nothing of connections.
 class EventTranslator {
 public:
-    PrimaryScreen screen;
+    platform::ScreenPlace screen; ///< the primary one, in whose points positions are
 
     void take(const DeviceEvent &event);
 
@@ -53,7 +53,7 @@ private:
     void takeButton(const DeviceEvent &event);
     void takeMotion(const DeviceEvent &event);
     InputEvent keyEvent(std::uint32_t type, int virtualKey) const;
-    InputEvent pointerEvent(std::uint32_t type, Pixels position) const;
+    InputEvent pointerEvent(std::uint32_t type, platform::Pixels position) const;
     bool isHidden(const DeviceEvent &event);
 
     std::deque<InputEvent> m_events;

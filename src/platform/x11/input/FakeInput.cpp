@@ -34,7 +34,7 @@ void fakeButton(const Connection &connection, bool down, std::uint8_t button) {
                         XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
 }
 
-void fakeMotion(const Connection &connection, Pixels position) {
+void fakeMotion(const Connection &connection, platform::Pixels position) {
     const std::uint8_t absolute = 0;
     xcb_test_fake_input(connection.get(), XCB_MOTION_NOTIFY, absolute, XCB_CURRENT_TIME, connection.root(),
                         coordinate(position.x), coordinate(position.y), 0);

@@ -18,7 +18,7 @@ enum class Seen : bool { No, Yes };
 /// Fakes a key, a button, a pointer move. Sent, not flushed.
 void fakeKey(const Connection &connection, bool down, XKeyCode key, Seen seen = Seen::Yes);
 void fakeButton(const Connection &connection, bool down, std::uint8_t button);
-void fakeMotion(const Connection &connection, Pixels position);
+void fakeMotion(const Connection &connection, platform::Pixels position);
 
 /// A key that a recorded request of ours is about to fake.
 struct FakedKey {

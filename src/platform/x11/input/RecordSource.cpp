@@ -4,7 +4,6 @@
 #include <cstring>
 #include <sys/epoll.h>
 #include <sys/timerfd.h>
-#include <xcb/randr.h>
 #include <xcb/record.h>
 #include <xcb/xcbext.h>
 #include <xcb/xtest.h>
@@ -45,21 +44,21 @@ bool succeeds(const Connection &connection, xcb_void_cookie_t cookie) {
 
 } // namespace
 
-std::unique_ptr<RecordSource> RecordSource::open(XTestPoster &poster, double pixelsPerPoint) {
+std::unique_ptr<RecordSource> RecordSource::open(XTestPoster &poster, const SharedPlace &screen) {
     const auto posterClient = poster.connect();
     auto control = Connection::open();
     auto data = Connection::open();
     if (!posterClient || !control || !data || !control->has(xcb_record_id) || !data->has(xcb_record_id))
         return nullptr;
     auto source =
-        std::unique_ptr<RecordSource>(new RecordSource(poster, std::move(control), std::move(data)));
-    source->m_translator.screen.pixelsPerPoint = pixelsPerPoint;
+        std::unique_ptr<RecordSource>(new RecordSource(poster, screen, std::move(control), std::move(data)));
     return source->start(*posterClient) ? std::move(source) : nullptr;
 }
 
-RecordSource::RecordSource(XTestPoster &poster, std::unique_ptr<Connection> control,
-                           std::unique_ptr<Connection> data)
+RecordSource::RecordSource(XTestPoster &poster, const SharedPlace &screen,
+                           std::unique_ptr<Connection> control, std::unique_ptr<Connection> data)
     : m_poster(poster)
+    , m_screen(screen)
     , m_control(std::move(control))
     , m_data(std::move(data))
     , m_timer(timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK))
@@ -70,16 +69,11 @@ bool RecordSource::start(std::uint32_t posterClient) {
         return false;
     xcb_connection_t *x = m_control->get();
 
-    // The server hands out records when it has something to send to anybody: where no window takes the keys
-    // or the pointer, this makes us the one. The structure is that of the screens.
-    const std::uint32_t taken = XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_KEY_RELEASE |
-                                XCB_EVENT_MASK_POINTER_MOTION | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+    // The server hands out records only when it has something to send to anybody. Where no window takes the
+    // keys or the pointer, these events, which are thrown away, make us the one.
+    const std::uint32_t taken =
+        XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_KEY_RELEASE | XCB_EVENT_MASK_POINTER_MOTION;
     xcb_change_window_attributes(x, m_control->root(), XCB_CW_EVENT_MASK, &taken);
-    if (m_control->has(xcb_randr_id))
-        xcb_randr_select_input(x, m_control->root(),
-                               XCB_RANDR_NOTIFY_MASK_SCREEN_CHANGE | XCB_RANDR_NOTIFY_MASK_OUTPUT_CHANGE |
-                                   XCB_RANDR_NOTIFY_MASK_CRTC_CHANGE);
-    m_translator.screen.origin = primaryOrigin(*m_control);
 
     const xcb_record_context_t context = xcb_generate_id(x);
     const xcb_record_client_spec_t everybody = XCB_RECORD_CS_ALL_CLIENTS;
@@ -157,6 +151,7 @@ void RecordSource::take(const std::uint8_t *data, int size, bool fromServer) {
         }
         return;
     }
+    m_translator.screen = m_screen.get();
     for (; size >= eventSize; data += eventSize, size -= eventSize) {
         xcb_key_press_event_t event; // the five kinds have the same shape
         std::memcpy(&event, data, sizeof event);
@@ -167,20 +162,8 @@ void RecordSource::take(const std::uint8_t *data, int size, bool fromServer) {
     }
 }
 
-void RecordSource::readControl() {
-    const int randr = m_control->has(xcb_randr_id)
-                          ? xcb_get_extension_data(m_control->get(), &xcb_randr_id)->first_event
-                          : 0x80;
-    const auto screensChanged = [this, randr] {
-        bool changed = false;
-        while (const Reply<xcb_generic_event_t> event{xcb_poll_for_event(m_control->get())}) {
-            const int type = event->response_type & 0x7f;
-            changed = changed || type == XCB_CONFIGURE_NOTIFY || type >= randr;
-        }
-        return changed;
-    };
-    while (screensChanged())
-        m_translator.screen.origin = primaryOrigin(*m_control);
+void RecordSource::readControl() const {
+    m_control->dropEvents();
     if (m_control->isBroken())
         forget(m_control->fd());
 }

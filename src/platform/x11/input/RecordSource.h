@@ -8,6 +8,7 @@
 #include "platform/x11/input/Connection.h"
 #include "platform/x11/input/EventTranslator.h"
 #include "platform/x11/input/FileDescriptor.h"
+#include "platform/x11/input/SharedPlace.h"
 
 namespace vexa::x11 {
 
@@ -17,26 +18,28 @@ class XTestPoster;
 /// without delay: the server drops records while a few hundred of them wait unread.
 class RecordSource : public InputSource {
 public:
-    /// Null when the server cannot be reached or does not record. What the poster hides is not heard; it
-    /// outlives the source.
-    static std::unique_ptr<RecordSource> open(XTestPoster &poster, double pixelsPerPoint);
+    /// Null when the server cannot be reached or does not record. What the poster hides is not heard.
+    /// Positions are points of the screen. Both outlive the source.
+    static std::unique_ptr<RecordSource> open(XTestPoster &poster, const SharedPlace &screen);
 
     int fd() const override { return m_poll.get(); }
     bool next(InputEvent &event) override;
 
 private:
-    RecordSource(XTestPoster &poster, std::unique_ptr<Connection> control, std::unique_ptr<Connection> data);
+    RecordSource(XTestPoster &poster, const SharedPlace &screen, std::unique_ptr<Connection> control,
+                 std::unique_ptr<Connection> data);
 
     bool start(std::uint32_t posterClient);
     void watch(int fd) const;
     void forget(int fd) const;
     void readRecords();
     void take(const std::uint8_t *data, int size, bool fromServer);
-    void readControl();
+    void readControl() const;
     void checkModifiers();
     void scheduleCheck() const;
 
     XTestPoster &m_poster;
+    const SharedPlace &m_screen;
     const std::unique_ptr<Connection> m_control; ///< asks
     const std::unique_ptr<Connection> m_data;    ///< is told; can do nothing else meanwhile
     const FileDescriptor m_timer;                ///< of the next check of the modifiers

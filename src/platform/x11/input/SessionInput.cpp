@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/SessionInput.h"
 
-#include <atomic>
 #include <xcb/record.h>
 #include <xcb/xtest.h>
 
@@ -15,14 +14,14 @@ namespace {
 
 class SessionInput : public InputBackend {
 public:
-    std::unique_ptr<InputSource> open() override { return RecordSource::open(m_poster, pixelsPerPoint); }
+    std::unique_ptr<InputSource> open() override { return RecordSource::open(m_poster, screen); }
     bool post(const InputEvent &event) override { return m_posts.post(event); }
 
-    std::atomic<double> pixelsPerPoint{1};
+    SharedPlace screen;
 
 private:
     XTestPoster m_poster;
-    PacedPosts m_posts{[this](const InputEvent &event) { return m_poster.post(event, pixelsPerPoint); }};
+    PacedPosts m_posts{[this](const InputEvent &event) { return m_poster.post(event, screen.get()); }};
 };
 
 } // namespace
@@ -31,10 +30,22 @@ private:
 
 namespace vexa::platform {
 
-void useSessionInput(double devicePixelsPerPoint) {
+namespace {
+
+x11::SessionInput &sessionInput() {
     static x11::SessionInput input;
-    input.pixelsPerPoint = devicePixelsPerPoint;
-    setInputBackend(&input);
+    return input;
+}
+
+} // namespace
+
+void useSessionInput(const ScreenPlace &primaryScreen) {
+    followPrimaryScreen(primaryScreen);
+    setInputBackend(&sessionInput());
+}
+
+void followPrimaryScreen(const ScreenPlace &primaryScreen) {
+    sessionInput().screen.set(primaryScreen);
 }
 
 std::string sessionInputObstacle() {

@@ -35,7 +35,7 @@ XKeyCode keyToPress(const InputEvent &event) {
     return startsShow ? positionOf(kVK_F5) : XKeyCode{0};
 }
 
-bool pointerIsAt(const Connection &connection, Pixels position) {
+bool pointerIsAt(const Connection &connection, platform::Pixels position) {
     xcb_connection_t *x = connection.get();
     const Reply<xcb_query_pointer_reply_t> pointer(
         xcb_query_pointer_reply(x, xcb_query_pointer(x, connection.root()), nullptr));
@@ -70,21 +70,22 @@ bool XTestPoster::ensureConnection() {
     return m_connection != nullptr;
 }
 
-bool XTestPoster::post(const InputEvent &event, double pixelsPerPoint) {
+bool XTestPoster::post(const InputEvent &event, const platform::ScreenPlace &screen) {
     const std::lock_guard lock(m_mutex);
     if (!ensureConnection())
         return false;
+    const platform::Pixels position = screen.toPixels({event.x, event.y});
     switch (event.type) {
     case kCGEventKeyDown:
         return postKey(keyToPress(event));
     case kCGEventKeyUp:
         return keyToPress(event) != 0;
     case kCGEventLeftMouseDown:
-        return postButton(event, pixelsPerPoint, true);
+        return postButton(position, true);
     case kCGEventLeftMouseUp:
-        return postButton(event, pixelsPerPoint, false);
+        return postButton(position, false);
     case kCGEventMouseMoved:
-        fakeMotion(*m_connection, pixelsOf(event, pixelsPerPoint));
+        fakeMotion(*m_connection, position);
         return m_connection->sync();
     default:
         return false;
@@ -98,15 +99,10 @@ bool XTestPoster::postKey(XKeyCode key) {
            });
 }
 
-bool XTestPoster::postButton(const InputEvent &event, double pixelsPerPoint, bool down) {
-    const Pixels pixels = pixelsOf(event, pixelsPerPoint);
-    if (!pointerIsAt(*m_connection, pixels))
-        fakeMotion(*m_connection, pixels);
+bool XTestPoster::postButton(platform::Pixels position, bool down) {
+    if (!pointerIsAt(*m_connection, position))
+        fakeMotion(*m_connection, position);
     return withoutModifiers([this, down] { fakeButton(*m_connection, down, XCB_BUTTON_INDEX_1); });
-}
-
-Pixels XTestPoster::pixelsOf(const InputEvent &event, double pixelsPerPoint) const {
-    return PrimaryScreen{primaryOrigin(*m_connection), pixelsPerPoint}.toPixels({event.x, event.y});
 }
 
 template<typename Fake> bool XTestPoster::withoutModifiers(Fake fake) {

@@ -5,11 +5,11 @@
 #include <mutex>
 #include <optional>
 
+#include "platform/ScreenPlace.h"
 #include "platform/quartz/InputBackend.h"
 #include "platform/x11/input/Connection.h"
 #include "platform/x11/input/KeyTable.h"
 #include "platform/x11/input/ModifierLift.h"
-#include "platform/x11/input/PrimaryScreen.h"
 
 namespace vexa::x11 {
 
@@ -23,8 +23,8 @@ public:
     std::optional<std::uint32_t> connect();
 
     /// Posts at once. A key down is a press and a release, since a key left down would repeat for ever; the
-    /// key up that may follow is nothing.
-    bool post(const InputEvent &event, double pixelsPerPoint);
+    /// key up that may follow is nothing. The positions are points of that screen.
+    bool post(const InputEvent &event, const platform::ScreenPlace &screen);
 
     /// To be called when a modifier was let go: gives up our own hold of it, if a lift left one.
     void settle(int virtualKey);
@@ -32,8 +32,7 @@ public:
 private:
     bool ensureConnection();
     bool postKey(XKeyCode key);
-    bool postButton(const InputEvent &event, double pixelsPerPoint, bool down);
-    Pixels pixelsOf(const InputEvent &event, double pixelsPerPoint) const;
+    bool postButton(platform::Pixels position, bool down);
     void settleKept(XKeyCode key);
     template<typename Fake> bool withoutModifiers(Fake fake);
 

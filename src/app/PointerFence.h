@@ -17,4 +17,22 @@ inline QPoint withinMargin(const QPoint &point, const QSize &screen) {
             std::min(std::max(point.y(), pointerMargin), screen.height() - pointerMargin)};
 }
 
+/// Whether the pointer is kept inside the primary screen, where the held tool is. One that is on another
+/// screen when the tool opens is left there, where there is no tool to be lost, until it comes over by
+/// itself; from then on it stays. GUI thread only.
+class PointerFence {
+public:
+    /// A held tool opens.
+    void raise(bool pointerIsOnAnotherScreen) { m_holds = !pointerIsOnAnotherScreen; }
+
+    /// The pointer has moved. True when it is to be kept inside.
+    bool holds(bool pointerIsOnAnotherScreen) {
+        m_holds = m_holds || !pointerIsOnAnotherScreen;
+        return m_holds;
+    }
+
+private:
+    bool m_holds = true;
+};
+
 } // namespace vexa

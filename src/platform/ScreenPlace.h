@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+namespace vexa::platform {
+
+/// Device pixels of the whole desktop.
+struct Pixels {
+    int x;
+    int y;
+};
+
+/// Points from the top-left corner of a screen.
+struct Points {
+    double x;
+    double y;
+};
+
+/// Where a screen lies on the desktop, and how large a point is there: the arithmetic between the two, in one
+/// place. Knows no window system.
+struct ScreenPlace {
+    Pixels origin{0, 0};
+    Pixels size{0, 0};
+    double pixelsPerPoint = 1;
+
+    bool contains(Pixels pixels) const;
+    Points toPoints(Pixels pixels) const;
+
+    /// The pixel that is these points, when its own are cut off to whole ones: at the scale 1 and above,
+    /// every whole number of points comes back from its pixel as it was. At a smaller scale, where there are
+    /// fewer pixels than points, it is the next one towards the middle of the screen, so that the pointer is
+    /// never sent outside a margin that it is to be kept in.
+    Pixels toPixels(Points points) const;
+};
+
+} // namespace vexa::platform
