@@ -2,12 +2,12 @@
 //
 // ink-bench: what a sample of a stroke costs, and what drawing takes of a processor core. Times are processor
 // times of this program alone, so that a busy machine does not change them much. Needs a screen
-// (tests/support/with-display) and xdotool, which moves the mouse.
+// (scripts/with-display) and xdotool, which moves the mouse.
 #include "annotation/InkLayer.h"
 #include "annotation/PizhuForm.h"
-#include "annotation/RecordedStrokes.h"
 #include "platform/OverlayWindow.h"
 #include "settings/ZrToolXmlClass.h"
+#include "support/RecordedStrokes.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -18,6 +18,8 @@
 #include <QTimer>
 #include <cstdio>
 #include <ctime>
+
+using namespace vexa::test;
 
 namespace {
 

@@ -6,8 +6,8 @@
 #include "ProcessMeter.h"
 
 #include "e2e/Desktop.h"
-#include "e2e/Pen.h"
 #include "e2e/Program.h"
+#include "support/RealInput.h"
 
 #include <QApplication>
 #include <QDirIterator>
@@ -22,6 +22,8 @@
 #include <cstdio>
 #include <functional>
 #include <vector>
+
+using namespace vexa::test;
 
 namespace {
 
@@ -94,7 +96,7 @@ void circle() {
     timer.start();
     for (int step = 0; step < steps; ++step) {
         const double angle = 2 * M_PI * step / (2.0 * pointerRate);
-        e2e::movePointer(middle() + QPointF(radius * std::cos(angle), radius * std::sin(angle)).toPoint());
+        moveMouse(middle() + QPointF(radius * std::cos(angle), radius * std::sin(angle)).toPoint());
         const double due = (step + 1.0) / pointerRate - seconds(timer);
         if (due > 0)
             QThread::usleep(static_cast<unsigned long>(due * 1e6));
@@ -130,18 +132,18 @@ public:
 
     /// From the chord to the first pixel, in milliseconds, or -1.
     double open(const Tool &tool, const QPoint &at = middle()) const {
-        e2e::movePointer(at);
+        moveMouse(at);
         const QPoint probe = at + tool.tellTale;
         const QRgb before = e2e::pixelAt(probe);
         QElapsedTimer timer;
         timer.start();
-        e2e::typeChord(e2e::PenKey::G);
+        typeChord(PenKey::G);
         const double waited = until([probe, before] { return e2e::pixelAt(probe) != before; });
         return waited < 0 ? -1 : seconds(timer) * 1000;
     }
 
     bool close() const {
-        e2e::typeChord(e2e::PenKey::S);
+        typeChord(PenKey::S);
         return until([this] { return !hasOverlay(); }) >= 0;
     }
 
@@ -194,7 +196,7 @@ bool benchOpeningDuringAShot() {
     int inTime = 0;
     for (int round = 0; round < rounds; ++round) {
         const QRgb before = e2e::pixelAt(middle());
-        e2e::typeChord(e2e::PenKey::D);
+        typeChord(PenKey::D);
         // The prompt tells that the picture has been taken.
         if (until([before] { return e2e::pixelAt(middle()) != before; }) < 0)
             return false;
@@ -215,32 +217,32 @@ bool benchOpeningDuringAShot() {
 /// A tool by the key that opens it and the place where a click closes it.
 struct Opening {
     const char *name;
-    e2e::PenKey key;
+    PenKey key;
     int heldTool;
     QPoint wayOut;
 };
 
 std::vector<Opening> allOpenings() {
     const QPoint exitButton((screenSize().width() - 60) / 2 + 80 + 30, screenSize().height() - 100 + 30);
-    return {{"laser", e2e::PenKey::G, 2, middle()},
-            {"spotlight", e2e::PenKey::G, 0, middle()},
-            {"magnifier", e2e::PenKey::G, 1, middle()},
-            {"annotation", e2e::PenKey::I, 2, exitButton},
-            {"blackboard", e2e::PenKey::J, 2, exitButton}};
+    return {{"laser", PenKey::G, 2, middle()},
+            {"spotlight", PenKey::G, 0, middle()},
+            {"magnifier", PenKey::G, 1, middle()},
+            {"annotation", PenKey::I, 2, exitButton},
+            {"blackboard", PenKey::J, 2, exitButton}};
 }
 
 bool openAndClose(const Session &session, const Opening &tool, bool byClick) {
-    e2e::typeChord(e2e::PenKey::M);
-    e2e::typeChord(tool.key);
+    typeChord(PenKey::M);
+    typeChord(tool.key);
     if (until([&] { return session.hasOverlay(); }) < 0)
         return false;
-    e2e::movePointer(tool.wayOut);
+    moveMouse(tool.wayOut);
     rest(100); // a held tool follows the pointer, and its window is there for the click
     if (byClick) {
-        e2e::click();
+        click();
     } else {
-        e2e::typeChord(e2e::PenKey::M);
-        e2e::typeChord(tool.key == e2e::PenKey::G ? e2e::PenKey::S : tool.key);
+        typeChord(PenKey::M);
+        typeChord(tool.key == PenKey::G ? PenKey::S : tool.key);
     }
     return until([&] { return !session.hasOverlay(); }) >= 0;
 }

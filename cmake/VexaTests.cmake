@@ -2,7 +2,7 @@
 #           [DISPLAY [SCREEN 1920x1080] [WITHOUT extension] [WM] [COMPOSITOR] [BUS]])
 #
 # A Qt Test program. It is named after its folder and its file: overlays_Grab is tests/overlays/GrabTest.cpp.
-# DISPLAY runs it on an X server of its own (see tests/support/with-display), so tests that need a screen can run side
+# DISPLAY runs it on an X server of its own (see scripts/with-display), so tests that need a screen can run side
 # by side; RESOURCES links the program's compiled-in resources. OWN_FOLDER keeps the program in a folder of its own
 # (name.dir): the settings file lies beside the executable, and tests that read or write it must not share it.
 #
@@ -36,7 +36,7 @@ function(vexa_test name)
     if(arg_SCREEN)
       set(screen ${arg_SCREEN})
     endif()
-    set(with "${PROJECT_SOURCE_DIR}/tests/support/with-display" --screen ${screen})
+    set(with "${PROJECT_SOURCE_DIR}/scripts/with-display" --screen ${screen})
     if(arg_WITHOUT)
       list(APPEND with --without ${arg_WITHOUT})
     endif()

@@ -66,15 +66,6 @@ inline QImage screen() {
     return QGuiApplication::primaryScreen()->grabWindow(0).toImage();
 }
 
-/// A picture of which every pixel tells where it is.
-inline QImage checkeredImage(const QSize &size) {
-    QImage image(size, QImage::Format_RGB32);
-    for (int y = 0; y < size.height(); ++y)
-        for (int x = 0; x < size.width(); ++x)
-            image.setPixel(x, y, qRgb(x % 251, y % 241, (x / 16 + y / 16) % 2 ? 200 : 90));
-    return image;
-}
-
 inline void mouse(QWidget &form, QEvent::Type type, const QPointF &at) {
     const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
     const Qt::MouseButtons held = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "annotation/DrawingFaces.h"
+#include "support/Pattern.h"
 #include "support/TestMain.h"
+
+using namespace vexa::test;
 
 using vexa::DrawingForm;
 
@@ -166,7 +169,7 @@ private:
         if (face == faces::blackboard)
             static_cast<blackBoardform *>(m_form.data())->Setbackground2();
         else
-            m_form->Setbackground(new QPixmap(QPixmap::fromImage(faces::checkeredImage({1920, 1080}))));
+            m_form->Setbackground(new QPixmap(QPixmap::fromImage(pattern({1920, 1080}))));
         faces::show(*m_form);
     }
 

@@ -7,6 +7,8 @@
 
 #include <QSignalSpy>
 
+using namespace vexa::test;
+
 using vexa::DrawingForm;
 
 namespace {

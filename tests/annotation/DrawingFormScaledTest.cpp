@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "annotation/DrawingFaces.h"
+#include "support/Pattern.h"
 
 #include <QApplication>
+
+using namespace vexa::test;
 
 /// The drawing window on a display of two device pixels a point.
 class DrawingFormScaledTest : public QObject {
@@ -14,7 +17,7 @@ private slots:
     }
 
     void pictureOfTheScreenCoversItPixelByPixel() {
-        const QImage slide = faces::checkeredImage({1920, 1080});
+        const QImage slide = pattern({1920, 1080});
         const std::unique_ptr<vexa::DrawingForm> form(openOver(slide));
         QTRY_COMPARE(faces::screen().pixel(301, 303), slide.pixel(301, 303));
         const QImage shot = faces::screen();
@@ -25,7 +28,7 @@ private slots:
     }
 
     void strokeIsTenPointsWideAndCrispToThePixel() {
-        const QImage slide = faces::checkeredImage({1920, 1080});
+        const QImage slide = pattern({1920, 1080});
         const std::unique_ptr<vexa::DrawingForm> form(openOver(slide));
         faces::stroke(*form, faces::line({100, 150}, {400, 150}, 60));
         QTRY_COMPARE(faces::screen().pixel(500, 300), 0xffff0000);
@@ -35,7 +38,7 @@ private slots:
     }
 
     void controlsStandAtTheirPlacesInPoints() {
-        const std::unique_ptr<vexa::DrawingForm> form(openOver(faces::checkeredImage({1920, 1080})));
+        const std::unique_ptr<vexa::DrawingForm> form(openOver(pattern({1920, 1080})));
         QCOMPARE(form->geometry(), QRect(0, 0, 960, 540));
         QCOMPARE(faces::eraserButton(*form)->geometry(), QRect(450, 440, 60, 60));
         QCOMPARE(faces::title(*form)->geometry(), QRect(340, 0, 280, 40));

@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "annotation/DrawingFaces.h"
-#include "annotation/RecordedStrokes.h"
 #include "annotation/WholePathInk.h"
 #include "overlays/promptwindow2.h"
+#include "support/Pattern.h"
+#include "support/RecordedStrokes.h"
 #include "support/TestMain.h"
 
 #include <QPaintEvent>
 #include <QPainter>
 #include <QProcess>
+
+using namespace vexa::test;
 
 using vexa::DrawingForm;
 
@@ -372,7 +375,7 @@ private:
 
     /// What lies under the ink.
     QImage background() const {
-        static const QImage slide = faces::checkeredImage({1920, 1080});
+        static const QImage slide = pattern({1920, 1080});
         static const QImage board = [] {
             QImage plain(1920, 1080, QImage::Format_RGB32);
             plain.fill(faces::boardColour);

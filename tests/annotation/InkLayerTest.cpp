@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "annotation/InkLayer.h"
-#include "annotation/RecordedStrokes.h"
 #include "annotation/WholePathInk.h"
+#include "support/RecordedStrokes.h"
 
 #include <QGuiApplication>
 #include <QtTest>
+
+using namespace vexa::test;
 
 using vexa::InkLayer;
 

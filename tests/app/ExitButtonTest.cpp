@@ -2,11 +2,13 @@
 #include "ToolPanel.h"
 
 #include "settings/ZrToolXmlClass.h"
-#include "support/RealMouse.h"
+#include "support/RealInput.h"
 #include "support/TestMain.h"
 #include "support/UserFile.h"
 
 #include <QSignalSpy>
+
+using namespace vexa::test;
 
 using Settings = ZrToolXmlClass;
 
@@ -67,7 +69,7 @@ void ExitButtonTest::mouseClickReportsOnceAndThePenOpensItAgain() {
     QVERIFY(QTest::qWaitForWindowExposed(open));
     QSignalSpy reports(open, SIGNAL(signalPizhukWindow(int)));
     // Screen of 1920 x 1080: the button's 60 points begin at 1010, 980.
-    vexa::test::clickAt({1040, 1010});
+    clickAt({1040, 1010});
     QTRY_COMPARE(ToolPanel::objects(), 0);
     QCOMPARE(reports.size(), 1);
     opensAndClosesAgain(panel, blackboard);
@@ -79,9 +81,9 @@ void ExitButtonTest::doubleClickLeavesBothAndThePenOpensThemAgain() {
     toggle(panel, false);
     toggle(panel, true);
     QVERIFY(QTest::qWaitForWindowExposed(form(true)));
-    vexa::test::clickAt({1040, 1010}); // closes the upper one with its press
+    clickAt({1040, 1010}); // closes the upper one with its press
     QTRY_COMPARE(ToolPanel::objects(), 1);
-    vexa::test::clickAt({1040, 1010});
+    clickAt({1040, 1010});
     QTRY_COMPARE(ToolPanel::objects(), 0);
     opensAndClosesAgain(panel, false);
     opensAndClosesAgain(panel, true);

@@ -8,6 +8,8 @@
 
 #include <QMap>
 
+using namespace vexa::test;
+
 using Settings = ZrToolXmlClass;
 using vexa::platform::Cover;
 

@@ -9,6 +9,8 @@
 #include <QLabel>
 #include <QTextLayout>
 
+using namespace vexa::test;
+
 using vexa::Language;
 
 namespace {

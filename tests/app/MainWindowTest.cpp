@@ -15,8 +15,9 @@
 #include <QQuickWidget>
 #include <QStackedWidget>
 
+using namespace vexa::test;
+
 using Settings = ZrToolXmlClass;
-using vexa::test::coarseTimersOf;
 
 namespace {
 

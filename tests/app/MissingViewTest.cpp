@@ -6,6 +6,8 @@
 
 #include <QQuickWidget>
 
+using namespace vexa::test;
+
 /// The main window where no view could be loaded, nor any picture or catalogue: this program has no
 /// resources.
 class MissingViewTest : public QObject {

@@ -10,8 +10,9 @@
 #include <QLabel>
 #include <QTimerEvent>
 
+using namespace vexa::test;
+
 using Settings = ZrToolXmlClass;
-using vexa::test::coarseTimersOf;
 
 namespace {
 

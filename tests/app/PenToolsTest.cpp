@@ -12,8 +12,9 @@
 #include <QScreen>
 #include <QSignalMapper>
 
+using namespace vexa::test;
+
 using Settings = ZrToolXmlClass;
-using vexa::test::coarseTimersOf;
 
 namespace {
 

@@ -4,6 +4,8 @@
 
 #include <QtTest>
 
+using namespace vexa::test;
+
 /// The decisions around the privacy guide; the guide itself and the system's settings are only written down.
 class PrivacyGateTest : public QObject {
     Q_OBJECT

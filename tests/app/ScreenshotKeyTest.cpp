@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "PatternWindow.h"
 #include "ToolPanel.h"
+#include "support/PatternWindow.h"
 
 #include "overlays/PromptWindow.h"
 #include "settings/ZrToolXmlClass.h"
@@ -12,6 +12,8 @@
 #include <QTemporaryDir>
 
 #include <memory>
+
+using namespace vexa::test;
 
 using Settings = ZrToolXmlClass;
 
@@ -48,7 +50,7 @@ private:
 
 void ScreenshotKeyTest::initTestCase() {
     QVERIFY(m_pattern.display());
-    m_expected = PatternWindow::picture(m_pattern.size());
+    m_expected = pattern(m_pattern.size());
 }
 
 void ScreenshotKeyTest::init() {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/Screenshots.h"
 
-#include "PatternWindow.h"
+#include "support/PatternWindow.h"
 #include "support/TestMain.h"
 
 #include <QDir>
@@ -10,6 +10,8 @@
 #include <QTemporaryDir>
 
 #include <memory>
+
+using namespace vexa::test;
 
 using vexa::Screenshots;
 
@@ -95,7 +97,7 @@ void ScreenshotsTest::fileHoldsTheScreenPixelByPixel() {
     screenshots.flush();
     const QImage shot(m_home->filePath(QStringLiteral("Desktop/Vexa Orbilo/20240131/20240131093005.png")));
     QCOMPARE(shot.size(), QGuiApplication::primaryScreen()->size());
-    QCOMPARE(shot.convertToFormat(QImage::Format_RGB32), PatternWindow::picture(shot.size()));
+    QCOMPARE(shot.convertToFormat(QImage::Format_RGB32), pattern(shot.size()));
 }
 
 void ScreenshotsTest::hoursCountTo24() {

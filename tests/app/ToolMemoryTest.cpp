@@ -7,6 +7,8 @@
 #include "support/TestMain.h"
 #include "support/UserFile.h"
 
+using namespace vexa::test;
+
 using Settings = ZrToolXmlClass;
 
 /// Thirty openings of every tool, half of them closed by a click, leave the memory where it was after the

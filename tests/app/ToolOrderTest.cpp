@@ -9,6 +9,8 @@
 #include <array>
 #include <memory>
 
+using namespace vexa::test;
+
 using Settings = ZrToolXmlClass;
 
 namespace {

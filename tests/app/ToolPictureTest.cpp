@@ -1,16 +1,17 @@
 // SPDX-License-Identifier: MIT
-#include "PatternWindow.h"
 #include "ToolPanel.h"
+#include "support/Patience.h"
+#include "support/PatternWindow.h"
 
 #include "settings/ZrToolXmlClass.h"
 #include "support/TestMain.h"
 #include "support/UserFile.h"
 
+using namespace vexa::test;
+
 using Settings = ZrToolXmlClass;
 
 namespace {
-
-constexpr int patience = 20000; // milliseconds
 
 /// A part of the screen that no tool draws on.
 constexpr QRect apart(1500, 200, 300, 600);
@@ -67,13 +68,13 @@ void ToolPictureTest::everyOpeningFreezesTheScreenOfItsMoment() {
     Settings::Key4P = heldTool;
     Settings::SportLightTran = 0; // a veil that changes nothing
     const QImage bare = shown();
-    PatternWindow pattern;
-    const QImage patterned = PatternWindow::picture(pattern.size()).copy(apart);
+    PatternWindow window;
+    const QImage patterned = pattern(window.size()).copy(apart);
 
-    QVERIFY(pattern.display());
+    QVERIFY(window.display());
     panel.chord(key);
     QVERIFY(QTest::qWaitForWindowExposed(openTool(), patience));
-    pattern.hide();
+    window.hide();
     QCoreApplication::processEvents();
     QTRY_COMPARE_WITH_TIMEOUT(shown(), patterned, patience);
     panel.chord(key == pen::g ? pen::s : key);
@@ -86,8 +87,8 @@ void ToolPictureTest::everyOpeningFreezesTheScreenOfItsMoment() {
 }
 
 void ToolPictureTest::blackboardHidesTheScreen() {
-    PatternWindow pattern;
-    QVERIFY(pattern.display());
+    PatternWindow window;
+    QVERIFY(window.display());
     ToolPanel panel;
     Settings::Key3P = 3;
     panel.chord(pen::j);

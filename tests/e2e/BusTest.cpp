@@ -3,16 +3,13 @@
 #include "e2e/Desktop.h"
 #include "e2e/Program.h"
 #include "e2e/XServer.h"
+#include "support/Patience.h"
 #include "support/TestMain.h"
 
 #include <csignal>
 #include <optional>
 
-namespace {
-
-constexpr int patience = 20000; // milliseconds
-
-} // namespace
+using namespace vexa::test;
 
 /// The program on a session bus that is not as it should be.
 class BusTest : public QObject {

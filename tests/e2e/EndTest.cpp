@@ -1,17 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "e2e/Desktop.h"
-#include "e2e/Pen.h"
 #include "e2e/Program.h"
 #include "e2e/XServer.h"
+#include "support/Patience.h"
+#include "support/RealInput.h"
 #include "support/TestMain.h"
 
 #include <QDirIterator>
 
 #include <csignal>
 
+using namespace vexa::test;
+
 namespace {
 
-constexpr int patience = 20000; // milliseconds
 const QSize guideSize(494, 300);
 
 e2e::Program::Settings settings(int showGuide) {
@@ -71,7 +73,7 @@ void EndTest::aSignalEndsItWhileAToolIsOpen() {
     QVERIFY(program.start());
     QTRY_VERIFY_WITH_TIMEOUT(e2e::hasWithdrawn(program.pid()), patience);
     const auto toolOpens = [&] { return e2e::visibleWindowOfSize(program.pid(), QSize(1920, 1080)).id != 0; };
-    e2e::typeChord(e2e::PenKey::G);
+    typeChord(PenKey::G);
     QTRY_VERIFY_WITH_TIMEOUT(toolOpens(), patience);
     program.signal(SIGTERM);
     const auto end = program.waitForEnd();
@@ -86,7 +88,7 @@ void EndTest::aSignalWhileAScreenshotIsWrittenWaitsForTheFile() {
     // On the prompt that tells of the screenshot, below the one of the start.
     const QPoint onThePrompt(960, 540 + 70);
     const QRgb before = e2e::pixelAt(onThePrompt);
-    e2e::typeChord(e2e::PenKey::D);
+    typeChord(PenKey::D);
     QTRY_VERIFY_WITH_TIMEOUT(e2e::pixelAt(onThePrompt) != before, patience);
     program.signal(SIGTERM);
     const auto end = program.waitForEnd();

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "e2e/Desktop.h"
-#include "e2e/Pen.h"
 #include "e2e/Program.h"
+#include "support/Patience.h"
+#include "support/RealInput.h"
 #include "support/TestMain.h"
+
+using namespace vexa::test;
 
 namespace {
 
-constexpr int patience = 20000; // milliseconds
 constexpr int radius = 20;
 const QRgb dotColour = qRgb(0, 255, 90); // what the slider's 600 stands for
 
@@ -54,11 +56,11 @@ void LaserTest::holdingKeyFourPutsADotUnderThePointer() {
 
     const QPoint first(400, 300);
     const QPoint second(1200, 700);
-    e2e::movePointer(first);
+    moveMouse(first);
     const QRgb empty = e2e::pixelAt(first);
     QVERIFY(empty != dotColour);
 
-    e2e::typeChord(e2e::PenKey::G);
+    typeChord(PenKey::G);
     QTRY_COMPARE_WITH_TIMEOUT(e2e::pixelAt(first), dotColour, patience);
     const QImage screen = e2e::grabScreen();
     for (const QPoint &direction : {QPoint(1, 0), QPoint(-1, 0), QPoint(0, 1), QPoint(0, -1)}) {
@@ -66,7 +68,7 @@ void LaserTest::holdingKeyFourPutsADotUnderThePointer() {
         QCOMPARE(screen.pixel(first + direction * (pixelsPerPoint * radius + 2)), empty);
     }
 
-    e2e::movePointer(second);
+    moveMouse(second);
     QTRY_COMPARE_WITH_TIMEOUT(e2e::pixelAt(second), dotColour, patience);
     QCOMPARE(e2e::pixelAt(first), empty);
 
@@ -78,17 +80,17 @@ void LaserTest::holdingKeyFourPutsADotUnderThePointer() {
                  {{0, 0}, {margin, margin}},
                  {{1919, 1079}, {1920 - margin, 1080 - margin}}};
     for (const auto &edge : edges) {
-        e2e::movePointer(edge.pushedTo);
-        QTRY_COMPARE_WITH_TIMEOUT(e2e::pointerPosition(), edge.kept, patience);
+        moveMouse(edge.pushedTo);
+        QTRY_COMPARE_WITH_TIMEOUT(mousePosition(), edge.kept, patience);
         QTRY_COMPARE_WITH_TIMEOUT(e2e::pixelAt(edge.kept), dotColour, patience);
         QCOMPARE(
             e2e::pixelAt(edge.kept + QPoint(0, edge.kept.y() < 540 ? 1 : -1) * (pixelsPerPoint * radius + 2)),
             empty);
     }
-    e2e::movePointer(second);
+    moveMouse(second);
     QTRY_COMPARE_WITH_TIMEOUT(e2e::pixelAt(second), dotColour, patience);
 
-    e2e::typeChord(e2e::PenKey::S);
+    typeChord(PenKey::S);
     QTRY_COMPARE_WITH_TIMEOUT(e2e::pixelAt(second), empty, patience);
     QTRY_VERIFY_WITH_TIMEOUT(!e2e::visibleWindowOfSize(program.pid(), QSize(1920, 1080)).id, patience);
     QVERIFY(program.isRunning());

@@ -2,13 +2,10 @@
 #include "e2e/Desktop.h"
 #include "e2e/Program.h"
 #include "e2e/SessionManager.h"
+#include "support/Patience.h"
 #include "support/TestMain.h"
 
-namespace {
-
-constexpr int patience = 20000; // milliseconds
-
-} // namespace
+using namespace vexa::test;
 
 /// Logging out of a desktop that asks its programs first.
 class LogOutTest : public QObject {

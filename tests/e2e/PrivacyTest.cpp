@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "e2e/Desktop.h"
-#include "e2e/Pen.h"
 #include "e2e/Program.h"
+#include "support/Patience.h"
+#include "support/RealInput.h"
 #include "support/TestMain.h"
 
 #include <QCryptographicHash>
@@ -12,9 +13,9 @@
 #include <csignal>
 #include <unistd.h>
 
-namespace {
+using namespace vexa::test;
 
-constexpr int patience = 20000; // milliseconds
+namespace {
 
 /// The letters of the three rows, in an order of their own, as X key codes: what a password would be.
 constexpr int secret[] = {24, 55, 33, 52, 26, 40, 46, 41, 57, 32, 28, 54, 38, 56, 45, 30, 27, 43, 53, 25};
@@ -112,12 +113,12 @@ void PrivacyTest::whatIsTypedLeavesNoTrace() {
     const auto homeBefore = filesBelow(QDir::homePath());
 
     for (const int key : secret)
-        e2e::typeKey(key);
+        typeKey(key);
     // Keys are heard in their order: when the pen's has been, so have those before it.
-    e2e::typeChord(e2e::PenKey::G);
+    typeChord(PenKey::G);
     const auto toolIsOpen = [&] { return hasOpenTool(program); };
     QTRY_VERIFY_WITH_TIMEOUT(toolIsOpen(), patience);
-    e2e::typeChord(e2e::PenKey::S);
+    typeChord(PenKey::S);
     QTRY_VERIFY_WITH_TIMEOUT(!toolIsOpen(), patience);
 
     QCOMPARE(filesBelow(program.folder()), before);
@@ -134,7 +135,7 @@ void PrivacyTest::itHasNoConnectionToAnyNetwork() {
     e2e::Program program;
     QVERIFY(program.start());
     QTRY_VERIFY_WITH_TIMEOUT(e2e::hasWithdrawn(program.pid()), patience);
-    e2e::typeChord(e2e::PenKey::G);
+    typeChord(PenKey::G);
     const auto toolIsOpen = [&] { return hasOpenTool(program); };
     QTRY_VERIFY_WITH_TIMEOUT(toolIsOpen(), patience);
 

@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "e2e/Desktop.h"
-#include "e2e/Pen.h"
 #include "e2e/Program.h"
+#include "support/Patience.h"
+#include "support/RealInput.h"
 #include "support/TestMain.h"
 
 #include <csignal>
 
+using namespace vexa::test;
+
 namespace {
 
-constexpr int patience = 20000; // milliseconds
 constexpr int escapeKey = 9;
 const QSize guideSize(494, 300);
 
@@ -65,7 +67,7 @@ void SecondStartTest::duringTheGuideItIsRemembered() {
     QVERIFY(e2e::visibleWindowOfSize(program.pid(), guideSize).id);
 
     const auto guideGoesOnEscape = [&] {
-        e2e::typeKey(escapeKey);
+        typeKey(escapeKey);
         return !e2e::visibleWindowOfSize(program.pid(), guideSize).id;
     };
     QTRY_VERIFY_WITH_TIMEOUT(guideGoesOnEscape(), patience);

@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "e2e/Desktop.h"
-#include "e2e/Pen.h"
 #include "e2e/Program.h"
+#include "support/Patience.h"
+#include "support/RealInput.h"
 #include "support/TestMain.h"
+
+using namespace vexa::test;
 
 namespace {
 
-constexpr int patience = 20000; // milliseconds
-constexpr int space = 65;       // X key code
+constexpr int space = 65; // X key code
 
 /// A presentation program that runs a show, and which slides it has shown.
 class Show {
@@ -57,22 +59,22 @@ void SlideShowTest::closingAToolKeepsTheSlide() {
                           {QStringLiteral("Key4P"), 2}});
     QVERIFY(program.start());
     QTRY_VERIFY_WITH_TIMEOUT(e2e::hasWithdrawn(program.pid()), patience);
-    e2e::movePointer({700, 400});
+    moveMouse({700, 400});
 
-    e2e::typeChord(e2e::PenKey::D);
+    typeChord(PenKey::D);
     QCOMPARE(show.takeSlides(1), QVector<int>{1}); // the show starts
-    e2e::typeKey(space);
+    typeKey(space);
     QCOMPARE(show.takeSlides(1), QVector<int>{2});
 
     const auto tool = [&program] { return e2e::visibleWindowOfSize(program.pid(), QSize(1920, 1080)).id; };
     for (int round = 0; round < 3; ++round) {
-        e2e::typeChord(e2e::PenKey::G);
+        typeChord(PenKey::G);
         QTRY_VERIFY_WITH_TIMEOUT(tool(), patience);
-        e2e::typeChord(e2e::PenKey::S);
+        typeChord(PenKey::S);
         QTRY_VERIFY_WITH_TIMEOUT(!tool(), patience);
         // The click that gives the show its focus back turns a page, and page up turns it back.
         QCOMPARE(show.takeSlides(2), (QVector<int>{3, 2}));
-        QCOMPARE(e2e::pointerPosition(), QPoint(700, 400));
+        QCOMPARE(mousePosition(), QPoint(700, 400));
     }
 }
 

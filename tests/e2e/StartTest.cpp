@@ -1,16 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "e2e/Desktop.h"
-#include "e2e/Pen.h"
 #include "e2e/Program.h"
 #include "e2e/WindowWatch.h"
+#include "support/Patience.h"
+#include "support/RealInput.h"
 #include "support/TestMain.h"
 
 #include <QDir>
 #include <functional>
 
+using namespace vexa::test;
+
 namespace {
 
-constexpr int patience = 20000; // milliseconds
 constexpr int escapeKey = 9;
 const QSize panelSize(999, 650);
 const QSize guideSize(494, 300);
@@ -129,7 +131,7 @@ void StartTest::aRejectedGuideLeavesTheFileAsItWas() {
 
     // The key goes to the window that has the focus, which takes the window manager a moment.
     const auto guideGoesOnEscape = [&] {
-        e2e::typeKey(escapeKey);
+        typeKey(escapeKey);
         return !e2e::visibleWindowOfSize(program.pid(), guideSize).id;
     };
     QTRY_VERIFY_WITH_TIMEOUT(guideGoesOnEscape(), patience);
@@ -153,12 +155,12 @@ void StartTest::aConfirmedGuideIsSavedBeforeThePanelShows() {
     };
     QTRY_VERIFY_WITH_TIMEOUT(buttonIsDrawn(), patience);
     const QRect neverAgainBox(onScreen({20, 256}), QSize(16, 16));
-    e2e::movePointer(neverAgainBox.center());
+    moveMouse(neverAgainBox.center());
     const QImage unticked = e2e::grabScreen().copy(neverAgainBox);
-    e2e::click();
+    click();
     QTRY_VERIFY_WITH_TIMEOUT(e2e::grabScreen().copy(neverAgainBox) != unticked, patience);
-    e2e::movePointer(onScreen(button));
-    e2e::click();
+    moveMouse(onScreen(button));
+    click();
 
     // As soon as there is anything of the main window, the file has the answer.
     const auto panelExists = [&] { return existing(program.pid(), panelSize) != 0; };

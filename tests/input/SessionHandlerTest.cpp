@@ -10,7 +10,9 @@
 #include "platform/SessionInput.h"
 #include "platform/quartz/InputBackend.h"
 #include "platform/quartz/VirtualKeys.h"
-#include "platform/x11/Hand.h"
+#include "support/Hand.h"
+
+using namespace vexa::test;
 
 namespace {
 

@@ -2,9 +2,9 @@
 #include "overlays/Grab.h"
 
 #include "overlays/ScreenPicture.h"
-#include "overlays/ScreenProbe.h"
 #include "platform/OverlayWindow.h"
 #include "platform/ScreenCapture.h"
+#include "support/ScreenProbe.h"
 #include "support/TestMain.h"
 
 using namespace vexa::test;

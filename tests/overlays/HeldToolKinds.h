@@ -3,9 +3,9 @@
 
 #include "overlays/LightPen.h"
 #include "overlays/Magnifie.h"
-#include "overlays/ScreenProbe.h"
 #include "overlays/Spolight2.h"
 #include "platform/OverlayWindow.h"
+#include "support/ScreenProbe.h"
 
 #include <QtTest>
 

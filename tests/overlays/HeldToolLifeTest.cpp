@@ -5,7 +5,8 @@
 #include "overlays/TickCounter.h"
 #include "settings/ZrToolXmlClass.h"
 #include "support/ForeignWindow.h"
-#include "support/RealMouse.h"
+#include "support/Patience.h"
+#include "support/RealInput.h"
 #include "support/TestMain.h"
 #include "support/Timers.h"
 

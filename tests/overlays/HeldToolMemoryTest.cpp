@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "overlays/HeldToolKinds.h"
 #include "settings/ZrToolXmlClass.h"
+#include "support/Patience.h"
 #include "support/ResidentMemory.h"
 #include "support/Sanitized.h"
 #include "support/TestMain.h"

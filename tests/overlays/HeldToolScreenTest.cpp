@@ -4,6 +4,7 @@
 #include "overlays/HeldToolKinds.h"
 #include "overlays/PlainRenderer.h"
 #include "settings/ZrToolXmlClass.h"
+#include "support/Patience.h"
 #include "support/TestMain.h"
 
 #include <QPainter>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "overlays/PlainRenderer.h"
 
-#include "overlays/ScreenProbe.h"
+#include "support/ScreenProbe.h"
 
 #include <QBitmap>
 #include <QPainter>

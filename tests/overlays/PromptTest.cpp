@@ -2,11 +2,11 @@
 //
 // Both prompts; run with and without a window manager and a compositing manager.
 #include "overlays/PromptWindow.h"
-#include "overlays/ScreenProbe.h"
 #include "overlays/promptwindow2.h"
 #include "settings/ZrToolXmlClass.h"
 #include "support/ForeignWindow.h"
-#include "support/RealMouse.h"
+#include "support/RealInput.h"
+#include "support/ScreenProbe.h"
 #include "support/TestMain.h"
 #include "support/Timers.h"
 

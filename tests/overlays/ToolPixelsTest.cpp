@@ -3,11 +3,11 @@
 // What the held tools put on the screen, worked out from numbers alone.
 #include "overlays/LightPen.h"
 #include "overlays/Magnifie.h"
-#include "overlays/ScreenProbe.h"
 #include "overlays/Spolight2.h"
 #include "overlays/TickCounter.h"
 #include "platform/OverlayWindow.h"
 #include "settings/ZrToolXmlClass.h"
+#include "support/ScreenProbe.h"
 #include "support/TestMain.h"
 
 #include <cmath>

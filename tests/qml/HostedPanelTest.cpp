@@ -7,6 +7,8 @@
 
 #include <QDomDocument>
 
+using namespace vexa::test;
+
 using Settings = ZrToolXmlClass;
 
 namespace {

@@ -10,6 +10,8 @@
 #include <QQuickWidget>
 #include <QTimer>
 
+using namespace vexa::test;
+
 namespace {
 
 const QPoint confirmButton(386 + 44, 248 + 16);

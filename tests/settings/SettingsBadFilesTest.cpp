@@ -5,6 +5,8 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 
+using namespace vexa::test;
+
 using Store = ZrToolXmlClass;
 
 /// Whatever lies at the place of the settings file: the values in memory stay, nothing crashes or waits, and

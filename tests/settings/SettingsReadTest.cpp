@@ -3,6 +3,8 @@
 
 #include <QtTest>
 
+using namespace vexa::test;
+
 using Store = ZrToolXmlClass;
 
 /// What a read makes of the settings in memory.

@@ -3,6 +3,8 @@
 
 #include <QtTest>
 
+using namespace vexa::test;
+
 using Store = ZrToolXmlClass;
 
 /// Two processes of one user share the settings file: a save changes what was changed, and keeps what the

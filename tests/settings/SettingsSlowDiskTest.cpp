@@ -6,6 +6,8 @@
 #include <future>
 #include <thread>
 
+using namespace vexa::test;
+
 using Store = ZrToolXmlClass;
 
 namespace {

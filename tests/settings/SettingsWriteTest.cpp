@@ -3,6 +3,8 @@
 
 #include <QtTest>
 
+using namespace vexa::test;
+
 using Store = ZrToolXmlClass;
 
 /// What a save leaves on the disk, to the byte.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+namespace vexa::test {
+
 /// Whether the address sanitizer watches this build. It keeps freed memory for a while, so that measuring a
 /// process says nothing about it, and looks for leaks itself.
 #if defined(__SANITIZE_ADDRESS__)
@@ -10,3 +12,5 @@ constexpr bool addressSanitized = __has_feature(address_sanitizer);
 #else
 constexpr bool addressSanitized = false;
 #endif
+
+} // namespace vexa::test

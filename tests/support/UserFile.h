@@ -10,7 +10,7 @@
 
 /// The settings file beside the test program, and the settings in memory. Such a program is made with
 /// OWN_FOLDER.
-namespace userfile {
+namespace vexa::test::userfile {
 
 inline QString path() {
     return QCoreApplication::applicationDirPath() + QStringLiteral("/VexaPenSetting.xml");
@@ -63,4 +63,4 @@ inline void forgetSettings() {
     ZrToolXmlClass::ifirstRun = false;
 }
 
-} // namespace userfile
+} // namespace vexa::test::userfile

@@ -5,7 +5,9 @@
 
 #include "platform/SessionInput.h"
 #include "platform/quartz/InputBackend.h"
-#include "platform/x11/Hand.h"
+#include "support/Hand.h"
+
+using namespace vexa::test;
 
 namespace {
 

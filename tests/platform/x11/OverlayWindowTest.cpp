@@ -2,10 +2,10 @@
 //
 // Run without a window manager, with one, and with a compositing manager too: the answers must be the same.
 #include "platform/OverlayWindow.h"
-#include "overlays/ScreenProbe.h"
-#include "platform/x11/ServerView.h"
 #include "support/ForeignWindow.h"
-#include "support/RealMouse.h"
+#include "support/RealInput.h"
+#include "support/ScreenProbe.h"
+#include "support/ServerView.h"
 #include "support/TestMain.h"
 
 #include <QElapsedTimer>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/ScreenCapture.h"
 
-#include "overlays/ScreenProbe.h"
+#include "support/ScreenProbe.h"
 #include "platform/OverlayWindow.h"
 #include "platform/x11/SharedPictures.h"
 #include "support/TestMain.h"

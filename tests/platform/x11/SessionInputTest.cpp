@@ -5,12 +5,14 @@
 #include <poll.h>
 #include <thread>
 
-#include "Hand.h"
 #include "platform/SessionInput.h"
 #include "platform/quartz/CoreGraphics.h"
 #include "platform/quartz/InputBackend.h"
 #include "platform/quartz/VirtualKeys.h"
 #include "platform/x11/input/ModifierLift.h"
+#include "support/Hand.h"
+
+using namespace vexa::test;
 
 using vexa::InputEvent;
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Session.h"
 
+#include "support/ResidentMemory.h"
 #include "support/Sanitized.h"
 
 #include <QFile>
@@ -11,16 +12,7 @@
 #include <unistd.h>
 #include <vector>
 
-namespace {
-
-qint64 residentBytes() {
-    QFile status(QStringLiteral("/proc/self/statm"));
-    if (!status.open(QIODevice::ReadOnly))
-        return 0;
-    return status.readAll().split(' ').at(1).toLongLong() * sysconf(_SC_PAGESIZE);
-}
-
-} // namespace
+using namespace vexa::test;
 
 /// The look at the session before the toolkit's application object exists.
 class SessionTest : public QObject {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/x11/ServerView.h"
+#include "support/ServerView.h"
 
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "support/Patience.h"
+#include "support/Pattern.h"
+
 #include <QImage>
 #include <QPixmap>
 #include <QPoint>
@@ -8,11 +11,7 @@
 
 namespace vexa::test {
 
-/// How long to wait for what must come, in milliseconds: long, as the machine may be busy.
-constexpr int patience = 60000;
-
-/// A picture of which hardly two neighbouring pixels are alike, so that nothing can be a pixel off unseen.
-/// Size in device pixels, with the ratio set.
+/// The pattern as something to lie behind a window. Size in device pixels, with the ratio set.
 QPixmap wall(const QSize &pixels, qreal ratio);
 
 /// The wall for the primary screen.

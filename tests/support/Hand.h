@@ -7,6 +7,8 @@
 
 #include "platform/x11/input/Connection.h"
 
+namespace vexa::test {
+
 /// What a user and another program do in an X session, for tests. The X server has done it when a function
 /// returns.
 class Hand {
@@ -52,7 +54,9 @@ public:
 private:
     void deviceKey(bool down, int xKeyCode);
 
-    std::unique_ptr<vexa::x11::Connection> m_connection;
-    std::unique_ptr<vexa::x11::Connection> m_program; ///< whose window it is; keeps its events
+    std::unique_ptr<x11::Connection> m_connection;
+    std::unique_ptr<x11::Connection> m_program; ///< whose window it is; keeps its events
     std::uint8_t m_keyboard;
 };
+
+} // namespace vexa::test

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "annotation/RecordedStrokes.h"
+#include "support/RecordedStrokes.h"
 
 #include <QHash>
 #include <QPointF>
@@ -8,12 +8,13 @@
 #include <functional>
 #include <random>
 
+namespace vexa::test {
 namespace {
 
 /// The sample at each time, seen from the middle of a layer whose half width and half height are given.
 using Movement = std::function<QPointF(double time, double width, double height)>;
 
-class Hand {
+class ShakyHand {
 public:
     double tremble(double amplitude) {
         return (static_cast<double>(m_random()) / 4294967295.0 * 2 - 1) * amplitude;
@@ -24,7 +25,7 @@ private:
 };
 
 Movement wanderingWithin(double reach, double step, double turn, double shake) {
-    return [=, hand = Hand(), heading = 0.0, at = QPointF()](double, double w, double h) mutable {
+    return [=, hand = ShakyHand(), heading = 0.0, at = QPointF()](double, double w, double h) mutable {
         heading += hand.tremble(turn);
         at += QPointF(step * std::cos(heading) + hand.tremble(shake),
                       step * std::sin(heading) + hand.tremble(shake));
@@ -70,7 +71,7 @@ Movement movement(const QString &kind) {
     if (kind == "scribble")
         return wanderingWithin(0.4, 0, 0, 14);
     if (kind == "tremor")
-        return [hand = Hand()](double t, double w, double) mutable {
+        return [hand = ShakyHand()](double t, double w, double) mutable {
             const double x = 0.35 * t - 0.8 * w + hand.tremble(1.6);
             return QPointF(x, hand.tremble(1.6));
         };
@@ -89,3 +90,5 @@ std::vector<QPoint> recordedStroke(const QString &kind, std::size_t samples, con
             (QPointF(halfWidth, halfHeight) + at(static_cast<double>(i), halfWidth, halfHeight)).toPoint());
     return stroke;
 }
+
+} // namespace vexa::test

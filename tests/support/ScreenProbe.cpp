@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "overlays/ScreenProbe.h"
+#include "support/ScreenProbe.h"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -9,13 +9,7 @@
 namespace vexa::test {
 
 QPixmap wall(const QSize &pixels, qreal ratio) {
-    QImage image(pixels, QImage::Format_RGB32);
-    for (int y = 0; y < pixels.height(); ++y) {
-        auto *line = reinterpret_cast<QRgb *>(image.scanLine(y));
-        for (int x = 0; x < pixels.width(); ++x)
-            line[x] = qRgb((x * 7 + y * 3) & 0xFF, (x * 5 ^ y * 11) & 0xFF, (x / 8 + y / 8) & 0xFF);
-    }
-    QPixmap picture = QPixmap::fromImage(image);
+    QPixmap picture = QPixmap::fromImage(pattern(pixels));
     picture.setDevicePixelRatio(ratio);
     return picture;
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Hand.h"
+#include "support/Hand.h"
 
 #include <stdexcept>
 #include <xcb/xcb.h>
@@ -9,13 +9,15 @@
 #include "platform/x11/input/FakeInput.h"
 #include "platform/x11/input/Keyboards.h"
 
-using vexa::x11::Connection;
-using vexa::x11::Reply;
+namespace vexa::test {
+
+using x11::Connection;
+using x11::Reply;
 
 Hand::Hand() : m_connection(Connection::open()), m_program(Connection::open()) {
     if (!m_connection || !m_program)
         throw std::runtime_error("no X server");
-    m_keyboard = vexa::x11::realKeyboards(*m_connection).at(0);
+    m_keyboard = x11::realKeyboards(*m_connection).at(0);
 }
 
 Hand::~Hand() = default;
@@ -34,17 +36,17 @@ void Hand::goOnDuringServerGrabs() {
 }
 
 void Hand::fakePress(int xKeyCode) {
-    vexa::x11::fakeKey(*m_connection, true, static_cast<std::uint8_t>(xKeyCode));
+    x11::fakeKey(*m_connection, true, static_cast<std::uint8_t>(xKeyCode));
     m_connection->sync();
 }
 
 void Hand::fakeRelease(int xKeyCode) {
-    vexa::x11::fakeKey(*m_connection, false, static_cast<std::uint8_t>(xKeyCode));
+    x11::fakeKey(*m_connection, false, static_cast<std::uint8_t>(xKeyCode));
     m_connection->sync();
 }
 
 void Hand::moveTo(int x, int y) {
-    vexa::x11::fakeMotion(*m_connection, {x, y});
+    x11::fakeMotion(*m_connection, {x, y});
     m_connection->sync();
 }
 
@@ -55,12 +57,12 @@ void Hand::warpTo(int x, int y) {
 }
 
 void Hand::button(int number, bool down) {
-    vexa::x11::fakeButton(*m_connection, down, static_cast<std::uint8_t>(number));
+    x11::fakeButton(*m_connection, down, static_cast<std::uint8_t>(number));
     m_connection->sync();
 }
 
 bool Hand::isDown(int xKeyCode) const {
-    return vexa::x11::keysDown(*m_connection).has(static_cast<std::uint8_t>(xKeyCode));
+    return x11::keysDown(*m_connection).has(static_cast<std::uint8_t>(xKeyCode));
 }
 
 Hand::Place Hand::pointer() const {
@@ -124,3 +126,5 @@ std::vector<Hand::Given> Hand::takeGivenKeys() {
     }
     return given;
 }
+
+} // namespace vexa::test
