@@ -69,3 +69,10 @@ function(vexa_test name)
     ${arg_ENVIRONMENT})
   set_tests_properties(${name} PROPERTIES LABELS "${labels}" TIMEOUT ${timeout} ENVIRONMENT "${environment}")
 endfunction()
+
+# vexa_script_test(name COMMAND ... [LABELS ...]): a test that is a script.
+function(vexa_script_test name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "COMMAND;LABELS")
+  add_test(NAME ${name} COMMAND ${arg_COMMAND})
+  set_tests_properties(${name} PROPERTIES LABELS "${arg_LABELS}" TIMEOUT 3600)
+endfunction()

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/ScreenCapture.h"
 
-#include "support/ScreenProbe.h"
 #include "platform/OverlayWindow.h"
 #include "platform/x11/SharedPictures.h"
+#include "support/ScreenProbe.h"
 #include "support/TestMain.h"
 
 #include <QScreen>
