@@ -11,6 +11,10 @@
         <source>最小化</source>
         <translation>最小化</translation>
     </message>
+    <message>
+        <source>Wayland 下无法用笔</source>
+        <translation>Wayland 下无法用笔</translation>
+    </message>
 </context>
 <context>
     <name>PizhuSetPenColor</name>
@@ -45,6 +49,17 @@
     <message>
         <source>紫色</source>
         <translation>紫色</translation>
+    </message>
+</context>
+<context>
+    <name>TrayMenu</name>
+    <message>
+        <source>设置</source>
+        <translation>设置</translation>
+    </message>
+    <message>
+        <source>退出</source>
+        <translation>退出</translation>
     </message>
 </context>
 </TS>

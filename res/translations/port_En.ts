@@ -11,6 +11,10 @@
         <source>最小化</source>
         <translation>Minimize</translation>
     </message>
+    <message>
+        <source>Wayland 下无法用笔</source>
+        <translation>No pen on Wayland</translation>
+    </message>
 </context>
 <context>
     <name>PizhuSetPenColor</name>
@@ -45,6 +49,17 @@
     <message>
         <source>紫色</source>
         <translation>Violet</translation>
+    </message>
+</context>
+<context>
+    <name>TrayMenu</name>
+    <message>
+        <source>设置</source>
+        <translation>Settings</translation>
+    </message>
+    <message>
+        <source>退出</source>
+        <translation>Quit</translation>
     </message>
 </context>
 </TS>

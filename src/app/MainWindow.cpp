@@ -6,6 +6,7 @@
 #include "overlays/PromptWindow.h"
 #include "platform/AutoStart.h"
 #include "platform/Screens.h"
+#include "platform/Session.h"
 #include "platform/quartz/Quartz.h"
 #include "settings/SettingsTable.h"
 #include "settings/ZrToolXmlClass.h"
@@ -94,6 +95,7 @@ void MainWindow::dressWindow() {
     setPalette(pictured);
     setAutoFillBackground(true);
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
+    setFixedSize(size()); // tiling window managers let a window float whose size cannot change
     // A window that says where it stands stays there when it is hidden and shown again.
     move(QGuiApplication::primaryScreen()->availableGeometry().center() - rect().center());
 }
@@ -451,5 +453,7 @@ void MainWindow::playOrPause() {
 
 void MainWindow::withdraw() {
     hide();
+    if (vexa::platform::penOutOfReach())
+        m_startPrompt->setText(tr("Wayland 下无法用笔"));
     m_startPrompt->showWithTimer2();
 }

@@ -43,7 +43,7 @@ void PageNavigation::show(Page_Num page) {
         return;
     const PageLayout &layout = layouts[index];
     m_stack.resize(pageWidth, layout.stackHeight);
-    m_window.resize(pageWidth, layout.windowHeight);
+    m_window.setFixedSize(pageWidth, layout.windowHeight);
     if (QWidget *widget = m_pages[layout.slot])
         m_stack.setCurrentWidget(widget);
     if (page == Page_0)

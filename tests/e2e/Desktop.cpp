@@ -101,6 +101,29 @@ QVector<Window> visibleWindowsOf(qint64 pid) {
     return windows;
 }
 
+Wishes wishesOf(const Window &window) {
+    const auto numbers = [&window](const char *name) {
+        const QByteArray value = property(window.id, name);
+        QVector<std::uint32_t> result(value.size() / int(sizeof(std::uint32_t)));
+        std::copy_n(value.constData(), result.size() * int(sizeof(std::uint32_t)),
+                    reinterpret_cast<char *>(result.data()));
+        return result;
+    };
+    Wishes wishes;
+    const auto sizes = numbers("WM_NORMAL_HINTS"); // flags, four that are obsolete, smallest, largest, ...
+    constexpr std::uint32_t hasSmallest = 1 << 4;
+    constexpr std::uint32_t hasLargest = 1 << 5;
+    if (sizes.size() > 8 && (sizes[0] & hasSmallest))
+        wishes.smallest = QSize(int(sizes[5]), int(sizes[6]));
+    if (sizes.size() > 8 && (sizes[0] & hasLargest))
+        wishes.largest = QSize(int(sizes[7]), int(sizes[8]));
+    const auto decorations = numbers("_MOTIF_WM_HINTS"); // flags, functions, decorations, ...
+    constexpr std::uint32_t hasDecorations = 1 << 1;
+    wishes.frame = decorations.size() < 3 || !(decorations[0] & hasDecorations) || decorations[2] != 0;
+    wishes.icon = !property(window.id, "_NET_WM_ICON").isEmpty();
+    return wishes;
+}
+
 Window visibleWindowOfSize(qint64 pid, const QSize &size) {
     for (const Window &window : visibleWindowsOf(pid)) {
         if (window.geometry.size() == size)

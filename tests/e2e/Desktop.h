@@ -4,6 +4,7 @@
 #include <QImage>
 #include <QPoint>
 #include <QRect>
+#include <QSize>
 #include <QString>
 #include <QVector>
 
@@ -23,6 +24,14 @@ QVector<Window> windowsOf(qint64 pid);
 
 /// Those that are shown.
 QVector<Window> visibleWindowsOf(qint64 pid);
+
+/// What a window asks of the window manager. Sizes in device pixels, empty where it asks for none.
+struct Wishes {
+    QSize smallest, largest;
+    bool frame = true;
+    bool icon = false;
+};
+Wishes wishesOf(const Window &window);
 
 /// The shown window of this size, or one with id 0.
 Window visibleWindowOfSize(qint64 pid, const QSize &size);

@@ -7,6 +7,7 @@
 #include "support/TestMain.h"
 
 #include <QDir>
+#include <csignal>
 #include <functional>
 
 using namespace vexa::test;
@@ -68,6 +69,8 @@ private slots:
     void withoutTheSettingThereIsNoGuide();
     void aRejectedGuideLeavesTheFileAsItWas();
     void aConfirmedGuideIsSavedBeforeThePanelShows();
+    void theWindowManagerLearnsWhatThePanelIs();
+    void aWaylandSessionIsNamedAndRunsAllTheSame();
     void badSettingsFilesDoNotKeepItFromStarting_data();
     void badSettingsFilesDoNotKeepItFromStarting();
 
@@ -167,6 +170,37 @@ void StartTest::aConfirmedGuideIsSavedBeforeThePanelShows() {
     QVERIFY(QTest::qWaitFor(panelExists, patience));
     QVERIFY2(program.settingsFile().contains("<ShowPrivacyWindow>0</ShowPrivacyWindow>"),
              program.settingsFile().constData());
+}
+
+void StartTest::theWindowManagerLearnsWhatThePanelIs() {
+    e2e::Program program;
+    QVERIFY(program.start());
+    QTRY_VERIFY_WITH_TIMEOUT(e2e::hasWithdrawn(program.pid()), patience);
+    QCOMPARE(program.runToTheEnd().code, 0);
+    QTRY_VERIFY_WITH_TIMEOUT(e2e::panelOf(program.pid()).id, patience);
+    const e2e::Wishes wishes = e2e::wishesOf(e2e::panelOf(program.pid()));
+    // Tiling window managers let a window float whose size cannot change.
+    QCOMPARE(wishes.smallest, panelSize);
+    QCOMPARE(wishes.largest, panelSize);
+    QVERIFY(!wishes.frame);
+    QVERIFY(wishes.icon);
+}
+
+void StartTest::aWaylandSessionIsNamedAndRunsAllTheSame() {
+    e2e::Program program;
+    program.setEnvironment(QStringLiteral("XDG_SESSION_TYPE"), QStringLiteral("wayland"));
+    program.setEnvironment(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("wayland"));
+    QVERIFY(program.start());
+    QTRY_VERIFY_WITH_TIMEOUT(e2e::hasWithdrawn(program.pid()), patience);
+    program.signal(SIGTERM);
+    const auto end = program.waitForEnd();
+    QVERIFY(end.normal);
+    QCOMPARE(end.code, 0);
+    QCOMPARE(end.errors,
+             QByteArray(
+                 "VexaOrbilo: this is a Wayland session, in which the pen cannot be heard; an X11 session is "
+                 "needed\nVexaOrbilo: uses the X server, where the pen is heard, and not "
+                 "QT_QPA_PLATFORM=wayland\n"));
 }
 
 void StartTest::badSettingsFilesDoNotKeepItFromStarting_data() {

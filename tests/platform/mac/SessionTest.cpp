@@ -14,6 +14,9 @@ private slots:
         const QByteArray dpi = qgetenv("QT_FONT_DPI");
         vexa::platform::prepareSession();
         QCOMPARE(qgetenv("QT_FONT_DPI"), dpi);
+        vexa::platform::releaseEnvironment();
+        QCOMPARE(qgetenv("QT_FONT_DPI"), dpi);
+        QVERIFY(!vexa::platform::penOutOfReach());
     }
 
     // This program exports no function that could be asked, as on a system before 10.15.

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Activation.h"
 #include "platform/x11/activation/ApplicationService.h"
+#include "platform/x11/activation/BusLink.h"
 #include "platform/x11/activation/DisplayOwnership.h"
+#include "platform/x11/activation/TrayIcon.h"
 #include "platform/x11/activation/UserRequests.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QIcon>
 #include <QSocketNotifier>
 #include <QtDebug>
 #include <stdexcept>
@@ -25,8 +28,8 @@ std::unique_ptr<DisplayOwnership> claimed;
 /// Shows the panel when another instance asks for it, and keeps the display for as long as it lives.
 class DisplayWatch : public QObject {
 public:
-    DisplayWatch(std::unique_ptr<DisplayOwnership> display, QObject *parent)
-        : QObject(parent), m_display(std::move(display)), m_readable(m_display->fd(), QSocketNotifier::Read) {
+    explicit DisplayWatch(std::unique_ptr<DisplayOwnership> display)
+        : m_display(std::move(display)), m_readable(m_display->fd(), QSocketNotifier::Read) {
         connect(&m_readable, &QSocketNotifier::activated, this, &DisplayWatch::read);
         m_display->announceReady();
         read(); // what has arrived during the start lies in the connection's own queue
@@ -52,6 +55,19 @@ void DisplayWatch::read() {
         quitForUser();
     }
 }
+
+/// All by which the running program can be reached.
+struct Reach {
+    explicit Reach(std::unique_ptr<DisplayOwnership> display)
+        : watch(std::move(display))
+        , bus({offerApplication, [this](sd_bus *connection) { return tray.awaitHostOn(connection); }}) {}
+
+    DisplayWatch watch;
+    TrayIcon tray;
+    BusLink bus;
+};
+
+std::unique_ptr<Reach> reach;
 
 } // namespace
 
@@ -82,7 +98,9 @@ void setupDockClickHandler() {
     using namespace vexa::platform;
     if (!claimed)
         return;
-    QCoreApplication *const application = QCoreApplication::instance();
-    new DisplayWatch(std::move(claimed), application);
-    new ApplicationService(application);
+    // On other systems the icon comes with the program's bundle.
+    QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/appicon.png")));
+    reach = std::make_unique<Reach>(std::move(claimed));
+    qAddPostRoutine(
+        [] { reach.reset(); }); // it has windows, which must go before the application object does
 }
