@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "app/TerminateHandler.h"
 
+#include "app/RefusedStart.h"
+
+#include <QCoreApplication>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -10,6 +13,7 @@ namespace vexa {
 
 void reportUncaughtAndExit() noexcept {
     const char *text = "ended unexpectedly";
+    bool refused = false;
     // The text has to be used while the exception is held: it goes with it.
     const std::exception_ptr uncaught = std::current_exception();
     try {
@@ -18,12 +22,15 @@ void reportUncaughtAndExit() noexcept {
     } catch (const std::future_error &) {
         // The listener broke its promise to start. Why is known to the listener alone.
         text = "cannot listen to the keyboard and the pointer of this session";
+        refused = true;
     } catch (const std::exception &error) {
         text = error.what();
     } catch (...) {
         text = "ended by an unknown failure";
     }
     std::fprintf(stderr, "VexaOrbilo: %s\n", text);
+    if (refused && QCoreApplication::instance())
+        platform::showRefusedStart(refusalWords);
     std::_Exit(EXIT_FAILURE);
 }
 

@@ -1,11 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Session.h"
 
+#include <QByteArray>
+
 namespace vexa::platform {
 
-// Every program that macOS starts has a session, and its texts are sized as the program wants them.
-void prepareSession() {}
+// Every program that macOS starts has a session, and its texts are sized as the program wants them. The
+// views' script engine compiles into memory that the hardened runtime does not let a program run; it
+// interprets instead, which these views do not feel.
+void prepareSession() {
+    qputenv("QV4_FORCE_INTERPRETER", QByteArrayLiteral("1"));
+}
 
+// What was set is read later than the application object is made, when the first view is loaded.
 void releaseEnvironment() {}
 
 bool penOutOfReach() {

@@ -13,6 +13,7 @@ set(vexa_mac_sources
   mac/PointerSamples.cpp
   mac/PrimaryScreen.cpp
   mac/PrivacyPane.cpp
+  mac/RefusedStart.cpp
   mac/ScreenCapture.cpp
   mac/Screens.cpp
   mac/Session.cpp

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "fakes/mac/QuartzObjects.h"
 
+#include <QString>
+
 #include <algorithm>
 #include <cstdlib>
 #include <list>
@@ -17,6 +19,7 @@ struct Desktop {
     std::vector<std::string> calls;
     std::vector<TapRequest> requests;
     std::vector<InputEvent> posted;
+    std::vector<Alert> alerts;
     std::list<Object *> events;
     std::list<std::unique_ptr<__CGEventSource>> eventSources;
     std::condition_variable heard;
@@ -89,14 +92,14 @@ void keepCall(std::string call) {
 Object::Object(Kind ofKind, std::string ofName) : kind(ofKind), name(std::move(ofName)) {
     if (kind == Kind::Event)
         desktop().events.push_back(this);
-    else
+    else if (kind == Kind::Lasting)
         ++desktop().objects;
 }
 
 Object::~Object() {
     if (kind == Kind::Event)
         desktop().events.remove(this);
-    else
+    else if (kind == Kind::Lasting)
         --desktop().objects;
 }
 
@@ -111,6 +114,7 @@ Quartz::~Quartz() {
     desktop().calls.clear();
     desktop().requests.clear();
     desktop().posted.clear();
+    desktop().alerts.clear();
     desktop().swallowsNothing = true;
     desktop().quartz = nullptr;
 }
@@ -149,6 +153,11 @@ std::vector<InputEvent> Quartz::posted() const {
     return desktop().posted;
 }
 
+std::vector<Alert> Quartz::alerts() const {
+    const Guard guard(lock);
+    return desktop().alerts;
+}
+
 int Quartz::objectsAlive() const {
     const Guard guard(lock);
     return desktop().objects;
@@ -167,6 +176,22 @@ bool Quartz::swallowsNothing() const {
 } // namespace fakes
 
 using namespace fakes;
+
+// Texts and alerts
+
+CFStringRef CFStringCreateWithCharacters(CFAllocatorRef, const UniChar *characters, CFIndex count) {
+    const std::string text = QString::fromUtf16(characters, int(count)).toStdString();
+    const Guard guard(lock);
+    return new __CFString(Object::Kind::Lasting, text);
+}
+
+SInt32 CFUserNotificationDisplayAlert(CFTimeInterval timeout, CFOptionFlags, CFURLRef, CFURLRef, CFURLRef,
+                                      CFStringRef header, CFStringRef message, CFStringRef button,
+                                      CFStringRef, CFStringRef, CFOptionFlags *) {
+    const Guard guard(lock);
+    desktop().alerts.push_back({timeout, header->text, message->text, button->text});
+    return 0;
+}
 
 // Event taps
 

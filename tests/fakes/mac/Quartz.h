@@ -17,6 +17,14 @@ struct TapRequest {
     CGEventMask mask = 0;
 };
 
+/// What the system has shown the user, and waited for.
+struct Alert {
+    double timeout = -1;
+    std::string heading;
+    std::string text;
+    std::string button;
+};
+
 /// An event as it was posted, or as it is sent to the taps.
 struct InputEvent {
     CGEventType type = kCGEventNull;
@@ -59,7 +67,8 @@ public:
     std::vector<TapRequest> taps() const;
     int enabledTaps() const;
     std::vector<InputEvent> posted() const;
-    /// Taps, ports and run-loop sources that have not been released.
+    std::vector<Alert> alerts() const;
+    /// Taps, ports, run-loop sources and texts that have not been released.
     int objectsAlive() const;
     /// Posted events that have not been released.
     int eventsAlive() const;

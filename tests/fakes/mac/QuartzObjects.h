@@ -17,7 +17,7 @@ namespace fakes {
 
 /// Counted by CFRetain and CFRelease. The base comes first, so that a reference to anything is one to this.
 struct Object {
-    enum class Kind { Lasting, Event };
+    enum class Kind { Lasting, Event, Constant };
 
     Object(Kind ofKind, std::string ofName);
     virtual ~Object();
@@ -49,8 +49,9 @@ inline const char *given(const void *argument) {
 
 } // namespace fakes
 
-struct __CFString {
-    std::string text;
+struct __CFString : fakes::Object {
+    __CFString(Kind ofKind, std::string ofText) : Object(ofKind, "text"), text(std::move(ofText)) {}
+    const std::string text; ///< UTF-8
 };
 
 struct __CFRunLoop {

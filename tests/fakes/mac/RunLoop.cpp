@@ -12,7 +12,7 @@ CFStringRef __CFStringMakeConstantString(const char *text) {
     static std::mutex lock;
     static std::map<std::string, __CFString> strings;
     const std::lock_guard guard(lock);
-    return &strings.try_emplace(text, __CFString{text}).first->second;
+    return &strings.try_emplace(text, fakes::Object::Kind::Constant, text).first->second;
 }
 
 CFTypeRef CFRetain(CFTypeRef object) {

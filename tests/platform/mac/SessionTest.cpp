@@ -9,7 +9,7 @@ class SessionTest : public QObject {
     Q_OBJECT
 
 private slots:
-    // Every program that macOS starts has a session: there is nothing to refuse and nothing to set.
+    // Every program that macOS starts has a session: there is nothing to refuse.
     void startsInAnySession() {
         const QByteArray dpi = qgetenv("QT_FONT_DPI");
         vexa::platform::prepareSession();
@@ -17,6 +17,14 @@ private slots:
         vexa::platform::releaseEnvironment();
         QCOMPARE(qgetenv("QT_FONT_DPI"), dpi);
         QVERIFY(!vexa::platform::penOutOfReach());
+    }
+
+    // The engine looks when it first meets a script, long after the application object was made.
+    void hasTheViewsInterpretedAndNotCompiled() {
+        qunsetenv("QV4_FORCE_INTERPRETER");
+        vexa::platform::prepareSession();
+        vexa::platform::releaseEnvironment();
+        QVERIFY(qEnvironmentVariableIsSet("QV4_FORCE_INTERPRETER"));
     }
 
     // This program exports no function that could be asked, as on a system before 10.15.

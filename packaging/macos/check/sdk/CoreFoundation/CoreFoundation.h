@@ -9,10 +9,13 @@ typedef unsigned char Boolean;
 typedef std::int32_t SInt32;
 typedef long CFIndex;
 typedef double CFTimeInterval;
+typedef unsigned long CFOptionFlags;
+typedef std::uint16_t UniChar;
 typedef const void *CFTypeRef;
 typedef const struct __CFAllocator *CFAllocatorRef;
 typedef const struct __CFString *CFStringRef;
 typedef const struct __CFData *CFDataRef;
+typedef const struct __CFURL *CFURLRef;
 typedef CFStringRef CFRunLoopMode;
 typedef struct __CFRunLoop *CFRunLoopRef;
 typedef struct __CFRunLoopSource *CFRunLoopSourceRef;
@@ -26,6 +29,7 @@ struct CFMessagePortContext {
     void (*release)(const void *info);
     CFStringRef (*copyDescription)(const void *info);
 };
+enum : CFOptionFlags { kCFUserNotificationStopAlertLevel = 0 };
 typedef CFDataRef (*CFMessagePortCallBack)(CFMessagePortRef local, SInt32 messageId, CFDataRef data,
                                            void *info);
 
@@ -36,6 +40,8 @@ extern const CFRunLoopMode kCFRunLoopCommonModes;
 
 CFStringRef __CFStringMakeConstantString(const char *text);
 #define CFSTR(text) (__CFStringMakeConstantString("" text ""))
+
+CFStringRef CFStringCreateWithCharacters(CFAllocatorRef allocator, const UniChar *characters, CFIndex count);
 
 CFTypeRef CFRetain(CFTypeRef object);
 void CFRelease(CFTypeRef object);
@@ -58,4 +64,10 @@ void CFMessagePortInvalidate(CFMessagePortRef port);
 SInt32 CFMessagePortSendRequest(CFMessagePortRef remote, SInt32 messageId, CFDataRef data,
                                 CFTimeInterval sendTimeout, CFTimeInterval receiveTimeout,
                                 CFStringRef replyMode, CFDataRef *returnData);
+
+SInt32 CFUserNotificationDisplayAlert(CFTimeInterval timeout, CFOptionFlags flags, CFURLRef iconURL,
+                                      CFURLRef soundURL, CFURLRef localizationURL, CFStringRef alertHeader,
+                                      CFStringRef alertMessage, CFStringRef defaultButtonTitle,
+                                      CFStringRef alternateButtonTitle, CFStringRef otherButtonTitle,
+                                      CFOptionFlags *responseFlags);
 }
