@@ -7,8 +7,12 @@
 #include "overlays/Magnifie.h"
 #include "overlays/ScreenPicture.h"
 #include "overlays/Spolight2.h"
+#include "overlays/WholeScale.h"
 #include "overlays/promptwindow2.h"
 #include "platform/OverlayWindow.h"
+
+#include <QGuiApplication>
+#include <QScreen>
 
 #include <memory>
 
@@ -36,7 +40,7 @@ template<typename Tool> void OpenTools::attach(QPointer<Tool> &place, void (Tool
 }
 
 template<typename Tool> void OpenTools::openHeldTool(QPointer<Tool> &place) {
-    QPixmap picture = pictureOfPrimaryScreen();
+    QPixmap picture = atWholeScale(pictureOfPrimaryScreen(), QGuiApplication::primaryScreen()->size());
     place = new Tool(nullptr);
     place->Setbackground(&picture);
     connect(this, &OpenTools::leave, place.data(), &Tool::ExitWindow);

@@ -80,5 +80,7 @@ QRectF Spolight2::prepare() {
 }
 
 void Spolight2::draw(QPainter &painter) const {
+    // As the window paints its background: within the disc every pixel of the screen is as it was.
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
     painter.drawPixmap(m_discAt, m_disc);
 }

@@ -3,19 +3,41 @@
 
 #include <QPainter>
 
+#include <cmath>
 #include <utility>
 
 namespace vexa {
+namespace {
+
+constexpr double tolerance = 1e-6; // pixels
+
+/// The least number of points that is a whole number of pixels; 1 where there is none worth its size.
+int gridOf(qreal ratio) {
+    constexpr int coarsest = 32;
+    for (int points = 1; points <= coarsest; ++points)
+        if (std::abs(points * ratio - std::round(points * ratio)) < tolerance)
+            return points;
+    return 1;
+}
+
+} // namespace
 
 bool ToolLayer::Look::operator==(const Look &other) const {
     return position == other.position && extent == other.extent && ink == other.ink;
 }
 
 ToolLayer::ToolLayer(const QSize &screen, qreal devicePixelRatio)
-    : m_screen(QPoint(), screen), m_ratio(devicePixelRatio) {}
+    : m_screen(QPoint(), screen), m_ratio(devicePixelRatio), m_grid(gridOf(devicePixelRatio)) {}
+
+QRect ToolLayer::onGrid(const QRectF &area) const {
+    const QRectF cells(area.topLeft() / m_grid, area.bottomRight() / m_grid);
+    const QRect whole = cells.toAlignedRect();
+    return QRect(whole.topLeft() * m_grid, whole.size() * m_grid) & m_screen;
+}
 
 QPixmap ToolLayer::clearPicture(const QRect &area) const {
-    QPixmap picture((QSizeF(area.size()) * m_ratio).toSize());
+    const auto pixels = [this](int points) { return int(std::ceil(points * m_ratio - tolerance)); };
+    QPixmap picture(pixels(area.width()), pixels(area.height()));
     picture.setDevicePixelRatio(m_ratio);
     picture.fill(Qt::transparent);
     return picture;
@@ -39,7 +61,7 @@ void ToolLayer::setTool(const Look &look, const QRectF &touched, const Draw &dra
     m_look = look;
     m_stale += m_area;
     // One point more on each side, for the soft edge.
-    m_area = (touched.adjusted(-1, -1, 1, 1) & QRectF(m_screen)).toAlignedRect();
+    m_area = onGrid(touched.adjusted(-1, -1, 1, 1) & QRectF(m_screen));
     m_stale += m_area;
     m_tool = QPixmap();
     if (m_area.isEmpty())

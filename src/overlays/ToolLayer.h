@@ -20,6 +20,9 @@ namespace vexa {
 /// the window's first complete painting on, every point of it that differs from what paint() draws is stale
 /// or due, so painting no more than these is as good as painting everything.
 ///
+/// All regions keep to a grid of points that lie between device pixels: at a scale of 1.5 every second one
+/// does. A picture or an update that began within a pixel would leave a seam there.
+///
 /// Sizes and places are points of the screen, its top-left corner the origin. GUI thread only.
 class ToolLayer {
 public:
@@ -58,9 +61,11 @@ public:
 
 private:
     QPixmap clearPicture(const QRect &area) const;
+    QRect onGrid(const QRectF &area) const;
 
     const QRect m_screen;
     const qreal m_ratio;
+    const int m_grid; // points
     std::optional<int> m_veilAlpha;
     QPixmap m_veil;
     std::optional<Look> m_look;
