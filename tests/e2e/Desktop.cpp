@@ -136,11 +136,11 @@ Window panelOf(qint64 pid) {
     return visibleWindowOfSize(pid, QSize(999, 650));
 }
 
-bool hasWithdrawn(qint64 pid, int pixelsPerPoint) {
+bool hasWithdrawn(qint64 pid, double pixelsPerPoint) {
     // The prompt gets the size of a strip only then, and keeps it when it has faded.
     const QVector<Window> windows = windowsOf(pid);
     return std::any_of(windows.begin(), windows.end(), [pixelsPerPoint](const Window &window) {
-        return window.geometry.size() == QSize(300, 60) * pixelsPerPoint;
+        return window.geometry.size() == (QSizeF(300, 60) * pixelsPerPoint).toSize();
     });
 }
 

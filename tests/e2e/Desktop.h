@@ -40,7 +40,7 @@ Window visibleWindowOfSize(qint64 pid, const QSize &size);
 Window panelOf(qint64 pid);
 
 /// Whether the start is over: the panel has shown itself, has hidden again and left its prompt.
-bool hasWithdrawn(qint64 pid, int pixelsPerPoint = 1);
+bool hasWithdrawn(qint64 pid, double pixelsPerPoint = 1);
 
 QImage grabScreen();
 QRgb pixelAt(const QPoint &position);

@@ -5,6 +5,8 @@
 #include "support/RealInput.h"
 #include "support/TestMain.h"
 
+#include <cmath>
+
 using namespace vexa::test;
 
 namespace {
@@ -21,6 +23,8 @@ class LaserTest : public QObject {
 private slots:
     void holdingKeyFourPutsADotUnderThePointer_data();
     void holdingKeyFourPutsADotUnderThePointer();
+    void aPointerThatWasKeptInIsLeftAlone_data();
+    void aPointerThatWasKeptInIsLeftAlone();
 };
 
 namespace {
@@ -38,14 +42,14 @@ bool setDesktopResolution(int dotsPerInch) {
 
 void LaserTest::holdingKeyFourPutsADotUnderThePointer_data() {
     QTest::addColumn<int>("resolution");
-    QTest::addColumn<int>("pixelsPerPoint");
-    QTest::newRow("usual desktop") << 96 << 1;
-    QTest::newRow("desktop of twice the resolution") << 192 << 2;
+    QTest::addColumn<double>("pixelsPerPoint");
+    QTest::newRow("usual desktop") << 96 << 1.0;
+    QTest::newRow("desktop of half as much again") << 144 << 1.5;
 }
 
 void LaserTest::holdingKeyFourPutsADotUnderThePointer() {
     QFETCH(int, resolution);
-    QFETCH(int, pixelsPerPoint);
+    QFETCH(double, pixelsPerPoint);
     QVERIFY(setDesktopResolution(resolution));
     e2e::Program program({{QStringLiteral("ShowPrivacyWindow"), 0},
                           {QStringLiteral("Key4P"), 2},
@@ -63,9 +67,10 @@ void LaserTest::holdingKeyFourPutsADotUnderThePointer() {
     typeChord(PenKey::G);
     QTRY_COMPARE_WITH_TIMEOUT(e2e::pixelAt(first), dotColour, patience);
     const QImage screen = e2e::grabScreen();
+    const int pixels = qRound(radius * pixelsPerPoint);
     for (const QPoint &direction : {QPoint(1, 0), QPoint(-1, 0), QPoint(0, 1), QPoint(0, -1)}) {
-        QCOMPARE(screen.pixel(first + direction * (pixelsPerPoint * radius - 2)), dotColour);
-        QCOMPARE(screen.pixel(first + direction * (pixelsPerPoint * radius + 2)), empty);
+        QCOMPARE(screen.pixel(first + direction * (pixels - 2)), dotColour);
+        QCOMPARE(screen.pixel(first + direction * (pixels + 2)), empty);
     }
 
     moveMouse(second);
@@ -73,7 +78,7 @@ void LaserTest::holdingKeyFourPutsADotUnderThePointer() {
     QCOMPARE(e2e::pixelAt(first), empty);
 
     // At the edges the pointer is kept four points inside the screen, and the dot with it.
-    const int margin = 4 * pixelsPerPoint;
+    const int margin = qRound(4 * pixelsPerPoint);
     const struct {
         QPoint pushedTo, kept;
     } edges[] = {{{1, 500}, {margin, 500}},
@@ -83,9 +88,7 @@ void LaserTest::holdingKeyFourPutsADotUnderThePointer() {
         moveMouse(edge.pushedTo);
         QTRY_COMPARE_WITH_TIMEOUT(mousePosition(), edge.kept, patience);
         QTRY_COMPARE_WITH_TIMEOUT(e2e::pixelAt(edge.kept), dotColour, patience);
-        QCOMPARE(
-            e2e::pixelAt(edge.kept + QPoint(0, edge.kept.y() < 540 ? 1 : -1) * (pixelsPerPoint * radius + 2)),
-            empty);
+        QCOMPARE(e2e::pixelAt(edge.kept + QPoint(0, edge.kept.y() < 540 ? 1 : -1) * (pixels + 2)), empty);
     }
     moveMouse(second);
     QTRY_COMPARE_WITH_TIMEOUT(e2e::pixelAt(second), dotColour, patience);
@@ -94,6 +97,34 @@ void LaserTest::holdingKeyFourPutsADotUnderThePointer() {
     QTRY_COMPARE_WITH_TIMEOUT(e2e::pixelAt(second), empty, patience);
     QTRY_VERIFY_WITH_TIMEOUT(!e2e::visibleWindowOfSize(program.pid(), QSize(1920, 1080)).id, patience);
     QVERIFY(program.isRunning());
+}
+
+void LaserTest::aPointerThatWasKeptInIsLeftAlone_data() {
+    QTest::addColumn<double>("scale");
+    for (const double scale : {1.1, 1.35, 1.6})
+        QTest::addRow("%.2f", scale) << scale;
+}
+
+/// At a scale at which few points are whole pixels.
+void LaserTest::aPointerThatWasKeptInIsLeftAlone() {
+    QFETCH(double, scale);
+    e2e::Program program({{QStringLiteral("ShowPrivacyWindow"), 0},
+                          {QStringLiteral("Key4P"), 2},
+                          {QStringLiteral("LaserPenColor"), 600}});
+    program.setEnvironment(QStringLiteral("QT_SCALE_FACTOR"), QString::number(scale));
+    QVERIFY(program.start());
+    QTRY_VERIFY_WITH_TIMEOUT(e2e::hasWithdrawn(program.pid(), scale), patience);
+    moveMouse({600, 600});
+    typeChord(PenKey::G);
+    QTRY_COMPARE_WITH_TIMEOUT(e2e::pixelAt({600, 600}), dotColour, patience);
+
+    const int margin = int(std::ceil(4 * scale));
+    moveMouse({0, 0});
+    QTRY_COMPARE_WITH_TIMEOUT(mousePosition(), QPoint(margin, margin), patience);
+    QTRY_COMPARE_WITH_TIMEOUT(e2e::pixelAt({margin, margin}), dotColour, patience);
+    moveMouse({1200, 700});
+    QTRY_COMPARE_WITH_TIMEOUT(e2e::pixelAt({1200, 700}), dotColour, patience);
+    QCOMPARE(mousePosition(), QPoint(1200, 700));
 }
 
 VEXA_WIDGET_TEST_MAIN(LaserTest)

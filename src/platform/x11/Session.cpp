@@ -2,6 +2,7 @@
 #include "platform/Session.h"
 
 #include "platform/SessionInput.h"
+#include "platform/x11/DesktopScale.h"
 #include "platform/x11/ToolkitEnvironment.h"
 #include "platform/x11/activation/SessionBus.h"
 
@@ -10,7 +11,6 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <QtDebug>
-#include <X11/Xlib.h>
 #include <malloc.h>
 #include <stdexcept>
 
@@ -18,18 +18,7 @@ namespace vexa::platform {
 
 namespace {
 
-constexpr double usualDpi = 96;
 constexpr std::chrono::seconds busPatience{2};
-
-/// How much larger than usual the desktop wants everything, in whole steps; 1 where it does not say.
-int desktopScale() {
-    Display *const display = XOpenDisplay(nullptr);
-    if (!display)
-        return 1;
-    const int scale = qRound(QByteArray(XGetDefault(display, "Xft", "dpi")).toDouble() / usualDpi);
-    XCloseDisplay(display);
-    return qMax(scale, 1);
-}
 
 /// Pictures of the screen come and go. Left to itself the allocator raises these limits to the size of the
 /// first one that goes, and from then on a picture or two stay with the process, or not, as it happens. The
