@@ -10,6 +10,7 @@ set(vexa_mac_sources
   mac/DisplayImage.cpp
   mac/DockClick.cpp
   mac/OverlayWindow.cpp
+  mac/PictureMemory.cpp
   mac/PointerSamples.cpp
   mac/PrimaryScreen.cpp
   mac/PrivacyPane.cpp

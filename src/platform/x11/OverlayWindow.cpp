@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/OverlayWindow.h"
 
+#include "platform/x11/BandedFirstFrame.h"
+
 #include <QGuiApplication>
 #include <QScreen>
 #include <QWidget>
@@ -61,6 +63,7 @@ void showOverPrimaryScreen(QWidget &overlay, Cover cover) {
     // not its own, but the toolkit takes over what it reads back from the server.
     overlay.setGeometry(QGuiApplication::primaryScreen()->geometry());
     overlay.setWindowState(windowStateOf(cover));
+    BandedFirstFrame::paint(overlay);
     showOnTop(overlay);
 }
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "platform/ScreenCapture.h"
 
-#include "platform/x11/SharedPictures.h"
+#include "platform/Screens.h"
+#include "platform/x11/ScreenBands.h"
 
 #include <QGuiApplication>
-#include <QPointer>
 #include <QScreen>
 #include <QX11Info>
 
@@ -14,29 +14,18 @@
 #include <memory>
 #include <utility>
 
-using namespace std::chrono_literals;
-
 namespace vexa::platform {
-namespace {
-
-/// One for the application's life: the memory of a picture serves the next one.
-SharedPictures &sharedPictures() {
-    static const QPointer<SharedPictures> pictures(new SharedPictures(3s, QCoreApplication::instance()));
-    return *pictures;
-}
-
-} // namespace
 
 QPixmap capturePrimaryScreen() {
     QScreen *screen = QGuiApplication::primaryScreen();
-    const qreal ratio = screen->devicePixelRatio();
-    // A screen's place is given in device pixels at any ratio, its size in points.
-    const QRect pixels(screen->geometry().topLeft(), (QSizeF(screen->size()) * ratio).toSize());
-    QImage picture = sharedPictures().take(pixels);
+    const ScreenPlace place = placeOf(*screen);
+    const ScreenBands *bands = ScreenBands::instance();
+    QImage picture =
+        bands ? bands->take({place.origin.x, place.origin.y, place.size.x, place.size.y}) : QImage();
     if (picture.isNull())
         return screen->grabWindow(0, 0, 0, screen->size().width(), screen->size().height());
     QPixmap pixmap = QPixmap::fromImage(std::move(picture)); // moved, it is the pixmap's own memory
-    pixmap.setDevicePixelRatio(ratio);
+    pixmap.setDevicePixelRatio(place.pixelsPerPoint);
     return pixmap;
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/SharedSegment.h"
 
+#include "platform/x11/input/Connection.h"
+
 #include <sys/mman.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
@@ -13,11 +15,6 @@
 
 namespace vexa::platform {
 namespace {
-
-struct Free {
-    void operator()(void *answer) const { std::free(answer); }
-};
-template<typename Answer> using Owned = std::unique_ptr<Answer, Free>;
 
 /// A forwarded display says that it shares memory as well, but it is another machine's.
 bool isOnThisMachine(xcb_connection_t *connection) {
@@ -54,7 +51,7 @@ bool SharedSegment::isSupported(xcb_connection_t *connection) {
     const xcb_query_extension_reply_t *extension = xcb_get_extension_data(connection, &xcb_shm_id);
     if (!extension || !extension->present)
         return false;
-    const Owned<xcb_shm_query_version_reply_t> version(
+    const x11::Reply<xcb_shm_query_version_reply_t> version(
         xcb_shm_query_version_reply(connection, xcb_shm_query_version(connection), nullptr));
     // Since 1.2 the memory is handed over as a descriptor, and no third program can reach it.
     return version && (version->major_version > 1 || version->minor_version >= 2);
@@ -73,16 +70,12 @@ std::unique_ptr<SharedSegment> SharedSegment::create(xcb_connection_t *connectio
         new SharedSegment(static_cast<uchar *>(data), bytes, xcb_generate_id(connection)));
     // Takes the descriptor over.
     const auto attached = xcb_shm_attach_fd_checked(connection, segment->id(), memory, 0);
-    const Owned<xcb_generic_error_t> refused(xcb_request_check(connection, attached));
+    const x11::Reply<xcb_generic_error_t> refused(xcb_request_check(connection, attached));
     return refused ? nullptr : std::move(segment);
 }
 
 SharedSegment::~SharedSegment() {
     munmap(m_data, m_bytes);
-}
-
-void SharedSegment::detach(xcb_connection_t *connection) const {
-    xcb_shm_detach(connection, m_id);
 }
 
 } // namespace vexa::platform

@@ -10,7 +10,7 @@ struct xcb_connection_t;
 namespace vexa::platform {
 
 /// Memory that this process shares with an X server on the same machine (MIT-SHM). The memory itself may be
-/// read, written and given up on any thread; what talks to the server belongs to the connection's.
+/// read and written on any thread; what talks to the server belongs to the connection's.
 class SharedSegment {
 public:
     /// Whether the server at the other end can share memory with us at all.
@@ -27,9 +27,6 @@ public:
     std::size_t size() const { return m_bytes; }
     /// What the server knows it by; it forgets by itself when the connection ends.
     quint32 id() const { return m_id; }
-
-    /// Has the server let go of it, too.
-    void detach(xcb_connection_t *connection) const;
 
 private:
     SharedSegment(uchar *data, std::size_t bytes, quint32 id) : m_data(data), m_bytes(bytes), m_id(id) {}

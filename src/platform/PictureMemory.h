@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QImage>
+
+namespace vexa::platform {
+
+/// A picture of which every byte is 0, in memory that costs little when it is large: pages that nobody writes
+/// are not there, and those that are come in large pieces where the system has them. The memory goes back to
+/// the system with the last copy of the picture. Size in device pixels; null when there is no memory. Any
+/// thread.
+QImage clearPicture(const QSize &pixels, QImage::Format format);
+
+} // namespace vexa::platform
