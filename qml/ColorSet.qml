@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-import QtGraphicalEffects 1.15
 import QtQuick 2.15
 
 // A colour, chosen on a scale of 1275 steps. The preview colour is the one the tools draw with; the rainbow on the
@@ -8,6 +7,17 @@ ValueSet {
     id: root
 
     property color curColor: "#00FF9B"
+    readonly property Gradient rainbow: Rainbow {}
+
+    component Rainbow: Gradient {
+        GradientStop { color: "#FFFFFF"; position: 0.0 }
+        GradientStop { color: "#FF0000"; position: 0.16 }
+        GradientStop { color: "#FFFF00"; position: 0.33 }
+        GradientStop { color: "#00FFFF"; position: 0.5 }
+        GradientStop { color: "#0000FF"; position: 0.66 }
+        GradientStop { color: "#FF00FF"; position: 0.83 }
+        GradientStop { color: "#000000"; position: 1.0 }
+    }
 
     function colorOf(value) {
         const rgb = (red, green, blue) => Qt.rgba(red / 255, green / 255, blue / 255, 1)
@@ -34,18 +44,22 @@ ValueSet {
     maxsize: 1275
     slider.height: 4
 
-    track: LinearGradient {
-        end: Qt.point(width, 0)
-        start: Qt.point(0, 0)
+    track: Item {
+        Rectangle {
+            anchors.fill: parent
+            visible: effect.plain
 
-        gradient: Gradient {
-            GradientStop { color: "#FFFFFF"; position: 0.0 }
-            GradientStop { color: "#FF0000"; position: 0.16 }
-            GradientStop { color: "#FFFF00"; position: 0.33 }
-            GradientStop { color: "#00FFFF"; position: 0.5 }
-            GradientStop { color: "#0000FF"; position: 0.66 }
-            GradientStop { color: "#FF00FF"; position: 0.83 }
-            GradientStop { color: "#000000"; position: 1.0 }
+            gradient: Rainbow {
+                orientation: Gradient.Horizontal
+            }
+        }
+
+        Effect {
+            id: effect
+
+            anchors.fill: parent
+            file: "RainbowEffect.qml"
+            properties: ({ gradient: root.rainbow })
         }
     }
 

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-import QtGraphicalEffects 1.15
 import QtQuick 2.15
 
 // A size, chosen on a track that is filled up to the handle and glows under the pointer.
@@ -15,11 +14,10 @@ ValueSet {
             width: parent.width
         }
 
-        DropShadow {
+        Effect {
             anchors.fill: filled
-            color: "#FFCC0D"
-            samples: 8
-            source: filled
+            file: "ShadowEffect.qml"
+            properties: ({ color: "#FFCC0D", samples: 8, source: filled })
             visible: root.slider.hovered || root.slider.pressed
         }
 

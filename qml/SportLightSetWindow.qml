@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-import QtGraphicalEffects 1.15
 import QtQuick 2.15
 
 ToolSetWindow {
@@ -45,7 +44,7 @@ ToolSetWindow {
 
             anchors.fill: parent
             clip: true
-            visible: false
+            visible: mask.plain
 
             Picture {
                 fillMode: Image.PreserveAspectCrop
@@ -65,10 +64,12 @@ ToolSetWindow {
             visible: false
         }
 
-        OpacityMask {
+        Effect {
+            id: mask
+
             anchors.fill: parent
-            maskSource: circle
-            source: unveiled
+            file: "MaskEffect.qml"
+            properties: ({ maskSource: circle, source: unveiled })
         }
     }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/MainWindow.h"
 
+#include "app/QuickViews.h"
 #include "input/CKeyboardHandler.h"
 #include "input/CKeyboardListenerMac.h"
 #include "overlays/PromptWindow.h"
@@ -21,7 +22,6 @@
 #include <QScreen>
 #include <QTimer>
 #include <QTimerEvent>
-#include <QUrl>
 #include <cstdlib>
 
 using vexa::HeldToolChoice;
@@ -101,7 +101,7 @@ void MainWindow::dressWindow() {
 }
 
 void MainWindow::loadView() {
-    m_ui->quickWidget->setSource(QUrl(QStringLiteral("qrc:/MainWindow.qml")));
+    vexa::loadView(*m_ui->quickWidget, QStringLiteral("qrc:/MainWindow.qml"));
     m_viewRoot = m_ui->quickWidget->rootObject();
     m_ui->quickWidget->rootContext()->setContextProperty(QStringLiteral("mainwindow"), this);
     if (m_viewRoot) {

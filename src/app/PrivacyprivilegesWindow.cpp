@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "app/PrivacyprivilegesWindow.h"
 
+#include "app/QuickViews.h"
 #include "settings/ZrToolXmlClass.h"
 #include "ui_PrivacyprivilegesWindow.h"
 
 #include <QQuickItem>
-#include <QUrl>
 
 PrivacyprivilegesWindow::PrivacyprivilegesWindow(QWidget *parent)
     : QDialog(parent), m_ui(std::make_unique<Ui::PrivacyprivilegesWindow>()) {
@@ -46,7 +46,7 @@ void PrivacyprivilegesWindow::recvQmlMessage(int id, int /*var1*/) {
 
 void PrivacyprivilegesWindow::loadView() {
     m_ui->quickWidget->setClearColor(Qt::transparent);
-    m_ui->quickWidget->setSource(QUrl(QStringLiteral("qrc:/PrivacyWindow.qml")));
+    vexa::loadView(*m_ui->quickWidget, QStringLiteral("qrc:/PrivacyWindow.qml"));
     if (const QObject *root = m_ui->quickWidget->rootObject())
         connect(root, SIGNAL(qmlSignal(int, int)), this, SLOT(recvQmlMessage(int, int)));
 }

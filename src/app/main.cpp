@@ -2,6 +2,7 @@
 #include "app/MainWindow.h"
 #include "app/PrivacyGate.h"
 #include "app/PrivacyprivilegesWindow.h"
+#include "app/QuickViews.h"
 #include "app/QuitRequest.h"
 #include "app/TerminateHandler.h"
 #include "app/TerminationSignals.h"
@@ -30,6 +31,7 @@ int main(int argc, char *argv[]) {
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QApplication application(argc, argv);
     vexa::platform::releaseEnvironment();
+    vexa::chooseRenderer();
 
     // The panel refuses to close, which must not be taken for a refusal to log out.
     QGuiApplication::setFallbackSessionManagementEnabled(false);

@@ -89,7 +89,6 @@ void PicturesTest::eachPictureHasItsSize_data() {
     QTest::addColumn<QSize>("size");
     QTest::addColumn<int>("alpha");
     // Three times the place in the views.
-    QTest::newRow("bg@3x.png") << QSize(999, 650) * 3 << int(Opaque);
     QTest::newRow("pri_bg@3x.png") << QSize(494, 300) * 3 << int(Opaque);
     QTest::newRow("pri_frame@3x.png") << QSize(454, 122) * 3 << int(Shaped);
     QTest::newRow("setting@3x.png") << QSize(54, 54) * 3 << int(Shaped);
@@ -101,6 +100,7 @@ void PicturesTest::eachPictureHasItsSize_data() {
     QTest::newRow("icon-down@3x.png") << QSize(12, 12) * 3 << int(Shaped);
     QTest::newRow("icon-up@3x.png") << QSize(12, 12) * 3 << int(Shaped);
     // Twice the place in the views and overlays.
+    QTest::newRow("bg@3x.png") << QSize(999, 650) * 2 << int(Opaque);
     QTest::newRow("frame-key1.png") << QSize(257, 500) * 2 << int(Shaped);
     QTest::newRow("frame-key2.png") << QSize(257, 188) * 2 << int(Shaped);
     QTest::newRow("frame-key3.png") << QSize(257, 188) * 2 << int(Shaped);

@@ -1,0 +1,4 @@
+// SPDX-License-Identifier: MIT
+import QtGraphicalEffects 1.15
+
+DropShadow {}

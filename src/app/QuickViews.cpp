@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#include "app/QuickViews.h"
+
+#include <QOffscreenSurface>
+#include <QOpenGLContext>
+#include <QQuickWidget>
+#include <QQuickWindow>
+#include <QSGRendererInterface>
+#include <QUrl>
+
+namespace vexa {
+
+namespace {
+
+constexpr const char *cacheSwitch = "QML_DISABLE_DISK_CACHE";
+
+bool openGlWorks() {
+    QOpenGLContext context;
+    if (!context.create())
+        return false;
+    QOffscreenSurface surface;
+    surface.create();
+    return context.makeCurrent(&surface);
+}
+
+} // namespace
+
+void chooseRenderer() {
+    if (!QQuickWindow::sceneGraphBackend().isEmpty() || openGlWorks())
+        return;
+    qWarning("OpenGL cannot be used; the panel is drawn in software");
+    QQuickWindow::setSceneGraphBackend(QSGRendererInterface::Software);
+}
+
+void loadView(QQuickWidget &widget, const QString &address) {
+    // The toolkit reads the switch once, with the first document, and has no other. It is not left to the
+    // programs that this one starts.
+    const bool given = qEnvironmentVariableIsSet(cacheSwitch);
+    const QByteArray value = qgetenv(cacheSwitch);
+    qputenv(cacheSwitch, "1");
+    widget.setSource(QUrl(address));
+    if (given)
+        qputenv(cacheSwitch, value);
+    else
+        qunsetenv(cacheSwitch);
+}
+
+} // namespace vexa
