@@ -19,11 +19,15 @@ if(VEXA_SANITIZE)
   endif()
 endif()
 
-# vexa_library(name SOURCES ... LINK ... [QT]): a static library; QT turns on moc and uic for it.
+# vexa_library(name SOURCES ... [PUBLIC ...] [PRIVATE ...] [QT]): a static library. PUBLIC is what its headers need,
+# PRIVATE what its sources use beside that; QT turns on moc and uic for it.
 function(vexa_library name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "QT" "" "SOURCES;LINK")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "QT" "" "SOURCES;PUBLIC;PRIVATE")
+  if(arg_UNPARSED_ARGUMENTS)
+    message(FATAL_ERROR "vexa_library(${name}): what is ${arg_UNPARSED_ARGUMENTS}?")
+  endif()
   add_library(${name} STATIC ${arg_SOURCES})
-  target_link_libraries(${name} PUBLIC vexa_options ${arg_LINK})
+  target_link_libraries(${name} PUBLIC vexa_options ${arg_PUBLIC} PRIVATE ${arg_PRIVATE})
   if(arg_QT)
     set_target_properties(${name} PROPERTIES AUTOMOC ON AUTOUIC ON)
   endif()

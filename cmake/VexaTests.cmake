@@ -67,12 +67,14 @@ function(vexa_test name)
     "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/support/lsan.supp:print_suppressions=0"
     "UBSAN_OPTIONS=print_stacktrace=1"
     ${arg_ENVIRONMENT})
-  set_tests_properties(${name} PROPERTIES LABELS "${labels}" TIMEOUT ${timeout} ENVIRONMENT "${environment}")
+  # What may take long begins early, so that it does not run alone in the end.
+  set_tests_properties(${name} PROPERTIES LABELS "${labels}" TIMEOUT ${timeout} COST ${timeout}
+                                          ENVIRONMENT "${environment}")
 endfunction()
 
 # vexa_script_test(name COMMAND ... [LABELS ...]): a test that is a script.
 function(vexa_script_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "COMMAND;LABELS")
   add_test(NAME ${name} COMMAND ${arg_COMMAND})
-  set_tests_properties(${name} PROPERTIES LABELS "${arg_LABELS}" TIMEOUT 3600)
+  set_tests_properties(${name} PROPERTIES LABELS "${arg_LABELS}" TIMEOUT 3600 COST 3600)
 endfunction()
