@@ -12,11 +12,16 @@ QuitRequest::QuitRequest() {
 
 void QuitRequest::request() {
     m_requested = true;
-    QCoreApplication::quit();
+    QCoreApplication::exit(m_exitCode);
+}
+
+void QuitRequest::fail() {
+    m_exitCode = EXIT_FAILURE;
+    request();
 }
 
 int QuitRequest::run() {
-    return m_requested ? 0 : QApplication::exec();
+    return m_requested ? m_exitCode : QApplication::exec();
 }
 
 // The toolkit's own answer would be to close every window and to stay when one refuses, as the panel does.

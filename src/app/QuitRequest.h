@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QObject>
+#include <cstdlib>
 
 namespace vexa {
 
@@ -14,7 +15,12 @@ public:
 
     /// Ends the event loops that are running now, and those that run() would start.
     void request();
+    /// The same, because the program cannot go on.
+    void fail();
     bool requested() const { return m_requested; }
+
+    /// What the process is to end with when it was asked to.
+    int exitCode() const { return m_exitCode; }
 
     /// Runs the application's event loop, unless the program has been asked to end before. Returns its exit
     /// code.
@@ -25,6 +31,7 @@ public:
 
 private:
     bool m_requested = false;
+    int m_exitCode = EXIT_SUCCESS;
 };
 
 } // namespace vexa

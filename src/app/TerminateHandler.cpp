@@ -11,6 +11,20 @@
 
 namespace vexa {
 
+namespace {
+
+constexpr char cannotListen[] = "cannot listen to the keyboard and the pointer of this session";
+
+void report(const char *text) {
+    std::fprintf(stderr, "VexaOrbilo: %s\n", text);
+}
+
+} // namespace
+
+void reportDeafness() noexcept {
+    report(cannotListen);
+}
+
 void reportUncaughtAndExit() noexcept {
     const char *text = "ended unexpectedly";
     bool refused = false;
@@ -21,14 +35,14 @@ void reportUncaughtAndExit() noexcept {
             std::rethrow_exception(uncaught);
     } catch (const std::future_error &) {
         // The listener broke its promise to start. Why is known to the listener alone.
-        text = "cannot listen to the keyboard and the pointer of this session";
+        text = cannotListen;
         refused = true;
     } catch (const std::exception &error) {
         text = error.what();
     } catch (...) {
         text = "ended by an unknown failure";
     }
-    std::fprintf(stderr, "VexaOrbilo: %s\n", text);
+    report(text);
     if (refused && QCoreApplication::instance())
         platform::showRefusedStart(refusalWords);
     std::_Exit(EXIT_FAILURE);

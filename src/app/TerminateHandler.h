@@ -8,4 +8,7 @@ namespace vexa {
 /// nobody reads stderr the user is shown what is missing.
 [[noreturn]] void reportUncaughtAndExit() noexcept;
 
+/// Says in one line on stderr that the session cannot be listened to.
+void reportDeafness() noexcept;
+
 } // namespace vexa

@@ -43,6 +43,11 @@ int main(int argc, char *argv[]) {
     vexa::registerKeyboardMessages();
     const vexa::platform::ScreenWatch screens;
     CKeyboardHandler keyboardHandler;
+    // Unheard from then on, so the end is the same as of a start that cannot listen.
+    QObject::connect(&keyboardHandler, &CKeyboardHandler::signalKeyboardException, &quit, [&quit] {
+        vexa::reportDeafness();
+        quit.fail();
+    });
     setupDockClickHandler();
     QApplication::setQuitOnLastWindowClosed(false);
     ZrToolXmlClass::ZrXmlRead();
@@ -54,7 +59,7 @@ int main(int argc, char *argv[]) {
     };
     vexa::passPrivacyGate({runGuide, openScreenRecordingSettings});
     if (quit.requested())
-        return 0;
+        return quit.exitCode();
 
     MainWindow mainWindow;
     mainWindow.SetKeyboardClass(&keyboardHandler);

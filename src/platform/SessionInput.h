@@ -16,8 +16,8 @@ void useSessionInput(const ScreenPlace &primaryScreen);
 /// The primary screen has become another one, or has changed.
 void followPrimaryScreen(const ScreenPlace &primaryScreen);
 
-/// Why the session cannot be listened to or posted into, as one sentence for the user; empty when it can be.
-/// Asks the session, so it may be called before anything else.
+/// Why the session cannot be listened to, posted into or drawn on, as one sentence for the user; empty when
+/// it can be. Asks the session, so it may be called before anything else.
 std::string sessionInputObstacle();
 
 } // namespace vexa::platform

@@ -33,6 +33,7 @@ class QuitRequestTest : public QObject {
 private slots:
     void init();
     void endsTheRunningLoopWithZero();
+    void aFailureEndsTheLoopWithOne();
     void isRememberedWhenItComesDuringADialog();
     void isRememberedWhenTheSessionAsksDuringADialog();
     void isGrantedAlthoughWindowsRefuseToClose_data();
@@ -54,6 +55,15 @@ void QuitRequestTest::endsTheRunningLoopWithZero() {
     QTimer::singleShot(0, &quit, &vexa::QuitRequest::request);
     QCOMPARE(quit.run(), 0);
     QVERIFY(quit.requested());
+}
+
+void QuitRequestTest::aFailureEndsTheLoopWithOne() {
+    vexa::QuitRequest quit;
+    QTimer::singleShot(0, &quit, &vexa::QuitRequest::fail);
+    QCOMPARE(quit.run(), 1);
+    QCOMPARE(quit.run(), 1); // also when it came during a dialog
+    QVERIFY(quit.requested());
+    QCOMPARE(quit.exitCode(), 1);
 }
 
 void QuitRequestTest::isRememberedWhenItComesDuringADialog() {

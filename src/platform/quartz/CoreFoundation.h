@@ -67,8 +67,8 @@ enum : SInt32 {
     kCFMessagePortIsInvalid = -3,
 };
 
-/// Null when the name is taken. The callback runs on the loop that serves the port's source; of the context
-/// only info is used.
+/// Null when the name is taken, or there is nothing left to make a port of. The callback runs on the loop
+/// that serves the port's source; of the context only info is used.
 CFMessagePortRef CFMessagePortCreateLocal(CFAllocatorRef allocator, CFStringRef name,
                                           CFMessagePortCallBack callback, CFMessagePortContext *context,
                                           Boolean *shouldFreeInfo);

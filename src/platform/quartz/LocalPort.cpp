@@ -43,10 +43,15 @@ LocalPort::~LocalPort() {
 
 LocalPort *LocalPort::create(const std::string &name, CFMessagePortCallBack callback, void *info) {
     const std::lock_guard lock(names().mutex);
-    LocalPort *&port = names().ports[name];
-    if (port)
+    const auto [place, isFree] = names().ports.try_emplace(name, nullptr);
+    if (!isFree)
         return nullptr;
-    return port = new LocalPort(name, callback, info);
+    try {
+        return place->second = new LocalPort(name, callback, info);
+    } catch (const std::exception &) {
+        names().ports.erase(place); // or whoever looks for the name next finds a port that is none
+        return nullptr;
+    }
 }
 
 Handle<LocalPort> LocalPort::find(const std::string &name) {

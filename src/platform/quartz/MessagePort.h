@@ -24,7 +24,7 @@ public:
 /// The end that has the name, and answers.
 class LocalPort : public MessagePort {
 public:
-    /// Null when the name is taken.
+    /// Null when the name is taken, or the process has no memory or descriptor left.
     static LocalPort *create(const std::string &name, CFMessagePortCallBack callback, void *info);
 
     /// Null when nobody has the name.

@@ -21,17 +21,21 @@ void RunLoop::add(RunLoopSource *source) {
     m_wake.wake();
 }
 
+RunLoop::Running::Running(RunLoop &loop) : m_loop(loop) {
+    const std::lock_guard lock(m_loop.m_mutex);
+    activation.outer = std::exchange(m_loop.m_activation, &activation);
+}
+
+RunLoop::Running::~Running() {
+    const std::lock_guard lock(m_loop.m_mutex);
+    m_loop.m_activation = activation.outer;
+}
+
 void RunLoop::run() {
-    Activation activation;
-    {
-        const std::lock_guard lock(m_mutex);
-        activation.outer = std::exchange(m_activation, &activation);
-    }
+    const Running running(*this); // a source may throw
+    const Activation &activation = running.activation;
     for (Sources sources = sourcesToServe(activation); !sources.empty(); sources = sourcesToServe(activation))
         serveReady(activation, sources);
-
-    const std::lock_guard lock(m_mutex);
-    m_activation = activation.outer;
 }
 
 void RunLoop::stop() {

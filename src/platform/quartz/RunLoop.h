@@ -45,6 +45,18 @@ private:
         bool stopped = false;
         Activation *outer = nullptr;
     };
+    class Running {
+    public:
+        explicit Running(RunLoop &loop);
+        ~Running();
+        Running(const Running &) = delete;
+        Running &operator=(const Running &) = delete;
+
+        Activation activation;
+
+    private:
+        RunLoop &m_loop;
+    };
     using Sources = std::vector<Handle<RunLoopSource>>;
 
     Sources sourcesToServe(const Activation &activation);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <QtTest>
+#include <sys/resource.h>
 #include <thread>
 #include <vector>
 
@@ -57,6 +58,7 @@ private slots:
     void aNameCanBeTakenOnce();
     void aNameIsFreeAgainAfterInvalidation();
     void aNameIsFreeAgainAfterTheLastRelease();
+    void aPortThatCannotBeMadeTakesNoName();
     void anUnknownNameHasNoRemoteEnd();
     void requestsAreAnsweredInOrderOnTheLoopOfThePort();
     void aRequestSentBeforeTheLoopRunsIsKept();
@@ -97,6 +99,20 @@ void MessagePortTest::aNameIsFreeAgainAfterTheLastRelease() {
     CFMessagePortRef second = createLocal("released");
     QVERIFY(second);
     drop(second);
+}
+
+void MessagePortTest::aPortThatCannotBeMadeTakesNoName() {
+    rlimit usual{};
+    QCOMPARE(getrlimit(RLIMIT_NOFILE, &usual), 0);
+    const rlimit none{0, usual.rlim_max};
+    QCOMPARE(setrlimit(RLIMIT_NOFILE, &none), 0);
+    CFMessagePortRef failed = createLocal("port");
+    QCOMPARE(setrlimit(RLIMIT_NOFILE, &usual), 0);
+    QVERIFY(!failed);
+    QVERIFY(!createRemote("port"));
+    CFMessagePortRef local = createLocal("port");
+    QVERIFY(local);
+    drop(local);
 }
 
 void MessagePortTest::anUnknownNameHasNoRemoteEnd() {

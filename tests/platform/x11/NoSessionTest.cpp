@@ -16,6 +16,7 @@ private slots:
     void withoutADisplayNothingCanBeHeardOrPosted_data();
     void withoutADisplayNothingCanBeHeardOrPosted();
     void aServerThatDoesNotRecordIsRefused();
+    void aServerOfFewColoursIsRefused();
     void theEndOfTheServerEndsNothingElse();
 
 private:
@@ -75,6 +76,12 @@ void NoSessionTest::aServerThatDoesNotRecordIsRefused() {
     const QByteArray obstacle = QByteArray::fromStdString(vexa::platform::sessionInputObstacle());
     QVERIFY(obstacle.contains("RECORD"));
     QVERIFY(!obstacle.contains('\n'));
+}
+
+void NoSessionTest::aServerOfFewColoursIsRefused() {
+    QVERIFY(startServer({QStringLiteral("-screen"), QStringLiteral("0"), QStringLiteral("640x480x8")}));
+    QCOMPARE(vexa::platform::sessionInputObstacle(),
+             std::string("the X server shows too few colours; 15 bits for each pixel are needed"));
 }
 
 void NoSessionTest::theEndOfTheServerEndsNothingElse() {

@@ -3,6 +3,8 @@
 #include <QtTest>
 #include <atomic>
 #include <poll.h>
+#include <set>
+#include <sys/socket.h>
 #include <thread>
 
 #include "platform/SessionInput.h"
@@ -65,6 +67,16 @@ InputEvent mouseEvent(std::uint32_t type, double x, double y) {
     return event;
 }
 
+/// The descriptors of this process that are sockets.
+std::set<int> sockets() {
+    std::set<int> found;
+    const QDir descriptors(QStringLiteral("/proc/self/fd"));
+    for (const QFileInfo &entry : descriptors.entryInfoList(QDir::AllEntries | QDir::System))
+        if (entry.symLinkTarget().contains(QLatin1String("socket:")))
+            found.insert(entry.fileName().toInt());
+    return found;
+}
+
 bool post(const InputEvent &event) {
     return vexa::inputBackend().post(event);
 }
@@ -90,7 +102,7 @@ private slots:
     void aModifierHeldByTwoKeyboardsChangesOnce();
     void aModifierHeldSinceBeforeStartsWithItsNextPress();
     void aModifierHeldForLongStaysHeld();
-    void aKeyHeldDownRepeatsUntilItsOneRelease();
+    void aKeyHeldDownIsPressedOnce();
     void anUnpluggedKeyboardLetsGoOfItsModifiers();
     void clicksAreToldAndDragsAreNot();
     void theWheelIsNotTold();
@@ -101,6 +113,8 @@ private slots:
     void positionsFollowThePrimaryScreen();
     void aSplitMonitorIsOneScreen();
     void positionsAreInPoints();
+    void aLostConnectionIsMadeAgain();
+    void aConnectionLostForGoodIsTold();
     void severalSourcesHearTheSame();
 
     void commandReturnBecomesF5();
@@ -123,17 +137,30 @@ private:
     All hearUpToMarker();
     bool takeNext(InputEvent &event);
     void outwaitAClick();
+    void breakConnections();
 
     std::unique_ptr<Hand> m_hand;
     std::unique_ptr<vexa::InputSource> m_source;
+    std::vector<int> m_connections;
 };
 
 void SessionInputTest::init() {
     m_hand = std::make_unique<Hand>();
     m_hand->moveTo(500, 500);
     vexa::platform::useSessionInput({{0, 0}, {1920, 1080}, 1});
+    const std::set<int> before = sockets();
     m_source = vexa::inputBackend().open();
     QVERIFY(m_source);
+    m_connections.clear();
+    for (const int socket : sockets())
+        if (before.count(socket) == 0)
+            m_connections.push_back(socket);
+}
+
+/// Those of the source. Where it is the first one, that with which is posted too.
+void SessionInputTest::breakConnections() {
+    for (const int connection : m_connections)
+        QCOMPARE(shutdown(connection, SHUT_RDWR), 0);
 }
 
 void SessionInputTest::cleanup() {
@@ -291,18 +318,16 @@ void SessionInputTest::aModifierHeldForLongStaysHeld() {
     QCOMPARE(hear([&] { m_hand->release(control); }), (All{told(kCGEventFlagsChanged, kVK_Control)}));
 }
 
-void SessionInputTest::aKeyHeldDownRepeatsUntilItsOneRelease() {
-    m_hand->press(letterA);
-    InputEvent event;
-    for (int presses = 0; presses < 4; ++presses) {
-        QVERIFY(takeNext(event));
-        QCOMPARE(event.type, std::uint32_t{kCGEventKeyDown});
-        QCOMPARE(event.keyCode, std::int64_t{kVK_ANSI_A});
-    }
-    All rest = hear([&] { m_hand->release(letterA); });
-    QCOMPARE(rest.takeLast(), told(kCGEventKeyUp, kVK_ANSI_A));
-    for (const Told &repeat : rest)
-        QCOMPARE(repeat, told(kCGEventKeyDown, kVK_ANSI_A));
+/// The server's repeats are no presses: each would open a tool.
+void SessionInputTest::aKeyHeldDownIsPressedOnce() {
+    m_hand->openFocusedWindow();
+    const All heard = hear([&] {
+        m_hand->press(letterA);
+        int given = 0;
+        QTRY_VERIFY((given += int(m_hand->takeGivenKeys().size())) >= 4);
+        m_hand->release(letterA);
+    });
+    QCOMPARE(heard, (All{told(kCGEventKeyDown, kVK_ANSI_A), told(kCGEventKeyUp, kVK_ANSI_A)}));
 }
 
 void SessionInputTest::anUnpluggedKeyboardLetsGoOfItsModifiers() {
@@ -405,6 +430,35 @@ void SessionInputTest::positionsAreInPoints() {
     QVERIFY(post(mouseEvent(kCGEventMouseMoved, 100, 30)));
     QCOMPARE(m_hand->pointer().x, 200);
     QCOMPARE(m_hand->pointer().y, 60);
+}
+
+/// Somebody else may end any client's connection.
+void SessionInputTest::aLostConnectionIsMadeAgain() {
+    QCOMPARE(hear([&] {
+                 m_hand->press(control);
+                 m_hand->press(shift);
+                 m_hand->press(letterA);
+             }),
+             (All{told(kCGEventFlagsChanged, kVK_Control), told(kCGEventFlagsChanged, kVK_Shift),
+                  told(kCGEventKeyDown, kVK_ANSI_A)}));
+    breakConnections(); // before the keys go up, so that nobody tells of it
+    m_hand->release(control);
+    m_hand->release(letterA);
+    InputEvent event;
+    QVERIFY(takeNext(event));
+    QCOMPARE((Told{event.type, event.keyCode, 0, 0}), told(kCGEventFlagsChanged, kVK_Control));
+    QVERIFY(takeNext(event));
+    QCOMPARE((Told{event.type, event.keyCode, 0, 0}), told(kCGEventKeyUp, kVK_ANSI_A));
+    QCOMPARE(hear([&] { m_hand->release(shift); }), (All{told(kCGEventFlagsChanged, kVK_Shift)}));
+}
+
+void SessionInputTest::aConnectionLostForGoodIsTold() {
+    const QByteArray display = qgetenv("DISPLAY");
+    qputenv("DISPLAY", ":54321");
+    breakConnections();
+    InputEvent event;
+    QVERIFY_EXCEPTION_THROWN(takeNext(event), std::runtime_error);
+    qputenv("DISPLAY", display);
 }
 
 void SessionInputTest::severalSourcesHearTheSame() {

@@ -26,6 +26,10 @@ std::uint32_t Connection::root() const {
     return xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root;
 }
 
+int Connection::colourDepth() const {
+    return xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root_depth;
+}
+
 std::uint32_t Connection::clientId() const {
     return xcb_get_setup(m_connection)->resource_id_base;
 }

@@ -32,6 +32,9 @@ public:
     bool isBroken() const;
     std::uint32_t root() const;
 
+    /// Bits of a pixel that tell its colour.
+    int colourDepth() const;
+
     /// The bits by which the server tells this client's things from others'.
     std::uint32_t clientId() const;
 

@@ -50,8 +50,8 @@ void EventTranslator::hideNext(DeviceEvent::Type type, XKeyCode key) {
 
 void EventTranslator::letGo(XKeyCode key) {
     m_hiddenKey = 0;
-    if (const int virtualKey = virtualKeyOf(key); isModifier(virtualKey))
-        changeModifier(virtualKey, false);
+    if (isModifier(virtualKeyOf(key)))
+        changeKey(key, false);
 }
 
 bool EventTranslator::isHidden(const DeviceEvent &event) {
@@ -60,31 +60,30 @@ bool EventTranslator::isHidden(const DeviceEvent &event) {
 }
 
 void EventTranslator::takeKey(const DeviceEvent &event) {
-    if (isHidden(event))
-        return;
-    const int key = virtualKeyOf(event.detail);
-    const bool down = event.type == DeviceEvent::KeyPress;
-    if (isModifier(key))
-        changeModifier(key, down);
-    else if (key != noKey)
-        m_events.push_back(keyEvent(down ? kCGEventKeyDown : kCGEventKeyUp, key));
+    if (!isHidden(event))
+        changeKey(event.detail, event.type == DeviceEvent::KeyPress);
 }
 
-/// A press may come twice (two keyboards, a repeating modifier), a release without its press (held since
-/// before we listened); only what changes the state counts.
-void EventTranslator::changeModifier(int virtualKey, bool down) {
-    ++m_modifierEvents;
-    const auto bit = static_cast<std::size_t>(virtualKey);
-    if (m_held[bit] == down)
+/// A press may come again without a release (the key repeats, or a second keyboard presses a modifier too):
+/// it is no press of the pen. A release may come without its press, by a key that was down before we
+/// listened; of a modifier that is no change.
+void EventTranslator::changeKey(XKeyCode key, bool down) {
+    const int virtualKey = virtualKeyOf(key);
+    const bool changes = m_down[key] != down;
+    if (virtualKey == noKey || (down && !changes))
         return;
-    m_held[bit] = down;
-    m_events.push_back(keyEvent(kCGEventFlagsChanged, virtualKey));
+    ++m_keyChanges;
+    m_down[key] = down;
+    if (!isModifier(virtualKey))
+        m_events.push_back(keyEvent(down ? kCGEventKeyDown : kCGEventKeyUp, virtualKey));
+    else if (changes)
+        m_events.push_back(keyEvent(kCGEventFlagsChanged, virtualKey));
 }
 
 void EventTranslator::reconcile(const std::function<bool(XKeyCode)> &isDown) {
-    for (std::size_t key = 0; key < m_held.size(); ++key)
-        if (m_held[key] && !isDown(positionOf(static_cast<int>(key))))
-            changeModifier(static_cast<int>(key), false);
+    for (std::size_t key = 0; key < m_down.size(); ++key)
+        if (m_down[key] && !isDown(static_cast<XKeyCode>(key)))
+            changeKey(static_cast<XKeyCode>(key), false);
 }
 
 void EventTranslator::takeButton(const DeviceEvent &event) {
@@ -104,8 +103,7 @@ InputEvent EventTranslator::keyEvent(std::uint32_t type, int virtualKey) const {
     input.type = type;
     input.keyCode = virtualKey;
     for (const ModifierFlag &modifier : modifierFlags)
-        if (m_held[static_cast<std::size_t>(modifier.left)] ||
-            m_held[static_cast<std::size_t>(modifier.right)])
+        if (m_down[positionOf(modifier.left)] || m_down[positionOf(modifier.right)])
             input.flags |= modifier.flag;
     return input;
 }

@@ -21,8 +21,9 @@ struct DeviceEvent {
     std::uint16_t state; ///< modifiers and buttons before the event
 };
 
-/// Turns what the server records into the product's events: keys by position, one flags-changed event for
-/// each real change of a modifier, pointer moves without drags. Knows nothing of connections.
+/// Turns what the server records into the product's events: keys by position and without their repeats, one
+/// flags-changed event for each real change of a modifier, pointer moves without drags. Knows nothing of
+/// connections.
 class EventTranslator {
 public:
     platform::ScreenPlace screen; ///< the primary one, in whose points positions are
@@ -35,21 +36,22 @@ public:
     /// A key is being released that may be up already, so that no event tells of it.
     void letGo(XKeyCode key);
 
-    /// Invents the release of every modifier believed held that the server does not hold.
+    /// Invents the release of every key believed down that is not: the server drops records that wait too
+    /// long, and tells nothing of a keyboard that goes away.
     void reconcile(const std::function<bool(XKeyCode)> &isDown);
 
-    /// True while a modifier is believed held. All are taken for released at the start.
-    bool anyModifierHeld() const { return m_held.any(); }
+    /// True while a key is believed down. All are taken for released at the start.
+    bool anyKeyDown() const { return m_down.any(); }
 
-    /// Counts the events of modifiers, to see whether there were any.
-    int modifierEvents() const { return m_modifierEvents; }
+    /// Counts the changes of keys, to see whether there were any.
+    unsigned keyChanges() const { return m_keyChanges; }
 
     /// Takes the next event out. False when there is none.
     bool next(InputEvent &event);
 
 private:
     void takeKey(const DeviceEvent &event);
-    void changeModifier(int virtualKey, bool down);
+    void changeKey(XKeyCode key, bool down);
     void takeButton(const DeviceEvent &event);
     void takeMotion(const DeviceEvent &event);
     InputEvent keyEvent(std::uint32_t type, int virtualKey) const;
@@ -57,8 +59,8 @@ private:
     bool isHidden(const DeviceEvent &event);
 
     std::deque<InputEvent> m_events;
-    std::bitset<128> m_held; ///< modifiers, by virtual key
-    int m_modifierEvents = 0;
+    std::bitset<256> m_down; ///< keys, by X key code
+    unsigned m_keyChanges = 0;
     DeviceEvent::Type m_hiddenType = DeviceEvent::KeyPress;
     XKeyCode m_hiddenKey = 0; ///< 0: nothing to hide
 };

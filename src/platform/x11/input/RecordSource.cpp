@@ -2,6 +2,7 @@
 #include "platform/x11/input/RecordSource.h"
 
 #include <cstring>
+#include <stdexcept>
 #include <sys/epoll.h>
 #include <sys/timerfd.h>
 #include <xcb/record.h>
@@ -21,7 +22,7 @@ constexpr int eventSize = 32;
 constexpr long checkAfterNanoseconds = 250'000'000;
 
 // What a record holds.
-enum Category : std::uint8_t { FromServer = 0, FromClient = 1 };
+enum Category : std::uint8_t { FromServer = 0, FromClient = 1, EndOfData = 5 };
 
 xcb_record_range_t deviceEvents() {
     xcb_record_range_t range{};
@@ -45,27 +46,25 @@ bool succeeds(const Connection &connection, xcb_void_cookie_t cookie) {
 } // namespace
 
 std::unique_ptr<RecordSource> RecordSource::open(XTestPoster &poster, const SharedPlace &screen) {
-    const auto posterClient = poster.connect();
-    auto control = Connection::open();
-    auto data = Connection::open();
-    if (!posterClient || !control || !data || !control->has(xcb_record_id) || !data->has(xcb_record_id))
+    auto source = std::unique_ptr<RecordSource>(new RecordSource(poster, screen));
+    if (!source->m_timer.isValid() || !source->m_poll.isValid() || !source->listen())
         return nullptr;
-    auto source =
-        std::unique_ptr<RecordSource>(new RecordSource(poster, screen, std::move(control), std::move(data)));
-    return source->start(*posterClient) ? std::move(source) : nullptr;
+    source->watch(source->m_timer.get());
+    return source;
 }
 
-RecordSource::RecordSource(XTestPoster &poster, const SharedPlace &screen,
-                           std::unique_ptr<Connection> control, std::unique_ptr<Connection> data)
+RecordSource::RecordSource(XTestPoster &poster, const SharedPlace &screen)
     : m_poster(poster)
     , m_screen(screen)
-    , m_control(std::move(control))
-    , m_data(std::move(data))
     , m_timer(timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK))
     , m_poll(epoll_create1(EPOLL_CLOEXEC)) {}
 
-bool RecordSource::start(std::uint32_t posterClient) {
-    if (!m_timer.isValid() || !m_poll.isValid())
+bool RecordSource::listen() {
+    const auto posterClient = m_poster.connect();
+    m_control = Connection::open();
+    m_data = Connection::open();
+    if (!posterClient || !m_control || !m_data || !m_control->has(xcb_record_id) ||
+        !m_data->has(xcb_record_id))
         return false;
     xcb_connection_t *x = m_control->get();
 
@@ -81,7 +80,7 @@ bool RecordSource::start(std::uint32_t posterClient) {
     const xcb_record_range_t requests = fakeRequests(*m_control);
     if (!succeeds(*m_control, xcb_record_create_context_checked(x, context, 0, 1, 1, &everybody, &events)) ||
         !succeeds(*m_control,
-                  xcb_record_register_clients_checked(x, context, 0, 1, 1, &posterClient, &requests)))
+                  xcb_record_register_clients_checked(x, context, 0, 1, 1, &*posterClient, &requests)))
         return false;
 
     // The first record says that recording has begun: from here on nothing is missed.
@@ -91,8 +90,9 @@ bool RecordSource::start(std::uint32_t posterClient) {
     if (!begun)
         return false;
     m_records = cookie.sequence;
-    for (const int fd : {m_data->fd(), m_control->fd(), m_timer.get()})
-        watch(fd);
+    m_recording = true;
+    watch(m_data->fd());
+    watch(m_control->fd());
     return true;
 }
 
@@ -103,28 +103,33 @@ void RecordSource::watch(int fd) const {
     epoll_ctl(m_poll.get(), EPOLL_CTL_ADD, fd, &event);
 }
 
-void RecordSource::forget(int fd) const {
-    epoll_ctl(m_poll.get(), EPOLL_CTL_DEL, fd, nullptr);
-}
-
 bool RecordSource::next(InputEvent &event) {
     if (!m_translator.next(event)) {
-        checkModifiers(); // first, since its answer may bring events of the control connection along
-        readControl();
+        checkKeys(); // first, since its answer may bring events of the control connection along
+        m_control->dropEvents();
         readRecords();
+        if (!m_recording || m_control->isBroken())
+            listenAgain();
         if (!m_translator.next(event))
             return false;
     }
-    if (event.type == kCGEventFlagsChanged) {
+    if (event.type == kCGEventFlagsChanged)
         m_poster.settle(static_cast<int>(event.keyCode));
+    if (event.type == kCGEventFlagsChanged || event.type == kCGEventKeyDown)
         scheduleCheck();
-    }
     return true;
 }
 
+/// Somebody may have closed our connections, or ended the recording, while the server lives on.
+void RecordSource::listenAgain() {
+    if (!listen())
+        throw std::runtime_error("Failed to create eventTap");
+    lookAtKeys(); // those let go meanwhile
+}
+
 void RecordSource::readRecords() {
-    // First: looking for events reads the socket, and what it finds there beside them no longer makes the
-    // descriptor readable.
+    // Looking for events reads the socket. It comes first because the records that it finds beside them no
+    // longer make the descriptor readable.
     m_data->dropEvents();
     void *record = nullptr;
     xcb_generic_error_t *error = nullptr;
@@ -134,10 +139,11 @@ void RecordSource::readRecords() {
         if (reply->category == FromServer || reply->category == FromClient)
             take(xcb_record_enable_context_data(reply.get()),
                  xcb_record_enable_context_data_length(reply.get()), reply->category == FromServer);
+        else if (reply->category == EndOfData)
+            m_recording = false;
     }
     std::free(error);
-    if (m_data->isBroken())
-        forget(m_data->fd()); // the server is gone, and the descriptor would be readable for ever
+    m_recording = m_recording && !m_data->isBroken();
 }
 
 void RecordSource::take(const std::uint8_t *data, int size, bool fromServer) {
@@ -162,34 +168,31 @@ void RecordSource::take(const std::uint8_t *data, int size, bool fromServer) {
     }
 }
 
-void RecordSource::readControl() const {
-    m_control->dropEvents();
-    if (m_control->isBroken())
-        forget(m_control->fd());
-}
-
 void RecordSource::scheduleCheck() const {
     itimerspec when{};
     when.it_value.tv_nsec = checkAfterNanoseconds;
     timerfd_settime(m_timer.get(), 0, &when, nullptr);
 }
 
-/// While modifiers are held: looks now and then whether the server agrees, for a release that it never told
-/// of.
-void RecordSource::checkModifiers() {
+/// While keys are down: looks now and then whether the server agrees, for a release that it never told of.
+void RecordSource::checkKeys() {
     std::uint64_t expirations = 0;
     if (read(m_timer.get(), &expirations, sizeof expirations) != sizeof expirations)
         return;
-    if (m_control->isBroken() || !m_translator.anyModifierHeld())
+    if (m_control->isBroken() || !m_translator.anyKeyDown())
         return;
-    // The records of all that happened before the answer arrive before it. If there was anything about
-    // modifiers among them, the answer may be older than what we know.
-    const int before = m_translator.modifierEvents();
+    lookAtKeys();
+    scheduleCheck();
+}
+
+void RecordSource::lookAtKeys() {
+    // The records of all that happened before the answer arrive before it. If a key changed in one of them,
+    // the answer may be older than what we know.
+    const unsigned before = m_translator.keyChanges();
     const KeySet down = keysDown(*m_control);
     readRecords();
-    if (!m_control->isBroken() && m_translator.modifierEvents() == before)
+    if (!m_control->isBroken() && m_translator.keyChanges() == before)
         m_translator.reconcile([&down](XKeyCode key) { return down.has(key); });
-    scheduleCheck();
 }
 
 } // namespace vexa::x11

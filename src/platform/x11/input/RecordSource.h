@@ -23,28 +23,32 @@ public:
     static std::unique_ptr<RecordSource> open(XTestPoster &poster, const SharedPlace &screen);
 
     int fd() const override { return m_poll.get(); }
+
+    /// Where the recording was lost, by whatever, it is begun anew. Throws std::runtime_error when the
+    /// session cannot be listened to any more.
     bool next(InputEvent &event) override;
 
 private:
-    RecordSource(XTestPoster &poster, const SharedPlace &screen, std::unique_ptr<Connection> control,
-                 std::unique_ptr<Connection> data);
+    RecordSource(XTestPoster &poster, const SharedPlace &screen);
 
-    bool start(std::uint32_t posterClient);
+    /// Connects and begins to record. False when that cannot be.
+    bool listen();
+    void listenAgain();
     void watch(int fd) const;
-    void forget(int fd) const;
     void readRecords();
     void take(const std::uint8_t *data, int size, bool fromServer);
-    void readControl() const;
-    void checkModifiers();
+    void checkKeys();
+    void lookAtKeys();
     void scheduleCheck() const;
 
     XTestPoster &m_poster;
     const SharedPlace &m_screen;
-    const std::unique_ptr<Connection> m_control; ///< asks
-    const std::unique_ptr<Connection> m_data;    ///< is told; can do nothing else meanwhile
-    const FileDescriptor m_timer;                ///< of the next check of the modifiers
-    const FileDescriptor m_poll;                 ///< of all of these
-    unsigned m_records = 0;                      ///< the request that the records answer
+    const FileDescriptor m_timer;          ///< of the next check of the keys
+    const FileDescriptor m_poll;           ///< of the timer and the connections
+    std::unique_ptr<Connection> m_control; ///< asks
+    std::unique_ptr<Connection> m_data;    ///< is told; can do nothing else meanwhile
+    unsigned m_records = 0;                ///< the request that the records answer
+    bool m_recording = false;
     EventTranslator m_translator;
 };
 

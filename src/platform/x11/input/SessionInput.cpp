@@ -56,6 +56,9 @@ std::string sessionInputObstacle() {
         return "the X server has no RECORD extension, so the pen cannot be heard";
     if (!connection->has(xcb_test_id))
         return "the X server has no XTEST extension, so no slide show can be controlled";
+    // With fewer, the toolkit would draw by a table of colours, and crash.
+    if (connection->colourDepth() < 15)
+        return "the X server shows too few colours; 15 bits for each pixel are needed";
     return {};
 }
 
