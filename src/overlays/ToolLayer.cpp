@@ -9,6 +9,7 @@
 namespace vexa {
 namespace {
 
+constexpr int veilEdge = 2;        // points
 constexpr double tolerance = 1e-6; // pixels
 
 /// The least number of points that is a whole number of pixels; 1 where there is none worth its size.
@@ -48,13 +49,27 @@ void ToolLayer::setVeil(std::optional<int> alpha, const Draw &draw) {
         return;
     m_veilAlpha = alpha;
     m_stale = m_screen;
-    m_veil = QPixmap();
+    m_veilEdges.clear();
+    m_veilInside = QRect();
     if (!alpha)
         return;
-    m_veil = clearPicture(m_screen);
-    QPainter painter(&m_veil);
+    // A picture of the whole veil would be as large as the screen, for one colour.
+    const int begin = (veilEdge + m_grid - 1) / m_grid * m_grid;
+    const auto end = [this](int size) { return (size - veilEdge) / m_grid * m_grid; };
+    m_veilInside.setCoords(begin, begin, end(m_screen.width()) - 1, end(m_screen.height()) - 1);
+    const QPoint middle = onGrid(QRectF(m_screen.center(), QSizeF(1, 1))).topLeft();
+    m_veilColour = veilPicture({middle, QSize(m_grid, m_grid)}, draw).toImage().pixelColor(0, 0);
+    for (const QRect &area : QRegion(m_screen) - m_veilInside)
+        m_veilEdges.push_back({area, veilPicture(area, draw)});
+}
+
+QPixmap ToolLayer::veilPicture(const QRect &area, const Draw &draw) const {
+    QPixmap picture = clearPicture(area);
+    QPainter painter(&picture);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    painter.translate(-area.topLeft());
     draw(painter);
+    return picture;
 }
 
 void ToolLayer::setTool(const Look &look, const QRectF &touched, const Draw &draw) {
@@ -83,8 +98,10 @@ void ToolLayer::paint(QPainter &painter, const QRegion &region) const {
     // Rectangle by rectangle: through any other clip, double-density pictures are resampled.
     for (const QRect &rect : region) {
         painter.setClipRect(rect);
-        if (!m_veil.isNull())
-            painter.drawPixmap(0, 0, m_veil);
+        if (!m_veilInside.isEmpty())
+            painter.fillRect(m_veilInside & rect, m_veilColour);
+        for (const Edge &edge : m_veilEdges)
+            painter.drawPixmap(edge.area.topLeft(), edge.picture);
         if (!m_tool.isNull())
             painter.drawPixmap(m_area.topLeft(), m_tool);
     }

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QColor>
 #include <QPixmap>
 #include <QRegion>
 
 #include <functional>
 #include <optional>
+#include <vector>
 
 class QPainter;
 
@@ -13,7 +15,7 @@ namespace vexa {
 
 /// What a held tool draws above its background, and how much of that its window does not show yet.
 ///
-/// Two pictures make it up: a veil over the whole screen, for tools that have one, and above it the tool
+/// Two things make it up: a veil over the whole screen, for tools that have one, and above it the tool
 /// itself, whose picture is as large as the area it touches and clear where it draws nothing.
 ///
 /// A place that has changed is first stale, then due (its window was asked to paint it), then painted. From
@@ -37,7 +39,8 @@ public:
 
     ToolLayer(const QSize &screen, qreal devicePixelRatio);
 
-    /// Has the veil drawn with that alpha, unless it is there already; nullopt is no veil.
+    /// Has the veil drawn with that alpha, unless it is there already; nullopt is no veil. It has to be a
+    /// veil of one colour but for the outermost two points of the screen.
     void setVeil(std::optional<int> alpha, const Draw &draw);
 
     /// Whether the tool's picture has this look.
@@ -61,13 +64,20 @@ public:
 
 private:
     QPixmap clearPicture(const QRect &area) const;
+    QPixmap veilPicture(const QRect &area, const Draw &draw) const;
     QRect onGrid(const QRectF &area) const;
 
     const QRect m_screen;
     const qreal m_ratio;
     const int m_grid; // points
     std::optional<int> m_veilAlpha;
-    QPixmap m_veil;
+    QColor m_veilColour; // of all but its edges
+    QRect m_veilInside;
+    struct Edge {
+        QRect area;
+        QPixmap picture;
+    };
+    std::vector<Edge> m_veilEdges;
     std::optional<Look> m_look;
     QPixmap m_tool;
     QRect m_area; // of the tool's picture
