@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "app/MainWindow.h"
 
-#include "app/QuickViews.h"
+#include "app/OnScreen.h"
 #include "input/CKeyboardHandler.h"
 #include "input/CKeyboardListenerMac.h"
 #include "overlays/PromptWindow.h"
-#include "platform/AutoStart.h"
 #include "platform/Screens.h"
 #include "platform/Session.h"
 #include "platform/quartz/Quartz.h"
-#include "settings/SettingsTable.h"
 #include "settings/ZrToolXmlClass.h"
 #include "ui_MainWindow.h"
 
@@ -17,17 +15,12 @@
 #include <QCursor>
 #include <QGuiApplication>
 #include <QMetaObject>
-#include <QQmlContext>
-#include <QQuickItem>
 #include <QScreen>
-#include <QTimer>
 #include <QTimerEvent>
-#include <cstdlib>
 
 using vexa::HeldToolChoice;
 using vexa::KeyAction;
 using vexa::PenCommand;
-using vexa::ViewMessage;
 using Settings = ZrToolXmlClass;
 using SyntheticInput = CKeyboardListenerMac;
 
@@ -35,21 +28,13 @@ namespace {
 
 // Milliseconds.
 constexpr int withdrawDelay = 500;
-constexpr int refillDelay = 200;
 constexpr int keyActionDelay = 200;
 constexpr int refocusDelay = 1000;
-/// What the other windows need to draw again what a prompt has covered.
-constexpr int uncoverDelay = 100;
 
 std::unique_ptr<Ui::MainWindow> formOf(MainWindow &window) {
     auto form = std::make_unique<Ui::MainWindow>();
     form->setupUi(&window);
     return form;
-}
-
-/// The shell's way to say that a script did what it was asked for.
-bool runInShell(const QString &command) {
-    return std::system(command.toLocal8Bit().constData()) == 0;
 }
 
 } // namespace
@@ -70,15 +55,7 @@ MainWindow::MainWindow(QWidget *parent)
     vexa::Language::chooseFace(Settings::Language);
     dressWindow();
     loadView();
-
-    m_screenshotPrompt = std::make_unique<PromptWindow>(nullptr);
-    m_screenshotPrompt->setText(tr("截屏已保存"));
-    m_screenshotPrompt->setMode(0);
-    m_screenshotPrompt->showWithTransperent();
-    m_startPrompt = std::make_unique<PromptWindow>(nullptr);
-    m_startPrompt->setText(tr("Vexa Orbilo Setting"));
-    m_startPrompt->setMode(0);
-    m_startPrompt->showWithTransperent();
+    makePrompts();
 
     startTimer(withdrawDelay);
     if (!QCoreApplication::testAttribute(Qt::AA_EnableHighDpiScaling))
@@ -96,36 +73,23 @@ void MainWindow::dressWindow() {
     setAutoFillBackground(true);
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
     setFixedSize(size()); // tiling window managers let a window float whose size cannot change
+    new vexa::OnScreen(*this);
     // A window that says where it stands stays there when it is hidden and shown again.
     move(QGuiApplication::primaryScreen()->availableGeometry().center() - rect().center());
 }
 
-void MainWindow::loadView() {
-    vexa::loadView(*m_ui->quickWidget, QStringLiteral("qrc:/MainWindow.qml"));
-    m_viewRoot = m_ui->quickWidget->rootObject();
-    m_ui->quickWidget->rootContext()->setContextProperty(QStringLiteral("mainwindow"), this);
-    if (m_viewRoot) {
-        connect(m_viewRoot, SIGNAL(qmlSignal(int, int, int, int)), this,
-                SLOT(recvQmlMoveWindow(int, int, int, int)));
-        connect(m_viewRoot, SIGNAL(qmlSignal1(int, int, int)), this, SLOT(recvQmlMessage1(int, int, int)));
-    }
-    Qml_Init();
-    m_chords.arm();
-}
-
-void MainWindow::Qml_Init() {
-    stopTimer(m_qmlInitTimer);
-    Settings::ZrXmlRead();
-    for (int id = int(vexa::firstSettingMessage); id <= int(vexa::lastSettingMessage); ++id)
-        SetValue(m_viewRoot, id, *vexa::settingOfMessage(ViewMessage(id))->value, 0);
-}
-
-void MainWindow::SetValue(QObject *root, const QVariant &id, const QVariant &var1, const QVariant &var2) {
-    if (!root)
-        return;
-    QVariant ignored;
-    QMetaObject::invokeMethod(root, "setvalue", Q_RETURN_ARG(QVariant, ignored), Q_ARG(QVariant, id),
-                              Q_ARG(QVariant, var1), Q_ARG(QVariant, var2));
+void MainWindow::makePrompts() {
+    const auto unseenPrompt = [](const QString &text) {
+        auto prompt = std::make_unique<PromptWindow>(nullptr);
+        prompt->setText(text);
+        prompt->setMode(0);
+        prompt->showWithTransperent();
+        return prompt;
+    };
+    m_screenshotPrompt = unseenPrompt(tr("截屏已保存"));
+    m_startPrompt = unseenPrompt(tr("Vexa Orbilo Setting"));
+    m_announcedShot =
+        std::make_unique<vexa::AnnouncedShot>(*m_screenshotPrompt, [this] { FullScreenShot(); });
 }
 
 void MainWindow::changeLanguage(int language) {
@@ -275,39 +239,20 @@ void MainWindow::openHeldTool() {
 void MainWindow::LongPressEvent(int action) {
     switch (KeyAction(action)) {
     case KeyAction::SlideShow:
-        startTimerOnce(m_slideShowTimer, keyActionDelay);
+        m_slideShowTimer.start(keyActionDelay, this);
         break;
     case KeyAction::PlayPause:
-        startTimerOnce(m_playPauseTimer, keyActionDelay);
+        m_playPauseTimer.start(keyActionDelay, this);
         break;
     case KeyAction::Blackboard:
         ClickBlackButton();
         break;
     case KeyAction::Screenshot:
-        takeAnnouncedShot();
+        m_announcedShot->take();
         break;
     case KeyAction::None:
         break;
     }
-}
-
-void MainWindow::takeAnnouncedShot() {
-    if (m_shotDue)
-        return; // this one will do: it is taken later than asked for
-    const auto shoot = [this] {
-        m_shotDue = false;
-        FullScreenShot();
-        m_screenshotPrompt->showWithTimer();
-    };
-    // The prompt must not stand in the picture: neither this shot's, which therefore comes after it, nor one
-    // that still fades from the shot before.
-    if (m_screenshotPrompt->windowOpacity() <= 0.0) {
-        shoot();
-        return;
-    }
-    m_shotDue = true;
-    m_screenshotPrompt->hideWindow();
-    QTimer::singleShot(uncoverDelay, this, shoot);
 }
 
 void MainWindow::RecvGlobaleMouseMessage(int event, int x, int y) {
@@ -322,44 +267,6 @@ void MainWindow::RecvGlobaleMouseMessage(int event, int x, int y) {
     m_tools.moveHeldTool(HeldToolChoice(Settings::Key4P), kept.x(), kept.y());
 }
 
-// The view
-
-void MainWindow::recvQmlMoveWindow(int x, int y, int /*startx*/, int /*starty*/) {
-    move(pos() + QPoint(x, y));
-}
-
-void MainWindow::recvQmlMessage1(int id, int var1, int /*var2*/) {
-    const auto message = ViewMessage(id);
-    if (message == ViewMessage::HidePanel)
-        hide();
-    const vexa::Setting *setting = vexa::settingOfMessage(message);
-    if (!setting)
-        return;
-    if (message == ViewMessage::AutoStart)
-        changeAutoStart(var1);
-    else
-        *setting->value = var1;
-    Settings::ZrXmlWrite();
-
-    if (message == ViewMessage::Language) {
-        changeLanguage(var1);
-        startTimerOnce(m_qmlInitTimer, refillDelay);
-    } else if (message == ViewMessage::Key2P || message == ViewMessage::Key3P ||
-               message == ViewMessage::Key4C) {
-        m_chords.arm();
-    }
-}
-
-void MainWindow::changeAutoStart(int value) {
-    const bool enable = value != 0;
-    const bool done = runInShell(vexa::platform::autoStartCommand(enable));
-    if (done)
-        Settings::AutoStart = value;
-    // The view shows what it asked for already: it learns what came of it.
-    const QVariant note = done ? QVariant(value) : QVariant(!enable);
-    SetValue(m_viewRoot, int(ViewMessage::AutoStart), Settings::AutoStart, note);
-}
-
 // Events
 
 void MainWindow::closeEvent(QCloseEvent *event) {
@@ -369,11 +276,12 @@ void MainWindow::closeEvent(QCloseEvent *event) {
 
 void MainWindow::changeEvent(QEvent *event) {
     QMainWindow::changeEvent(event);
-    if (event->type() != QEvent::LanguageChange)
+    if (event->type() != QEvent::LanguageChange || !m_screenshotPrompt)
         return;
-    // Queued, because the prompt may only now be about to translate itself, back to its own text.
-    QMetaObject::invokeMethod(
-        this, [this] { m_screenshotPrompt->setText(tr("截屏已保存")); }, Qt::QueuedConnection);
+    const auto setText = [this] { m_screenshotPrompt->setText(tr("截屏已保存")); };
+    setText();
+    // And queued, because the prompt may only now be about to translate itself, back to its own text.
+    QMetaObject::invokeMethod(this, setText, Qt::QueuedConnection);
 }
 
 void MainWindow::mousePressEvent(QMouseEvent *event) {
@@ -392,7 +300,7 @@ void MainWindow::mouseReleaseEvent(QMouseEvent *event) {
 
 void MainWindow::timerEvent(QTimerEvent *event) {
     struct Deferred {
-        int MainWindow::*timer;
+        QBasicTimer MainWindow::*timer;
         void (MainWindow::*action)();
     };
     static constexpr Deferred deferredActions[] = {
@@ -402,36 +310,26 @@ void MainWindow::timerEvent(QTimerEvent *event) {
         {&MainWindow::m_slideShowTimer, &MainWindow::SetPptFullScreen},
         {&MainWindow::m_playPauseTimer, &MainWindow::playOrPause},
     };
-    killTimer(event->timerId());
     for (const Deferred &deferred : deferredActions) {
-        if (this->*deferred.timer != event->timerId())
+        QBasicTimer &timer = this->*deferred.timer;
+        if (!timer.isActive() || timer.timerId() != event->timerId())
             continue;
-        this->*deferred.timer = -1;
+        timer.stop();
         (this->*deferred.action)();
         return;
     }
+    killTimer(event->timerId());
     withdraw();
-}
-
-void MainWindow::startTimerOnce(int &id, int milliseconds) {
-    stopTimer(id);
-    id = startTimer(milliseconds);
-}
-
-void MainWindow::stopTimer(int &id) {
-    if (id != -1)
-        killTimer(id);
-    id = -1;
 }
 
 void MainWindow::refocusSoon() {
     if (SyntheticInput::EnterPPT)
-        startTimerOnce(m_refocusTimer, refocusDelay);
+        m_refocusTimer.start(refocusDelay, this);
 }
 
 void MainWindow::cancelRefocus() {
     if (SyntheticInput::EnterPPT)
-        stopTimer(m_refocusTimer);
+        m_refocusTimer.stop();
 }
 
 void MainWindow::refocusSlideShow() {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "app/AnnouncedShot.h"
 #include "app/Language.h"
 #include "app/OpenTools.h"
 #include "app/PageNavigation.h"
@@ -9,6 +10,7 @@
 #include "app/Screenshots.h"
 #include "app/WindowDrag.h"
 
+#include <QBasicTimer>
 #include <QMainWindow>
 #include <QVariant>
 #include <memory>
@@ -81,7 +83,8 @@ public slots:
     void RecvWindowMessage(int which);
     /// The view's drag: how far the pointer has moved, in points.
     void recvQmlMoveWindow(int x, int y, int startx, int starty);
-    /// A vexa::ViewMessage; any other number does nothing.
+    /// A vexa::ViewMessage; any other number does nothing. Start at login takes as long as its script, five
+    /// seconds at most, while events go on being handled.
     void recvQmlMessage1(int id, int var1, int var2);
 
 protected:
@@ -97,10 +100,8 @@ private:
     void loadView();
     void carryOut(vexa::PenCommand command);
     void openHeldTool();
-    void takeAnnouncedShot();
+    void makePrompts();
     void changeAutoStart(int value);
-    void startTimerOnce(int &id, int milliseconds);
-    void stopTimer(int &id);
     void refocusSoon();
     void cancelRefocus();
     void refocusSlideShow();
@@ -117,13 +118,14 @@ private:
     vexa::Screenshots m_screenshots;
     std::unique_ptr<PromptWindow> m_screenshotPrompt;
     std::unique_ptr<PromptWindow> m_startPrompt;
+    std::unique_ptr<vexa::AnnouncedShot> m_announcedShot;
     QObject *m_viewRoot = nullptr; ///< null when the view could not be loaded
     bool m_followPointer = false;  ///< a held tool is out
     vexa::PointerFence m_fence;
-    bool m_shotDue = false; ///< a screenshot waits for the screen to be uncovered
-    int m_qmlInitTimer = -1;
-    int m_toolExitTimer = -1; ///< kept, though nothing starts it
-    int m_refocusTimer = -1;
-    int m_slideShowTimer = -1;
-    int m_playPauseTimer = -1;
+    bool m_changingAutoStart = false;
+    QBasicTimer m_qmlInitTimer;
+    QBasicTimer m_toolExitTimer; ///< nothing starts it; what it would do is kept
+    QBasicTimer m_refocusTimer;
+    QBasicTimer m_slideShowTimer;
+    QBasicTimer m_playPauseTimer;
 };

@@ -53,6 +53,8 @@ int main(int argc, char *argv[]) {
     ZrToolXmlClass::ZrXmlRead();
 
     const auto runGuide = [] { return PrivacyprivilegesWindow().exec(); };
+    // Otherwise always, whatever the answer was: but who has just asked the program to end is not sent
+    // anywhere any more.
     const auto openScreenRecordingSettings = [&quit] {
         if (!quit.requested())
             Grab::SetpTosysCamera();

@@ -63,9 +63,23 @@ void PromptCard::showCentred(const QSize &size, double opacity) {
     const QPoint origin = QGuiApplication::primaryScreen()->geometry().topLeft();
     const QPoint middle((screen.width() - size.width()) / 2, (screen.height() - size.height()) / 2);
     setGeometry(QRect(origin + middle, size));
-    m_opacity = opacity;
-    platform::setOverlayOpacity(*this, m_opacity);
+    setOpacity(opacity);
     platform::showAboveAll(*this);
+}
+
+void PromptCard::setOpacity(double opacity) {
+    m_opacity = opacity;
+    platform::setOverlayOpacity(*this, m_heldBack ? 0.0 : m_opacity);
+}
+
+void PromptCard::holdBack() {
+    m_heldBack = true;
+    setOpacity(m_opacity);
+}
+
+void PromptCard::letOut() {
+    m_heldBack = false;
+    setOpacity(m_opacity);
 }
 
 void PromptCard::hideWindow() {
@@ -83,8 +97,9 @@ void PromptCard::timerEvent(QTimerEvent *event) {
         showWithTimer();
         return;
     }
-    m_opacity -= opacityStep;
-    platform::setOverlayOpacity(*this, m_opacity);
+    if (m_heldBack)
+        return; // its time begins when it can be seen
+    setOpacity(m_opacity - opacityStep);
     // Twenty steps of 0.05 from 1 do not meet 0 in binary: a fade goes on unseen until the next show.
     if (m_opacity == 0.0)
         m_fade.stop();

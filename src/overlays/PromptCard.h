@@ -29,6 +29,11 @@ public:
     /// Does showWithTimer() after the prompt's delay.
     void delayShow();
 
+    bool isSeen() const { return windowOpacity() > 0.0; }
+    /// Invisible whatever else is done with the card, until letOut(): for a picture of the screen.
+    void holdBack();
+    void letOut();
+
 protected:
     /// `delay` in milliseconds, for delayShow().
     PromptCard(QWidget *parent, Qt::WindowFlags flags, int delay);
@@ -49,11 +54,13 @@ protected:
 
 private:
     void showCentred(const QSize &size, double opacity);
+    void setOpacity(double opacity);
 
     const int m_delay;
     QBasicTimer m_fade;
     QBasicTimer m_delayed;
     double m_opacity = 1.0;
+    bool m_heldBack = false;
 };
 
 } // namespace vexa

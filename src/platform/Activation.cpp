@@ -40,6 +40,10 @@ void activateWindow() {
         cameEarly = true;
     if (!Window1)
         return;
+    // A window that counts as shown may be on another desktop, off every screen or unmapped by someone else.
+    // Shown anew it comes to where the user is.
+    if (!pendingWithdrawal)
+        Window1->hide();
     Window1->setWindowState(Window1->windowState() & ~Qt::WindowMinimized);
     Window1->show();
     Window1->raise();

@@ -14,6 +14,8 @@
 #include <random>
 #include <sys/stat.h>
 
+using namespace vexa::test;
+
 using vexa::PictureWriter;
 
 namespace {

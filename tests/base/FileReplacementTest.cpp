@@ -9,6 +9,8 @@
 #include <memory>
 #include <sys/stat.h>
 
+using namespace vexa::test;
+
 using vexa::replaceFile;
 
 /// A file is replaced whole, or it and its folder are left as they were.

@@ -66,6 +66,7 @@ private slots:
     void storedValuesSurviveARestart();
     void valuesOutOfRangeSurviveAStartAsFarAsNothingMoves_data();
     void valuesOutOfRangeSurviveAStartAsFarAsNothingMoves();
+    void aSwitchThatTheSystemRefusesGoesBack();
     void closeIconHidesTheWindow();
     void thousandHidesTheViewWhileTheWindowStays();
     void stormOfChangesSavesEach();
@@ -289,6 +290,22 @@ void HostedPanelTest::valuesOutOfRangeSurviveAStartAsFarAsNothingMoves() {
         QVERIFY2(stored(row.element) == expected,
                  qPrintable(QString("%1: %2").arg(row.element).arg(stored(row.element))));
     }
+}
+
+void HostedPanelTest::aSwitchThatTheSystemRefusesGoesBack() {
+    QFile script(QCoreApplication::applicationDirPath() + QStringLiteral("/setAutoStartClose.sh"));
+    QVERIFY(script.open(QIODevice::WriteOnly));
+    script.write("#!/bin/sh\ntouch \"$0.ran\"; exit 1\n");
+    script.close();
+    QVERIFY(script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    restartWith({{"AutoStart", 1}});
+    m_view->click(settingsButton);
+    m_view->click({722 + 189 + 19, 207 + 74 + 10});
+    QVERIFY(QFile::remove(script.fileName() + QStringLiteral(".ran")));
+    QCOMPARE(stored("AutoStart"), 1);
+    QCOMPARE(m_view->items(QStringLiteral("SwitchControl")).constFirst()->property("myChecked"),
+             QVariant(true));
+    QVERIFY(script.remove());
 }
 
 void HostedPanelTest::closeIconHidesTheWindow() {

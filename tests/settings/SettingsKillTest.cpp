@@ -11,6 +11,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace vexa::test;
+
 namespace {
 
 /// A process without the rights of the administrator, who may write everything.

@@ -7,7 +7,7 @@
 #include <unistd.h>
 
 /// Disks and users that cannot do everything.
-namespace disk {
+namespace vexa::test::disk {
 
 /// For its life, files of this process grow to so many bytes only, as on a disk without more space.
 class Full {
@@ -51,4 +51,4 @@ private:
     const bool m_root = geteuid() == 0;
 };
 
-} // namespace disk
+} // namespace vexa::test::disk

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#include "app/AnnouncedShot.h"
+
+#include "overlays/PromptCard.h"
+#include "platform/ScreenCapture.h"
+
+#include <chrono>
+#include <utility>
+
+namespace vexa {
+
+namespace {
+
+constexpr int lookInterval = 8; // milliseconds
+constexpr std::chrono::milliseconds patience{500};
+constexpr int tileSize = 20; // device pixels
+/// One more than needed: a window may first clear what it then draws.
+constexpr int enoughClearLooks = 2;
+
+QImage lookAt(const QRect &area) {
+    return platform::captureScreenRect(area).toImage().convertToFormat(QImage::Format_RGB32);
+}
+
+} // namespace
+
+AnnouncedShot::AnnouncedShot(PromptCard &prompt, std::function<void()> shoot)
+    : m_prompt(prompt), m_shoot(std::move(shoot)) {}
+
+AnnouncedShot::~AnnouncedShot() {
+    if (m_looks.isActive())
+        m_shoot();
+}
+
+void AnnouncedShot::take() {
+    if (m_looks.isActive())
+        return;
+    const bool covers = m_prompt.isSeen();
+    if (covers) {
+        m_area = m_prompt.geometry();
+        m_covered = lookAt(m_area);
+    }
+    m_prompt.holdBack();
+    m_prompt.showWithTimer();
+    if (!covers) {
+        shootNow();
+        return;
+    }
+    m_clearLooks = 0;
+    m_deadline = QDeadlineTimer(patience);
+    m_looks.start(lookInterval, Qt::PreciseTimer, this);
+}
+
+void AnnouncedShot::timerEvent(QTimerEvent * /*event*/) {
+    m_clearLooks = uncovered() ? m_clearLooks + 1 : 0;
+    if (m_clearLooks >= enoughClearLooks || m_deadline.hasExpired())
+        shootNow();
+}
+
+void AnnouncedShot::shootNow() {
+    m_looks.stop();
+    m_shoot();
+    m_prompt.letOut();
+}
+
+/// The windows below draw again when they get to it, and nobody says when they all have. As long as one has
+/// not, its part of the screen shows the prompt as it was: so every small piece has to look different.
+bool AnnouncedShot::uncovered() const {
+    const QImage now = lookAt(m_area);
+    const QRect all = now.rect() & m_covered.rect();
+    for (int y = 0; y < all.height(); y += tileSize)
+        for (int x = 0; x < all.width(); x += tileSize) {
+            const QRect tile = QRect(x, y, tileSize, tileSize) & all;
+            if (now.copy(tile) == m_covered.copy(tile))
+                return false;
+        }
+    return true;
+}
+
+} // namespace vexa

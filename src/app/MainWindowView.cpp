@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+#include "app/MainWindow.h"
+
+#include "app/QuickViews.h"
+#include "app/Shell.h"
+#include "platform/AutoStart.h"
+#include "settings/SettingsTable.h"
+#include "settings/ZrToolXmlClass.h"
+#include "ui_MainWindow.h"
+
+#include <QMetaObject>
+#include <QQmlContext>
+#include <QQuickItem>
+#include <chrono>
+#include <utility>
+
+using vexa::ViewMessage;
+using Settings = ZrToolXmlClass;
+
+// The window as the host of the settings view: what it tells the view, and what it does with what it hears.
+
+namespace {
+
+constexpr int refillDelay = 200; // milliseconds
+constexpr std::chrono::seconds scriptLimit{5};
+
+} // namespace
+
+void MainWindow::loadView() {
+    vexa::loadView(*m_ui->quickWidget, QStringLiteral("qrc:/MainWindow.qml"));
+    m_viewRoot = m_ui->quickWidget->rootObject();
+    m_ui->quickWidget->rootContext()->setContextProperty(QStringLiteral("mainwindow"), this);
+    if (m_viewRoot) {
+        connect(m_viewRoot, SIGNAL(qmlSignal(int, int, int, int)), this,
+                SLOT(recvQmlMoveWindow(int, int, int, int)));
+        connect(m_viewRoot, SIGNAL(qmlSignal1(int, int, int)), this, SLOT(recvQmlMessage1(int, int, int)));
+    }
+    Qml_Init();
+    m_chords.arm();
+}
+
+void MainWindow::Qml_Init() {
+    m_qmlInitTimer.stop();
+    Settings::ZrXmlRead();
+    for (int id = int(vexa::firstSettingMessage); id <= int(vexa::lastSettingMessage); ++id)
+        SetValue(m_viewRoot, id, *vexa::settingOfMessage(ViewMessage(id))->value, 0);
+}
+
+void MainWindow::SetValue(QObject *root, const QVariant &id, const QVariant &var1, const QVariant &var2) {
+    if (!root)
+        return;
+    QVariant ignored;
+    QMetaObject::invokeMethod(root, "setvalue", Q_RETURN_ARG(QVariant, ignored), Q_ARG(QVariant, id),
+                              Q_ARG(QVariant, var1), Q_ARG(QVariant, var2));
+}
+
+void MainWindow::recvQmlMoveWindow(int x, int y, int /*startx*/, int /*starty*/) {
+    move(pos() + QPoint(x, y));
+}
+
+void MainWindow::recvQmlMessage1(int id, int var1, int /*var2*/) {
+    const auto message = ViewMessage(id);
+    if (message == ViewMessage::HidePanel)
+        hide();
+    const vexa::Setting *setting = vexa::settingOfMessage(message);
+    if (!setting)
+        return;
+    if (message == ViewMessage::AutoStart)
+        changeAutoStart(var1);
+    else
+        *setting->value = var1;
+    Settings::ZrXmlWrite();
+
+    if (message == ViewMessage::Language) {
+        changeLanguage(var1);
+        m_qmlInitTimer.start(refillDelay, this);
+    } else if (message == ViewMessage::Key2P || message == ViewMessage::Key3P ||
+               message == ViewMessage::Key4C) {
+        m_chords.arm();
+    }
+}
+
+void MainWindow::changeAutoStart(int value) {
+    const bool enable = value != 0;
+    // One script at a time: until it is through, the switch stays where it is.
+    const bool first = !std::exchange(m_changingAutoStart, true);
+    const bool done = first && vexa::runInShell(vexa::platform::autoStartCommand(enable), scriptLimit);
+    if (first)
+        m_changingAutoStart = false;
+    if (done)
+        Settings::AutoStart = value;
+    // The view shows what it asked for already: it learns what came of it.
+    const QVariant note = done ? QVariant(value) : QVariant(!enable);
+    SetValue(m_viewRoot, int(ViewMessage::AutoStart), Settings::AutoStart, note);
+}
