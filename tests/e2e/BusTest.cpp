@@ -47,14 +47,13 @@ void BusTest::cleanup() {
 }
 
 void BusTest::startProgram() {
-    QVERIFY(m_program->start());
-    QTRY_VERIFY_WITH_TIMEOUT(e2e::hasWithdrawn(m_program->pid()), patience);
+    QVERIFY(e2e::startAndSettle(*m_program));
 }
 
 QByteArray BusTest::endProgram() {
     m_program->signal(SIGTERM);
     const auto end = m_program->waitForEnd();
-    return end.normal && end.code == 0 ? end.errors : "ended with " + QByteArray::number(end.code);
+    return end.how == "ended with 0" ? end.errors : end.how;
 }
 
 void BusTest::verifyThatActivationWorks() {
@@ -106,9 +105,7 @@ void BusTest::theActionsOfTheDesktopEntryWork() {
     run("Settings");
     QTRY_VERIFY_WITH_TIMEOUT(e2e::panelOf(m_program->pid()).id, patience);
     run("Quit");
-    const auto end = m_program->waitForEnd();
-    QVERIFY(end.normal);
-    QCOMPARE(end.code, 0);
+    QCOMPARE(m_program->waitForEnd().how, QByteArray("ended with 0"));
 }
 
 void BusTest::theNextInstanceInheritsTheName() {

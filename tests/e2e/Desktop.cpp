@@ -1,41 +1,29 @@
 // SPDX-License-Identifier: MIT
 #include "e2e/Desktop.h"
 
+#include "e2e/Program.h"
+#include "e2e/Xcb.h"
+#include "support/Patience.h"
+
 #include <QGuiApplication>
 #include <QPixmap>
 #include <QScreen>
+#include <QTest>
 #include <QX11Info>
 #include <algorithm>
-#include <cstdlib>
-#include <memory>
-#include <xcb/xcb.h>
 
 namespace e2e {
 
 namespace {
 
-template<typename Reply> std::unique_ptr<Reply, decltype(&std::free)> owned(Reply *reply) {
-    return {reply, &std::free};
-}
+using xcb::owned;
 
 xcb_connection_t *connection() {
     return QX11Info::connection();
 }
 
-xcb_atom_t atom(const char *name) {
-    const auto length = static_cast<std::uint16_t>(qstrlen(name));
-    const auto reply =
-        owned(xcb_intern_atom_reply(connection(), xcb_intern_atom(connection(), 0, length, name), nullptr));
-    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
-}
-
 QByteArray property(xcb_window_t window, const char *name) {
-    const auto cookie = xcb_get_property(connection(), 0, window, atom(name), XCB_ATOM_ANY, 0, 1024);
-    const auto reply = owned(xcb_get_property_reply(connection(), cookie, nullptr));
-    if (!reply)
-        return {};
-    return {static_cast<const char *>(xcb_get_property_value(reply.get())),
-            xcb_get_property_value_length(reply.get())};
+    return xcb::property(connection(), window, xcb::atom(connection(), name));
 }
 
 bool belongsTo(xcb_window_t window, qint64 pid) {
@@ -144,6 +132,11 @@ bool hasWithdrawn(qint64 pid, double pixelsPerPoint) {
     });
 }
 
+bool startAndSettle(Program &program, double pixelsPerPoint) {
+    const auto settled = [&] { return hasWithdrawn(program.pid(), pixelsPerPoint); };
+    return program.start() && QTest::qWaitFor(settled, vexa::test::patience);
+}
+
 QImage grabScreen() {
     return QGuiApplication::primaryScreen()->grabWindow(0).toImage().convertToFormat(QImage::Format_RGB32);
 }
@@ -161,8 +154,8 @@ void askToClose(const Window &window) {
     message.response_type = XCB_CLIENT_MESSAGE;
     message.format = 32;
     message.window = window.id;
-    message.type = atom("WM_PROTOCOLS");
-    message.data.data32[0] = atom("WM_DELETE_WINDOW");
+    message.type = xcb::atom(connection(), "WM_PROTOCOLS");
+    message.data.data32[0] = xcb::atom(connection(), "WM_DELETE_WINDOW");
     xcb_send_event(connection(), 0, window.id, XCB_EVENT_MASK_NO_EVENT,
                    reinterpret_cast<const char *>(&message));
     xcb_flush(connection());

@@ -11,6 +11,8 @@
 /// What a person in front of the screen sees of a program. Needs an application object on the X display.
 namespace e2e {
 
+class Program;
+
 struct Window {
     quint32 id = 0;
     QString title;
@@ -41,6 +43,9 @@ Window panelOf(qint64 pid);
 
 /// Whether the start is over: the panel has shown itself, has hidden again and left its prompt.
 bool hasWithdrawn(qint64 pid, double pixelsPerPoint = 1);
+
+/// Starts the program and waits until its start is over.
+bool startAndSettle(Program &program, double pixelsPerPoint = 1);
 
 QImage grabScreen();
 QRgb pixelAt(const QPoint &position);

@@ -51,12 +51,8 @@ void LaserTest::holdingKeyFourPutsADotUnderThePointer() {
     QFETCH(int, resolution);
     QFETCH(double, pixelsPerPoint);
     QVERIFY(setDesktopResolution(resolution));
-    e2e::Program program({{QStringLiteral("ShowPrivacyWindow"), 0},
-                          {QStringLiteral("Key4P"), 2},
-                          {QStringLiteral("LaserPenSize"), radius},
-                          {QStringLiteral("LaserPenColor"), 600}});
-    QVERIFY(program.start());
-    QTRY_VERIFY_WITH_TIMEOUT(e2e::hasWithdrawn(program.pid(), pixelsPerPoint), patience);
+    e2e::Program program({{"Key4P", 2}, {"LaserPenSize", radius}, {"LaserPenColor", 600}});
+    QVERIFY(e2e::startAndSettle(program, pixelsPerPoint));
 
     const QPoint first(400, 300);
     const QPoint second(1200, 700);
@@ -108,12 +104,9 @@ void LaserTest::aPointerThatWasKeptInIsLeftAlone_data() {
 /// At a scale at which few points are whole pixels.
 void LaserTest::aPointerThatWasKeptInIsLeftAlone() {
     QFETCH(double, scale);
-    e2e::Program program({{QStringLiteral("ShowPrivacyWindow"), 0},
-                          {QStringLiteral("Key4P"), 2},
-                          {QStringLiteral("LaserPenColor"), 600}});
+    e2e::Program program({{"Key4P", 2}, {"LaserPenColor", 600}});
     program.setEnvironment(QStringLiteral("QT_SCALE_FACTOR"), QString::number(scale));
-    QVERIFY(program.start());
-    QTRY_VERIFY_WITH_TIMEOUT(e2e::hasWithdrawn(program.pid(), scale), patience);
+    QVERIFY(e2e::startAndSettle(program, scale));
     moveMouse({600, 600});
     typeChord(PenKey::G);
     QTRY_COMPARE_WITH_TIMEOUT(e2e::pixelAt({600, 600}), dotColour, patience);

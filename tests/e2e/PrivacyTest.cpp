@@ -103,8 +103,7 @@ private slots:
 void PrivacyTest::whatIsTypedLeavesNoTrace() {
     e2e::Program program(choices());
     const QByteArray written = program.settingsFile();
-    QVERIFY(program.start());
-    QTRY_VERIFY_WITH_TIMEOUT(e2e::hasWithdrawn(program.pid()), patience);
+    QVERIFY(e2e::startAndSettle(program));
     // The panel echoes the choices it is shown. The first echo brings the file into the program's own form,
     // in which no later one finds anything to change.
     QTRY_VERIFY_WITH_TIMEOUT(program.settingsFile() != written, patience);
@@ -133,8 +132,7 @@ void PrivacyTest::whatIsTypedLeavesNoTrace() {
 
 void PrivacyTest::itHasNoConnectionToAnyNetwork() {
     e2e::Program program;
-    QVERIFY(program.start());
-    QTRY_VERIFY_WITH_TIMEOUT(e2e::hasWithdrawn(program.pid()), patience);
+    QVERIFY(e2e::startAndSettle(program));
     typeChord(PenKey::G);
     const auto toolIsOpen = [&] { return hasOpenTool(program); };
     QTRY_VERIFY_WITH_TIMEOUT(toolIsOpen(), patience);

@@ -30,16 +30,20 @@ bool placeExecutable(const QString &place) {
 
 Program::End endOf(QProcess &process) {
     process.waitForFinished(-1);
-    return {process.exitStatus() == QProcess::NormalExit, process.exitCode(), process.readAllStandardError(),
-            process.readAllStandardOutput()};
+    const bool normal = process.exitStatus() == QProcess::NormalExit;
+    const QByteArray how =
+        (normal ? "ended with " : "killed by signal ") + QByteArray::number(process.exitCode());
+    return {how, process.readAllStandardError(), process.readAllStandardOutput()};
 }
 
 } // namespace
 
-Program::Program(const Settings &settings) : m_executable(m_folder.filePath(QStringLiteral("VexaOrbilo"))) {
+Program::Program(Settings settings) : m_executable(m_folder.filePath(QStringLiteral("VexaOrbilo"))) {
     if (!placeExecutable(m_executable))
         qFatal("cannot place the program in %s", qPrintable(m_folder.path()));
     if (!settings.isEmpty()) {
+        if (!settings.contains("ShowPrivacyWindow"))
+            settings.insert("ShowPrivacyWindow", 0);
         QFile file(settingsPath());
         if (!file.open(QIODevice::WriteOnly) || file.write(settingsText(settings)) < 0)
             qFatal("cannot write %s", qPrintable(settingsPath()));

@@ -13,9 +13,10 @@ namespace e2e {
 
 class Program {
 public:
-    /// Values for the settings file to start with; none: there is no file, as in a fresh installation.
+    /// Values for the settings file to start with, without the guide unless it is asked for; none: there is
+    /// no file, as in a fresh installation.
     using Settings = QMap<QString, int>;
-    explicit Program(const Settings &settings = {{QStringLiteral("ShowPrivacyWindow"), 0}});
+    explicit Program(Settings settings = {{"ShowPrivacyWindow", 0}});
     ~Program();
 
     /// Changes the environment of later starts.
@@ -24,8 +25,7 @@ public:
 
     /// Runs the executable once more beside this one, from the same folder, and waits for its end.
     struct End {
-        bool normal = false;
-        int code = -1;
+        QByteArray how; ///< "ended with 0", "killed by signal 11"
         QByteArray errors;
         QByteArray output;
     };

@@ -19,7 +19,7 @@ const QSize panelSize(999, 650);
 const QSize guideSize(494, 300);
 
 e2e::Program::Settings withGuide() {
-    return {{QStringLiteral("ShowPrivacyWindow"), 1}, {QStringLiteral("Language"), 2}};
+    return {{"ShowPrivacyWindow", 1}, {"Language", 2}};
 }
 
 /// The window of that size, shown or not; 0 when there is none.
@@ -97,14 +97,13 @@ void StartTest::thePanelShowsBrieflyAndLeavesAPrompt() {
 
 void StartTest::theProgramRunsOnWithoutAWindow() {
     e2e::Program program;
-    QVERIFY(program.start());
-    QTRY_VERIFY_WITH_TIMEOUT(e2e::hasWithdrawn(program.pid()), patience);
-    QCOMPARE(program.runToTheEnd().code, 0);
+    QVERIFY(e2e::startAndSettle(program));
+    QCOMPARE(program.runToTheEnd().how, QByteArray("ended with 0"));
     QTRY_VERIFY_WITH_TIMEOUT(e2e::panelOf(program.pid()).id, patience);
     e2e::askToClose(e2e::panelOf(program.pid()));
     QTRY_VERIFY_WITH_TIMEOUT(!e2e::panelOf(program.pid()).id, patience);
     QVERIFY(program.isRunning());
-    QCOMPARE(program.runToTheEnd().code, 0);
+    QCOMPARE(program.runToTheEnd().how, QByteArray("ended with 0"));
     QTRY_VERIFY_WITH_TIMEOUT(e2e::panelOf(program.pid()).id, patience);
 }
 
@@ -174,9 +173,8 @@ void StartTest::aConfirmedGuideIsSavedBeforeThePanelShows() {
 
 void StartTest::theWindowManagerLearnsWhatThePanelIs() {
     e2e::Program program;
-    QVERIFY(program.start());
-    QTRY_VERIFY_WITH_TIMEOUT(e2e::hasWithdrawn(program.pid()), patience);
-    QCOMPARE(program.runToTheEnd().code, 0);
+    QVERIFY(e2e::startAndSettle(program));
+    QCOMPARE(program.runToTheEnd().how, QByteArray("ended with 0"));
     QTRY_VERIFY_WITH_TIMEOUT(e2e::panelOf(program.pid()).id, patience);
     const e2e::Wishes wishes = e2e::wishesOf(e2e::panelOf(program.pid()));
     // Tiling window managers let a window float whose size cannot change.
@@ -190,12 +188,10 @@ void StartTest::aWaylandSessionIsNamedAndRunsAllTheSame() {
     e2e::Program program;
     program.setEnvironment(QStringLiteral("XDG_SESSION_TYPE"), QStringLiteral("wayland"));
     program.setEnvironment(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("wayland"));
-    QVERIFY(program.start());
-    QTRY_VERIFY_WITH_TIMEOUT(e2e::hasWithdrawn(program.pid()), patience);
+    QVERIFY(e2e::startAndSettle(program));
     program.signal(SIGTERM);
     const auto end = program.waitForEnd();
-    QVERIFY(end.normal);
-    QCOMPARE(end.code, 0);
+    QCOMPARE(end.how, QByteArray("ended with 0"));
     QCOMPARE(end.errors,
              QByteArray(
                  "VexaOrbilo: this is a Wayland session, in which the pen cannot be heard; an X11 session is "

@@ -39,13 +39,12 @@ void TrayTest::anIconOnTheBusShowsThePanelAndEndsTheProgram() {
     QFETCH(QStringList, texts);
     e2e::Bus bus;
     QVERIFY(bus.start());
-    e2e::Program program({{QStringLiteral("ShowPrivacyWindow"), 0}, {QStringLiteral("Language"), language}});
+    e2e::Program program({{"Language", language}});
     program.setEnvironment(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), bus.address());
     std::unique_ptr<e2e::BusTray> tray;
     if (trayFirst)
         tray = std::make_unique<e2e::BusTray>(bus.address());
-    QVERIFY(program.start());
-    QTRY_VERIFY_WITH_TIMEOUT(e2e::hasWithdrawn(program.pid()), patience);
+    QVERIFY(e2e::startAndSettle(program));
     QTRY_VERIFY_WITH_TIMEOUT(bus.knowsTheProgram(), patience);
     if (!trayFirst)
         tray = std::make_unique<e2e::BusTray>(bus.address());
@@ -61,8 +60,7 @@ void TrayTest::anIconOnTheBusShowsThePanelAndEndsTheProgram() {
     tray->choose(texts.last());
     QTRY_VERIFY_WITH_TIMEOUT(!program.isRunning(), patience);
     const auto end = program.waitForEnd();
-    QVERIFY(end.normal);
-    QCOMPARE(end.code, 0);
+    QCOMPARE(end.how, QByteArray("ended with 0"));
     QCOMPARE(end.errors, QByteArray());
 }
 
@@ -78,8 +76,7 @@ void TrayTest::anIconOnTheDisplay() {
     if (trayFirst)
         tray = std::make_unique<e2e::DisplayTray>();
     e2e::Program program;
-    QVERIFY(program.start());
-    QTRY_VERIFY_WITH_TIMEOUT(e2e::hasWithdrawn(program.pid()), patience);
+    QVERIFY(e2e::startAndSettle(program));
     if (!trayFirst)
         tray = std::make_unique<e2e::DisplayTray>();
     QTRY_VERIFY_WITH_TIMEOUT(tray->hasIcon(), patience);

@@ -3,9 +3,6 @@
 
 #include <QDBusArgument>
 #include <QDBusMessage>
-#include <array>
-#include <cstdlib>
-#include <xcb/xcb.h>
 
 namespace e2e {
 
@@ -79,45 +76,34 @@ void BusTray::choose(const QString &text) const {
     m_bus.send(callOf(m_item, menuPath, menuInterface, QStringLiteral("Event"), arguments));
 }
 
-void DisplayTray::Disconnect::operator()(xcb_connection_t *connection) const {
-    xcb_disconnect(connection);
-}
-
 DisplayTray::DisplayTray() : m_connection(xcb_connect(nullptr, nullptr)) {
-    xcb_connection_t *const xcb = m_connection.get();
-    const auto atom = [xcb](const char *name) {
-        const auto request = xcb_intern_atom(xcb, 0, static_cast<std::uint16_t>(qstrlen(name)), name);
-        const std::unique_ptr<xcb_intern_atom_reply_t, decltype(&std::free)> reply(
-            xcb_intern_atom_reply(xcb, request, nullptr), &std::free);
-        return reply->atom;
-    };
-    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(xcb)).data->root;
-    const xcb_window_t tray = xcb_generate_id(xcb);
-    xcb_create_window(xcb, XCB_COPY_FROM_PARENT, tray, root, 0, 0, 30, 30, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT,
-                      XCB_COPY_FROM_PARENT, 0, nullptr);
-    const xcb_atom_t selection = atom("_NET_SYSTEM_TRAY_S0");
-    xcb_set_selection_owner(xcb, tray, selection, XCB_CURRENT_TIME);
+    xcb_connection_t *const server = m_connection.get();
+    const xcb_window_t root = xcb::root(server);
+    const xcb_window_t tray = xcb_generate_id(server);
+    xcb_create_window(server, XCB_COPY_FROM_PARENT, tray, root, 0, 0, 30, 30, 0,
+                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
+    const xcb_atom_t selection = xcb::atom(server, "_NET_SYSTEM_TRAY_S0");
+    xcb_set_selection_owner(server, tray, selection, XCB_CURRENT_TIME);
     xcb_client_message_event_t announcement{};
     announcement.response_type = XCB_CLIENT_MESSAGE;
     announcement.format = 32;
     announcement.window = root;
-    announcement.type = atom("MANAGER");
+    announcement.type = xcb::atom(server, "MANAGER");
     announcement.data.data32[1] = selection;
     announcement.data.data32[2] = tray;
-    xcb_send_event(xcb, 0, root, XCB_EVENT_MASK_STRUCTURE_NOTIFY,
+    xcb_send_event(server, 0, root, XCB_EVENT_MASK_STRUCTURE_NOTIFY,
                    reinterpret_cast<const char *>(&announcement));
-    xcb_flush(xcb);
+    xcb_flush(server);
 }
 
 DisplayTray::~DisplayTray() = default;
 
 bool DisplayTray::hasIcon() {
     constexpr std::uint32_t dock = 0; // what a message to the tray can ask for
-    while (xcb_generic_event_t *const event = xcb_poll_for_event(m_connection.get())) {
-        const auto *const message = reinterpret_cast<const xcb_client_message_event_t *>(event);
-        if ((event->response_type & 0x7f) == XCB_CLIENT_MESSAGE && message->data.data32[1] == dock)
+    while (const auto event = xcb::owned(xcb_poll_for_event(m_connection.get()))) {
+        const auto *const message = reinterpret_cast<const xcb_client_message_event_t *>(event.get());
+        if (xcb::typeOf(*event) == XCB_CLIENT_MESSAGE && message->data.data32[1] == dock)
             m_hasIcon = true;
-        std::free(event);
     }
     return m_hasIcon;
 }

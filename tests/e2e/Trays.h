@@ -2,12 +2,10 @@
 #pragma once
 
 #include "e2e/Bus.h"
+#include "e2e/Xcb.h"
 
 #include <QDBusContext>
 #include <QObject>
-#include <memory>
-
-struct xcb_connection_t;
 
 namespace e2e {
 
@@ -48,10 +46,7 @@ public:
     bool hasIcon();
 
 private:
-    struct Disconnect {
-        void operator()(xcb_connection_t *connection) const;
-    };
-    std::unique_ptr<xcb_connection_t, Disconnect> m_connection;
+    xcb::Connection m_connection;
     bool m_hasIcon = false;
 };
 

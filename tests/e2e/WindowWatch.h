@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "e2e/Xcb.h"
+
 #include <QHash>
 #include <QSet>
 #include <QtGlobal>
-#include <memory>
-
-struct xcb_connection_t;
 
 namespace e2e {
 
@@ -22,10 +21,7 @@ public:
 private:
     void readEvents();
 
-    struct Disconnect {
-        void operator()(xcb_connection_t *connection) const;
-    };
-    std::unique_ptr<xcb_connection_t, Disconnect> m_connection;
+    xcb::Connection m_connection;
     QSet<quint32> m_shown;
     QHash<quint32, quint32> m_frames; ///< the last frame of each window
 };

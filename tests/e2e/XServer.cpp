@@ -1,10 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "e2e/XServer.h"
 
-#include <cstdlib>
-#include <type_traits>
-#include <xcb/xcb.h>
-
 namespace e2e {
 
 XServer::XServer(const QStringList &arguments) {
@@ -17,10 +13,6 @@ XServer::XServer(const QStringList &arguments) {
         m_display = QLatin1Char(':') + QString::fromLatin1(m_process.readAllStandardOutput()).trimmed();
 }
 
-void XServer::Disconnect::operator()(xcb_connection_t *connection) const {
-    xcb_disconnect(connection);
-}
-
 void XServer::leaveConnections(std::size_t free) {
     const QByteArray display = m_display.toLatin1();
     while (m_taken.empty() || !xcb_connection_has_error(m_taken.back().get()))
@@ -29,22 +21,13 @@ void XServer::leaveConnections(std::size_t free) {
 }
 
 bool XServer::hasWindowsOf(const QByteArray &windowClass) const {
-    const std::unique_ptr<xcb_connection_t, Disconnect> connection(
-        xcb_connect(m_display.toLatin1().constData(), nullptr));
-    const auto answered = [](auto *reply) {
-        return std::unique_ptr<std::remove_pointer_t<decltype(reply)>, decltype(&std::free)>(reply,
-                                                                                             &std::free);
-    };
-    xcb_connection_t *const xcb = connection.get();
-    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(xcb)).data->root;
-    const auto tree = answered(xcb_query_tree_reply(xcb, xcb_query_tree(xcb, root), nullptr));
+    const xcb::Connection connection(xcb_connect(m_display.toLatin1().constData(), nullptr));
+    xcb_connection_t *const server = connection.get();
+    const auto tree =
+        xcb::owned(xcb_query_tree_reply(server, xcb_query_tree(server, xcb::root(server)), nullptr));
     for (int i = 0; tree && i < xcb_query_tree_children_length(tree.get()); ++i) {
         const xcb_window_t window = xcb_query_tree_children(tree.get())[i];
-        const auto name = answered(xcb_get_property_reply(
-            xcb, xcb_get_property(xcb, 0, window, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, 0, 100), nullptr));
-        if (name && QByteArray(static_cast<const char *>(xcb_get_property_value(name.get())),
-                               xcb_get_property_value_length(name.get()))
-                        .contains(windowClass))
+        if (xcb::property(server, window, XCB_ATOM_WM_CLASS).contains(windowClass))
             return true;
     }
     return false;

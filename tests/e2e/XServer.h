@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "e2e/Xcb.h"
+
 #include <QByteArray>
 #include <QProcess>
 #include <QString>
 #include <QStringList>
-#include <memory>
 #include <vector>
-
-struct xcb_connection_t;
 
 namespace e2e {
 
@@ -32,13 +31,9 @@ public:
     void leaveConnections(std::size_t free);
 
 private:
-    struct Disconnect {
-        void operator()(xcb_connection_t *connection) const;
-    };
-
     QProcess m_process;
     QString m_display;
-    std::vector<std::unique_ptr<xcb_connection_t, Disconnect>> m_taken;
+    std::vector<xcb::Connection> m_taken;
 };
 
 } // namespace e2e

@@ -103,9 +103,6 @@ class Presentation:
             "<Key3P>3</Key3P><Key4P>2</Key4P><LaserPenSize>20</LaserPenSize><LaserPenColor>600</LaserPenColor>"
             "<Language>2</Language></Setting></PenSetting>")
         (self.folder / "i3.config").write_text("font pango:monospace 8\n")
-        okular = Path.home() / ".config" / "okularrc"
-        okular.parent.mkdir(exist_ok=True)
-        okular.write_text("[Notification Messages]\npresentationInfo=false\n")
 
     def start(self, *command, log):
         output = (self.folder / log).open("wb")
@@ -179,6 +176,8 @@ class Presentation:
     def begin(self, own_start):
         if own_start:
             xdo("key", own_start)
+            if stays(lambda: xdo("search", "--onlyvisible", "--name", "^Information")):  # how to leave the show
+                xdo("key", "Return")
             await_("the show by its own key", lambda: Screen().slide() == 1)
             raise OwnKey
         self.pen("key2", "long")
@@ -191,7 +190,8 @@ class Presentation:
         return True
 
     def kept(self, name, focus):
-        self.check(name + ": slide kept", lambda: stays(lambda: Screen().slide() == 3))
+        self.check(name + ": slide kept", lambda: stays(lambda: True) and self.comes(
+            "the slide", lambda: Screen().slide() == 3) and stays(lambda: Screen().slide() == 3))
         self.check(name + ": focus kept", lambda: xdo("getwindowfocus") == focus)
         while Screen().slide() not in (0, 3):  # for what comes after
             xdo("key", "Next" if Screen().slide() < 3 else "Prior")
