@@ -2,7 +2,8 @@
 # arrows_test.py SOURCE-FOLDER
 #
 # Which room of src/ may include headers of which other is said once, in the table of docs/architecture.md. Here the
-# includes are held against it: none that the table does not name, and no arrow in the table that nothing uses.
+# includes are held against it: none that the table does not name, and no arrow in the table that nothing uses. So are
+# the libraries: one links the libraries of the rooms that its own looks into.
 import pathlib
 import re
 import sys
@@ -11,6 +12,9 @@ import unittest
 SOURCE = pathlib.Path(sys.argv[1])
 ARROW = re.compile(r"^    (\S+) +→ +(.+)$", re.MULTILINE)
 INCLUDE = re.compile(r'^\s*#\s*include\s+"([^"]+/)[^"/]+"', re.MULTILINE)
+LIBRARY = re.compile(r"vexa_library\((vexa_\w+)([^()]*(?:\([^()]*\)[^()]*)*)\)")
+ROOMS_OF = {"vexa_x11": ["platform/x11/input"], "vexa_quartz": ["platform/quartz"],
+            "vexa_platform": ["platform", "platform/x11", "platform/mac"]}  # of the others the room has the name
 X11_INCLUDE = re.compile(r"^\s*#\s*include\s+<(?:X11|xcb)/", re.MULTILINE)
 
 
@@ -38,6 +42,18 @@ def sources():
     root = SOURCE / "src"
     return {str(path.relative_to(root)): path.read_text("utf-8")
             for path in root.rglob("*") if path.suffix in (".cpp", ".h")}
+
+
+def links(files):
+    """Every (library, linked library) of the build files."""
+    for text in files:
+        for library, arguments in LIBRARY.findall(text):
+            for linked in re.findall(r"(?<!{)\bvexa_\w+", arguments):
+                yield library, linked
+
+
+def rooms_of(library):
+    return ROOMS_OF.get(library, [library.removeprefix("vexa_")])
 
 
 class Arrows(unittest.TestCase):
@@ -71,6 +87,18 @@ class Arrows(unittest.TestCase):
                  "platform/x11/C.cpp": '  #  include "platform/D.h"\n'}
         self.assertEqual(list(includes(rooms, files)),
                          [("settings", "app", "settings/A.cpp"), ("platform/x11", "platform", "platform/x11/C.cpp")])
+
+    def test_libraries_link_along_the_arrows(self):
+        files = [path.read_text("utf-8") for path in (SOURCE / "src").rglob("CMakeLists.txt")]
+        found = list(links(files))
+        self.assertGreater(len(found), 10)
+        wrong = [f"{library} links {linked}" for library, linked in found
+                 if not any(target in self.rooms[room] for room in rooms_of(library) for target in rooms_of(linked))]
+        self.assertEqual(wrong, [])
+
+    def test_finds_a_link_against_the_arrows(self):
+        text = "vexa_library(vexa_a QT\n  SOURCES\n    A.cpp\n  PUBLIC vexa_b Qt5::Core\n  PRIVATE vexa_c)\n"
+        self.assertEqual(list(links([text])), [("vexa_a", "vexa_b"), ("vexa_a", "vexa_c")])
 
     def test_x_headers_stay_in_their_room(self):
         """Xlib's macros break Qt's headers, so its own stand in .cpp files, too."""
