@@ -23,7 +23,7 @@ public:
     /// The thread's body. A failure of the listener is told by signalKeyboardException.
     static void run(std::promise<CAnyKeyboardKiller> promise, CKeyboardHandler *handler);
 
-    /// A mark that nothing asks for yet: the listener is heard either way.
+    /// Sets a flag that nothing reads, on purpose: messages are passed on either way.
     void activate();
     void deactivate();
 
@@ -43,7 +43,7 @@ public slots:
     void slotOnMouseMessage(const CKeyboardMessage &message);
 
 private:
-    // The thread object goes last but for the base, so it comes first.
+    // Destroyed in reverse order: the stop handle before the thread.
     std::thread m_thread;
     CAnyKeyboardKiller m_killer;
     bool m_active = true;

@@ -90,8 +90,8 @@ void CKeyboardListenerMac::keyChanged(CGEventRef event, int state) {
     emit signalKeyboardMessage(CKeyboardMessage(keyCodeOf(event), state));
 }
 
-/// Counts changes from an all-released start. The event's flags are looked at and left aside: they tell left
-/// from right only on some keyboards.
+/// Counts changes, starting from all released. The event's flags are read and ignored on purpose: not every
+/// keyboard's flags tell left from right.
 void CKeyboardListenerMac::flagsChanged(CGEventRef event) {
     [[maybe_unused]] const CGEventFlags flags = CGEventGetFlags(event);
     const int keyCode = keyCodeOf(event);

@@ -24,7 +24,8 @@ public:
         return *this;
     }
 
-    /// Frees the object but keeps showing its reference, deliberately: such a wrapper waits to be reassigned.
+    /// Frees the object but keeps returning its reference, on purpose: nothing may be done with such a
+    /// wrapper but to assign it anew.
     OwnedReference &operator=(std::nullptr_t) noexcept {
         freeOwned();
         return *this;

@@ -5,7 +5,7 @@
 
 namespace {
 
-/// The event is never released, deliberately: a posted key is the system's from then on.
+/// The event is not released after posting, on purpose.
 void postKey(CGKeyCode key, bool down, CGEventFlags flags = 0) {
     CGEventRef event = CGEventCreateKeyboardEvent(nullptr, key, down);
     if (!event)
@@ -57,7 +57,7 @@ void CKeyboardListenerMac::SetMouseClick(int x, int y) {
 
 void CKeyboardListenerMac::SetpTosysCamera() {}
 
-/// The source is not released, deliberately; the event is.
+/// The event source is not released, on purpose; the event is.
 void PostMouseEvent(CGMouseButton button, CGEventType type, CGPoint point) {
     CGEventSourceRef source = CGEventSourceCreate(kCGEventSourceStatePrivate);
     // NOLINTNEXTLINE(clang-analyzer-osx.cocoa.RetainCount)

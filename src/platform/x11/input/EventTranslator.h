@@ -30,10 +30,11 @@ public:
 
     void take(const DeviceEvent &event);
 
-    /// Keeps the key event to itself that comes next, if it is this one: it is our own doing.
+    /// Drops the next key event if it is this one, which we have faked ourselves.
     void hideNext(DeviceEvent::Type type, XKeyCode key);
 
-    /// A key is being released that may be up already, so that no event tells of it.
+    /// A release of the key is being faked. If it is up already the server will report no event, so a
+    /// modifier counts as released now.
     void letGo(XKeyCode key);
 
     /// Invents the release of every key believed down that is not: the server drops records that wait too

@@ -13,7 +13,8 @@ namespace vexa::x11 {
 
 namespace {
 
-// The server does not read the position of a faked key, but it records it: there the mark travels.
+// The server ignores the position in a request that fakes a key, but records the request whole: the position
+// carries the mark from the posting connection to the recording one.
 constexpr std::int16_t hiddenMark = 1;
 
 std::int16_t coordinate(int value) {

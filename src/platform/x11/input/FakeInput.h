@@ -11,8 +11,8 @@ namespace vexa::x11 {
 
 class Connection;
 
-/// Whether our listener is to see a faked key. It sees a release in any case where it is to, even if the key
-/// is up already and the server has nothing to tell.
+/// Whether our listener is to report a faked key. With Yes it reports a release also when the key is up
+/// already, so that the server sends no event.
 enum class Seen : bool { No, Yes };
 
 /// Fakes a key, a button, a pointer move. Sent, not flushed.

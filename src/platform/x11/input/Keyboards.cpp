@@ -75,7 +75,7 @@ Holders holdersOfKeys(const Connection &connection) {
         const Reply<xcb_input_query_device_state_reply_t> state(
             xcb_input_query_device_state_reply(x, asked.cookie, nullptr));
         if (state)
-            addKeys(asked.isFaking ? holders.programs : holders.hands, state.get());
+            addKeys(asked.isFaking ? holders.programs : holders.keyboards, state.get());
     }
     return holders;
 }

@@ -24,17 +24,17 @@ private:
     std::array<std::uint8_t, 32> m_bits{};
 };
 
-/// The session's keyboards, by the server's numbers, but the one through which clients fake keys.
+/// The session's keyboards, by the server's device ids, without the device through which clients fake keys.
 std::vector<std::uint8_t> realKeyboards(const Connection &connection);
 
 /// The keys that are down for the session, whoever holds them. Empty when the server cannot say.
 KeySet keysDown(const Connection &connection);
 
-/// Who holds keys, also those that were since released for the session by somebody else. What is down counts
-/// as held by programs where the server does not tell one device from another.
+/// Which keys are held on which kind of device, also those that a faked release has lifted for the session.
+/// Where the server does not tell one device from another, all keys that are down count as faked.
 struct Holders {
-    KeySet hands;    ///< some real device
-    KeySet programs; ///< the keyboard through which clients fake keys
+    KeySet keyboards; ///< real devices
+    KeySet programs;  ///< the device through which clients fake keys
 };
 Holders holdersOfKeys(const Connection &connection);
 

@@ -9,25 +9,25 @@ namespace vexa::x11 {
 
 namespace {
 
-// Option and command come first, so that they are never the last key pressed before they are let go: programs
-// take that for a call of their menu.
+// Option and command come first: programs open their menu at a release of one of them that directly follows
+// its press.
 constexpr int liftedKeys[] = {kVK_Option, kVK_RightOption, kVK_Command, kVK_RightCommand,
                               kVK_Shift,  kVK_RightShift,  kVK_Control, kVK_RightControl};
 
-/// Makes keys down for the session where a keyboard holds them, and up where none does. By the time that is
-/// done a keyboard may have moved on, so it is looked at again; not for ever, since while some client has
-/// frozen the keyboards nothing changes.
+/// Fakes presses and releases until a key is down for the session exactly where a keyboard holds it. While
+/// that is done a keyboard may change again, so it is looked at again; only so many times, since while a
+/// client has frozen the keyboards a faked key changes nothing.
 void followKeyboards(const Connection &connection, KeptKeys &kept, const std::vector<XKeyCode> &keys) {
     bool changed = true;
     for (int looks = 0; changed && looks < 50; ++looks) {
         changed = false;
-        const KeySet byHand = holdersOfKeys(connection).hands;
+        const KeySet onKeyboards = holdersOfKeys(connection).keyboards;
         const KeySet down = keysDown(connection);
         for (const XKeyCode key : keys) {
-            if (byHand.has(key) == down.has(key))
+            if (onKeyboards.has(key) == down.has(key))
                 continue;
-            fakeKey(connection, byHand.has(key), key);
-            kept[key] = byHand.has(key);
+            fakeKey(connection, onKeyboards.has(key), key);
+            kept[key] = onKeyboards.has(key);
             changed = true;
         }
     }
@@ -43,7 +43,7 @@ ModifierLift::ModifierLift(const Connection &connection, KeptKeys &kept)
         const XKeyCode key = positionOf(virtualKey);
         if (!down.has(key))
             continue;
-        const bool byProgram = holders.programs.has(key) && !kept[key] && !holders.hands.has(key);
+        const bool byProgram = holders.programs.has(key) && !kept[key] && !holders.keyboards.has(key);
         m_lifted.push_back({key, byProgram});
         fakeKey(connection, false, key, Seen::No);
         kept.reset(key);
@@ -53,12 +53,12 @@ ModifierLift::ModifierLift(const Connection &connection, KeptKeys &kept)
 void ModifierLift::restore() {
     if (m_lifted.empty())
         return;
-    // The server tells nothing of a real release of a key that is up for the session already: it is asked,
-    // and our listener hears of it by our own release.
-    const KeySet byHand = holdersOfKeys(m_connection).hands;
+    // The server reports no real release of a key that is up for the session already, so the devices are
+    // asked; our listener hears of such a release by the one that we fake.
+    const KeySet onKeyboards = holdersOfKeys(m_connection).keyboards;
     std::vector<XKeyCode> ofKeyboards;
     for (const Lifted &lifted : m_lifted) {
-        const bool held = lifted.byProgram || byHand.has(lifted.key);
+        const bool held = lifted.byProgram || onKeyboards.has(lifted.key);
         fakeKey(m_connection, held, lifted.key, held ? Seen::No : Seen::Yes);
         if (lifted.byProgram)
             continue;
@@ -69,9 +69,9 @@ void ModifierLift::restore() {
 }
 
 void giveUpKept(const Connection &connection, KeptKeys &kept, XKeyCode key) {
-    // Where a keyboard holds it and it is up, a program has lifted it: that is its affair until the next
-    // change.
-    if (keysDown(connection).has(key) || holdersOfKeys(connection).hands.has(key))
+    // A key that a keyboard holds, but that is up for the session, was lifted by another program, which will
+    // press it again.
+    if (keysDown(connection).has(key) || holdersOfKeys(connection).keyboards.has(key))
         return;
     fakeKey(connection, false, key);
     kept.reset(key);

@@ -10,24 +10,26 @@ namespace vexa::x11 {
 
 class Connection;
 
-/// The keys, by X key code, that we hold for the session in a keyboard's stead since a lift. The server lets
-/// a key go at the keyboard's own release of it all the same.
+/// The keys, by X key code, whose press we have faked again after a lift while the user goes on holding them
+/// on a keyboard. The server releases such a key for the session when that keyboard releases it, but our
+/// faking device goes on counting as holding it.
 using KeptKeys = std::bitset<256>;
 
-/// Lifts the modifiers that are held, so that a key posted meanwhile arrives without them. Within a server
-/// grab, so that no other client fakes keys in between; our listener sees nothing of it. Keyboards go on
-/// meanwhile: what they do is heard, and decides what is down afterwards.
+/// Fakes the release of the modifiers that are held, so that a key posted meanwhile arrives without them. To
+/// be used within a server grab, so that no other client fakes keys in between. The faked releases and
+/// presses are hidden from our listener. Real keyboards keep working during a server grab: what they do is
+/// heard, and decides which modifiers are down afterwards.
 class ModifierLift {
 public:
     ModifierLift(const Connection &connection, KeptKeys &kept);
 
-    /// Puts the modifiers back that are still held, and keeps those.
+    /// Fakes the press of those modifiers again that are still held, and notes them as kept.
     void restore();
 
 private:
     struct Lifted {
         XKeyCode key;
-        bool byProgram; ///< which cannot let go meanwhile
+        bool byProgram; ///< faked by another client, which the server grab keeps from releasing it meanwhile
     };
 
     const Connection &m_connection;
@@ -35,7 +37,8 @@ private:
     std::vector<Lifted> m_lifted;
 };
 
-/// Stops keeping a key that is up for the session. Within a server grab.
+/// Fakes the release of a kept key that is up for the session, so that other clients can fake it. To be used
+/// within a server grab.
 void giveUpKept(const Connection &connection, KeptKeys &kept, XKeyCode key);
 
 } // namespace vexa::x11

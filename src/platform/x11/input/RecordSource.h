@@ -14,12 +14,12 @@ namespace vexa::x11 {
 
 class XTestPoster;
 
-/// The session's input as the server's RECORD extension tells it: whoever has the focus or a grab. To be read
-/// without delay: the server drops records while a few hundred of them wait unread.
+/// The session's input as the server's RECORD extension reports it, whichever client has the focus or a grab.
+/// To be read without delay: the server drops records while a few hundred of them wait unread.
 class RecordSource : public InputSource {
 public:
-    /// Null when the server cannot be reached or does not record. What the poster hides is not heard.
-    /// Positions are points of the screen. Both outlive the source.
+    /// Null when the server cannot be reached or does not record. What the poster hides is not reported;
+    /// positions are points of the screen. Both outlive the source.
     static std::unique_ptr<RecordSource> open(XTestPoster &poster, const SharedPlace &screen);
 
     int fd() const override { return m_poll.get(); }

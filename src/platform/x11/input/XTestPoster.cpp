@@ -121,8 +121,7 @@ void XTestPoster::settle(int virtualKey) {
         settleKept(positionOf(virtualKey));
 }
 
-/// The faking device keeps thinking that it holds the key, and as long as it does so others cannot fake its
-/// press.
+/// While our faking device counts as holding the key, a press of it that another client fakes has no effect.
 void XTestPoster::settleKept(XKeyCode key) {
     if (!m_kept[key])
         return;

@@ -26,7 +26,8 @@ public:
     /// key up that may follow is nothing. The positions are points of that screen.
     bool post(const InputEvent &event, const platform::ScreenPlace &screen);
 
-    /// To be called when a modifier was let go: gives up our own hold of it, if a lift left one.
+    /// To be called when a modifier was released: our faking device stops holding it, if a lift has left it
+    /// so.
     void settle(int virtualKey);
 
 private:
