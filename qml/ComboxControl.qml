@@ -20,9 +20,9 @@ ComboBox {
     component RowText: PanelText {
         Accessible.ignored: true
         color: "#7D7D7D"
-        font: root.font
         height: root.rowHeight
         leftPadding: 10
+        pixelSize: root.font.pixelSize
     }
 
     currentIndex: 0

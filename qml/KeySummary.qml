@@ -30,7 +30,7 @@ Item {
     }
 
     Line {
-        font.pixelSize: 16
+        pixelSize: 16
         place: root.titlePosition
         text: root.title
     }

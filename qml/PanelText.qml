@@ -4,11 +4,15 @@ import QtQuick 2.15
 // A line of the panel, elided where it is too long for its place. Its height is that of the Latin line, around whose
 // middle every script is drawn: the fonts of other scripts have taller lines and would sit lower.
 Text {
+    property bool bold: false
+    property int pixelSize: 13
+    property bool underline: false
+
     color: "white"
     elide: Text.ElideRight
-    font.family: "Arial"
-    font.pixelSize: 13
-    height: font.pixelSize + 2
+    // Made anew with each translation: a new font takes the application's families, which follow the language.
+    font: Qt.font({ family: "Arial", pixelSize: pixelSize, bold: bold, underline: underline })
+    height: pixelSize + 2
     renderType: Text.QtRendering
     verticalAlignment: Text.AlignVCenter
 

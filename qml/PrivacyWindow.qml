@@ -8,7 +8,7 @@ Rectangle {
     signal qmlSignal(int id, int var1)
 
     component Permission: PanelText {
-        font.pixelSize: 10
+        pixelSize: 10
         width: 400
         x: 59
     }
@@ -31,7 +31,7 @@ Rectangle {
     }
 
     PanelText {
-        font.pixelSize: 16
+        pixelSize: 16
         fontSizeMode: Text.Fit // the English sentence takes two lines
         minimumPixelSize: 9
         height: 33

@@ -13,7 +13,7 @@ Rectangle {
     }
     component SmallPrint: PanelText {
         color: "#7D7D7D"
-        font.pixelSize: 9
+        pixelSize: 9
         horizontalAlignment: Text.AlignHCenter
         width: 210
         x: 19
@@ -36,8 +36,8 @@ Rectangle {
     }
 
     PanelText {
-        font.bold: true
-        font.pixelSize: 16
+        bold: true
+        pixelSize: 16
         text: qsTr("设置")
         width: 207
         x: 20
@@ -138,10 +138,10 @@ Rectangle {
     }
 
     SmallPrint {
-        font.bold: true
-        font.underline: true
+        bold: true
         height: 12
         text: qsTr("请访问Vexa官网以获得更多支持")
+        underline: true
         y: 326
 
         ClickArea {

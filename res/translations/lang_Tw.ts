@@ -1,9 +1,6 @@
 <?xml version="1.0" encoding="utf-8"?>
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_TW" sourcelanguage="zh_CN">
-<dependencies>
-    <dependency catalog=":/language_qm/port_Tw.qm"/>
-</dependencies>
 <context>
     <name>About</name>
     <message>

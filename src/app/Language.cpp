@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/Language.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QFont>
-#include <QFontDatabase>
 #include <QStringList>
 #include <array>
 #include <cstddef>
@@ -17,13 +16,14 @@ constexpr const char *traditionalFace = "Noto Sans CJK TC";
 
 struct Catalogue {
     const char *file;
+    const char *portFile; ///< texts that only this port has
     const char *chineseFace;
 };
 
 constexpr std::array<Catalogue, 3> catalogues{{
-    {":/language_qm/lang_Cn.qm", simplifiedFace},
-    {":/language_qm/lang_Tw.qm", traditionalFace},
-    {":/language_qm/lang_En.qm", simplifiedFace},
+    {":/language_qm/lang_Cn.qm", ":/language_qm/port_Cn.qm", simplifiedFace},
+    {":/language_qm/lang_Tw.qm", ":/language_qm/port_Tw.qm", traditionalFace},
+    {":/language_qm/lang_En.qm", ":/language_qm/port_En.qm", simplifiedFace},
 }};
 
 const Catalogue *catalogueOf(int language) {
@@ -31,37 +31,42 @@ const Catalogue *catalogueOf(int language) {
     return index < catalogues.size() ? &catalogues[index] : nullptr;
 }
 
-/// Makes the toolkit forget the faces it has drawn a family with, which outlive a change of substitutions. It
-/// does so when an application font goes; the one that comes and goes here is none.
-void forgetDrawnFaces() {
-    QFontDatabase::addApplicationFontFromData(QByteArray(1, 'x'));
-    QFontDatabase::removeAllApplicationFonts();
+/// Null when it cannot be loaded.
+std::unique_ptr<QTranslator> installed(const char *file) {
+    auto translator = std::make_unique<QTranslator>();
+    if (!translator->load(QLatin1String(file)) || !QCoreApplication::installTranslator(translator.get()))
+        return nullptr;
+    return translator;
 }
 
 } // namespace
 
 void Language::chooseFace(int language) {
     const Catalogue *catalogue = catalogueOf(language);
-    const QString face = QStringLiteral("Arial");
-    QFont::removeSubstitutions(face);
-    // Where there is no Arial, its metric twin stands in for it. Left to itself the system draws Chinese text
-    // outside a Chinese session with the Japanese forms.
-    QFont::insertSubstitutions(face, {QStringLiteral("Liberation Sans"),
-                                      QLatin1String(catalogue ? catalogue->chineseFace : simplifiedFace)});
-    forgetDrawnFaces();
+    // A font that names a family keeps the application's families behind it. Where there is no Arial, its
+    // metric twin stands in for it. Left to itself the system draws Chinese text outside a Chinese session
+    // with the Japanese forms.
+    QFont font = QGuiApplication::font();
+    font.setFamily(QStringLiteral("Arial"));
+    font.setFamilies({QStringLiteral("Arial"), QStringLiteral("Liberation Sans"),
+                      QLatin1String(catalogue ? catalogue->chineseFace : simplifiedFace)});
+    // The toolkit's font cache tells two fonts apart by their style hints, but not by the families behind a
+    // first one that is not installed.
+    font.setStyleHint(catalogue && catalogue->chineseFace == traditionalFace ? QFont::SansSerif
+                                                                             : QFont::AnyStyle);
+    QApplication::setFont(font);
 }
 
 void Language::change(int language) {
     chooseFace(language);
-    m_translator.reset(); // a translator takes itself out of the application
+    m_portTranslator.reset(); // a translator takes itself out of the application
+    m_translator.reset();
     const Catalogue *catalogue = catalogueOf(language);
     if (!catalogue)
         return;
-    auto translator = std::make_unique<QTranslator>();
-    if (!translator->load(QLatin1String(catalogue->file)) ||
-        !QCoreApplication::installTranslator(translator.get()))
-        return;
-    m_translator = std::move(translator);
+    m_translator = installed(catalogue->file);
+    if (m_translator)
+        m_portTranslator = installed(catalogue->portFile);
 }
 
 } // namespace vexa

@@ -14,12 +14,13 @@ public:
     /// are Simplified Chinese.
     void change(int language);
 
-    /// Has Chinese text in the interface's face drawn as readers of that language expect it, also text that
-    /// is shown already. change() does it too.
+    /// Makes the interface's face the application's font, with Chinese text drawn as readers of that language
+    /// expect it: in widgets at once, in views when they are translated next. change() does it too.
     static void chooseFace(int language);
 
 private:
-    std::unique_ptr<QTranslator> m_translator; ///< null while the source texts show
+    std::unique_ptr<QTranslator> m_translator;     ///< null while the source texts show
+    std::unique_ptr<QTranslator> m_portTranslator; ///< the texts that only this port has
 };
 
 } // namespace vexa

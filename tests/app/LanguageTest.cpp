@@ -6,7 +6,11 @@
 #include "support/TestMain.h"
 #include "support/UserFile.h"
 
+#include <QFontDatabase>
 #include <QLabel>
+#include <QQuickItem>
+#include <QQuickWidget>
+#include <QStandardPaths>
 #include <QTextLayout>
 
 using namespace vexa::test;
@@ -19,10 +23,8 @@ QString spoken(const char *text) {
     return QCoreApplication::translate("SetWindow", text);
 }
 
-/// The faces that draw this text when the interface's face is asked for.
-QStringList facesOf(const QString &text, int pixelSize) {
-    QFont font(QStringLiteral("Arial"));
-    font.setPixelSize(pixelSize);
+/// The faces that draw this text in this font.
+QStringList facesOf(const QString &text, const QFont &font) {
     QTextLayout layout(text, font);
     layout.beginLayout();
     layout.createLine();
@@ -69,6 +71,8 @@ private slots:
     void endOfTheLanguageTakesTheCatalogueOut();
     void chineseTextHasTheFaceOfItsReaders_data();
     void chineseTextHasTheFaceOfItsReaders();
+    void viewFollowsWithItsFace();
+    void fontsOfOthersAreLeftAlone();
 
     void choosingALanguageIsSavedAndSpoken();
     void languageOutsideTheListShowsTheSourceTexts();
@@ -160,9 +164,54 @@ void LanguageTest::chineseTextHasTheFaceOfItsReaders_data() {
 void LanguageTest::chineseTextHasTheFaceOfItsReaders() {
     QFETCH(int, language);
     QFETCH(QString, face);
+    const QString chinese = QStringLiteral("直骨角");
+    QLabel label;
+    label.setFont(QFont(QStringLiteral("Arial"), 40));
+    Language::chooseFace(language == 1 ? 0 : 1);
+    QVERIFY(!facesOf(chinese, label.font()).contains(face));
     Language::chooseFace(language);
-    QCOMPARE(facesOf(QStringLiteral("直骨角"), 40), QStringList{face});
-    QVERIFY(!facesOf(QStringLiteral("Arial"), 40).contains(face));
+    QCOMPARE(label.font().family(), QStringLiteral("Arial"));
+    QCOMPARE(facesOf(chinese, label.font()), QStringList{face});
+    QVERIFY(!facesOf(QStringLiteral("Arial"), label.font()).contains(face));
+}
+
+void LanguageTest::viewFollowsWithItsFace() {
+    MainWindow window;
+    const auto *view = window.findChild<QQuickWidget *>(QStringLiteral("quickWidget"));
+    const auto faces = [view] {
+        QSet<QString> found;
+        for (const QObject *item : view->rootObject()->findChildren<QObject *>()) {
+            if (item->inherits("QQuickText"))
+                for (const QString &face :
+                     facesOf(QStringLiteral("直骨角"), item->property("font").value<QFont>()))
+                    found.insert(face);
+        }
+        return found;
+    };
+    for (const auto &[language, face] :
+         {std::pair(1, "noto sans cjk tc"), std::pair(2, "noto sans cjk sc"),
+          std::pair(1, "noto sans cjk tc"), std::pair(7, "noto sans cjk sc")}) {
+        window.changeLanguage(language);
+        QTRY_COMPARE(faces(), QSet<QString>{QString::fromLatin1(face)});
+    }
+}
+
+void LanguageTest::fontsOfOthersAreLeftAlone() {
+    const QStringList files =
+        QStandardPaths::locateAll(QStandardPaths::FontsLocation, QStringLiteral("truetype/liberation"),
+                                  QStandardPaths::LocateDirectory);
+    QVERIFY(!files.isEmpty());
+    const int own =
+        QFontDatabase::addApplicationFont(files.first() + QStringLiteral("/LiberationMono-Regular.ttf"));
+    QVERIFY(own >= 0);
+    const QStringList substitutes{QStringLiteral("somebody's")};
+    QFont::insertSubstitutions(QStringLiteral("Arial"), substitutes);
+    Language language;
+    language.change(1);
+    QVERIFY(!QFontDatabase::applicationFontFamilies(own).isEmpty());
+    QCOMPARE(QFont::substitutes(QStringLiteral("Arial")), substitutes);
+    QFont::removeSubstitutions(QStringLiteral("Arial"));
+    QVERIFY(QFontDatabase::removeApplicationFont(own));
 }
 
 void LanguageTest::choosingALanguageIsSavedAndSpoken() {
