@@ -4,6 +4,7 @@
 #include "annotation/ToolCursors.h"
 #include "overlays/PenPalette.h"
 #include "overlays/promptwindow2.h"
+#include "platform/OverlayWindow.h"
 #include "settings/ZrToolXmlClass.h"
 
 #include <QGuiApplication>
@@ -51,7 +52,9 @@ const QScreen &primaryScreen() {
 } // namespace
 
 DrawingForm::DrawingForm(QWidget *parent)
-    : QWidget(parent), m_ink(primaryScreen().geometry().size(), primaryScreen().devicePixelRatio()) {
+    : QWidget(parent)
+    , m_ink(primaryScreen().geometry().size(), primaryScreen().devicePixelRatio())
+    , m_follower([this] { followScreen(); }) {
     m_settling.setSingleShot(true);
     m_settling.setInterval(settlingInterval);
     m_settling.callOnTimeout(this, [this] { update(m_ink.takeSettling()); });
@@ -59,30 +62,35 @@ DrawingForm::DrawingForm(QWidget *parent)
     setAttribute(Qt::WA_MouseTracking);
     setAttribute(Qt::WA_DeleteOnClose);
     setPenInit();
-    m_eraserCursor = cursorFromPicture(eraserPicture(eraserSize, primaryScreen().devicePixelRatio()));
-    refreshPenCursor();
+    buildCursors();
     m_prompt = std::make_unique<promptwindow2>(this);
 }
 
 DrawingForm::~DrawingForm() = default;
 
-void DrawingForm::arrange(const Controls &controls, const QString &title) {
+void DrawingForm::place() const {
     constexpr int side = 60;
     constexpr int pitch = 80;
     const QSize screen = primaryScreen().size();
     const int middle = (screen.width() - side) / 2;
     const int top = screen.height() - 100;
-    controls.exit->setGeometry(middle + pitch, top, side, side);
-    controls.exit->setStyleSheet(QLatin1String(exitLook));
-    controls.exit->installEventFilter(this);
-    controls.eraser->setGeometry(middle, top, side, side);
-    controls.eraser->setStyleSheet(QLatin1String(eraserLook));
-    controls.pen->setGeometry(middle - pitch, top, side, side);
-    controls.pen->setStyleSheet(QLatin1String(penLook));
-    controls.pen->setChecked(true);
+    const Controls all = controls();
+    all.exit->setGeometry(middle + pitch, top, side, side);
+    all.eraser->setGeometry(middle, top, side, side);
+    all.pen->setGeometry(middle - pitch, top, side, side);
+    all.title->setGeometry((screen.width() - 280) / 2, 0, 280, 40);
+}
 
-    QLabel &label = *controls.title;
-    label.setGeometry((screen.width() - 280) / 2, 0, 280, 40);
+void DrawingForm::dress(const QString &title) {
+    place();
+    const Controls all = controls();
+    all.exit->setStyleSheet(QLatin1String(exitLook));
+    all.exit->installEventFilter(this);
+    all.eraser->setStyleSheet(QLatin1String(eraserLook));
+    all.pen->setStyleSheet(QLatin1String(penLook));
+    all.pen->setChecked(true);
+
+    QLabel &label = *all.title;
     label.setFont(QFont(QStringLiteral("Arial"), 25, QFont::Bold));
     label.setAlignment(Qt::AlignCenter);
     label.setText(title);
@@ -91,6 +99,25 @@ void DrawingForm::arrange(const Controls &controls, const QString &title) {
     colours.setBrush(QPalette::Window, QPixmap(QStringLiteral(":/annotatebg@1080p.png")));
     colours.setColor(QPalette::WindowText, Qt::white);
     label.setPalette(colours);
+}
+
+/// Picture and ink are stretched alike, so that what was drawn stays where it was in the picture.
+void DrawingForm::followScreen() {
+    const QSize points = primaryScreen().size();
+    const qreal ratio = primaryScreen().devicePixelRatio();
+    if (m_pressed)
+        penUp();
+    m_ink = m_ink.stretchedTo(points, ratio);
+    if (m_background) {
+        auto stretched = std::make_unique<QPixmap>(m_background->scaled(
+            (QSizeF(points) * ratio).toSize(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+        stretched->setDevicePixelRatio(ratio);
+        Setbackground(stretched.release());
+    }
+    buildCursors();
+    place();
+    if (isVisible())
+        platform::fitToPrimaryScreen(*this);
 }
 
 void DrawingForm::Setbackground(QPixmap *picture) {
@@ -120,12 +147,14 @@ void DrawingForm::ChangePenColorID() {
     m_prompt->setCurcolor(m_colourIndex);
     m_prompt->showWithTimer();
     setPenInit();
-    refreshPenCursor();
+    buildCursors();
 }
 
-void DrawingForm::refreshPenCursor() {
-    m_penCursor = cursorFromPicture(penPicture(m_penWidth, m_penColour, primaryScreen().devicePixelRatio()));
-    setCursor(m_penCursor);
+void DrawingForm::buildCursors() {
+    const qreal ratio = primaryScreen().devicePixelRatio();
+    m_penCursor = cursorFromPicture(penPicture(m_penWidth, m_penColour, ratio));
+    m_eraserCursor = cursorFromPicture(eraserPicture(eraserSize, ratio));
+    setCursor(m_erasing ? m_eraserCursor : m_penCursor);
 }
 
 void DrawingForm::takeEraser() {

@@ -3,6 +3,7 @@
 
 #include "annotation/EveryPointerSample.h"
 #include "annotation/InkLayer.h"
+#include "overlays/ScreenFollower.h"
 
 #include <QPixmap>
 #include <QTimer>
@@ -49,9 +50,11 @@ protected:
 
     explicit DrawingForm(QWidget *parent);
 
-    /// Gives the designer form's controls their places and looks on the primary screen. A press on the exit
-    /// button closes the window from then on. The controls stay the form's.
-    void arrange(const Controls &controls, const QString &title);
+    /// The designer form's, there from the end of the form's constructor on; they stay the form's.
+    virtual Controls controls() const = 0;
+    /// Gives the controls their looks and their places on the primary screen. A press on the exit button
+    /// closes the window from then on. For the end of the form's constructor.
+    void dress(const QString &title);
 
     void setBackgroundBrush(const QBrush &brush);
     void takeEraser();
@@ -68,14 +71,17 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    void place() const;
+    void followScreen();
     void penUp();
-    void refreshPenCursor();
+    void buildCursors();
 
     EveryPointerSample m_everySample;
     InkLayer m_ink;
     QTimer m_settling; // shows what the stroke's edges have become behind the pen
     std::unique_ptr<QPixmap> m_background;
     std::unique_ptr<promptwindow2> m_prompt;
+    ScreenFollower m_follower;
     int m_colourIndex = 0;
     int m_penWidth = 0;
     QColor m_penColour;

@@ -34,6 +34,15 @@ InkLayer::InkLayer(const QSize &points, qreal devicePixelRatio)
     , m_watched(static_cast<std::size_t>(m_image.width()) * static_cast<std::size_t>(m_image.height()))
     , m_damage(m_image.size()) {}
 
+InkLayer InkLayer::stretchedTo(const QSize &points, qreal devicePixelRatio) const {
+    InkLayer layer(points, devicePixelRatio);
+    QPainter painter(&layer.m_image);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(QRect(QPoint(), points), m_image);
+    layer.setPen(m_pen);
+    return layer;
+}
+
 void InkLayer::setPen(const QPen &pen) {
     m_pen = pen;
     m_colour = pen.color().rgb();

@@ -27,6 +27,9 @@ public:
     /// A transparent layer of so many points, with devicePixelRatio pixels to a point.
     InkLayer(const QSize &points, qreal devicePixelRatio);
 
+    /// The same ink on a layer of another size, stretched to fill it, with the pen lifted.
+    InkLayer stretchedTo(const QSize &points, qreal devicePixelRatio) const;
+
     const QImage &image() const { return m_image; }
 
     /// The pen from now on; a stroke that is being drawn takes it over with its next sample. An invalid

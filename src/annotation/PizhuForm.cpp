@@ -9,11 +9,14 @@ PizhuForm::PizhuForm(QWidget *parent) : DrawingForm(parent), m_form(std::make_un
     connect(m_form->pushButton, &QPushButton::clicked, this, &PizhuForm::on_pushButton_clicked);
     connect(m_form->pushButton_eraser, &QPushButton::clicked, this, &PizhuForm::on_pushButton_eraser_clicked);
     connect(m_form->pushButton_pen, &QPushButton::clicked, this, &PizhuForm::on_pushButton_pen_clicked);
-    arrange({m_form->pushButton, m_form->pushButton_eraser, m_form->pushButton_pen, m_form->label},
-            tr("批注模式"));
+    dress(tr("批注模式"));
 }
 
 PizhuForm::~PizhuForm() = default;
+
+vexa::DrawingForm::Controls PizhuForm::controls() const {
+    return {m_form->pushButton, m_form->pushButton_eraser, m_form->pushButton_pen, m_form->label};
+}
 
 void PizhuForm::on_pushButton_clicked() {
     close();

@@ -15,11 +15,14 @@ blackBoardform::blackBoardform(QWidget *parent)
     connect(m_form->pushButton_eraser, &QPushButton::clicked, this,
             &blackBoardform::on_pushButton_eraser_clicked);
     connect(m_form->pushButton_pen, &QPushButton::clicked, this, &blackBoardform::on_pushButton_pen_clicked);
-    arrange({m_form->pushButton, m_form->pushButton_eraser, m_form->pushButton_pen, m_form->label},
-            tr("黑板"));
+    dress(tr("黑板"));
 }
 
 blackBoardform::~blackBoardform() = default;
+
+vexa::DrawingForm::Controls blackBoardform::controls() const {
+    return {m_form->pushButton, m_form->pushButton_eraser, m_form->pushButton_pen, m_form->label};
+}
 
 void blackBoardform::Setbackground2() {
     setBackgroundBrush(QColor(boardColour));

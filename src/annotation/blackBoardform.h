@@ -31,6 +31,7 @@ private slots:
     void on_pushButton_pen_clicked();
 
 private:
+    Controls controls() const override;
     void reportExit() override;
 
     std::unique_ptr<Ui::blackBoardform> m_form;

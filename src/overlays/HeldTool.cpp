@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "overlays/HeldTool.h"
 
+#include "platform/OverlayWindow.h"
+
 #include <QCursor>
 #include <QGuiApplication>
 #include <QMouseEvent>
@@ -10,6 +12,8 @@
 #include <QPointer>
 #include <QScreen>
 #include <QTimerEvent>
+
+#include <cmath>
 
 namespace vexa {
 namespace {
@@ -24,7 +28,8 @@ HeldTool::HeldTool(QWidget *parent)
     : QWidget(parent)
     , m_screen(QGuiApplication::primaryScreen()->size())
     , m_layer(m_screen, QGuiApplication::primaryScreen()->devicePixelRatio())
-    , m_mouse(*this) {
+    , m_mouse(*this)
+    , m_follower([this] { followScreen(); }) {
     setWindowFlags(Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
     setAttribute(Qt::WA_DeleteOnClose);
     setAttribute(Qt::WA_MouseTracking);
@@ -44,6 +49,21 @@ void HeldTool::Setbackground(QPixmap *picture) {
     QPalette dressed = palette();
     dressed.setBrush(QPalette::All, QPalette::Window, QBrush(m_background));
     setPalette(dressed);
+}
+
+void HeldTool::followScreen() {
+    const QScreen &screen = *QGuiApplication::primaryScreen();
+    m_screen = screen.size();
+    m_layer = ToolLayer(m_screen, screen.devicePixelRatio());
+    if (!m_background.isNull()) {
+        const int scale = int(std::ceil(screen.devicePixelRatio()));
+        QPixmap stretched =
+            m_background.scaled(m_screen * scale, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        stretched.setDevicePixelRatio(scale);
+        Setbackground(&stretched);
+    }
+    if (isVisible())
+        platform::fitToPrimaryScreen(*this);
 }
 
 void HeldTool::SetMouseMove(int x, int y) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "overlays/MouseHold.h"
+#include "overlays/ScreenFollower.h"
 #include "overlays/ToolLayer.h"
 
 #include <QBasicTimer>
@@ -17,7 +18,8 @@ namespace vexa {
 ///
 /// A tool lives at least 900 ms, however short the key was pressed, then deletes itself. One that was asked
 /// to leave reports before it closes; one that a click or the desktop closed reports nothing. Positions and
-/// sizes are points from the primary screen's top-left corner. GUI thread only.
+/// sizes are points from the primary screen's top-left corner. When that screen changes, the window follows
+/// with its picture stretched, as it hides what a new one would have to show. GUI thread only.
 ///
 /// The tools are this class's children but declare their signals and slots themselves: it carries no
 /// Q_OBJECT.
@@ -87,13 +89,15 @@ private:
 
     void guardTick();
     void finish();
+    void followScreen();
 
-    const QSize m_screen;
+    QSize m_screen;
     QPoint m_position;
     bool m_drawing = false;
     QPixmap m_background;
     ToolLayer m_layer;
     MouseHold m_mouse;
+    ScreenFollower m_follower;
 
     Life m_life = Life::Young;
     int m_age = 0; // milliseconds, counted until it is grown

@@ -25,7 +25,10 @@ constexpr const std::int32_t *penOfSlot[] = {&ZrToolXmlClass::PenColor0, &ZrTool
 } // namespace
 
 PromptCard::PromptCard(QWidget *parent, Qt::WindowFlags flags, int delay)
-    : QWidget(parent, flags), m_delay(delay) {
+    : QWidget(parent, flags), m_delay(delay), m_follower([this] {
+        if (isVisible())
+            centre(size());
+    }) {
     QPalette card = palette();
     card.setBrush(QPalette::All, QPalette::Window, QBrush(QPixmap(QStringLiteral(":/capturebg@1080p.png"))));
     setPalette(card);
@@ -58,11 +61,15 @@ void PromptCard::showAndFade(const QSize &size, int stepInterval) {
     m_fade.start(stepInterval, this);
 }
 
-void PromptCard::showCentred(const QSize &size, double opacity) {
+void PromptCard::centre(const QSize &size) {
     const QSize screen = QGuiApplication::primaryScreen()->size();
     const QPoint origin = QGuiApplication::primaryScreen()->geometry().topLeft();
     const QPoint middle((screen.width() - size.width()) / 2, (screen.height() - size.height()) / 2);
     setGeometry(QRect(origin + middle, size));
+}
+
+void PromptCard::showCentred(const QSize &size, double opacity) {
+    centre(size);
     setOpacity(opacity);
     platform::showAboveAll(*this);
 }

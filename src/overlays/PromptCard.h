@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "overlays/ScreenFollower.h"
+
 #include <QBasicTimer>
 #include <QString>
 #include <QWidget>
@@ -54,6 +56,7 @@ protected:
 
 private:
     void showCentred(const QSize &size, double opacity);
+    void centre(const QSize &size);
     void setOpacity(double opacity);
 
     const int m_delay;
@@ -61,6 +64,7 @@ private:
     QBasicTimer m_delayed;
     double m_opacity = 1.0;
     bool m_heldBack = false;
+    ScreenFollower m_follower;
 };
 
 } // namespace vexa

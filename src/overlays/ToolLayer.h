@@ -67,9 +67,9 @@ private:
     QPixmap veilPicture(const QRect &area, const Draw &draw) const;
     QRect onGrid(const QRectF &area) const;
 
-    const QRect m_screen;
-    const qreal m_ratio;
-    const int m_grid; // points
+    QRect m_screen;
+    qreal m_ratio;
+    int m_grid; // points
     std::optional<int> m_veilAlpha;
     QColor m_veilColour; // of all but its edges
     QRect m_veilInside;

@@ -24,6 +24,10 @@ constexpr Qt::WindowState windowStateOf(Cover cover) {
 /// Shows the widget over the whole primary screen. Creates the native window if there is none yet.
 void showOverPrimaryScreen(QWidget &overlay, Cover cover = Cover::FullScreen);
 
+/// Gives an overlay that is shown the primary screen's present place and size, with the cover that it has.
+/// The order of the windows stays.
+void fitToPrimaryScreen(QWidget &overlay);
+
 /// Shows the widget at its own geometry (points, relative to the desktop) as a card above everything. The
 /// mouse passes through it to what lies below, seen or not.
 void showAboveAll(QWidget &card);

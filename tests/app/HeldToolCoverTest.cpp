@@ -26,6 +26,8 @@ void showOverPrimaryScreen(QWidget &overlay, Cover cover) {
     overlay.show();
 }
 
+void fitToPrimaryScreen(QWidget & /*overlay*/) {}
+
 void showAboveAll(QWidget &card) {
     card.show();
 }

@@ -67,13 +67,22 @@ void showOverFullScreenSpaces(QWidget &widget, Qt::WindowFlags more = {}) {
     send<void>(shown, "orderFrontRegardless");
 }
 
-} // namespace
-
-void showOverPrimaryScreen(QWidget &overlay, Cover cover) {
+// In this order: a new geometry ends the state.
+void occupy(QWidget &overlay, Cover cover) {
     const QScreen &screen = *QGuiApplication::primaryScreen();
     overlay.setGeometry(cover == Cover::Maximized ? screen.availableGeometry() : screen.geometry());
     overlay.overrideWindowState(windowStateOf(cover));
+}
+
+} // namespace
+
+void showOverPrimaryScreen(QWidget &overlay, Cover cover) {
+    occupy(overlay, cover);
     showOverFullScreenSpaces(overlay);
+}
+
+void fitToPrimaryScreen(QWidget &overlay) {
+    occupy(overlay, overlay.isMaximized() ? Cover::Maximized : Cover::FullScreen);
 }
 
 void showAboveAll(QWidget &card) {

@@ -50,6 +50,13 @@ void setArea(WId window, bool whole) {
         XFixesDestroyRegion(display, region);
 }
 
+void occupy(QWidget &overlay, Qt::WindowStates state) {
+    // In this order: a new geometry ends the state. No window manager acts on the state of a window that is
+    // not its own, but the toolkit takes over what it reads back from the server.
+    overlay.setGeometry(QGuiApplication::primaryScreen()->geometry());
+    overlay.setWindowState(state);
+}
+
 /// The step of 255 in which the toolkit keeps an opacity.
 int opacityStep(double opacity) {
     return int(std::clamp(opacity, 0.0, 1.0) * 255);
@@ -59,12 +66,14 @@ int opacityStep(double opacity) {
 
 void showOverPrimaryScreen(QWidget &overlay, Cover cover) {
     takeFromWindowManager(overlay);
-    // In this order: a new geometry ends the state. No window manager acts on the state of a window that is
-    // not its own, but the toolkit takes over what it reads back from the server.
-    overlay.setGeometry(QGuiApplication::primaryScreen()->geometry());
-    overlay.setWindowState(windowStateOf(cover));
+    occupy(overlay, windowStateOf(cover));
     BandedFirstFrame::paint(overlay);
     showOnTop(overlay);
+}
+
+void fitToPrimaryScreen(QWidget &overlay) {
+    occupy(overlay, overlay.windowState());
+    sendRequests();
 }
 
 void showAboveAll(QWidget &card) {

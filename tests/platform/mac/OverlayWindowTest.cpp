@@ -67,6 +67,19 @@ private slots:
         }
     }
 
+    void fitsTheCoverItHasToTheScreenAgain() {
+        for (const Cover cover : {Cover::FullScreen, Cover::Maximized}) {
+            showOverPrimaryScreen(*m_widget, cover);
+            const QRect covered = m_widget->geometry();
+            m_widget->setGeometry(1, 2, 30, 40);
+            m_widget->overrideWindowState(
+                windowStateOf(cover)); // which a screen that changes leaves as it is
+            fitToPrimaryScreen(*m_widget);
+            QCOMPARE(m_widget->geometry(), covered);
+            QCOMPARE(m_widget->isMaximized(), cover == Cover::Maximized);
+        }
+    }
+
     // 1000 is the level of screen savers; 273 means: in all spaces, not moving with them, beside a
     // full-screen window.
     void liesOverAnotherProgramsFullScreenSpace() {

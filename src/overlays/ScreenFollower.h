@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+#include <QRect>
+
+#include <functional>
+
+namespace vexa {
+
+/// Tells when the primary screen has become another one, or has another size, place or scale, after the
+/// toolkit has handled the change of all screens. GUI thread only.
+class ScreenFollower : public QObject {
+public:
+    explicit ScreenFollower(std::function<void()> changed);
+
+private:
+    void watch();
+    void look();
+
+    std::function<void()> m_changed;
+    QMetaObject::Connection m_watched;
+    QRect m_geometry; // points
+    qreal m_ratio = 0;
+};
+
+} // namespace vexa

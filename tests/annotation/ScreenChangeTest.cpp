@@ -1,0 +1,184 @@
+// SPDX-License-Identifier: MIT
+//
+// A screen that gets another resolution while an overlay is open.
+#include "annotation/DrawingFaces.h"
+#include "overlays/HeldToolKinds.h"
+#include "overlays/PromptWindow.h"
+#include "support/TestMain.h"
+
+#include <QProcess>
+
+using namespace vexa::test;
+using vexa::DrawingForm;
+
+namespace {
+
+constexpr QSize large(800, 600);
+constexpr QSize small(640, 480);
+
+void xrandr(const QString &arguments) {
+    QProcess::execute(QStringLiteral("xrandr"), arguments.split(' '));
+}
+
+/// Returns when the toolkit has heard of it.
+void setResolution(const QSize &size) {
+    xrandr(QStringLiteral("--output screen --mode %1x%2").arg(size.width()).arg(size.height()));
+    QTRY_COMPARE_WITH_TIMEOUT(screenPoints(), size, patience);
+}
+
+/// Left half red, right half blue.
+QPixmap halves() {
+    QImage image(large, QImage::Format_RGB32);
+    image.fill(Qt::blue);
+    for (int y = 0; y < large.height(); ++y)
+        for (int x = 0; x < large.width() / 2; ++x)
+            image.setPixelColor(x, y, Qt::red);
+    return QPixmap::fromImage(image);
+}
+
+QRgb shownAt(int x, int y) {
+    return faces::screen().pixel(x, y);
+}
+
+/// The whole screen shows the halves of the picture, whatever its size.
+bool halvesFillTheScreen() {
+    const int right = screenPoints().width() - 1;
+    const int bottom = screenPoints().height() - 1;
+    const int middle = screenPoints().width() / 2;
+    return shownAt(0, bottom) == 0xffff0000 && shownAt(middle - 5, bottom) == 0xffff0000 &&
+           shownAt(middle + 5, bottom) == 0xff0000ff && shownAt(right, bottom) == 0xff0000ff;
+}
+
+} // namespace
+
+class ScreenChangeTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init() { setResolution(large); }
+    void heldToolsFollow_data();
+    void heldToolsFollow();
+    void drawingWindowsFollow_data();
+    void drawingWindowsFollow();
+    void inkStaysAtItsPlaceInThePicture();
+    void aCardMovesToTheMiddle();
+};
+
+void ScreenChangeTest::initTestCase() {
+    // The timings mean nothing to a server without a monitor, but have to differ.
+    xrandr(QStringLiteral("--newmode 640x480 25.175 640 656 752 800 480 490 492 525"));
+    xrandr(QStringLiteral("--addmode screen 640x480"));
+}
+
+void ScreenChangeTest::heldToolsFollow_data() {
+    QTest::addColumn<HeldToolKind>("kind");
+    QTest::addColumn<QSize>("size");
+    for (const auto &kind :
+         {heldToolKind<LightPen>("LightPen", 4, true), heldToolKind<Spolight2>("Spolight2", 2, false),
+          heldToolKind<Magnifie>("Magnifie", 3, true)}) {
+        QTest::addRow("%s, smaller", kind.name) << kind << small;
+        QTest::addRow("%s, larger", kind.name) << kind << large;
+    }
+}
+
+void ScreenChangeTest::heldToolsFollow() {
+    QFETCH(HeldToolKind, kind);
+    QFETCH(QSize, size);
+    ZrToolXmlClass::LaserPenSize = 20;
+    ZrToolXmlClass::LaserPenColor = 1275; // white
+    ZrToolXmlClass::MagnifierSize = 20;
+    ZrToolXmlClass::SportLightSize = 20;
+    ZrToolXmlClass::SportLightTran = 256; // no veil
+    if (size == large)
+        setResolution(small);
+    QPixmap picture = halves().scaled(screenPoints());
+    const QPointer<QWidget> tool(kind.open(&picture));
+    kind.move(tool, {20, 20});
+    QVERIFY(QTest::qWaitForWindowExposed(tool));
+    setResolution(size);
+    const QPoint nearCorner(size.width() - 40, size.height() - 40);
+    kind.move(tool, nearCorner);
+    QTRY_COMPARE_WITH_TIMEOUT(tool->geometry(), QRect(QPoint(), size), patience);
+    QVERIFY(tool->isFullScreen());
+    if (kind.code == 2) {
+        ZrToolXmlClass::SportLightTran = 255;
+        QTRY_COMPARE_WITH_TIMEOUT(shownAt(nearCorner.x() - 30, nearCorner.y()), 0xff000000, patience);
+        QTRY_COMPARE_WITH_TIMEOUT(shownAt(nearCorner.x(), nearCorner.y()), 0xff0000ff, patience);
+        QTRY_COMPARE_WITH_TIMEOUT(shownAt(20, 20), 0xff000000, patience);
+    } else {
+        QTRY_VERIFY_WITH_TIMEOUT(
+            shownAt(nearCorner.x(), nearCorner.y()) == (kind.code == 4 ? 0xffffffff : 0xff0000ff), patience);
+        QTRY_VERIFY_WITH_TIMEOUT(shownAt(nearCorner.x() + 21, nearCorner.y() - 30) == 0xff0000ff, patience);
+        kind.move(tool, {20, 20});
+        QTRY_VERIFY_WITH_TIMEOUT(halvesFillTheScreen(), patience);
+    }
+    tool->close();
+}
+
+void ScreenChangeTest::drawingWindowsFollow_data() {
+    QTest::addColumn<bool>("face");
+    QTest::addColumn<QSize>("size");
+    for (const QSize &size : {small, large}) {
+        QTest::addRow("annotation, %d", size.width()) << faces::annotation << size;
+        QTest::addRow("blackboard, %d", size.width()) << faces::blackboard << size;
+    }
+}
+
+void ScreenChangeTest::drawingWindowsFollow() {
+    QFETCH(bool, face);
+    QFETCH(QSize, size);
+    ZrToolXmlClass::PenColor0 = 5;
+    ZrToolXmlClass::PenThickness = 3;
+    if (size == large)
+        setResolution(small);
+    const QPointer<DrawingForm> form(faces::make(face));
+    if (face == faces::blackboard)
+        static_cast<blackBoardform *>(form.data())->Setbackground2();
+    else
+        form->Setbackground(new QPixmap(halves().scaled(screenPoints())));
+    faces::show(*form);
+    faces::press(*form, {100, 100}); // a stroke that the change ends
+    setResolution(size);
+    QTRY_COMPARE_WITH_TIMEOUT(form->geometry(), QRect(QPoint(), size), patience);
+    QVERIFY(form->isFullScreen());
+    const int middle = (size.width() - 60) / 2;
+    QCOMPARE(faces::exitButton(*form)->pos(), QPoint(middle + 80, size.height() - 100));
+    QCOMPARE(faces::eraserButton(*form)->pos(), QPoint(middle, size.height() - 100));
+    QCOMPARE(faces::penButton(*form)->pos(), QPoint(middle - 80, size.height() - 100));
+    QCOMPARE(faces::title(*form)->geometry(), QRect((size.width() - 280) / 2, 0, 280, 40));
+    if (face == faces::blackboard)
+        QTRY_COMPARE_WITH_TIMEOUT(shownAt(size.width() - 1, size.height() - 1), faces::boardColour, patience);
+    else
+        QTRY_VERIFY_WITH_TIMEOUT(halvesFillTheScreen(), patience);
+    faces::move(*form, {200, 200}); // without a button that is down
+    const QPoint nearCorner(size.width() - 30, size.height() - 30);
+    faces::stroke(*form, faces::line(nearCorner - QPoint(100, 0), nearCorner, 20));
+    QTRY_COMPARE_WITH_TIMEOUT(shownAt(nearCorner.x() - 20, nearCorner.y()), 0xffffcc0d, patience);
+    QVERIFY(shownAt(150, 150) != 0xffffcc0d);
+    form->close();
+}
+
+void ScreenChangeTest::inkStaysAtItsPlaceInThePicture() {
+    ZrToolXmlClass::PenColor0 = 4; // "#82FF20"
+    ZrToolXmlClass::PenThickness = 3;
+    const QPointer<DrawingForm> form(faces::make(faces::annotation));
+    form->Setbackground(new QPixmap(halves()));
+    faces::show(*form);
+    faces::stroke(*form, faces::line({400, 200}, {400, 400}, 20));
+    setResolution(small);
+    for (const int y : {200, 300}) // 0.8 of where it was
+        QTRY_COMPARE_WITH_TIMEOUT(shownAt(320, y), 0xff82ff20, patience);
+    QTRY_COMPARE_WITH_TIMEOUT(shownAt(330, 250), 0xff0000ff, patience);
+    form->close();
+}
+
+void ScreenChangeTest::aCardMovesToTheMiddle() {
+    PromptWindow card;
+    card.showWithTimer();
+    setResolution(small);
+    QTRY_COMPARE_WITH_TIMEOUT(card.geometry(), QRect(130, 150, 380, 180), patience);
+}
+
+VEXA_WIDGET_TEST_MAIN(ScreenChangeTest)
+#include "ScreenChangeTest.moc"
