@@ -77,18 +77,10 @@ private slots:
     void manyStartsAndStopsLeaveNothingBehind();
 
 private:
-    void type(std::initializer_list<int> keys);
     QVector<int> pressesGiven();
 
     Hand m_hand;
 };
-
-void SessionHandlerTest::type(std::initializer_list<int> keys) {
-    for (const int key : keys)
-        m_hand.press(key);
-    for (auto key = std::rbegin(keys); key != std::rend(keys); ++key)
-        m_hand.release(*key);
-}
 
 QVector<int> SessionHandlerTest::pressesGiven() {
     QVector<int> presses;
@@ -101,7 +93,7 @@ QVector<int> SessionHandlerTest::pressesGiven() {
 void SessionHandlerTest::aPenChordArrivesAsMessages() {
     CKeyboardHandler handler;
     QSignalSpy keys(&handler, &CKeyboardHandler::MysignalKeyboardMessage);
-    type({control, shift, option, letterG});
+    m_hand.type({control, shift, option, letterG});
     QTRY_COMPARE(keys.size(), 8);
     const QVector<QVariantList> expected{{kVK_Control, 1}, {kVK_Shift, 1},  {kVK_Option, 1},
                                          {kVK_ANSI_G, 1},  {kVK_ANSI_G, 0}, {kVK_Option, 0},
@@ -177,8 +169,8 @@ void SessionHandlerTest::whatIsTypedIsNeverWrittenAnywhere() {
             CKeyboardHandler handler;
             connect(&handler, &CKeyboardHandler::MysignalKeyboardMessage, [&heard] { ++heard; });
             for (int key = 24; key <= 33; ++key) // a row of letters, as a password would be
-                type({key});
-            type({shift, letterG});
+                m_hand.type({key});
+            m_hand.type({shift, letterG});
             while (heard < 24)
                 QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         }
@@ -205,7 +197,7 @@ void SessionHandlerTest::manyStartsAndStopsLeaveNothingBehind() {
 
     CKeyboardHandler handler;
     QSignalSpy keys(&handler, &CKeyboardHandler::MysignalKeyboardMessage);
-    type({letterG});
+    m_hand.type({letterG});
     QTRY_COMPARE(keys.size(), 2);
 }
 

@@ -30,6 +30,13 @@ void Hand::deviceKey(bool down, int xKeyCode) {
     m_connection->sync();
 }
 
+void Hand::type(std::initializer_list<int> xKeyCodes) {
+    for (const int key : xKeyCodes)
+        press(key);
+    for (auto key = std::rbegin(xKeyCodes); key != std::rend(xKeyCodes); ++key)
+        release(*key);
+}
+
 void Hand::goOnDuringServerGrabs() {
     xcb_test_grab_control(m_connection->get(), 1);
     m_connection->sync();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 #include <memory>
 #include <vector>
 
@@ -19,6 +20,9 @@ public:
     /// On a keyboard of its own, as a pen has one.
     void press(int xKeyCode) { deviceKey(true, xKeyCode); }
     void release(int xKeyCode) { deviceKey(false, xKeyCode); }
+
+    /// Presses the keys one after the other, then releases them from the last to the first.
+    void type(std::initializer_list<int> xKeyCodes);
 
     /// From now on goes on while another client has the server for itself, as real keyboards do.
     void goOnDuringServerGrabs();
