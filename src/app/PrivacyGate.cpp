@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "app/PrivacyGate.h"
 
+#include "app/PrivacyprivilegesWindow.h"
+#include "app/QuitRequest.h"
+#include "overlays/Grab.h"
 #include "settings/ZrToolXmlClass.h"
 
 namespace vexa {
@@ -20,6 +23,14 @@ void passPrivacyGate(const PrivacyGateActions &actions) {
         ZrToolXmlClass::ShowPrivacyWindow = 0;
         ZrToolXmlClass::ZrXmlWrite();
     }
+}
+
+void passPrivacyGate(const QuitRequest &quit) {
+    passPrivacyGate({[] { return PrivacyprivilegesWindow().exec(); },
+                     [&quit] {
+                         if (!quit.requested())
+                             Grab::SetpTosysCamera();
+                     }});
 }
 
 } // namespace vexa

@@ -4,21 +4,44 @@
 #include "overlays/ScreenPicture.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QPixmap>
+#include <pwd.h>
+#include <unistd.h>
 #include <utility>
 
 namespace vexa {
+
+namespace {
+
+/// The user's home folder: what the environment says, or else what the system knows of the user. Empty when
+/// neither is a folder whose name can be told: a part of a name that is not understood would become another
+/// folder, and a home that is not there a new one.
+QString homeFolder() {
+    const passwd *const user = getpwuid(getuid());
+    for (const QByteArray &name : {qgetenv("HOME"), QByteArray(user ? user->pw_dir : "")}) {
+        const QString home = QFile::decodeName(name);
+        if (QDir::isAbsolutePath(home) && QFile::encodeName(home) == name && QFileInfo(home).isDir())
+            return home;
+    }
+    return {};
+}
+
+} // namespace
 
 Screenshots::Screenshots(Clock clock) : m_clock(std::move(clock)) {}
 
 void Screenshots::take() {
     // The clock is read twice on purpose: a shot at midnight may name a file of the new day in the old day's
     // folder.
-    const QString folder = QDir::homePath() + QLatin1String("/Desktop/Vexa Orbilo/") +
-                           m_clock().toString(QStringLiteral("yyyyMMdd"));
+    const QString home = homeFolder();
+    const QString folder =
+        home + QLatin1String("/Desktop/Vexa Orbilo/") + m_clock().toString(QStringLiteral("yyyyMMdd"));
     const QString path =
         folder + '/' + m_clock().toString(QStringLiteral("yyyyMMddhhmmss")) + QLatin1String(".png");
+    if (home.isEmpty())
+        return;
     if (!QFileInfo::exists(folder))
         makeFolder(folder);
     m_writer.write(path, pictureOfPrimaryScreen().toImage());

@@ -18,7 +18,8 @@ public:
     explicit Screenshots(Clock clock = &QDateTime::currentDateTime);
 
     /// Takes the picture of the primary screen now and leaves the writing to the background. A folder or file
-    /// that cannot be made leaves no file. The destructor waits for the files still to be written.
+    /// that cannot be made leaves no file, nor does a user without a home folder. The destructor waits for
+    /// the files still to be written.
     void take();
 
     /// Waits until all shots taken so far are written.

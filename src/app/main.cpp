@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/MainWindow.h"
 #include "app/PrivacyGate.h"
-#include "app/PrivacyprivilegesWindow.h"
 #include "app/QuickViews.h"
 #include "app/QuitRequest.h"
 #include "app/TerminateHandler.h"
@@ -9,7 +8,6 @@
 #include "app/WriteFailures.h"
 #include "input/CKeyboardHandler.h"
 #include "input/CKeyboardMessage.h"
-#include "overlays/Grab.h"
 #include "platform/Activation.h"
 #include "platform/Screens.h"
 #include "platform/Session.h"
@@ -52,14 +50,7 @@ int main(int argc, char *argv[]) {
     QApplication::setQuitOnLastWindowClosed(false);
     ZrToolXmlClass::ZrXmlRead();
 
-    const auto runGuide = [] { return PrivacyprivilegesWindow().exec(); };
-    // Otherwise always, whatever the answer was: but who has just asked the program to end is not sent
-    // anywhere any more.
-    const auto openScreenRecordingSettings = [&quit] {
-        if (!quit.requested())
-            Grab::SetpTosysCamera();
-    };
-    vexa::passPrivacyGate({runGuide, openScreenRecordingSettings});
+    vexa::passPrivacyGate(quit);
     if (quit.requested())
         return quit.exitCode();
 

@@ -12,6 +12,7 @@
 #include <QPushButton>
 #include <QQuickWidget>
 #include <QStackedWidget>
+#include <QTemporaryDir>
 
 using namespace vexa::test;
 
@@ -74,6 +75,8 @@ private slots:
     void titleButtonsArePictures_data();
     void titleButtonsArePictures();
     void windowIsFrameless();
+    void oldButtonsTakeNoFocus();
+    void windowMakesFoldersWithAllTheirParents();
     void windowAsksForHighDensity();
     void windowIsKnownToTheViewOnceThatIsLoaded();
     void promptsAreThereUnseenFromTheStart();
@@ -190,6 +193,27 @@ void MainWindowTest::titleButtonsArePictures() {
     for (const QString &rule : {QStringLiteral("border-image:url(%1)").arg(picture),
                                 QStringLiteral("border:0px"), QStringLiteral("background:transparent")})
         QVERIFY2(style.contains(rule), qPrintable(style));
+}
+
+void MainWindowTest::oldButtonsTakeNoFocus() {
+    Panel panel;
+    const auto buttons = panel.window.findChildren<QPushButton *>();
+    QCOMPARE(buttons.size(), 9);
+    for (const QPushButton *button : buttons) {
+        QVERIFY2(button->focusPolicy() == Qt::NoFocus, qPrintable(button->objectName()));
+        QVERIFY2(!button->autoDefault() && !button->isDefault(), qPrintable(button->objectName()));
+    }
+}
+
+void MainWindowTest::windowMakesFoldersWithAllTheirParents() {
+    Panel panel;
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("a/b c/20240131"));
+    QCOMPARE(panel.window.mkMutiDir(path), path);
+    QVERIFY(QFileInfo(path).isDir());
+    QCOMPARE(panel.window.mkMutiDir(path), path);
+    QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+             QStringList{QStringLiteral("a")});
 }
 
 void MainWindowTest::windowIsFrameless() {

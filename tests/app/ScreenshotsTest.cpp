@@ -10,6 +10,8 @@
 #include <QTemporaryDir>
 
 #include <memory>
+#include <pwd.h>
+#include <sys/stat.h>
 
 using namespace vexa::test;
 
@@ -21,12 +23,21 @@ QDateTime at(const char *moment) {
     return QDateTime::fromString(QLatin1String(moment), QStringLiteral("yyyy-MM-dd hh:mm:ss.zzz"));
 }
 
+QByteArray systemsHome;
+
 /// A clock that says these times, one after the other.
 Screenshots::Clock saying(QList<QDateTime> times) {
     return [times]() mutable { return times.size() > 1 ? times.takeFirst() : times.first(); };
 }
 
 } // namespace
+
+/// What the system knows of the user, for a test that must not write into the user's own home.
+extern "C" passwd *getpwuid(uid_t) {
+    static passwd user{};
+    user.pw_dir = systemsHome.data();
+    return &user;
+}
 
 class ScreenshotsTest : public QObject {
     Q_OBJECT
@@ -42,6 +53,8 @@ private slots:
     void nextDayHasAFolderOfItsOwn();
     void secondShotInTheSameSecondReplacesTheFirst();
     void folderThatCannotBeMadeLeavesNoFile();
+    void aHomeThatIsNoFolderLeavesNoFileThere_data();
+    void aHomeThatIsNoFolderLeavesNoFileThere();
     void withoutAClockTheNameIsTheMoment();
     void makesAllMissingFolders();
     void leavesExistingFoldersAlone();
@@ -55,6 +68,17 @@ private:
         QDirIterator all(m_home->path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
         while (all.hasNext())
             found += QDir(m_home->path()).relativeFilePath(all.next());
+        found.sort();
+        return found;
+    }
+
+    QStringList everything() const {
+        QStringList found;
+        QDirIterator all(m_home->path(),
+                         QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden | QDir::System,
+                         QDirIterator::Subdirectories);
+        while (all.hasNext())
+            found += all.next();
         found.sort();
         return found;
     }
@@ -153,6 +177,35 @@ void ScreenshotsTest::folderThatCannotBeMadeLeavesNoFile() {
     screenshots.flush();
     QCOMPARE(files(), QStringList{QStringLiteral("Desktop")});
     QCOMPARE(QFileInfo(desktop()).size(), 0);
+}
+
+void ScreenshotsTest::aHomeThatIsNoFolderLeavesNoFileThere_data() {
+    QTest::addColumn<QByteArray>("home"); // below the test's own folder
+    QTest::newRow("not there") << QByteArray("/nobody");
+    QTest::newRow("not UTF-8") << QByteArray("/h\xF6me");
+    QTest::newRow("a file") << QByteArray("/file");
+}
+
+// The system's own word on the user's home would come next. It is no place for a test's files.
+void ScreenshotsTest::aHomeThatIsNoFolderLeavesNoFileThere() {
+    QFETCH(QByteArray, home);
+    systemsHome = QFile::encodeName(m_home->path()) + "/also missing";
+    const QByteArray below = QFile::encodeName(m_home->path()) + home;
+    QVERIFY(QFile(m_home->filePath(QStringLiteral("file"))).open(QIODevice::WriteOnly));
+    QCOMPARE(mkdir((QFile::encodeName(m_home->path()) + "/h\xF6me").constData(), 0755), 0);
+    qputenv("HOME", below);
+    const QStringList before = everything();
+    Screenshots screenshots(saying({at("2024-01-31 09:30:05.000")}));
+    screenshots.take();
+    screenshots.flush();
+    QCOMPARE(everything(), before);
+
+    // With a home that the system knows, that is where the desktop is.
+    QVERIFY(QDir(m_home->path()).mkdir(QStringLiteral("known")));
+    systemsHome = QFile::encodeName(m_home->filePath(QStringLiteral("known")));
+    screenshots.take();
+    screenshots.flush();
+    QVERIFY(files().contains(QStringLiteral("known/Desktop/Vexa Orbilo/20240131/20240131093005.png")));
 }
 
 void ScreenshotsTest::withoutAClockTheNameIsTheMoment() {

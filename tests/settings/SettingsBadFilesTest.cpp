@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "support/Disk.h"
 #include "support/UserFile.h"
 
 #include <QtTest>
@@ -30,6 +31,7 @@ private slots:
     void aNewerBadFileTakesTheOldOnesPlace();
     void aBadLinkIsMovedAside();
     void aFolderCountsAsNoFile();
+    void aFileThatMayNotBeReadCountsAsNone();
     void aDanglingLinkCountsAsNoFile();
     void aPipeIsNeitherReadNorReplaced();
     void aDeviceIsNeitherReadNorReplaced();
@@ -228,6 +230,21 @@ void SettingsBadFilesTest::aFolderCountsAsNoFile() {
     Store::ZrXmlWrite();
     QVERIFY(QFileInfo(userfile::path()).isDir());
     QVERIFY(!QFileInfo::exists(userfile::badPath()));
+}
+
+void SettingsBadFilesTest::aFileThatMayNotBeReadCountsAsNone() {
+    const QByteArray bytes = "<a><b><Key2P>4</Key2P></b></a>";
+    QVERIFY(userfile::write(bytes));
+    QVERIFY(QFile::setPermissions(userfile::path(), QFile::Permissions()));
+    {
+        const disk::OrdinaryUser user;
+        Store::ZrXmlRead();
+        QCOMPARE(Store::Key2P, 1); // the built-in file's
+        QCOMPARE(Store::ShowPrivacyWindow, 43);
+        Store::ZrXmlWrite();
+    }
+    QVERIFY(QFile::setPermissions(userfile::path(), QFile::ReadOwner | QFile::WriteOwner));
+    QCOMPARE(userfile::read(), bytes);
 }
 
 void SettingsBadFilesTest::aDanglingLinkCountsAsNoFile() {
