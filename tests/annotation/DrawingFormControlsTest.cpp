@@ -28,6 +28,7 @@ class DrawingFormControlsTest : public QObject {
     Q_OBJECT
 
 private slots:
+    void initTestCase_data() { faces::both(); }
     void init() {
         ZrToolXmlClass::PenColor0 = 2; // red
         ZrToolXmlClass::PenThickness = 3;
@@ -38,7 +39,6 @@ private slots:
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 
-    void titleAndButtonsStandAtTheirPlaces_data() { faces::both(); }
     void titleAndButtonsStandAtTheirPlaces() {
         open();
         QCOMPARE(faces::title(*m_form)->geometry(), QRect(820, 0, 280, 40));
@@ -47,9 +47,8 @@ private slots:
         QCOMPARE(faces::exitButton(*m_form)->geometry(), QRect(1010, 980, 60, 60));
     }
 
-    void titleIsWhiteOnItsPicture_data() { faces::both(); }
     void titleIsWhiteOnItsPicture() {
-        QFETCH(bool, face);
+        QFETCH_GLOBAL(bool, face);
         open();
         const QLabel &title = *faces::title(*m_form);
         QCOMPARE(title.text(), QString(face == faces::blackboard ? "黑板" : "批注模式"));
@@ -67,7 +66,6 @@ private slots:
         QVERIFY(title.fontMetrics().height() <= title.height());
     }
 
-    void buttonsAreTwoToolsAndAnExit_data() { faces::both(); }
     void buttonsAreTwoToolsAndAnExit() {
         open();
         const QPushButton &pen = *faces::penButton(*m_form);
@@ -87,7 +85,6 @@ private slots:
         QCOMPARE(eraser.styleSheet(), look.arg("eraser") + chosen.arg("eraser"));
     }
 
-    void buttonsShowTheirPictures_data() { faces::both(); }
     void buttonsShowTheirPictures() {
         open();
         // Each button draws the artwork it names over the background, scaled to its 60 points.
@@ -101,7 +98,6 @@ private slots:
         }
     }
 
-    void cursorIsTheToolInHand_data() { faces::both(); }
     void cursorIsTheToolInHand() {
         open();
         const auto penShown = [this] {
@@ -128,7 +124,6 @@ private slots:
         QVERIFY(penShown());
     }
 
-    void penCursorOfAnOddWidthIsADiscOfAnEvenOne_data() { faces::both(); }
     void penCursorOfAnOddWidthIsADiscOfAnEvenOne() {
         ZrToolXmlClass::PenThickness = 1; // 5 pixels
         open();
@@ -142,7 +137,6 @@ private slots:
         QVERIFY(qAlpha(picture.pixel(1, 3)) > 150);
     }
 
-    void everyClickRunsItsSlotTwice_data() { faces::both(); }
     void everyClickRunsItsSlotTwice() {
         open();
         CursorRecorder recorder(*m_form);
@@ -164,7 +158,7 @@ private slots:
 
 private:
     void open() {
-        QFETCH(bool, face);
+        QFETCH_GLOBAL(bool, face);
         m_form = faces::make(face);
         if (face == faces::blackboard)
             static_cast<blackBoardform *>(m_form.data())->Setbackground2();
