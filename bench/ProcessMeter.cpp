@@ -31,4 +31,11 @@ double residentMebibytes(qint64 pid) {
     return pages * static_cast<double>(sysconf(_SC_PAGESIZE)) / (1024.0 * 1024.0);
 }
 
+double proportionalMebibytes(qint64 pid) {
+    for (const QByteArray &line : contentOf(QStringLiteral("/proc/%1/smaps_rollup").arg(pid)).split('\n'))
+        if (line.startsWith("Pss:"))
+            return line.mid(4).trimmed().split(' ').first().toDouble() / 1024.0;
+    return 0;
+}
+
 } // namespace bench

@@ -12,4 +12,7 @@ double processorSeconds(qint64 pid);
 /// Memory that a process keeps resident, in MiB.
 double residentMebibytes(qint64 pid);
 
+/// Memory that a process has in use, in MiB, where pages that several share count for each in part.
+double proportionalMebibytes(qint64 pid);
+
 } // namespace bench

@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "annotation/InkLayer.h"
 
+#include "platform/PictureMemory.h"
+
 namespace vexa {
 
 namespace {
 
 QImage emptyLayer(const QSize &points, qreal devicePixelRatio) {
-    QImage layer((QSizeF(points) * devicePixelRatio).toSize(), QImage::Format_ARGB32_Premultiplied);
+    QImage layer = platform::clearPicture((QSizeF(points) * devicePixelRatio).toSize(),
+                                          QImage::Format_ARGB32_Premultiplied);
     layer.setDevicePixelRatio(devicePixelRatio);
-    layer.fill(Qt::transparent);
     return layer;
 }
 

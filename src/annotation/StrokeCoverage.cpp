@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "annotation/StrokeCoverage.h"
 
+#include "platform/PictureMemory.h"
+
 #include <QPainter>
 #include <algorithm>
 #include <cstring>
@@ -13,9 +15,8 @@ namespace {
 constexpr int crowd = 300;
 
 QImage emptyPlane(const QSize &pixels, qreal devicePixelRatio) {
-    QImage plane(pixels, QImage::Format_Alpha8);
+    QImage plane = platform::clearPicture(pixels, QImage::Format_Alpha8);
     plane.setDevicePixelRatio(devicePixelRatio);
-    plane.fill(0);
     return plane;
 }
 

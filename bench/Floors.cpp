@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+#include "Floors.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QGuiApplication>
+#include <QPixmap>
+#include <QScreen>
+#include <QWidget>
+
+// Xlib last: its macros break the toolkit's headers.
+#include <X11/Xlib.h>
+#include <X11/Xlibint.h>
+#include <X11/extensions/XTest.h>
+#include <X11/extensions/record.h>
+#include <poll.h>
+
+namespace bench {
+
+namespace {
+
+constexpr unsigned leftShift = 50; // a key that types nothing
+constexpr int patience = 5000;     // milliseconds
+
+double milliseconds(const QElapsedTimer &timer) {
+    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+}
+
+void countRecord(XPointer count, XRecordInterceptData *record) {
+    if (record->category == XRecordFromServer)
+        ++*reinterpret_cast<int *>(count);
+    XRecordFreeData(record);
+}
+
+/// Waits for one record more; false when none comes.
+bool awaitRecord(Display *records, const int &count) {
+    const int before = count;
+    pollfd readable{ConnectionNumber(records), POLLIN, 0};
+    while (count == before) {
+        XRecordProcessReplies(records);
+        if (count == before && poll(&readable, 1, patience) <= 0)
+            return false;
+    }
+    return true;
+}
+
+} // namespace
+
+std::vector<double> captures(int rounds) {
+    std::vector<double> times;
+    for (int round = 0; round < rounds; ++round) {
+        QElapsedTimer timer;
+        timer.start();
+        QGuiApplication::primaryScreen()->grabWindow(0);
+        times.push_back(milliseconds(timer));
+    }
+    return times;
+}
+
+std::vector<double> roundTrips(int rounds) {
+    Display *keys = XOpenDisplay(nullptr);
+    Display *records = XOpenDisplay(nullptr);
+    XRecordRange *range = XRecordAllocRange();
+    range->device_events.first = KeyPress;
+    range->device_events.last = KeyRelease;
+    XRecordClientSpec everyone = XRecordAllClients;
+    const XRecordContext context = XRecordCreateContext(keys, 0, &everyone, 1, &range, 1);
+    XSync(keys, False);
+    int count = 0;
+    XRecordEnableContextAsync(records, context, countRecord, reinterpret_cast<XPointer>(&count));
+
+    std::vector<double> times;
+    for (int half = 0; half < 2 * rounds; ++half) {
+        QElapsedTimer timer;
+        timer.start();
+        XTestFakeKeyEvent(keys, leftShift, half % 2 == 0 ? True : False, CurrentTime);
+        XFlush(keys);
+        if (awaitRecord(records, count))
+            times.push_back(milliseconds(timer));
+    }
+    XRecordDisableContext(keys, context);
+    XFree(range);
+    XCloseDisplay(keys);
+    XCloseDisplay(records);
+    return times;
+}
+
+std::vector<double> repaints(int rounds) {
+    QWidget window(nullptr, Qt::FramelessWindowHint | Qt::BypassWindowManagerHint);
+    QPixmap picture(QGuiApplication::primaryScreen()->size());
+    picture.fill(Qt::darkCyan);
+    QPalette palette;
+    palette.setBrush(QPalette::Window, picture);
+    window.setPalette(palette);
+    window.setGeometry(QGuiApplication::primaryScreen()->geometry());
+    window.show();
+    std::vector<double> times;
+    for (int round = -3; round < rounds; ++round) {
+        QCoreApplication::processEvents();
+        QElapsedTimer timer;
+        timer.start();
+        window.repaint();
+        QGuiApplication::primaryScreen()->grabWindow(0, 0, 0, 1, 1); // answered when the server has painted
+        if (round >= 0)
+            times.push_back(milliseconds(timer));
+    }
+    return times;
+}
+
+} // namespace bench
