@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: MIT
+#include "e2e/Desktop.h"
+#include "e2e/Program.h"
+#include "e2e/ServerStrain.h"
+#include "support/Patience.h"
+#include "support/RealInput.h"
+#include "support/TestMain.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+
+#include <csignal>
+
+using namespace vexa::test;
+
+namespace {
+
+const QRgb dotColour = qRgb(0, 255, 90); // what the slider's 600 stands for
+const QPoint place(500, 400);
+
+int entriesOf(qint64 pid, const char *folder) {
+    return int(QDir(QStringLiteral("/proc/%1/%2").arg(pid).arg(QLatin1String(folder)))
+                   .entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot)
+                   .size());
+}
+
+} // namespace
+
+/// A server that is slow, stopped, kept by another client or flooded: the program waits, and is there again.
+class StrainTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void aChordTypedWhileAnotherClientKeepsTheServerIsAnswered();
+    void aServerThatWasStoppedFindsTheProgramAlive();
+    void aChordAfterAFloodOfMovesIsAnswered();
+    void manyOpeningsLeaveDescriptorsThreadsAndWindowsAsTheyWere();
+
+private:
+    bool openLaser();
+    bool closeTools();
+
+    std::unique_ptr<e2e::Program> m_program;
+};
+
+void StrainTest::init() {
+    m_program =
+        std::make_unique<e2e::Program>(e2e::Program::Settings{{QStringLiteral("ShowPrivacyWindow"), 0},
+                                                              {QStringLiteral("Key3P"), 3},
+                                                              {QStringLiteral("Key4P"), 2},
+                                                              {QStringLiteral("LaserPenSize"), 20},
+                                                              {QStringLiteral("LaserPenColor"), 600}});
+    QVERIFY(m_program->start());
+    QTRY_VERIFY_WITH_TIMEOUT(e2e::hasWithdrawn(m_program->pid()), patience);
+    moveMouse(place);
+    QVERIFY(e2e::pixelAt(place) != dotColour);
+}
+
+void StrainTest::cleanup() {
+    QVERIFY(m_program->isRunning());
+    m_program.reset();
+}
+
+bool StrainTest::openLaser() {
+    typeChord(PenKey::G);
+    return QTest::qWaitFor([] { return e2e::pixelAt(mousePosition()) == dotColour; }, patience);
+}
+
+bool StrainTest::closeTools() {
+    typeChord(PenKey::S);
+    return QTest::qWaitFor([] { return e2e::pixelAt(mousePosition()) != dotColour; }, patience);
+}
+
+void StrainTest::aChordTypedWhileAnotherClientKeepsTheServerIsAnswered() {
+    e2e::grabServerWhileTyping(int(PenKey::G), 2000);
+    QTRY_COMPARE_WITH_TIMEOUT(e2e::pixelAt(place), dotColour, patience);
+    QVERIFY(closeTools());
+}
+
+void StrainTest::aServerThatWasStoppedFindsTheProgramAlive() {
+    QVERIFY(openLaser());
+    const int server = e2e::serverPid();
+    QVERIFY(server > 0);
+    kill(server, SIGSTOP);
+    QThread::sleep(5);
+    kill(server, SIGCONT);
+    QVERIFY(closeTools());
+    QVERIFY(openLaser());
+    QVERIFY(closeTools());
+}
+
+void StrainTest::aChordAfterAFloodOfMovesIsAnswered() {
+    const int moves = e2e::floodWithMoves(50000, 3000);
+    QElapsedTimer timer;
+    timer.start();
+    QVERIFY(openLaser());
+    qInfo("%d moves in three seconds, the chord after them answered within %lld ms", moves, timer.elapsed());
+    QVERIFY(closeTools());
+}
+
+void StrainTest::manyOpeningsLeaveDescriptorsThreadsAndWindowsAsTheyWere() {
+    const qint64 pid = m_program->pid();
+    const auto openAndClose = [this, pid] {
+        QVERIFY(openLaser());
+        QVERIFY(closeTools());
+        for (const PenKey key : {PenKey::I, PenKey::J}) {
+            for (const bool shown : {true, false}) {
+                typeChord(PenKey::M);
+                typeChord(key);
+                QTRY_COMPARE_WITH_TIMEOUT(e2e::visibleWindowOfSize(pid, {1920, 1080}).id != 0, shown,
+                                          patience);
+            }
+        }
+    };
+    openAndClose();
+    const int windows = int(e2e::windowsOf(pid).size());
+    const int descriptors = entriesOf(pid, "fd");
+    const int threads = entriesOf(pid, "task");
+    for (int round = 0; round < 10; ++round)
+        openAndClose();
+    QTRY_COMPARE_WITH_TIMEOUT(int(e2e::windowsOf(pid).size()), windows, patience);
+    QTRY_VERIFY_WITH_TIMEOUT(entriesOf(pid, "fd") <= descriptors, patience);
+    QTRY_VERIFY_WITH_TIMEOUT(entriesOf(pid, "task") <= threads, patience);
+}
+
+VEXA_WIDGET_TEST_MAIN(StrainTest)
+#include "StrainTest.moc"
