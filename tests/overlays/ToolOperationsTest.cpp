@@ -4,7 +4,7 @@
 #include "overlays/HeldToolKinds.h"
 #include "overlays/TickCounter.h"
 #include "settings/ZrToolXmlClass.h"
-#include "support/RealMouse.h"
+#include "support/RealInput.h"
 #include "support/TestMain.h"
 
 using namespace vexa::test;
