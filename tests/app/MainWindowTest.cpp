@@ -330,15 +330,12 @@ void MainWindowTest::viewIsFilledAgainAfterALanguageChange() {
     QVERIFY(userfile::write(fileWith(100)));
     Panel panel;
     panel.forgetCalls();
-    QElapsedTimer sinceChange;
-    sinceChange.start();
     panel.send(16, 2);
     QVERIFY(userfile::read().contains("<Language>2</Language>"));
     QVERIFY(panel.calls().isEmpty());
     QVERIFY(coarseTimersOf(&panel.window).contains(200));
     QTRY_COMPARE(panel.calls().size(), 16);
     QVERIFY(!coarseTimersOf(&panel.window).contains(200));
-    QVERIFY(sinceChange.elapsed() >= 190); // coarse timers keep within five per cent
     QList<Call> expected = everySettingWith(100);
     expected[16 - 2] = Call{16, 2, 0};
     QCOMPARE(panel.calls(), expected);
@@ -354,8 +351,7 @@ void MainWindowTest::secondLanguageChangeWithinTheDelayFillsTheViewOnce() {
     panel.send(16, 2);
     QCOMPARE(coarseTimersOf(&panel.window), QVector<int>{200});
     QTRY_COMPARE(panel.calls().size(), 16);
-    QTest::qWait(400);
-    QCOMPARE(panel.calls().size(), 16);
+    QVERIFY(coarseTimersOf(&panel.window).isEmpty());
     QVERIFY(panel.window.isVisible());
 }
 
@@ -440,14 +436,11 @@ void MainWindowTest::titleButtonsHide() {
 }
 
 void MainWindowTest::windowWithdrawsAfterTheStartAndLeavesThePrompt() {
-    QElapsedTimer sinceStart;
-    sinceStart.start();
     Panel panel;
     QCOMPARE(coarseTimersOf(&panel.window), QVector<int>{500});
     panel.window.show();
     QVERIFY(panel.window.isVisible());
     QTRY_VERIFY(panel.window.isHidden());
-    QVERIFY(sinceStart.elapsed() >= 475);
     QVERIFY(coarseTimersOf(&panel.window).isEmpty());
 
     QStringList strips;
@@ -465,7 +458,7 @@ void MainWindowTest::withdrawalHappensOnce() {
     panel.window.show();
     QTRY_VERIFY(panel.window.isHidden());
     panel.window.show();
-    QTest::qWait(700);
+    QVERIFY(coarseTimersOf(&panel.window).isEmpty());
     QVERIFY(panel.window.isVisible());
 }
 

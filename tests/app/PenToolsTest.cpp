@@ -5,7 +5,6 @@
 #include "overlays/promptwindow2.h"
 #include "settings/ZrToolXmlClass.h"
 #include "support/TestMain.h"
-#include "support/Timers.h"
 #include "support/UserFile.h"
 
 #include <QLabel>
@@ -17,30 +16,6 @@ using namespace vexa::test;
 using Settings = ZrToolXmlClass;
 
 namespace {
-
-/// A posted event without what does not matter for its type.
-QString told(const vexa::InputEvent &event) {
-    if (event.type == 10 || event.type == 11)
-        return QStringLiteral("%1 key %2 flags %3")
-            .arg(event.type == 10 ? QStringLiteral("down") : QStringLiteral("up"))
-            .arg(event.keyCode)
-            .arg(event.flags);
-    return QStringLiteral("pointer %1 at %2,%3").arg(event.type).arg(event.x).arg(event.y);
-}
-
-QStringList told(const vexa::RecordingBackend &session) {
-    QStringList all;
-    for (const vexa::InputEvent &event : session.posts())
-        all += told(event);
-    return all;
-}
-
-QStringList refocusAt(const QPoint &pointer) {
-    return {QStringLiteral("pointer 5 at 1910,1070"), QStringLiteral("pointer 1 at 1910,1070"),
-            QStringLiteral("pointer 2 at 1910,1070"),
-            QStringLiteral("pointer 5 at %1,%2").arg(pointer.x()).arg(pointer.y()),
-            QStringLiteral("down key 116 flags 0")};
-}
 
 /// Where a held tool stands. Its children keep that to themselves.
 struct Place : vexa::HeldTool {
@@ -84,23 +59,6 @@ private slots:
     void choosingAnActionArmsAgain_data();
     void choosingAnActionArmsAgain();
 
-    void slideShowKeyComesAfterTheRelease();
-    void secondSlideShowActionEndsTheShow();
-    void playerKeyGoesDownAndUp();
-    void actionWithoutMeaningDoesNothing();
-    void repeatedActionWithinTheDelayIsPostedOnce();
-
-    void closingAToolInASlideShowRefocusesIt_data();
-    void closingAToolInASlideShowRefocusesIt();
-    void clickOnAHeldToolInASlideShowPostsNothing_data() { gOpensTheHeldToolOfKey4AndSClosesIt_data(); }
-    void clickOnAHeldToolInASlideShowPostsNothing();
-    void closingAToolWithoutASlideShowPostsNothing();
-    void openingAToolCancelsTheRefocus_data();
-    void openingAToolCancelsTheRefocus();
-    void everyReportInASlideShowStartsOneRefocus();
-    void refocusGoesOnWhenTheShowHasEndedMeanwhile_data();
-    void refocusGoesOnWhenTheShowHasEndedMeanwhile();
-    void reportsOfUnknownWindowsStartNothing();
     void aReportCountsWhoeverPassesItOn();
 
     void penWorksWhileThePanelIsClosed();
@@ -131,8 +89,6 @@ void PenToolsTest::gOpensTheHeldToolOfKey4AndSClosesIt() {
     QFETCH(int, code);
     ToolPanel panel;
     Settings::Key4P = code;
-    QElapsedTimer life;
-    life.start();
     panel.chord(pen::g);
     QCOMPARE(ToolPanel::open<Spolight2>().size(), code == 0 ? 1 : 0);
     QCOMPARE(ToolPanel::open<Magnifie>().size(), code == 1 ? 1 : 0);
@@ -140,7 +96,6 @@ void PenToolsTest::gOpensTheHeldToolOfKey4AndSClosesIt() {
     panel.chord(pen::s);
     QCOMPARE(ToolPanel::openHeldTools(), 1);
     QTRY_COMPARE(ToolPanel::openHeldTools(), 0);
-    QVERIFY(life.elapsed() >= 850); // six coarse ticks of 150 ms
 }
 
 void PenToolsTest::unknownHeldToolOpensNothing() {
@@ -358,193 +313,6 @@ void PenToolsTest::choosingAnActionArmsAgain() {
     panel.window.recvQmlMessage1(id, 0, 0);
     panel.window.RecvKeboardMessage(pen::i, 1);
     QCOMPARE(ToolPanel::open<PizhuForm>().size(), arms ? 0 : 1);
-}
-
-void PenToolsTest::slideShowKeyComesAfterTheRelease() {
-    ToolPanel panel;
-    Settings::Key2P = 1;
-    panel.press(pen::a);
-    QTest::qWait(400);
-    QCOMPARE(told(panel.session), QStringList());
-    QVERIFY(!coarseTimersOf(&panel.window).contains(200));
-    QElapsedTimer sinceRelease;
-    sinceRelease.start();
-    panel.release(pen::a);
-    QCOMPARE(told(panel.session), QStringList());
-    QCOMPARE(coarseTimersOf(&panel.window).count(200), 1);
-    QTRY_COMPARE(told(panel.session), QStringList{QStringLiteral("down key 36 flags 1048576")});
-    QVERIFY(sinceRelease.elapsed() >= 190);
-    QVERIFY(CKeyboardListenerMac::EnterPPT);
-}
-
-void PenToolsTest::secondSlideShowActionEndsTheShow() {
-    ToolPanel panel;
-    panel.window.LongPressEvent(1);
-    QTRY_COMPARE(panel.session.posts().size(), std::size_t(1));
-    panel.window.LongPressEvent(1);
-    QTRY_COMPARE(told(panel.session), (QStringList{QStringLiteral("down key 36 flags 1048576"),
-                                                   QStringLiteral("down key 53 flags 0")}));
-    QVERIFY(!CKeyboardListenerMac::EnterPPT);
-}
-
-void PenToolsTest::playerKeyGoesDownAndUp() {
-    ToolPanel panel;
-    Settings::Key4C = 2;
-    panel.press(pen::d);
-    QCOMPARE(told(panel.session), QStringList());
-    QCOMPARE(coarseTimersOf(&panel.window).count(200), 1);
-    QTRY_COMPARE(told(panel.session),
-                 (QStringList{QStringLiteral("down key 49 flags 0"), QStringLiteral("up key 49 flags 0")}));
-}
-
-void PenToolsTest::actionWithoutMeaningDoesNothing() {
-    ToolPanel panel;
-    for (int action : {0, 5, 7, -1, -2147483647}) {
-        Settings::Key2P = action;
-        panel.chord(pen::a);
-    }
-    QTest::qWait(400);
-    QCOMPARE(told(panel.session), QStringList());
-    QVERIFY(ToolPanel::nothingOpen());
-}
-
-void PenToolsTest::repeatedActionWithinTheDelayIsPostedOnce() {
-    ToolPanel panel;
-    panel.window.show();
-    QTRY_VERIFY(panel.window.isHidden());
-    panel.window.show();
-    panel.window.LongPressEvent(1);
-    panel.window.LongPressEvent(1);
-    QTRY_COMPARE(panel.session.posts().size(), std::size_t(1));
-    QTest::qWait(400);
-    QCOMPARE(panel.session.posts().size(), std::size_t(1));
-    QVERIFY(panel.window.isVisible());
-}
-
-void PenToolsTest::closingAToolInASlideShowRefocusesIt_data() {
-    QTest::addColumn<QString>("how");
-    QTest::newRow("annotation by the chord") << QStringLiteral("annotation chord");
-    QTest::newRow("annotation by its button") << QStringLiteral("annotation exit");
-    QTest::newRow("blackboard by the chord") << QStringLiteral("blackboard chord");
-    QTest::newRow("blackboard by its button") << QStringLiteral("blackboard exit");
-    QTest::newRow("spotlight") << QStringLiteral("spotlight");
-    QTest::newRow("magnifier") << QStringLiteral("magnifier");
-    QTest::newRow("laser") << QStringLiteral("laser");
-}
-
-void PenToolsTest::closingAToolInASlideShowRefocusesIt() {
-    QFETCH(QString, how);
-    ToolPanel panel;
-    Settings::Key3P = 3;
-    const QStringList heldTools{QStringLiteral("spotlight"), QStringLiteral("magnifier"),
-                                QStringLiteral("laser")};
-    Settings::Key4P = heldTools.indexOf(how);
-    CKeyboardListenerMac::EnterPPT = true;
-    const bool blackboard = how.startsWith(QStringLiteral("blackboard"));
-    if (heldTools.contains(how)) {
-        panel.chord(pen::g);
-        panel.chord(pen::s);
-    } else {
-        panel.chord(blackboard ? pen::j : pen::i);
-        panel.chord(pen::m);
-        if (how.endsWith(QStringLiteral("chord")))
-            panel.chord(blackboard ? pen::j : pen::i);
-        else if (blackboard)
-            ToolPanel::pressExit(ToolPanel::open<blackBoardform>().constFirst());
-        else
-            ToolPanel::pressExit(ToolPanel::open<PizhuForm>().constFirst());
-    }
-    QTRY_VERIFY(ToolPanel::nothingOpen());
-    QCOMPARE(coarseTimersOf(&panel.window).count(1000), 1);
-    QElapsedTimer sinceClose;
-    sinceClose.start();
-    panel.session.clearPosts();
-    QCursor::setPos(321, 234);
-    QTRY_COMPARE(QCursor::pos(), QPoint(321, 234));
-    QTRY_COMPARE(told(panel.session), refocusAt(QPoint(321, 234)));
-    QVERIFY(sinceClose.elapsed() >= 850); // the closing itself was noticed some time later
-    QTest::qWait(1200);
-    QCOMPARE(told(panel.session), refocusAt(QPoint(321, 234)));
-}
-
-void PenToolsTest::clickOnAHeldToolInASlideShowPostsNothing() {
-    QFETCH(int, code);
-    ToolPanel panel;
-    Settings::Key4P = code;
-    CKeyboardListenerMac::EnterPPT = true;
-    panel.chord(pen::g);
-    ToolPanel::click(ToolPanel::heldTool());
-    QVERIFY(ToolPanel::nothingOpen());
-    QTest::qWait(1300);
-    QCOMPARE(told(panel.session), QStringList());
-}
-
-void PenToolsTest::closingAToolWithoutASlideShowPostsNothing() {
-    ToolPanel panel;
-    panel.chord(pen::i);
-    panel.chord(pen::i);
-    for (int which = 0; which < 5; ++which)
-        panel.window.RecvWindowMessage(which);
-    QTest::qWait(1300);
-    QCOMPARE(told(panel.session), QStringList());
-}
-
-void PenToolsTest::openingAToolCancelsTheRefocus_data() {
-    QTest::addColumn<int>("key");
-    QTest::newRow("annotation") << pen::i;
-    QTest::newRow("blackboard") << pen::j;
-    QTest::newRow("held tool") << pen::g;
-}
-
-void PenToolsTest::openingAToolCancelsTheRefocus() {
-    QFETCH(int, key);
-    ToolPanel panel;
-    Settings::Key3P = 3;
-    Settings::Key4P = 0;
-    CKeyboardListenerMac::EnterPPT = true;
-    panel.window.RecvWindowMessage(4);
-    panel.chord(key);
-    QVERIFY(!ToolPanel::nothingOpen());
-    QTest::qWait(1300);
-    QCOMPARE(told(panel.session), QStringList());
-}
-
-void PenToolsTest::everyReportInASlideShowStartsOneRefocus() {
-    for (int which = 0; which < 5; ++which) {
-        ToolPanel panel;
-        panel.window.RecvWindowMessage(which);
-        QCOMPARE(coarseTimersOf(&panel.window).count(1000), 0);
-        CKeyboardListenerMac::EnterPPT = true;
-        panel.window.RecvWindowMessage(which);
-        panel.window.RecvWindowMessage(which);
-        QCOMPARE(coarseTimersOf(&panel.window).count(1000), 1);
-    }
-}
-
-void PenToolsTest::refocusGoesOnWhenTheShowHasEndedMeanwhile_data() {
-    openingAToolCancelsTheRefocus_data();
-}
-
-void PenToolsTest::refocusGoesOnWhenTheShowHasEndedMeanwhile() {
-    QFETCH(int, key);
-    ToolPanel panel;
-    Settings::Key3P = 3;
-    Settings::Key4P = 0;
-    CKeyboardListenerMac::EnterPPT = true;
-    panel.window.RecvWindowMessage(4);
-    CKeyboardListenerMac::EnterPPT = false;
-    panel.chord(key);
-    QVERIFY(!ToolPanel::nothingOpen());
-    QCOMPARE(coarseTimersOf(&panel.window).count(1000), 1);
-}
-
-void PenToolsTest::reportsOfUnknownWindowsStartNothing() {
-    ToolPanel panel;
-    CKeyboardListenerMac::EnterPPT = true;
-    panel.window.RecvWindowMessage(5);
-    panel.window.RecvWindowMessage(-1);
-    QTest::qWait(1300);
-    QCOMPARE(told(panel.session), QStringList());
 }
 
 void PenToolsTest::aReportCountsWhoeverPassesItOn() {

@@ -91,3 +91,21 @@ public:
         QTest::mousePress(form->findChild<QPushButton *>(QStringLiteral("pushButton")), Qt::LeftButton);
     }
 };
+
+/// A posted event without what does not matter for its type.
+inline QString told(const vexa::InputEvent &event) {
+    if (event.type == 10 || event.type == 11)
+        return QStringLiteral("%1 key %2 flags %3")
+            .arg(event.type == 10 ? QStringLiteral("down") : QStringLiteral("up"))
+            .arg(event.keyCode)
+            .arg(event.flags);
+    return QStringLiteral("pointer %1 at %2,%3").arg(event.type).arg(event.x).arg(event.y);
+}
+
+/// Everything that was posted.
+inline QStringList told(const vexa::RecordingBackend &session) {
+    QStringList all;
+    for (const vexa::InputEvent &event : session.posts())
+        all += told(event);
+    return all;
+}
