@@ -52,6 +52,21 @@ bool isUnmanagedOnServer(WId window) {
     return XGetWindowAttributes(connection(), window, &attributes) && attributes.override_redirect == True;
 }
 
+bool isToldToHaveNoShadow(WId window) {
+    // Its own four widths around the window; whatever they are, whoever draws shadows asks whether they are
+    // there.
+    Atom actual = 0;
+    int format = 0;
+    unsigned long count = 0;
+    unsigned long left = 0;
+    unsigned char *data = nullptr;
+    XGetWindowProperty(connection(), window, XInternAtom(connection(), "_GTK_FRAME_EXTENTS", False), 0, 4,
+                       False, XA_CARDINAL, &actual, &format, &count, &left, &data);
+    if (data)
+        XFree(data);
+    return count == 4;
+}
+
 bool isWindowManagerRunning() {
     return property(DefaultRootWindow(connection()), "_NET_SUPPORTING_WM_CHECK", XA_WINDOW).has_value();
 }

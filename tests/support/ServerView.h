@@ -16,6 +16,9 @@ bool hasAreaOnServer(WId window);
 /// Whether the window is out of the window manager's hands.
 bool isUnmanagedOnServer(WId window);
 
+/// Whether compositing managers take it for a window that draws its own shadow.
+bool isToldToHaveNoShadow(WId window);
+
 bool isWindowManagerRunning();
 
 } // namespace vexa::test

@@ -110,13 +110,13 @@ def dot_follows(program, arrangement, factor):
         run("xdotool", "mousemove", str(x), str(y))
         program.pen("key4", "hold")
         radius = RADIUS * factor
-        there = until(lambda x=x, y=y: Screen().at(x, y) == DOT, 10)
+        there = until(lambda x=x, y=y: Screen().at(x, y) == DOT)
         picture = Screen()
         right = all(picture.at(x + a * (radius - 3), y + b * (radius - 3)) == DOT and
                     picture.at(x + a * (radius + 3), y + b * (radius + 3)) != DOT
                     for a, b in ((1, 0), (-1, 0), (0, 1), (0, -1)))
         program.pen("key4", "release")
-        if not (there and right and until(lambda x=x, y=y: Screen().at(x, y) != DOT, 10)):
+        if not (there and right and until(lambda x=x, y=y: Screen().at(x, y) != DOT)):
             return False
     return True
 
@@ -129,11 +129,11 @@ def board_covers_the_primary(program, arrangement):
     primary = next(iter(arrangement))
     covered = lambda picture, output: [picture.at(*place) != before.at(*place) for place in places[output]]
     program.pen("key3", "long")
-    right = until(lambda: all(covered(Screen(), primary)), 10)
+    right = until(lambda: all(covered(Screen(), primary)))
     picture = Screen()
     right = right and not any(any(covered(picture, output)) for output in arrangement if output != primary)
     program.pen("key3", "long")
-    return right and until(lambda: not any(covered(Screen(), primary)), 10)
+    return right and until(lambda: not any(covered(Screen(), primary)))
 
 
 def panel_place():

@@ -15,7 +15,6 @@ WIDTH, HEIGHT = 1280, 720
 PATIENCE = 30  # seconds for what must come
 QUIET = 3      # seconds in which nothing may happen any more: the refocus comes a second after a tool closes
 POINTER = (400, 300)
-PROMPT, STRIP = (WIDTH // 2 - 145, HEIGHT // 2 - 25), (47, 47, 47)  # a place on the prompt of the start, its colour
 DOT = (0, 255, 90)  # what the slider's 600 stands for
 
 WINDOW_MANAGERS = {
@@ -146,17 +145,17 @@ class Presentation:
         deck = self.folder / ("slides." + {"fodp": "fodp", "pdf": "pdf", "html": "html"}[make.__name__])
         make(deck)
         self.start(*WINDOW_MANAGERS[self.manager], log="manager.log")
-        await_("window manager", lambda: "window id" in run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"))
+        await_("window manager", lambda: "window id" in run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"), 90)
         self.start(str(self.folder / "VexaOrbilo"), log="program.log")
-        await_("the prompt of the start", lambda: near(Screen().at(*PROMPT), STRIP))
-        await_("the prompt's end", lambda: not near(Screen().at(*PROMPT), STRIP))
+        await_("the prompt of the start", lambda: " 300x60+" in run("xwininfo", "-root", "-tree"))
+        time.sleep(2 * QUIET)  # until it has faded
         self.start(*[str(deck) if word == "DECK" else word for word in command], log="viewer.log")
         await_("the slides' window", self.focus_viewer, 90)
         if not stays(lambda: True):
             return
         self.focus_viewer()
 
-        self.check("start", lambda: self.begin(own_start))
+        self.check("start", lambda: self.begin(own_start, own_end))
         if Screen().slide() == 0:
             raise Missed("no show to go on with")
         self.check("page keys", self.page_through)
@@ -173,20 +172,24 @@ class Presentation:
                 return True
         return False
 
-    def begin(self, own_start):
+    def begin(self, own_start, own_end):
         if own_start:
             xdo("key", own_start)
-            if stays(lambda: xdo("search", "--onlyvisible", "--name", "^Information")):  # how to leave the show
-                xdo("key", "Return")
+            if stays(lambda: xdo("search", "--onlyvisible", "--name", "^Information")):
+                # How a show is left is explained at the first one, not to be shown again.
+                for key in ("alt+d", "Return", own_end, own_start):
+                    xdo("key", key)
+                    time.sleep(1)
             await_("the show by its own key", lambda: Screen().slide() == 1)
             raise OwnKey
         self.pen("key2", "long")
         return self.comes("the show", lambda: Screen().slide() == 1)
 
     def page_through(self):
+        stays(lambda: True)
         for key, slide in (("Next", 2), ("Prior", 1), ("Next", 2), ("Next", 3)):
             xdo("key", key)
-            await_("slide %d" % slide, lambda wanted=slide: Screen().slide() == wanted, 10)
+            await_("slide %d" % slide, lambda wanted=slide: Screen().slide() == wanted)
         return True
 
     def kept(self, name, focus):

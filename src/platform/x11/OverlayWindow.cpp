@@ -9,6 +9,7 @@
 #include <QWindow>
 #include <QX11Info>
 
+#include <X11/Xatom.h>
 #include <X11/Xlib.h>
 #include <X11/extensions/Xfixes.h>
 #include <X11/extensions/shape.h>
@@ -18,12 +19,24 @@
 namespace vexa::platform {
 namespace {
 
+/// Mutter draws a shadow around unmanaged windows too, and leaves that of a card behind that has faded. It
+/// spares a window that claims to draw its own.
+void refuseShadow(WId window) {
+    if (!QX11Info::isPlatformX11())
+        return;
+    Display *display = QX11Info::display();
+    const long noWidths[4] = {};
+    XChangeProperty(display, window, XInternAtom(display, "_GTK_FRAME_EXTENTS", False), XA_CARDINAL, 32,
+                    PropModeReplace, reinterpret_cast<const unsigned char *>(noWidths), 4);
+}
+
 /// Makes it a window that the window manager neither places nor focuses. Only the native window is told: to
 /// the widget these would be other window flags.
 void takeFromWindowManager(QWidget &widget, Qt::WindowFlags more = {}) {
     widget.winId();
     QWindow *window = widget.windowHandle();
     window->setFlags(window->flags() | Qt::BypassWindowManagerHint | Qt::WindowDoesNotAcceptFocus | more);
+    refuseShadow(widget.winId());
 }
 
 /// Qt's event loop leaves requests without an answer in its buffer until something else is sent.

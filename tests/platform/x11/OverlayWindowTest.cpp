@@ -204,6 +204,7 @@ void OverlayWindowTest::theWidgetsFlagsStay() {
     for (const Card *widget : {&overlay, &card}) {
         QCOMPARE(widget->windowFlags(), cardFlags);
         QVERIFY(isUnmanagedOnServer(widget->internalWinId()));
+        QVERIFY(isToldToHaveNoShadow(widget->internalWinId()));
     }
     QCOMPARE(card.geometry(), cardRect);
 }
