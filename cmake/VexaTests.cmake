@@ -1,16 +1,23 @@
 # vexa_test(name SOURCES ... LINK ... [LABELS ...] [TIMEOUT s] [RESOURCES] [OWN_FOLDER]
 #           [DISPLAY [SCREEN 1920x1080] [WITHOUT extension] [WM] [COMPOSITOR] [BUS]])
+#           [OFFSCREEN]
 #
 # A Qt Test program. It is named after its folder and its file: overlays_Grab is tests/overlays/GrabTest.cpp.
 # DISPLAY runs it on an X server of its own (see scripts/with-display), so tests that need a screen can run side
 # by side; RESOURCES links the program's compiled-in resources. OWN_FOLDER keeps the program in a folder of its own
 # (name.dir): the settings file lies beside the executable, and tests that read or write it must not share it.
 #
+# OFFSCREEN is for a test that any system with Qt can run, a Mac too, and without a display server: it is run on Qt's
+# offscreen platform, beside its own display if it has one, and bears the label by which the preset macos selects it.
+#
 # vexa_test(name PROGRAM other ...): the program of another test once more, on another display or with an
 # ENVIRONMENT of its own.
 function(vexa_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "DISPLAY;WM;COMPOSITOR;BUS;RESOURCES;OWN_FOLDER" "SCREEN;WITHOUT;TIMEOUT;PROGRAM"
+  cmake_parse_arguments(PARSE_ARGV 1 arg "OFFSCREEN;DISPLAY;WM;COMPOSITOR;BUS;RESOURCES;OWN_FOLDER" "SCREEN;WITHOUT;TIMEOUT;PROGRAM"
                         "SOURCES;LINK;LABELS;ENVIRONMENT")
+  if(APPLE AND NOT arg_OFFSCREEN)
+    return() # it brings an X server, or fakes of what a Mac has
+  endif()
   if(NOT arg_PROGRAM)
     set(arg_PROGRAM ${name})
     add_executable(${name} ${arg_SOURCES})
@@ -30,7 +37,8 @@ function(vexa_test name)
 
   set(command $<TARGET_FILE:${arg_PROGRAM}>)
   set(labels ${arg_LABELS})
-  if(arg_DISPLAY)
+  set(offscreen QT_QPA_PLATFORM=offscreen QT_QUICK_BACKEND=software)
+  if(arg_DISPLAY AND NOT APPLE)
     list(APPEND labels display)
     set(screen 1920x1080)
     if(arg_SCREEN)
@@ -52,6 +60,10 @@ function(vexa_test name)
     list(PREPEND command ${with} --)
   else()
     list(APPEND labels logic)
+    if(arg_OFFSCREEN)
+      list(APPEND labels offscreen)
+      list(APPEND arg_ENVIRONMENT ${offscreen})
+    endif()
   endif()
 
   add_test(NAME ${name} COMMAND ${command})
@@ -70,6 +82,14 @@ function(vexa_test name)
   # What may take long begins early, so that it does not run alone in the end.
   set_tests_properties(${name} PROPERTIES LABELS "${labels}" TIMEOUT ${timeout} COST ${timeout}
                                           ENVIRONMENT "${environment}")
+  if(arg_OFFSCREEN AND arg_DISPLAY AND NOT APPLE)
+    add_test(NAME ${name}Offscreen COMMAND $<TARGET_FILE:${arg_PROGRAM}>)
+    set_tests_properties(${name}Offscreen PROPERTIES LABELS offscreen TIMEOUT ${timeout} COST ${timeout}
+                                                     ENVIRONMENT "${environment};${offscreen}")
+    if(arg_OWN_FOLDER)
+      set_tests_properties(${name} ${name}Offscreen PROPERTIES RESOURCE_LOCK ${name}) # one settings file for both
+    endif()
+  endif()
 endfunction()
 
 # vexa_script_test(name COMMAND ... [LABELS ...]): a test that is a script.

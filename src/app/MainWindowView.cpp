@@ -11,7 +11,6 @@
 #include <QMetaObject>
 #include <QQmlContext>
 #include <QQuickItem>
-#include <chrono>
 #include <utility>
 
 using vexa::ViewMessage;
@@ -22,7 +21,6 @@ using Settings = ZrToolXmlClass;
 namespace {
 
 constexpr int refillDelay = 200; // milliseconds
-constexpr std::chrono::seconds scriptLimit{5};
 
 } // namespace
 
@@ -84,7 +82,8 @@ void MainWindow::changeAutoStart(int value) {
     const bool enable = value != 0;
     // One script at a time: until it is through, the switch stays where it is.
     const bool first = !std::exchange(m_changingAutoStart, true);
-    const bool done = first && vexa::runInShell(vexa::platform::autoStartCommand(enable), scriptLimit);
+    const bool done =
+        first && vexa::runInShell(vexa::platform::autoStartCommand(enable), vexa::platform::autoStartLimit());
     if (first)
         m_changingAutoStart = false;
     if (done)

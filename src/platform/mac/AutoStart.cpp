@@ -9,4 +9,9 @@ QString autoStartCommand(bool enable) {
            (enable ? QLatin1String("setAutoStartOpen.scpt") : QLatin1String("setAutoStartClose.scpt"));
 }
 
+// The first script has to wait for the user, whom the system asks whether it may talk to System Events.
+std::chrono::milliseconds autoStartLimit() {
+    return std::chrono::minutes(2);
+}
+
 } // namespace vexa::platform

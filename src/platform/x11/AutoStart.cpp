@@ -20,4 +20,8 @@ QString autoStartCommand(bool enable) {
     return quoted(QCoreApplication::applicationDirPath() + script);
 }
 
+std::chrono::milliseconds autoStartLimit() {
+    return std::chrono::seconds(5);
+}
+
 } // namespace vexa::platform

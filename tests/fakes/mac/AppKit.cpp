@@ -114,7 +114,7 @@ void defineBitmap() {
     method(
         bitmap, "samplesPerPixel", "q@:", +[](id self, SEL) { return contentOf(self).samplesPerPixel; });
     method(
-        bitmap, "isPlanar", "B@:", +[](id self, SEL) { return contentOf(self).planar; });
+        bitmap, "isPlanar", "B@:", +[](id self, SEL) -> BOOL { return contentOf(self).planar; });
     method(
         bitmap, "bitmapFormat", "Q@:", +[](id self, SEL) { return contentOf(self).format; });
 }
@@ -139,7 +139,7 @@ void defineWorkspace() {
     classMethod(
         workspace, "sharedWorkspace", "@@:", +[](id, SEL) { return lasting("NSWorkspace"); });
     method(
-        workspace, "openURL:", "B@:@", +[](id, SEL, id url) {
+        workspace, "openURL:", "B@:@", +[](id, SEL, id url) -> BOOL {
             AppKit::instance().whenOpened();
             AppKit::instance().openedUrls.push_back(static_cast<Text *>(url)->characters);
             return true;
@@ -150,10 +150,10 @@ void defineEvent() {
     const Class event = defineClass("NSEvent", objc_getClass("NSObject"));
     classMethod(
         event, "setMouseCoalescingEnabled:", "v@:B",
-        +[](id, SEL, bool enabled) { AppKit::instance().mouseCoalescing = enabled; });
+        +[](id, SEL, BOOL enabled) { AppKit::instance().mouseCoalescing = enabled; });
     classMethod(
         event, "isMouseCoalescingEnabled",
-        "B@:", +[](id, SEL) -> bool { return AppKit::instance().mouseCoalescing; });
+        "B@:", +[](id, SEL) -> BOOL { return AppKit::instance().mouseCoalescing; });
 }
 
 Window &told(id window, const char *what) {
@@ -186,10 +186,10 @@ void defineWindow() {
         +[](id self, SEL, long value) { told(self, "setLevel:").level = value; });
     method(
         window, "setHidesOnDeactivate:", "v@:B",
-        +[](id self, SEL, bool value) { told(self, "setHidesOnDeactivate:").hidesOnDeactivate = value; });
+        +[](id self, SEL, BOOL value) { told(self, "setHidesOnDeactivate:").hidesOnDeactivate = value; });
     method(
         window, "setIgnoresMouseEvents:", "v@:B",
-        +[](id self, SEL, bool value) { told(self, "setIgnoresMouseEvents:").ignoresMouseEvents = value; });
+        +[](id self, SEL, BOOL value) { told(self, "setIgnoresMouseEvents:").ignoresMouseEvents = value; });
     method(
         window, "orderFrontRegardless", "v@:", +[](id self, SEL) { told(self, "orderFrontRegardless"); });
 }

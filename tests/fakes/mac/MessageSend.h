@@ -19,6 +19,7 @@ template<> inline constexpr const char *encodingOf<id> = "@";
 template<> inline constexpr const char *encodingOf<Class> = "#";
 template<> inline constexpr const char *encodingOf<SEL> = ":";
 template<> inline constexpr const char *encodingOf<bool> = "B";
+template<> inline constexpr const char *encodingOf<signed char> = "c";
 template<> inline constexpr const char *encodingOf<int> = "i";
 template<> inline constexpr const char *encodingOf<long> = "q";
 template<> inline constexpr const char *encodingOf<unsigned long> = "Q";

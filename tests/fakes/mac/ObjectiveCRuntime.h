@@ -5,6 +5,7 @@
 
 #include <objc/runtime.h>
 
+#include <algorithm>
 #include <map>
 #include <string>
 
@@ -44,8 +45,9 @@ void refuseMethodChanges();
 /// told from objects by their size.
 void aliasWindowNumbers(id view);
 
-/// Registers a method under the encoding that Apple's headers give it. Ends the process when the function has
-/// another type, which would be a mistake of the test.
+/// Registers a method under the encoding that Apple's headers give it on arm64; a truth value is of another
+/// type, "c" for "B", on Intel. Ends the process when the function has another type, which would be a mistake
+/// of the test.
 template<typename Result, typename... Arguments>
 void method(Class type, const char *selector, const char *encoding,
             Result (*function)(id, SEL, Arguments...));
@@ -61,10 +63,12 @@ void classMethod(Class type, const char *selector, const char *encoding,
 template<typename Result, typename... Arguments>
 void method(Class type, const char *selector, const char *encoding,
             Result (*function)(id, SEL, Arguments...)) {
-    if (methodEncoding<Result, Arguments...>() != encoding)
-        misuse(std::string(selector) + " is registered as " + encoding + " but written as " +
+    std::string here = encoding;
+    std::replace(here.begin(), here.end(), 'B', *encodingOf<BOOL>);
+    if (methodEncoding<Result, Arguments...>() != here)
+        misuse(std::string(selector) + " is registered as " + here + " but written as " +
                methodEncoding<Result, Arguments...>());
-    type->methods[selector] = {(IMP)function, encoding, {}};
+    type->methods[selector] = {(IMP)function, here, {}};
 }
 
 } // namespace fakes

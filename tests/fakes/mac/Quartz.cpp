@@ -311,6 +311,10 @@ CFMessagePortRef CFMessagePortCreateLocal(CFAllocatorRef, CFStringRef name, CFMe
     note("CFMessagePortCreateLocal", name->text, given(context));
     if (!currentQuartz().permitsLocalPorts)
         return nullptr;
+    if (const auto found = desktop().localPorts.find(name->text); found != desktop().localPorts.end()) {
+        ++found->second->references; // as documented: that port once more, and what else was said is ignored
+        return found->second;
+    }
     auto *const port = new __CFMessagePort(name->text, true);
     port->callback = callout;
     port->info = context ? context->info : nullptr;

@@ -16,7 +16,7 @@ namespace {
 constexpr const char *reopen = "applicationShouldHandleReopen:hasVisibleWindows:";
 constexpr const char *reopenEncoding = "B@:@B";
 
-bool toolkitsOwn(id, SEL, id, bool) {
+BOOL toolkitsOwn(id, SEL, id, BOOL) {
     return true;
 }
 

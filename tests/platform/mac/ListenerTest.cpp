@@ -167,6 +167,18 @@ private slots:
         QVERIFY(m_quartz->send(pointer(kCGEventMouseMoved, 1, 1)));
     }
 
+    // The name server's rule, by which a program never has two ports of one name.
+    void aSecondPortOfTheNameIsTheFirstOnceMore() {
+        const CFMessagePortRef first = CFMessagePortCreateLocal(
+            nullptr, CFSTR("a port"), CKeyboardListenerMac::MessagePortCallback, nullptr, nullptr);
+        const CFMessagePortRef second =
+            CFMessagePortCreateLocal(nullptr, CFSTR("a port"), nullptr, nullptr, nullptr);
+        QCOMPARE(second, first);
+        CFRelease(second);
+        CFMessagePortInvalidate(first);
+        CFRelease(first);
+    }
+
     void doesNotStartWhenTheTapIsRefused() {
         m_quartz->permitsTaps = false;
         QVERIFY_EXCEPTION_THROWN(CKeyboardHandler(), std::future_error);

@@ -32,6 +32,11 @@ private slots:
         QCOMPARE(vexa::platform::sessionInputObstacle(), std::string());
     }
 
+    // The user may read the question for consent before answering it.
+    void givesTheUserTimeToConsentToTheLoginScripts() {
+        QVERIFY(vexa::platform::autoStartLimit() >= std::chrono::minutes(1));
+    }
+
     void startsAtLoginByTheBundlesScripts() {
         QCOMPARE(
             vexa::platform::autoStartCommand(true),

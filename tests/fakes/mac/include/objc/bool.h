@@ -1,5 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-// As on arm64, whatever the processor the tests run on.
+// As on the processor that the tests pretend to, whatever they run on.
+#ifdef VEXA_FAKE_INTEL
+typedef signed char BOOL;
+#else
 typedef bool BOOL;
+#endif
