@@ -6,7 +6,13 @@ import QtQuick 2.15
 MouseArea {
     id: area
 
+    property bool spaceHeld: false
+
     signal triggered
+
+    function takeFocus() {
+        forceActiveFocus(Qt.TabFocusReason)
+    }
 
     activeFocusOnTab: true
     anchors.fill: parent
@@ -16,6 +22,14 @@ MouseArea {
     Accessible.onPressAction: triggered()
     Keys.onEnterPressed: triggered()
     Keys.onReturnPressed: triggered()
-    Keys.onSpacePressed: triggered()
+    // With the release, as buttons do: what is opened may take the focus, and the release with it.
+    Keys.onReleased: event => {
+        if (event.key !== Qt.Key_Space || event.isAutoRepeat || !spaceHeld)
+            return
+        spaceHeld = false
+        event.accepted = true
+        triggered()
+    }
+    Keys.onSpacePressed: spaceHeld = true
     onClicked: triggered()
 }

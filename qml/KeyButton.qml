@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick 2.15
 import QtQuick.Controls 1.4 as Controls1
+import QtQuick.Window 2.15
 
 // Opens and closes a view. The group it is given to keeps at most one view open.
 Rectangle {
@@ -17,6 +18,13 @@ Rectangle {
     property string name
     property string seticon: "qrc:/icon-setting@3x.png"
     property int style: 0 // 0 arrow, 1 gear
+    property Item view: null // what it opens
+
+    function isInside(ancestor, item) {
+        while (item && item !== ancestor)
+            item = item.parent
+        return item === ancestor
+    }
 
     function icon() {
         if (style === 1)
@@ -26,10 +34,27 @@ Rectangle {
         return checked ? iconrightsel : iconrightnormal
     }
 
+    function takeFocus() {
+        area.takeFocus()
+    }
+
     color: "transparent"
     height: 24
     width: 24
 
+    // Opened with the keyboard, a view takes it; closed, it gives it back.
+    onCheckedChanged: {
+        if (!view)
+            return
+        const hadFocus = checked ? area.activeFocus : isInside(view, Window.activeFocusItem)
+        view.visible = checked
+        if (!hadFocus)
+            return
+        if (checked)
+            view.nextItemInFocusChain().forceActiveFocus(Qt.TabFocusReason)
+        else
+            takeFocus()
+    }
     onExclusiveGroupChanged: {
         if (exclusiveGroup)
             exclusiveGroup.bindCheckable(root)

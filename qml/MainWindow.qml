@@ -56,6 +56,7 @@ Rectangle {
     }
 
     color: "#333333"
+    focus: true
     height: 650
     width: 999
 
@@ -71,6 +72,17 @@ Rectangle {
         anchors.fill: parent
 
         onDragged: (dx, dy, startx, starty) => root.qmlSignal(dx, dy, startx, starty)
+    }
+
+    Shortcut {
+        sequence: "Escape"
+
+        onActivated: {
+            if (viewGroup.current && viewGroup.current.checked)
+                viewGroup.current.checked = false
+            else
+                root.qmlSignal1(0, 0, 0)
+        }
     }
 
     Controls1.ExclusiveGroup {
@@ -131,6 +143,7 @@ Rectangle {
         direction: 1
         exclusiveGroup: viewGroup
         name: qsTr("Key 1")
+        view: key1Window
         x: 679
         y: 457
     }
@@ -138,7 +151,7 @@ Rectangle {
     Key1Window {
         id: key1Window
 
-        visible: key1Button.checked
+        visible: false
         x: 712
         y: 87
     }
@@ -150,6 +163,7 @@ Rectangle {
         btnID: 2
         exclusiveGroup: viewGroup
         name: qsTr("Key 2")
+        view: key2Window
         x: 296
         y: 457
     }
@@ -157,7 +171,7 @@ Rectangle {
     Key2Window {
         id: key2Window
 
-        visible: key2Button.checked
+        visible: false
         x: 30
         y: 321
     }
@@ -170,6 +184,7 @@ Rectangle {
         direction: 1
         exclusiveGroup: viewGroup
         name: qsTr("Key 3")
+        view: key3Window
         x: 679
         y: 196
     }
@@ -177,7 +192,7 @@ Rectangle {
     Key3Window {
         id: key3Window
 
-        visible: key3Button.checked
+        visible: false
         x: 712
         y: 87
     }
@@ -189,6 +204,7 @@ Rectangle {
         btnID: 4
         exclusiveGroup: viewGroup
         name: qsTr("Key 4")
+        view: key4Window
         x: 296
         y: 196
     }
@@ -196,7 +212,7 @@ Rectangle {
     Key4Window {
         id: key4Window
 
-        visible: key4Button.checked
+        visible: false
         x: 30
         y: 87
     }
@@ -209,6 +225,7 @@ Rectangle {
         height: 18
         name: qsTranslate("SetWindow", "设置")
         style: 1
+        view: setWindow
         width: 18
         x: 951
         y: 598
@@ -218,7 +235,7 @@ Rectangle {
         id: setWindow
 
         height: 390
-        visible: setButton.checked
+        visible: false
         width: 247
         x: 722
         y: 207

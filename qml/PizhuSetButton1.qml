@@ -13,6 +13,10 @@ Rectangle {
     property string name
     property bool showimage: true
 
+    function takeFocus() {
+        area.takeFocus()
+    }
+
     border.color: "#FFCC0D"
     border.width: checked ? 1 : 0
     color: "transparent"

@@ -30,6 +30,10 @@ Item {
         return btnID
     }
 
+    function takeFocus() {
+        area.takeFocus()
+    }
+
     height: 32
     width: 32
 

@@ -63,6 +63,13 @@ Rectangle {
         root["pencolor" + curpenColorID] = swatch.btncolor
     }
 
+    // The arrow keys choose within a group, as among radio buttons.
+    function step(group, from, by) {
+        const to = group.itemAt((from + by + group.count) % group.count)
+        to.checked = true
+        to.takeFocus()
+    }
+
     border.color: borderColor
     border.width: 1
     color: "transparent"
@@ -115,6 +122,8 @@ Rectangle {
             x: 31 + 60 * index
             y: 40
 
+            Keys.onLeftPressed: root.step(slots, index, -1)
+            Keys.onRightPressed: root.step(slots, index, 1)
             onCheckedChanged: {
                 if (checked)
                     root.editSlot(this)
@@ -135,6 +144,10 @@ Rectangle {
             x: [33, 73, 111, 153, 33, 73, 113, 153][index]
             y: index < 4 ? 100 : 143
 
+            Keys.onDownPressed: root.step(palette, index, 4)
+            Keys.onLeftPressed: root.step(palette, index, -1)
+            Keys.onRightPressed: root.step(palette, index, 1)
+            Keys.onUpPressed: root.step(palette, index, -4)
             onCheckedChanged: {
                 if (checked)
                     root.takeColor(this)
@@ -166,6 +179,8 @@ Rectangle {
             x: [16, 67, 117, 167][index]
             y: 228
 
+            Keys.onLeftPressed: root.step(widths, index, -1)
+            Keys.onRightPressed: root.step(widths, index, 1)
             onCheckedChanged: {
                 if (checked)
                     root.qmlSignal(11, btnID, 0)

@@ -27,6 +27,7 @@ constexpr int refillDelay = 200; // milliseconds
 void MainWindow::loadView() {
     vexa::loadView(*m_ui->quickWidget, QStringLiteral("qrc:/MainWindow.qml"));
     m_viewRoot = m_ui->quickWidget->rootObject();
+    m_ui->quickWidget->setFocus();
     m_ui->quickWidget->rootContext()->setContextProperty(QStringLiteral("mainwindow"), this);
     if (m_viewRoot) {
         connect(m_viewRoot, SIGNAL(qmlSignal(int, int, int, int)), this,

@@ -47,6 +47,7 @@ void PrivacyprivilegesWindow::recvQmlMessage(int id, int /*var1*/) {
 void PrivacyprivilegesWindow::loadView() {
     m_ui->quickWidget->setClearColor(Qt::transparent);
     vexa::loadView(*m_ui->quickWidget, QStringLiteral("qrc:/PrivacyWindow.qml"));
+    m_ui->quickWidget->setFocus();
     if (const QObject *root = m_ui->quickWidget->rootObject())
         connect(root, SIGNAL(qmlSignal(int, int)), this, SLOT(recvQmlMessage(int, int)));
 }

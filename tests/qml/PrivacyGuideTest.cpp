@@ -57,6 +57,7 @@ private slots:
     void tickCanBeTakenBack();
     void clicksInOneGoAreAllHeard();
     void escapeGives0();
+    void returnIsNoAnswer();
     void closingGives0();
     void unknownMessagesAreIgnored();
     void storesNothingItself();
@@ -77,6 +78,12 @@ private:
         QTimer::singleShot(0, &guide, [&] { deed(guide); });
         QTimer::singleShot(30000, &guide, [&guide] { guide.done(-1); });
         return guide.exec();
+    }
+    /// As a user's key, which comes to the active window.
+    static void press(PrivacyprivilegesWindow &guide, Qt::Key key) {
+        guide.activateWindow();
+        QTRY_VERIFY(guide.isActiveWindow());
+        QTest::keyClick(guide.windowHandle(), key);
     }
     static void click(PrivacyprivilegesWindow &guide, const QPoint &place) {
         QTest::mouseClick(guide.windowHandle(), Qt::LeftButton, {}, place);
@@ -131,9 +138,16 @@ void PrivacyGuideTest::clicksInOneGoAreAllHeard() {
 }
 
 void PrivacyGuideTest::escapeGives0() {
-    QCOMPARE(
-        run([](PrivacyprivilegesWindow &guide) { QTest::keyClick(guide.windowHandle(), Qt::Key_Escape); }),
-        0);
+    QCOMPARE(run([](PrivacyprivilegesWindow &guide) { press(guide, Qt::Key_Escape); }), 0);
+}
+
+void PrivacyGuideTest::returnIsNoAnswer() {
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space})
+        QCOMPARE(run([key](PrivacyprivilegesWindow &guide) {
+                     press(guide, key);
+                     press(guide, Qt::Key_Escape);
+                 }),
+                 0);
 }
 
 void PrivacyGuideTest::closingGives0() {
