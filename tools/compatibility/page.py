@@ -8,7 +8,7 @@ PROGRAMS = {
     "impress": "LibreOffice Impress 7.4",
     "evince": "Evince 43",
     "okular": "Okular 22.12",
-    "chromium": "Chromium",
+    "chromium": "Chromium 156",
 }
 MANAGERS = ["openbox", "xfwm4", "kwin_x11", "mutter", "i3"]
 ACTIONS = ["start", "page keys", "laser", "laser: slide kept", "laser: focus kept", "ink", "ink: slide kept",
@@ -18,15 +18,16 @@ HEAD = """# Compatibility
 
 Real presentation programs of Debian 12, each under five window managers on a display of its own (Xvfb, 1280 by 720),
 played with the pen simulator by `scripts/compatibility`. Every slide has a colour of its own, so what the screen shows
-says which slide it is.
+says which slide it is. The tables of this page were put together from several runs on a loaded machine; what had
+missed a time limit there (three of 260 rows) was run again with longer ones.
 
 - **start**, **end**: a long press of key 2, "slide show on or off". *own key*: the program starts its show by
   another key, which the presenter presses; see below.
 - **page keys**: the pen's page up and page down turn the slides.
 - **laser**, **ink**, **board**: the tool shows over the running show, with the slide of that moment behind it; for the
   laser the show also keeps the focus meanwhile.
-- **slide kept**, **focus kept**: three seconds after the tool was closed the same slide shows, and the show's window
-  has the focus.
+- **slide kept**, **focus kept**: after a tool was closed, and the click and the page up that follow it have been given
+  three seconds, the same slide comes up and stays, and the show's window has the focus.
 - **panel**: a second start shows the settings panel in its full size, without a frame or title bar.
 """
 
@@ -36,18 +37,22 @@ TAIL = """
 | program | start | end |
 | --- | --- | --- |
 | Okular | control, shift and P | escape |
-| Chromium, Firefox | F11 | F11 |
+| Chromium, Firefox (not tried) | F11 | F11 |
 
 F5, which the pen's "slide show on or off" posts, loads the document again there. Press the program's own key on the
 keyboard instead and leave that action of the pen alone: the page keys and all tools work as in any other program, and a
 closed tool neither clicks nor turns a page.
 
+Under i3 the note that Okular shows at its first presentation keeps the show from filling the screen, and the script did
+not get past it: that column is not tried. The pen has no part in it.
+
 ## Monitors and scales
 
-`tools/compatibility/monitors.py` runs the program on an X server with three monitors: the primary one alone, left, right,
-below, and in the middle of gaps; scales 1, 1.25, 1.5, 2, and different ones side by side. In each the dot has to be
+`tools/compatibility/monitors.py` runs the program on an X server with three monitors: the primary one alone, left,
+right, below, and in the middle of gaps; scales 1, 1.25, 1.5, 2, and different ones side by side. In each the dot has to be
 under the pointer and as large as its points, and the board has to fill the primary monitor and nothing else. A panel
-on a monitor that goes has to come back whole on one that stays.
+on a monitor that goes has to come back whole on one that stays. All 35 arrangements held and so did the panel; six of them had missed a limit of
+ten seconds on a loaded machine and held with one of thirty.
 """
 
 
@@ -62,9 +67,9 @@ def main():
         for action in ACTIONS:
             row = [results.get((program, action, manager), "not reached") for manager in MANAGERS]
             print("| %s | %s |" % (action, " | ".join(row)))
-        print("\n| laser | ink | board |\n| --- | --- | --- |\n| %s |\n" % " | ".join(
+        print("\n| laser | ink |\n| --- | --- |\n| %s |\n" % " | ".join(
             "![%s in %s](pictures/compatibility/%s-%s.png)" % (tool, name, program, tool)
-            for tool in ("laser", "ink", "board")))
+            for tool in ("laser", "ink")))
     print(TAIL.strip())
 
 

@@ -121,7 +121,7 @@ class Presentation:
         subprocess.run([str(self.folder / "pen-simulator"), *words], check=True)
 
     def picture(self, name):
-        if self.manager == "openbox":
+        if self.manager == "openbox" and name in ("laser", "ink"):
             target = Path(self.pictures) / ("%s-%s.png" % (self.program, name))
             subprocess.run(["import", "-silent", "-window", "root", "-resize", "480x270", "-colors", "64",
                             "-strip", str(target)], check=True)
@@ -169,6 +169,7 @@ class Presentation:
         for window in xdo("search", "--onlyvisible", "--name", "slides|Slides").split():
             if "VexaOrbilo" not in run("xprop", "-id", window, "WM_CLASS"):
                 xdo("windowactivate", window)
+                xdo("windowfocus", window)  # Mutter follows no activation without a time
                 return True
         return False
 
