@@ -18,8 +18,8 @@ HEAD = """# Compatibility
 
 Real presentation programs of Debian 12, each under five window managers on a display of its own (Xvfb, 1280 by 720),
 played with the pen simulator by `scripts/compatibility`. Every slide has a colour of its own, so what the screen shows
-says which slide it is. The tables of this page were put together from several runs on a loaded machine; what had
-missed a time limit there (three of 260 rows) was run again with longer ones.
+says which slide it is. The tables were put together from several runs on a loaded machine: presentations that missed
+a time limit there, or that the script had not set up right, were run again.
 
 - **start**, **end**: a long press of key 2, "slide show on or off". *own key*: the program starts its show by
   another key, which the presenter presses; see below.
@@ -49,10 +49,10 @@ not get past it: that column is not tried. The pen has no part in it.
 ## Monitors and scales
 
 `tools/compatibility/monitors.py` runs the program on an X server with three monitors: the primary one alone, left,
-right, below, and in the middle of gaps; scales 1, 1.25, 1.5, 2, and different ones side by side. In each the dot has to be
-under the pointer and as large as its points, and the board has to fill the primary monitor and nothing else. A panel
-on a monitor that goes has to come back whole on one that stays. All 35 arrangements held and so did the panel; six of them had missed a limit of
-ten seconds on a loaded machine and held with one of thirty.
+right, below, and in the middle of gaps; scales 1, 1.25, 1.5, 2, and different ones side by side. In each the dot has
+to be under the pointer and as large as its points, and the board has to fill the primary monitor and nothing else. A
+panel on a monitor that goes has to come back whole on one that stays. All 35 arrangements held and so did the panel;
+six of them had missed a limit of ten seconds on a loaded machine and held with one of thirty.
 """
 
 
