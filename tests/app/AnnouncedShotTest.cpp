@@ -19,6 +19,8 @@ namespace vexa::platform {
 
 void showOverPrimaryScreen(QWidget & /*overlay*/, Cover /*cover*/) {}
 
+void fitToPrimaryScreen(QWidget & /*overlay*/) {}
+
 void showAboveAll(QWidget &card) {
     done += QStringLiteral("shown");
     card.show();
