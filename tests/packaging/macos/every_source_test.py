@@ -34,8 +34,11 @@ class EverySource(unittest.TestCase):
     def test_is_compiled_for_macos(self):
         for architecture, oldest in {"arm64": "11.0", "x86_64": "10.13"}.items():
             for path, command in compiled(architecture):
-                for word in (f"--target={architecture}-apple-macos", f"-arch {architecture}",
-                             f"-mmacosx-version-min={oldest}", "-Werror"):
+                words = [f"--target={architecture}-apple-macos", f"-arch {architecture}", f"-mmacosx-version-min={oldest}"]
+                # What the views were translated into is the toolkit's code: warnings in it are not ours to mend.
+                if BUILD / architecture / "qml" not in path.parents:
+                    words.append("-Werror")
+                for word in words:
                     self.assertIn(f" {word} ", command, path)
 
     def test_has_its_generated_code_compiled(self):
