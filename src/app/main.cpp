@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "app/AbruptExit.h"
 #include "app/MainWindow.h"
 #include "app/PrivacyGate.h"
 #include "app/QuickViews.h"
@@ -41,6 +42,7 @@ int main(int argc, char *argv[]) {
     vexa::registerKeyboardMessages();
     const vexa::platform::ScreenWatch screens;
     CKeyboardHandler keyboardHandler;
+    const vexa::AbruptExit abruptExit;
     // Unheard from then on, so the end is the same as of a start that cannot listen.
     QObject::connect(&keyboardHandler, &CKeyboardHandler::signalKeyboardException, &quit, [&quit] {
         vexa::reportDeafness();
