@@ -5,6 +5,8 @@
 #include "support/RealInput.h"
 #include "support/TestMain.h"
 
+#include <QElapsedTimer>
+
 #include <csignal>
 
 using namespace vexa::test;
@@ -104,10 +106,15 @@ void SecondStartTest::aFirstThatHangsIsNamed() {
     e2e::Program program;
     QVERIFY(e2e::startAndSettle(program));
     program.signal(SIGSTOP);
+    QElapsedTimer wait;
+    wait.start();
     const auto end = program.runToTheEnd();
+    const qint64 waited = wait.elapsed(); // milliseconds, the start included
     program.signal(SIGCONT);
     QCOMPARE(end.how, QByteArray("ended with 1"));
     QCOMPARE(end.errors, QByteArray("VexaOrbilo: runs on this display already, but does not answer\n"));
+    QVERIFY2(waited >= 2000, "one that is only busy is given two seconds");
+    QVERIFY2(waited < 20000, qPrintable(QString::number(waited))); // a call on the bus would wait for longer
     QTRY_VERIFY_WITH_TIMEOUT(e2e::panelOf(program.pid()).id, patience); // it was asked all the same
 }
 
