@@ -28,6 +28,14 @@ QColor screenColourAt(int x, int y) {
     return QGuiApplication::primaryScreen()->grabWindow(0, x, y, 1, 1).toImage().pixelColor(0, 0);
 }
 
+/// Lets a test start the window's timer, which the window itself never does: only where a template is
+/// instantiated may a private member be named.
+template<QBasicTimer MainWindow::*timer> struct TimerOf {
+    friend QBasicTimer &toolExitTimerOf(MainWindow &window) { return window.*timer; }
+};
+QBasicTimer &toolExitTimerOf(MainWindow &window);
+template struct TimerOf<&MainWindow::m_toolExitTimer>;
+
 } // namespace
 
 class PenToolsTest : public QObject {
@@ -60,6 +68,7 @@ private slots:
     void choosingAnActionArmsAgain();
 
     void aReportCountsWhoeverPassesItOn();
+    void toolExitTimerDismissesTheToolOfKey4AndForgetsTheRest();
 
     void penWorksWhileThePanelIsClosed();
     void messagesOfTheInputHandlerReachTheDispatch();
@@ -324,6 +333,26 @@ void PenToolsTest::aReportCountsWhoeverPassesItOn() {
     messenger.map(&panel.window);
     panel.chord(pen::i); // the annotation counts as closed, so this opens one
     QCOMPARE(ToolPanel::open<PizhuForm>().size(), 2);
+}
+
+void PenToolsTest::toolExitTimerDismissesTheToolOfKey4AndForgetsTheRest() {
+    ToolPanel panel;
+    QBasicTimer &exit = toolExitTimerOf(panel.window);
+    panel.window.ClickSpolightButton();
+    panel.window.ClickLightPenButton();
+    Settings::Key4P = 2;
+    exit.start(0, &panel.window);
+    QTRY_VERIFY(!exit.isActive());
+    QTRY_VERIFY(ToolPanel::open<LightPen>().isEmpty());
+
+    Settings::Key4P = 0; // the spotlight's turn, if it were still known
+    exit.start(0, &panel.window);
+    QTRY_VERIFY(!exit.isActive());
+    panel.window.ClickMagnifierButton();
+    Settings::Key4P = 1;
+    exit.start(0, &panel.window);
+    QTRY_VERIFY(ToolPanel::open<Magnifie>().isEmpty()); // opened and asked last, so it goes last
+    QCOMPARE(ToolPanel::open<Spolight2>().size(), 1);
 }
 
 void PenToolsTest::penWorksWhileThePanelIsClosed() {
