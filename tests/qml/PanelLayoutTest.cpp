@@ -80,13 +80,15 @@ private:
 };
 
 void PanelLayoutTest::panelIsARectangleWithAPicture() {
-    const QQuickItem *root = m_view->root();
-    QCOMPARE(root->size(), QSizeF(999, 650));
-    QCOMPARE(root->property("color").value<QColor>(), QColor(0x33, 0x33, 0x33));
+    PanelView view(PanelView::Unseen); // before its first frame, which shows this picture and no other
+    QCOMPARE(view.root()->size(), QSizeF(999, 650));
+    QCOMPARE(view.root()->property("color").value<QColor>(), QColor(0x33, 0x33, 0x33));
     QStringList pictures;
-    for (const QQuickItem *picture : m_view->items(QStringLiteral("QQuickImage"))) {
-        if (qml::corner(picture) == QPointF(0, 0) && picture->size() == QSizeF(999, 650))
-            pictures.append(picture->property("source").toString());
+    for (const QQuickItem *picture : view.items(QStringLiteral("QQuickImage"))) {
+        if (qml::corner(picture) != QPointF(0, 0) || picture->size() != QSizeF(999, 650))
+            continue;
+        pictures.append(picture->property("source").toString());
+        QCOMPARE(picture->property("progress").toReal(), 1.0);
     }
     QCOMPARE(pictures, QStringList("qrc:/bg@3x.png"));
 }

@@ -44,6 +44,7 @@ class PrivacyGuideTest : public QObject {
     Q_OBJECT
 
 private slots:
+    void initTestCase() { qml::failOnWarnings(); }
     void init() {
         userfile::clear();
         userfile::forgetSettings();
