@@ -101,6 +101,7 @@ private slots:
     void theDesktopMayCloseIt();
     void itMayBeDeletedByWhoeverItReportsTo();
     void theLastPictureStaysUntilItCloses();
+    void theLastPictureIsThereWhole();
     void aStillPointerPaintsNothing();
     void manyMovesBetweenTwoTicksArePaintedOnce();
     void theMouseIsTakenOnceTheWindowIsThere();
@@ -277,6 +278,7 @@ void HeldToolLifeTest::itMayBeDeletedByWhoeverItReportsTo() {
 
 void HeldToolLifeTest::theLastPictureStaysUntilItCloses() {
     OpenTool open(&m_picture);
+    open.ticks.keptYoung = true; // or it would close at once
     QImage wallOnly = m_picture.toImage();
     wallOnly.setDevicePixelRatio(1);
     open.kind.move(open.tool, {120, 120});
@@ -288,7 +290,31 @@ void HeldToolLifeTest::theLastPictureStaysUntilItCloses() {
     QCoreApplication::processEvents();
     QVERIFY(open.tool->isVisible());
     QCOMPARE(differences(shownOnScreen(), last), 0);
-    open.ticks.held = false;
+    open.ticks.keptYoung = open.ticks.held = false;
+    QVERIFY(open.isDeleted());
+}
+
+void HeldToolLifeTest::theLastPictureIsThereWhole() {
+    OpenTool open(&m_picture);
+    open.ticks.keptYoung = true;
+    QImage wallOnly = m_picture.toImage();
+    wallOnly.setDevicePixelRatio(1);
+    QVERIFY(open.isPainted());
+    open.kind.move(open.tool, {120, 120});
+    QVERIFY(open.ticksOn(3));
+    QTRY_VERIFY_WITH_TIMEOUT(differences(shownOnScreen(), wallOnly) > 500, patience);
+    const QImage expected = shownOnScreen();
+    open.kind.move(open.tool, {250, 220});
+    QVERIFY(open.ticksOn(3));
+    QTRY_VERIFY_WITH_TIMEOUT(differences(shownOnScreen(), expected) > 500, patience);
+
+    open.kind.move(open.tool, {120, 120});
+    open.ticks.tick(open.tool); // which asks for a paint that has not come when it leaves
+    open.ticks.held = true;
+    leave(open.tool);
+    QCoreApplication::processEvents();
+    QTRY_COMPARE(differences(shownOnScreen(), expected), 0);
+    open.ticks.keptYoung = open.ticks.held = false;
     QVERIFY(open.isDeleted());
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QCoreApplication>
 #include <QEvent>
 #include <QMap>
 #include <QObject>
@@ -9,7 +10,8 @@
 namespace vexa::test {
 
 /// Counts the ticks of a held tool's two timers, so that tests can wait for a tick instead of a time. The
-/// quick one is the one that ticks first. While held, the tool does not get its ticks.
+/// quick one is the one that ticks first. While held, the tool does not get its ticks; while kept young, not
+/// the slow ones.
 class TickCounter : public QObject {
 public:
     explicit TickCounter(QObject *tool) { tool->installEventFilter(this); }
@@ -23,12 +25,19 @@ public:
     }
     int paints() const { return m_paints; }
     bool held = false;
+    bool keptYoung = false;
+
+    /// One quick tick more, at once. There has to have been one.
+    void tick(QObject *tool) const {
+        QTimerEvent event(m_quick);
+        QCoreApplication::sendEvent(tool, &event);
+    }
 
     bool eventFilter(QObject * /*watched*/, QEvent *event) override {
         if (event->type() == QEvent::Timer) {
-            if (held)
-                return true;
             const int id = static_cast<QTimerEvent *>(event)->timerId();
+            if (held || (keptYoung && !m_ticks.isEmpty() && id != m_quick))
+                return true;
             if (m_ticks.isEmpty())
                 m_quick = id;
             ++m_ticks[id];
