@@ -23,6 +23,11 @@ QString spoken(const char *text) {
     return QCoreApplication::translate("SetWindow", text);
 }
 
+/// A text that only this port has.
+QString spokenClose() {
+    return QCoreApplication::translate("MainWindow", "关闭");
+}
+
 /// The faces that draw this text in this font.
 QStringList facesOf(const QString &text, const QFont &font) {
     QTextLayout layout(text, font);
@@ -89,9 +94,13 @@ void LanguageTest::eachLanguageHasItsCatalogue_data() {
     QTest::addColumn<int>("language");
     QTest::addColumn<QString>("setting");
     QTest::addColumn<QString>("version");
-    QTest::newRow("Simplified Chinese") << 0 << QStringLiteral("设置") << QStringLiteral("2.1.0.210527");
-    QTest::newRow("Traditional Chinese") << 1 << QStringLiteral("設置") << QStringLiteral("2.1.0.210527");
-    QTest::newRow("English") << 2 << QStringLiteral("Setting") << QStringLiteral("2.1.0.210527");
+    QTest::addColumn<QString>("close");
+    QTest::newRow("Simplified Chinese")
+        << 0 << QStringLiteral("设置") << QStringLiteral("2.1.0.210527") << QStringLiteral("关闭");
+    QTest::newRow("Traditional Chinese")
+        << 1 << QStringLiteral("設置") << QStringLiteral("2.1.0.210527") << QStringLiteral("關閉");
+    QTest::newRow("English") << 2 << QStringLiteral("Setting") << QStringLiteral("2.1.0.210527")
+                             << QStringLiteral("Close");
 }
 
 void LanguageTest::eachLanguageHasItsCatalogue() {
@@ -100,6 +109,7 @@ void LanguageTest::eachLanguageHasItsCatalogue() {
     spokenLanguage.change(language);
     QTEST(spoken("设置"), "setting");
     QTEST(spoken("2.0.0.0"), "version");
+    QTEST(spokenClose(), "close");
 }
 
 void LanguageTest::unknownLanguageLeavesTheSourceTexts_data() {
@@ -115,6 +125,7 @@ void LanguageTest::unknownLanguageLeavesTheSourceTexts() {
     spokenLanguage.change(language);
     QCOMPARE(spoken("设置"), QStringLiteral("设置"));
     QCOMPARE(spoken("2.0.0.0"), QStringLiteral("2.0.0.0"));
+    QCOMPARE(spokenClose(), QStringLiteral("关闭"));
 }
 
 void LanguageTest::catalogueThatCannotBeLoadedLeavesTheSourceTexts() {

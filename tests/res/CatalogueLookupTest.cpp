@@ -2,6 +2,7 @@
 #include "res/ExpectedRows.h"
 #include "res/Wording.h"
 
+#include <QTemporaryDir>
 #include <QTranslator>
 #include <QtTest>
 
@@ -155,6 +156,14 @@ void CatalogueLookupTest::theTextsOfThisPortHaveCataloguesOfTheirOwn() {
     QCOMPARE(shown("MainWindow", "关闭"), QString("关闭"));
     for (const auto &[catalogue, close] :
          {std::pair("En", "Close"), std::pair("Tw", "關閉"), std::pair("Cn", "关闭")}) {
+        // Where no other file is beside them, each loads all the same.
+        const QTemporaryDir folder;
+        for (const QString &name : {QStringLiteral("lang_%1.qm"), QStringLiteral("port_%1.qm")}) {
+            const QString file = folder.filePath(QStringLiteral("alone.qm"));
+            QVERIFY(QFile::copy(QStringLiteral(":/language_qm/") + name.arg(catalogue), file));
+            QVERIFY2(QTranslator().load(file), qPrintable(name.arg(catalogue)));
+            QVERIFY(QFile::remove(file));
+        }
         QTranslator port;
         QVERIFY(port.load(QStringLiteral(":/language_qm/port_%1.qm").arg(catalogue)));
         QCOMPARE(port.translate("MainWindow", "关闭"), QString(close));
