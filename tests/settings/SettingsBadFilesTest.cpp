@@ -236,13 +236,18 @@ void SettingsBadFilesTest::aFileThatMayNotBeReadCountsAsNone() {
     const QByteArray bytes = "<a><b><Key2P>4</Key2P></b></a>";
     QVERIFY(userfile::write(bytes));
     QVERIFY(QFile::setPermissions(userfile::path(), QFile::Permissions()));
+    const QString folder = QCoreApplication::applicationDirPath();
+    const QFile::Permissions ofFolder = QFile::permissions(folder);
     {
+        // With a folder to write in, nothing but the file's own permissions keeps it from being replaced.
+        QVERIFY(QFile::setPermissions(folder, ofFolder | QFile::WriteGroup | QFile::WriteOther));
         const disk::OrdinaryUser user;
         Store::ZrXmlRead();
         QCOMPARE(Store::Key2P, 1); // the built-in file's
         QCOMPARE(Store::ShowPrivacyWindow, 43);
         Store::ZrXmlWrite();
     }
+    QVERIFY(QFile::setPermissions(folder, ofFolder));
     QVERIFY(QFile::setPermissions(userfile::path(), QFile::ReadOwner | QFile::WriteOwner));
     QCOMPARE(userfile::read(), bytes);
 }

@@ -36,11 +36,12 @@ private:
 class OrdinaryUser {
 public:
     OrdinaryUser() {
-        if (m_root && seteuid(65534) != 0)
+        // The real one too, by which the toolkit judges what may be written.
+        if (m_root && (setreuid(nobody, 0) != 0 || seteuid(nobody) != 0))
             qFatal("cannot become an ordinary user");
     }
     ~OrdinaryUser() {
-        if (m_root && seteuid(0) != 0)
+        if (m_root && (seteuid(0) != 0 || setreuid(0, 0) != 0))
             qFatal("cannot become root again");
     }
 
@@ -48,6 +49,7 @@ public:
     OrdinaryUser &operator=(const OrdinaryUser &) = delete;
 
 private:
+    static constexpr uid_t nobody = 65534;
     const bool m_root = geteuid() == 0;
 };
 
