@@ -114,7 +114,6 @@ void SecondStartTest::aFirstThatHangsIsNamed() {
     QCOMPARE(end.how, QByteArray("ended with 1"));
     QCOMPARE(end.errors, QByteArray("VexaOrbilo: runs on this display already, but does not answer\n"));
     QVERIFY2(waited >= 2000, "one that is only busy is given two seconds");
-    QVERIFY2(waited < 20000, qPrintable(QString::number(waited))); // a call on the bus would wait for longer
     QTRY_VERIFY_WITH_TIMEOUT(e2e::panelOf(program.pid()).id, patience); // it was asked all the same
 }
 
