@@ -82,7 +82,8 @@ function(vexa_test name)
   # What may take long begins early, so that it does not run alone in the end.
   set_tests_properties(${name} PROPERTIES LABELS "${labels}" TIMEOUT ${timeout} COST ${timeout}
                                           ENVIRONMENT "${environment}")
-  if(arg_OFFSCREEN AND arg_DISPLAY AND NOT APPLE)
+  # Under the sanitizers once is enough, and the offscreen platform leaks its screen.
+  if(arg_OFFSCREEN AND arg_DISPLAY AND NOT APPLE AND NOT VEXA_SANITIZE)
     add_test(NAME ${name}Offscreen COMMAND $<TARGET_FILE:${arg_PROGRAM}>)
     set_tests_properties(${name}Offscreen PROPERTIES LABELS offscreen TIMEOUT ${timeout} COST ${timeout}
                                                      ENVIRONMENT "${environment};${offscreen}")
