@@ -21,7 +21,7 @@ namespace {
 QString homeFolder() {
     const passwd *const user = getpwuid(getuid());
     for (const QByteArray &name : {qgetenv("HOME"), QByteArray(user ? user->pw_dir : "")}) {
-        const QString home = QFile::decodeName(name);
+        QString home = QFile::decodeName(name);
         if (QDir::isAbsolutePath(home) && QFile::encodeName(home) == name && QFileInfo(home).isDir())
             return home;
     }

@@ -14,6 +14,11 @@ TrayMenu::TrayMenu() : m_settings(addAction(QString())), m_quit(addAction(QStrin
     retranslate();
 }
 
+/// What the toolkit has put on the bus for an action goes only when the action is taken out of the menu.
+TrayMenu::~TrayMenu() {
+    clear();
+}
+
 void TrayMenu::changeEvent(QEvent *event) {
     QMenu::changeEvent(event);
     if (event->type() == QEvent::LanguageChange)

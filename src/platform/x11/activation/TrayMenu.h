@@ -9,6 +9,7 @@ namespace vexa::platform {
 class TrayMenu : public QMenu {
 public:
     TrayMenu();
+    ~TrayMenu() override;
 
 protected:
     void changeEvent(QEvent *event) override;
