@@ -64,7 +64,7 @@ void ShellTest::theLimitEndsTheCommandAndWhatItHasStarted() {
 }
 
 void ShellTest::theProgramsEndEndsIt() {
-    QTimer::singleShot(0, qApp, &QCoreApplication::quit);
+    QTimer::singleShot(0, QCoreApplication::instance(), &QCoreApplication::quit);
     QVERIFY(!runInShell(QStringLiteral("sleep 1000"), 1000s)); // or the test would take its time
 }
 

@@ -22,7 +22,7 @@ QByteArray sayingOfTheDesktop() {
     Display *const display = XOpenDisplay(nullptr);
     if (!display)
         return {};
-    const QByteArray saying(XGetDefault(display, "Xft", "dpi"));
+    QByteArray saying(XGetDefault(display, "Xft", "dpi"));
     XCloseDisplay(display);
     return saying;
 }
