@@ -8,12 +8,13 @@
 #include <QScreen>
 #include <QWidget>
 
+#include <poll.h>
+
 // Xlib last: its macros break the toolkit's headers.
 #include <X11/Xlib.h>
 #include <X11/Xlibint.h>
 #include <X11/extensions/XTest.h>
 #include <X11/extensions/record.h>
-#include <poll.h>
 
 namespace bench {
 

@@ -16,6 +16,7 @@
 #include <QProcess>
 #include <QScreen>
 #include <QTimer>
+
 #include <cstdio>
 #include <ctime>
 

@@ -5,7 +5,6 @@
 // memory. Prints a table.
 #include "Median.h"
 #include "ProcessMeter.h"
-
 #include "overlays/LightPen.h"
 #include "overlays/Magnifie.h"
 #include "overlays/ScreenPicture.h"

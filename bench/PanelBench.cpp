@@ -14,6 +14,7 @@
 #include <QQuickItem>
 #include <QQuickWidget>
 #include <QQuickWindow>
+
 #include <algorithm>
 #include <cstdio>
 #include <ctime>
@@ -41,9 +42,8 @@ void push(QObject *root, int id, int value) {
 
 void fill(QObject *root) {
     const std::vector<int> values = {132, 183, 890, 177, 22, 13, 2, 1, 0, 1, 1, 3, 4, 0, 0, 1};
-    for (std::size_t i = 0; i < values.size(); ++i) {
+    for (std::size_t i = 0; i < values.size(); ++i)
         push(root, static_cast<int>(i) + 2, values.at(i));
-    }
 }
 
 /// Shows a view in this process until its first complete frame.
@@ -51,12 +51,10 @@ int showOnce(const QString &document) {
     QQuickWidget view;
     view.setSource(document.startsWith(QLatin1String("qrc:")) ? QUrl(document)
                                                               : QUrl::fromLocalFile(document));
-    if (view.rootObject() == nullptr) {
+    if (view.rootObject() == nullptr)
         return 1;
-    }
-    if (document == panelDocument) {
+    if (document == panelDocument)
         fill(view.rootObject());
-    }
     QObject::connect(view.quickWindow(), &QQuickWindow::afterRendering, &view, [] {
         std::puts("drawn");
         std::fflush(stdout);
@@ -135,9 +133,8 @@ public:
 
 private:
     void untilDrawn() {
-        while (m_frames == 0) {
+        while (m_frames == 0)
             QApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        }
     }
 
     QQuickWidget m_view;
@@ -183,9 +180,8 @@ void measureFrames() {
     }
 
     const double storm = bench.cost([&] {
-        for (int value = 1; value <= 1000; ++value) {
+        for (int value = 1; value <= 1000; ++value)
             push(bench.root(), 6, value);
-        }
     });
     std::printf("  a storm of 1,000 slider changes and its frame %.1f ms in all\n", storm);
 }
@@ -195,9 +191,8 @@ void measureFrames() {
 int main(int argc, char *argv[]) {
     qputenv("QT_FONT_DPI", "72");
     QApplication application(argc, argv);
-    if (argc == 2) {
+    if (argc == 2)
         return showOnce(QString::fromLocal8Bit(argv[1]));
-    }
     measureStart();
     measureFrames();
     return 0;

@@ -7,7 +7,6 @@
 #include "Floors.h"
 #include "Median.h"
 #include "ProcessMeter.h"
-
 #include "e2e/Desktop.h"
 #include "e2e/Program.h"
 #include "support/RealInput.h"

@@ -3,6 +3,7 @@
 
 #include <QRegion>
 #include <QSize>
+
 #include <vector>
 
 namespace vexa {

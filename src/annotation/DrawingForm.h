@@ -8,6 +8,7 @@
 #include <QPixmap>
 #include <QTimer>
 #include <QWidget>
+
 #include <memory>
 
 class QLabel;

@@ -125,10 +125,9 @@ void InkLayer::watchCovered(const QRect &pixels) {
     const QRect area = pixels & m_image.rect();
     for (int y = area.top(); y <= area.bottom(); ++y) {
         const uchar *coverage = m_coverage.row(y);
-        for (int x = area.left(); x <= area.right(); ++x) {
+        for (int x = area.left(); x <= area.right(); ++x)
             if (coverage[x] != 0)
                 watch(x, y);
-        }
     }
 }
 

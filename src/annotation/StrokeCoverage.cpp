@@ -4,6 +4,7 @@
 #include "platform/PictureMemory.h"
 
 #include <QPainter>
+
 #include <algorithm>
 #include <cstring>
 

@@ -9,6 +9,7 @@
 #include <QPointF>
 #include <QRect>
 #include <QSize>
+
 #include <functional>
 #include <vector>
 

@@ -5,6 +5,7 @@
 #include <QPointF>
 #include <QRect>
 #include <QSize>
+
 #include <optional>
 #include <vector>
 

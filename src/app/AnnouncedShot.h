@@ -6,6 +6,7 @@
 #include <QImage>
 #include <QObject>
 #include <QRect>
+
 #include <functional>
 
 namespace vexa {

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QFont>
 #include <QStringList>
+
 #include <array>
 #include <cstddef>
 

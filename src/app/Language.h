@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QTranslator>
+
 #include <memory>
 
 namespace vexa {

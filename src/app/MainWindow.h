@@ -13,6 +13,7 @@
 #include <QBasicTimer>
 #include <QMainWindow>
 #include <QVariant>
+
 #include <memory>
 
 class CKeyboardHandler;

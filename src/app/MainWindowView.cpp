@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "app/MainWindow.h"
-
 #include "app/QuickViews.h"
 #include "app/Shell.h"
 #include "platform/AutoStart.h"
@@ -11,6 +10,7 @@
 #include <QMetaObject>
 #include <QQmlContext>
 #include <QQuickItem>
+
 #include <utility>
 
 using vexa::ViewMessage;

@@ -2,6 +2,7 @@
 #include "app/PageNavigation.h"
 
 #include <QStackedWidget>
+
 #include <algorithm>
 #include <cstddef>
 

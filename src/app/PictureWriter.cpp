@@ -8,6 +8,7 @@
 #include <QFileInfo>
 #include <QImageWriter>
 #include <QMutexLocker>
+
 #include <algorithm>
 #include <utility>
 

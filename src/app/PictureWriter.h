@@ -5,6 +5,7 @@
 #include <QMutex>
 #include <QString>
 #include <QThreadPool>
+
 #include <deque>
 
 namespace vexa {

@@ -4,6 +4,7 @@
 #include "app/Language.h"
 
 #include <QDialog>
+
 #include <memory>
 
 namespace Ui {

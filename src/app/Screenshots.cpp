@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QPixmap>
+
 #include <pwd.h>
 #include <unistd.h>
 #include <utility>

@@ -5,6 +5,7 @@
 
 #include <QDateTime>
 #include <QString>
+
 #include <functional>
 
 namespace vexa {

@@ -4,6 +4,7 @@
 #include <QEventLoop>
 #include <QProcess>
 #include <QTimer>
+
 #include <csignal>
 #include <unistd.h>
 

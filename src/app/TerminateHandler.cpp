@@ -4,6 +4,7 @@
 #include "app/RefusedStart.h"
 
 #include <QCoreApplication>
+
 #include <cstdio>
 #include <cstdlib>
 #include <exception>

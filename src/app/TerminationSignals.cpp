@@ -2,6 +2,7 @@
 #include "app/TerminationSignals.h"
 
 #include <QSocketNotifier>
+
 #include <array>
 #include <cerrno>
 #include <csignal>

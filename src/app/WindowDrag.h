@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QPoint>
+
 #include <optional>
 
 class QMouseEvent;

@@ -15,6 +15,7 @@
 #include "settings/ZrToolXmlClass.h"
 
 #include <QApplication>
+
 #include <exception>
 
 /// Everything lives in here and is destroyed in reverse order: the window must not hear of input any more

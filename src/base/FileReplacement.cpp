@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QRandomGenerator>
+
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
@@ -128,10 +129,9 @@ bool overwrite(const QString &path, const QByteArray &bytes, const DiskSync &syn
 } // namespace
 
 bool syncToDisk(int descriptor) {
-    while (fsync(descriptor) != 0) {
+    while (fsync(descriptor) != 0)
         if (errno != EINTR)
             return errno == EINVAL || errno == ENOTSUP; // no such thing on this file system
-    }
     return true;
 }
 

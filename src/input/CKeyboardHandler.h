@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QObject>
-#include <future>
-#include <thread>
-
 #include "input/CAnyKeyboardKiller.h"
 #include "input/CKeyboardMessage.h"
+
+#include <QObject>
+
+#include <future>
+#include <thread>
 
 /// Owns the listener thread, and passes on to the GUI thread what it hears. Lives on the GUI thread.
 class CKeyboardHandler : public QObject {

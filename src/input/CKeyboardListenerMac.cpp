@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "input/CKeyboardListenerMac.h"
 
-#include <stdexcept>
-
 #include "platform/quartz/VirtualKeys.h"
+
+#include <stdexcept>
 
 namespace {
 

@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QObject>
-#include <future>
-
 #include "input/CAnyKeyboardKiller.h"
 #include "input/CEventTap.h"
 #include "input/CKeyboardMessage.h"
 #include "input/CMessagePort.h"
 #include "input/CRunLoopSource.h"
+
+#include <QObject>
+
+#include <future>
 
 /// Listens to the whole session's keys and pointer, and swallows nothing. Built, run and destroyed on the
 /// listener thread; from elsewhere only its stop handle is used, and the static posting functions by the GUI

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "input/CKeyboardListenerMac.h"
-
 #include "platform/quartz/VirtualKeys.h"
 
 namespace {

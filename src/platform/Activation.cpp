@@ -5,6 +5,7 @@
 #include <QPointer>
 #include <QTimer>
 #include <QWidget>
+
 #include <utility>
 
 QWidget *Window1 = nullptr;

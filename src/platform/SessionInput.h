@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <string>
-
 #include "platform/ScreenPlace.h"
+
+#include <string>
 
 /// The input of the session that the program runs in. Any thread.
 namespace vexa::platform {

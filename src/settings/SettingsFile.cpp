@@ -6,6 +6,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+
 #include <chrono>
 #include <functional>
 #include <unistd.h>

@@ -3,6 +3,7 @@
 
 #include <QTextStream>
 #include <QXmlStreamReader>
+
 #include <algorithm>
 #include <cctype>
 
@@ -75,10 +76,9 @@ SettingValues settingsIn(const QDomDocument &document, const SettingValues &othe
     // Neither the root's name nor that of its children matters, only the names below them.
     const QDomElement root = document.documentElement();
     for (QDomElement group = root.firstChildElement(); !group.isNull(); group = group.nextSiblingElement()) {
-        for (QDomNode node = group.firstChild(); !node.isNull(); node = node.nextSibling()) {
+        for (QDomNode node = group.firstChild(); !node.isNull(); node = node.nextSibling())
             if (const Setting *setting = settingOfElement(node.nodeName()))
                 values[indexOf(*setting)] = node.toElement().text().toInt();
-        }
     }
     return values;
 }

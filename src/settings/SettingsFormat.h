@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <QDomDocument>
+
 #include <optional>
 
 /// The text form of the settings, apart from where it is kept and where it belongs. Any thread.

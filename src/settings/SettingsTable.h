@@ -4,6 +4,7 @@
 #include "settings/ViewMessage.h"
 
 #include <QString>
+
 #include <array>
 #include <cstddef>
 #include <cstdint>

@@ -6,6 +6,7 @@
 #include "settings/SettingsTable.h"
 
 #include <QCoreApplication>
+
 #include <cstddef>
 #include <optional>
 

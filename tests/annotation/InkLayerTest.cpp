@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "annotation/InkLayer.h"
+
 #include "annotation/WholePathInk.h"
 #include "support/RecordedStrokes.h"
 
@@ -128,9 +129,8 @@ private slots:
         QCOMPARE(inks.difference().differing, 0);
         for (std::size_t i = 1; i < stroke.size(); ++i) {
             inks.move(stroke[i]);
-            if (i < 20 || i % 50 == 0) {
+            if (i < 20 || i % 50 == 0)
                 QCOMPARE(inks.difference().differing, 0);
-            }
         }
     }
 

@@ -4,6 +4,7 @@
 #include <QPainterPath>
 #include <QPen>
 #include <QPixmap>
+
 #include <vector>
 
 /// The plain way to draw ink, which says what it has to look like: the whole stroke again at every sample.

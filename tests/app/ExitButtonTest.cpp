@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "ToolPanel.h"
-
 #include "settings/ZrToolXmlClass.h"
 #include "support/RealInput.h"
 #include "support/TestMain.h"

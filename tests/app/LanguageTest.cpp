@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/Language.h"
+
 #include "app/MainWindow.h"
 #include "overlays/PromptWindow.h"
 #include "settings/ZrToolXmlClass.h"

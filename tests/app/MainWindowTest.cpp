@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "HostedView.h"
-
 #include "overlays/PromptWindow.h"
 #include "settings/ZrToolXmlClass.h"
 #include "support/TestMain.h"

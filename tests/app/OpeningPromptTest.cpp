@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "ToolPanel.h"
-
 #include "overlays/promptwindow2.h"
 #include "settings/ZrToolXmlClass.h"
 #include "support/TestMain.h"

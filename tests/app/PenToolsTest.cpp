@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "ToolPanel.h"
-
 #include "input/CKeyboardHandler.h"
 #include "overlays/promptwindow2.h"
 #include "settings/ZrToolXmlClass.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/PrivacyGate.h"
+
 #include "support/UserFile.h"
 
 #include <QtTest>

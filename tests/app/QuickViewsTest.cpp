@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/QuickViews.h"
+
 #include "support/TestMain.h"
 
 #include <QDirIterator>

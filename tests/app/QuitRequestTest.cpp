@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "app/QuitRequest.h"
+
 #include "support/TestMain.h"
 
 #include <QCloseEvent>
 #include <QDialog>
 #include <QTimer>
+
 #include <memory>
 
 namespace {

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ToolPanel.h"
-#include "support/PatternWindow.h"
-
 #include "overlays/PromptWindow.h"
 #include "settings/ZrToolXmlClass.h"
+#include "support/PatternWindow.h"
 #include "support/TestMain.h"
 #include "support/UserFile.h"
 

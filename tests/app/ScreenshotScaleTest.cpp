@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "app/Screenshots.h"
-
 #include "support/TestMain.h"
 
 #include <QDirIterator>

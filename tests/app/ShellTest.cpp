@@ -3,6 +3,7 @@
 
 #include <QTemporaryDir>
 #include <QtTest>
+
 #include <csignal>
 
 using namespace std::chrono_literals;

@@ -17,9 +17,8 @@ struct InUse {
 /// Calls exit() while a static object must not be destroyed; with an argument, after that has become safe.
 int main(int argc, char * /*argv*/[]) {
     const bool safe = argc > 1;
-    if (!safe) {
+    if (!safe)
         static const InUse inUse;
-    }
     auto abruptExit = std::make_unique<vexa::AbruptExit>();
     if (safe)
         abruptExit.reset();

@@ -3,6 +3,7 @@
 
 #include <QSignalSpy>
 #include <QtTest>
+
 #include <csignal>
 
 class TerminationSignalsTest : public QObject {

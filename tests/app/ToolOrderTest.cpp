@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "ToolPanel.h"
-
 #include "settings/ZrToolXmlClass.h"
 #include "support/TestMain.h"
 #include "support/UserFile.h"
@@ -42,12 +41,11 @@ void toggle(ToolPanel &panel, Kind kind) {
 void open(ToolPanel &panel, const Order &order, int heldTool) {
     Settings::Key3P = 3;
     Settings::Key4P = heldTool;
-    for (Kind kind : order) {
+    for (Kind kind : order)
         if (kind == Held)
             panel.chord(pen::g);
         else
             toggle(panel, kind);
-    }
     QCOMPARE(ToolPanel::open<PizhuForm>().size(), 1);
     QCOMPARE(ToolPanel::open<blackBoardform>().size(), 1);
     QCOMPARE(ToolPanel::openHeldTools(), 1);

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ToolPanel.h"
+#include "settings/ZrToolXmlClass.h"
 #include "support/Patience.h"
 #include "support/PatternWindow.h"
-
-#include "settings/ZrToolXmlClass.h"
 #include "support/TestMain.h"
 #include "support/UserFile.h"
 

@@ -2,6 +2,7 @@
 #include "app/WriteFailures.h"
 
 #include <QtTest>
+
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>

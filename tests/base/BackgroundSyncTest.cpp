@@ -3,6 +3,7 @@
 
 #include <QTemporaryFile>
 #include <QtTest>
+
 #include <future>
 #include <memory>
 #include <sys/stat.h>

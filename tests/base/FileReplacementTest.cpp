@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QTemporaryDir>
 #include <QtTest>
+
 #include <memory>
 #include <sys/stat.h>
 

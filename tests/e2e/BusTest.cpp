@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "e2e/Bus.h"
+
 #include "e2e/Desktop.h"
 #include "e2e/Program.h"
 #include "e2e/XServer.h"

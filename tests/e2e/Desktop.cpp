@@ -10,6 +10,7 @@
 #include <QScreen>
 #include <QTest>
 #include <QX11Info>
+
 #include <algorithm>
 
 namespace e2e {
@@ -113,10 +114,9 @@ Wishes wishesOf(const Window &window) {
 }
 
 Window visibleWindowOfSize(qint64 pid, const QSize &size) {
-    for (const Window &window : visibleWindowsOf(pid)) {
+    for (const Window &window : visibleWindowsOf(pid))
         if (window.geometry.size() == size)
             return window;
-    }
     return {};
 }
 

@@ -9,6 +9,7 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QRegularExpression>
+
 #include <array>
 #include <csignal>
 #include <unistd.h>

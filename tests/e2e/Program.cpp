@@ -2,6 +2,7 @@
 #include "e2e/Program.h"
 
 #include <QFile>
+
 #include <csignal>
 #include <filesystem>
 #include <system_error>

@@ -4,12 +4,12 @@
 #include <QElapsedTimer>
 #include <QThread>
 
+#include <memory>
+#include <sys/socket.h>
+
 // Xlib last: its macros break the toolkit's headers.
 #include <X11/Xlib.h>
 #include <X11/extensions/XTest.h>
-#include <sys/socket.h>
-
-#include <memory>
 
 namespace e2e {
 namespace {

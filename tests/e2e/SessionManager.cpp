@@ -2,11 +2,13 @@
 #include "e2e/SessionManager.h"
 
 #include <QSocketNotifier>
+
+#include <array>
+#include <cstdlib>
+
 #include <X11/ICE/ICElib.h>
 #include <X11/ICE/ICEutil.h>
 #include <X11/SM/SMlib.h>
-#include <array>
-#include <cstdlib>
 
 // In every libICE, though in none of its headers: keeps it off the network.
 extern "C" void _IceTransNoListen(const char *protocol); // NOLINT(bugprone-reserved-identifier)

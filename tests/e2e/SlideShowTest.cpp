@@ -28,12 +28,11 @@ public:
         QVector<int> slides;
         QElapsedTimer waited;
         waited.start();
-        while (slides.size() < count && waited.elapsed() < patience) {
+        while (slides.size() < count && waited.elapsed() < patience)
             if (m_process.canReadLine())
                 slides.append(m_process.readLine().mid(int(qstrlen("slide "))).toInt());
             else
                 m_process.waitForReadyRead(100);
-        }
         return slides;
     }
 

@@ -7,6 +7,7 @@
 #include "support/TestMain.h"
 
 #include <QDir>
+
 #include <csignal>
 #include <functional>
 
@@ -24,10 +25,9 @@ e2e::Program::Settings withGuide() {
 
 /// The window of that size, shown or not; 0 when there is none.
 quint32 existing(qint64 pid, const QSize &size) {
-    for (const e2e::Window &window : e2e::windowsOf(pid)) {
+    for (const e2e::Window &window : e2e::windowsOf(pid))
         if (window.geometry.size() == size)
             return window.id;
-    }
     return 0;
 }
 
@@ -36,10 +36,9 @@ int peakMemory(qint64 pid) {
     QFile status(QStringLiteral("/proc/%1/status").arg(pid));
     if (!status.open(QIODevice::ReadOnly))
         return 0;
-    for (const QByteArray &line : status.readAll().split('\n')) {
+    for (const QByteArray &line : status.readAll().split('\n'))
         if (line.startsWith("VmHWM:"))
             return line.mid(6).trimmed().split(' ').first().toInt() / 1024;
-    }
     return 0;
 }
 

@@ -7,6 +7,7 @@
 #include <QProcess>
 #include <QString>
 #include <QStringList>
+
 #include <vector>
 
 namespace e2e {

@@ -2,8 +2,10 @@
 #pragma once
 
 #include <QByteArray>
+
 #include <cstdlib>
 #include <memory>
+
 #include <xcb/xcb.h>
 
 /// Plain talk with an X server.

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "fakes/RecordingBackend.h"
 
+#include "platform/quartz/WakeFd.h"
+
 #include <algorithm>
 #include <deque>
-
-#include "platform/quartz/WakeFd.h"
 
 namespace vexa {
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <mutex>
-#include <vector>
-
 #include "platform/quartz/CoreGraphics.h"
 #include "platform/quartz/InputBackend.h"
 #include "platform/quartz/VirtualKeys.h"
+
+#include <mutex>
+#include <vector>
 
 namespace vexa {
 

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
+#include "fakes/RecordingBackend.h"
+#include "input/CKeyboardHandler.h"
+
 #include <QSignalSpy>
 #include <QtTest>
+
 #include <pthread.h>
 #include <system_error>
 #include <thread>
-
-#include "fakes/RecordingBackend.h"
-#include "input/CKeyboardHandler.h"
 
 namespace {
 

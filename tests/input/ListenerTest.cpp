@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include <QSignalSpy>
-#include <QtTest>
-
 #include "fakes/RecordingBackend.h"
 #include "input/CKeyboardListenerMac.h"
+
+#include <QSignalSpy>
+#include <QtTest>
 
 namespace {
 

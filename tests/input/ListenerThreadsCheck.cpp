@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
 // Under the thread sanitizer: run loops, ports, taps and the listener's start and stop, between two threads
 // and more. Without Qt's queued signals and its test library, whose locks the sanitizer does not know.
+#include "fakes/RecordingBackend.h"
+#include "input/CKeyboardListenerMac.h"
+
 #include <array>
 #include <atomic>
 #include <cstdio>
 #include <cstdlib>
 #include <thread>
 #include <vector>
-
-#include "fakes/RecordingBackend.h"
-#include "input/CKeyboardListenerMac.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include <QtTest>
-
 #include "input/CKeyboardHandler.h"
 #include "input/CKeyboardListenerMac.h"
 #include "platform/quartz/VirtualKeys.h"
+
+#include <QtTest>
 
 /// The order of signals and slots is part of the interface.
 class MetaObjectTest : public QObject {

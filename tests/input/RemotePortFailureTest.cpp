@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include <QtTest>
-
 #include "fakes/RecordingBackend.h"
 #include "input/CKeyboardListenerMac.h"
+
+#include <QtTest>
 
 /// Takes the library's place in this program: nobody can be reached.
 CFMessagePortRef CFMessagePortCreateRemote(CFAllocatorRef, CFStringRef) {

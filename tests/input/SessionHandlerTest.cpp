@@ -1,16 +1,17 @@
 // SPDX-License-Identifier: MIT
-#include <QSignalSpy>
-#include <QTemporaryFile>
-#include <QtTest>
-#include <fcntl.h>
-#include <unistd.h>
-
 #include "input/CKeyboardHandler.h"
 #include "input/CKeyboardListenerMac.h"
 #include "platform/SessionInput.h"
 #include "platform/quartz/InputBackend.h"
 #include "platform/quartz/VirtualKeys.h"
 #include "support/Hand.h"
+
+#include <QSignalSpy>
+#include <QTemporaryFile>
+#include <QtTest>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 using namespace vexa::test;
 

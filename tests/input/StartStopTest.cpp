@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include <QtTest>
-
 #include "fakes/RecordingBackend.h"
 #include "input/CKeyboardHandler.h"
+
+#include <QtTest>
 
 namespace {
 

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include <QtTest>
-#include <type_traits>
-
 #include "fakes/RecordingBackend.h"
 #include "input/CEventTap.h"
 #include "input/CMessagePort.h"
 #include "input/CRunLoopSource.h"
+
+#include <QtTest>
+
+#include <type_traits>
 
 namespace {
 

@@ -5,6 +5,7 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QtTest>
+
 #include <memory>
 
 /// The two scripts that register the program with the session, run from folders with awkward names.

@@ -2,6 +2,7 @@
 #include "packaging/DesktopEntry.h"
 
 #include <QFile>
+
 #include <optional>
 
 namespace {
@@ -9,12 +10,11 @@ namespace {
 QByteArray unescaped(const QByteArray &raw) {
     static const QMap<char, char> escapes{{'s', ' '}, {'n', '\n'}, {'t', '\t'}, {'r', '\r'}, {'\\', '\\'}};
     QByteArray text;
-    for (int i = 0; i < raw.size(); ++i) {
+    for (int i = 0; i < raw.size(); ++i)
         if (raw[i] == '\\' && i + 1 < raw.size() && escapes.contains(raw[i + 1]))
             text.append(escapes.value(raw[++i]));
         else
             text.append(raw[i]);
-    }
     return text;
 }
 

@@ -18,11 +18,10 @@ QColor borderColor(const QObject *rectangle) {
 
 /// The bare rectangle that covers this part of the item, or null.
 QQuickItem *rectangleAt(QQuickItem *top, const QRectF &place) {
-    for (QQuickItem *item : qml::tree(top)) {
+    for (QQuickItem *item : qml::tree(top))
         if (item != top && item->isVisible() && qml::isOfType(item, QStringLiteral("QQuickRectangle")) &&
             QRectF(qml::corner(item), item->size()) == place)
             return item;
-    }
     return nullptr;
 }
 
@@ -282,10 +281,9 @@ void ControlsTest::otherIdentifiersLeaveAViewAlone() {
     PanelView view(QStringLiteral("qrc:/%1.qml").arg(file));
     view.moveTo({0, 0});
     const QImage before = view.widget().grabFramebuffer();
-    for (int id = -1; id <= 18; ++id) {
+    for (int id = -1; id <= 18; ++id)
         if (!own.contains(id))
             view.push(id, 2);
-    }
     view.push(1000, 0);
     QCOMPARE(view.widget().grabFramebuffer(), before);
 }

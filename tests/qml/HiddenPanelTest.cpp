@@ -59,10 +59,9 @@ void HiddenPanelTest::hiddenPanelRunsNoTimerAndNoAnimation() {
     view.widget().hide();
     QTRY_COMPARE(
         timersUnder(&view.widget()) + timersUnder(view.widget().quickWindow()) + timersUnder(view.root()), 0);
-    for (QObject *object : view.root()->findChildren<QObject *>()) {
+    for (QObject *object : view.root()->findChildren<QObject *>())
         if (object->inherits("QQmlTimer") || object->inherits("QQuickAbstractAnimation"))
             QTRY_VERIFY2(!object->property("running").toBool(), object->metaObject()->className());
-    }
 }
 
 void HiddenPanelTest::panelShownAgainShowsWhatWasPushedMeanwhile() {

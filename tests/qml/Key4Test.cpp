@@ -60,10 +60,9 @@ private:
     }
     QString shownTool() {
         QStringList shown;
-        for (const char *type : {"SportLightSetWindow", "MagnifierSetWindow", "LightpenSetWindow"}) {
+        for (const char *type : {"SportLightSetWindow", "MagnifierSetWindow", "LightpenSetWindow"})
             if (!m_view->items(QString::fromLatin1(type)).isEmpty())
                 shown.append(QString::fromLatin1(type));
-        }
         return shown.join('+');
     }
 

@@ -94,10 +94,9 @@ void ListLooksTest::openListHasItsLooks() {
     const QStringList actions{"无操作", "PPT放映：开始/结束", "播放器：暂停/播放", "黑板", "屏幕截屏"};
     const auto rowTexts = [content] {
         QList<QQuickItem *> texts;
-        for (QQuickItem *item : qml::tree(content->parentItem())) {
+        for (QQuickItem *item : qml::tree(content->parentItem()))
             if (item->isVisible() && qml::isOfType(item, QStringLiteral("QQuickText")))
                 texts.append(item);
-        }
         return texts;
     };
     QTRY_COMPARE(rowTexts().size(), actions.size());

@@ -43,10 +43,9 @@ private slots:
 private:
     QStringList openViews() {
         QStringList open;
-        for (const Door &door : doors) {
+        for (const Door &door : doors)
             if (!m_view->items(QString::fromLatin1(door.view)).isEmpty())
                 open.append(QString::fromLatin1(door.view));
-        }
         return open;
     }
     QString textAt(const QPoint &corner) {

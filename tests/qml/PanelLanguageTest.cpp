@@ -19,10 +19,9 @@ const QPoint clickList(30 + 20, 87 + 42);
 const QStringList catalogues{"Cn", "Tw", "En"};
 
 bool hasHan(const QString &text) {
-    for (const QChar letter : text) {
+    for (const QChar letter : text)
         if (letter.script() == QChar::Script_Han)
             return true;
-    }
     return false;
 }
 
@@ -91,10 +90,9 @@ private:
             names += accessible != nullptr ? accessible->text(QAccessible::Name) : QString();
         }
         names.sort();
-        for (const QString &name : expected) {
+        for (const QString &name : expected)
             if (!names.removeOne(name))
                 names += "no " + name;
-        }
         return names;
     }
     /// Returns when the view has taken up a posted change of language.

@@ -10,9 +10,8 @@ namespace {
 QtMessageHandler testsHandler = nullptr;
 
 void failOnViewWarning(QtMsgType type, const QMessageLogContext &context, const QString &text) {
-    if (type != QtDebugMsg && type != QtInfoMsg && text.contains(QStringLiteral(".qml:"))) {
+    if (type != QtDebugMsg && type != QtInfoMsg && text.contains(QStringLiteral(".qml:")))
         QTest::qFail(qPrintable(text), context.file, context.line);
-    }
     testsHandler(type, context, text);
 }
 
@@ -39,9 +38,8 @@ PanelView::PanelView(QQuickWidget &hosted) : m_widget(hosted) {
 }
 
 void PanelView::listen() {
-    if (root() != nullptr && root()->metaObject()->indexOfSignal("qmlSignal1(int,int,int)") >= 0) {
+    if (root() != nullptr && root()->metaObject()->indexOfSignal("qmlSignal1(int,int,int)") >= 0)
         connect(root(), SIGNAL(qmlSignal1(int, int, int)), this, SLOT(record(int, int, int)));
-    }
 }
 
 void PanelView::push(int id, const QVariant &value, const QVariant &var2) {
@@ -51,9 +49,8 @@ void PanelView::push(int id, const QVariant &value, const QVariant &var2) {
 
 void PanelView::pushAll(const QList<int> &values) {
     int id = 2;
-    for (const int value : values) {
+    for (const int value : values)
         push(id++, value);
-    }
 }
 
 void PanelView::click(const QPoint &place) {
@@ -95,21 +92,17 @@ void PanelView::pick(const QPoint &box, int row) {
 }
 
 QQuickItem *PanelView::rowAt(const QPoint &place) {
-    for (QQuickItem *candidate : qml::tree(root()->window()->contentItem())) {
+    for (QQuickItem *candidate : qml::tree(root()->window()->contentItem()))
         if (candidate->isVisible() && qml::isOfType(candidate, QStringLiteral("QQuickItemDelegate")) &&
-            candidate->contains(candidate->mapFromScene(place))) {
+            candidate->contains(candidate->mapFromScene(place)))
             return candidate;
-        }
-    }
     return nullptr;
 }
 
 QQuickItem *PanelView::item(const QString &type, const QPointF &corner) {
-    for (QQuickItem *candidate : items(type)) {
-        if (qml::corner(candidate) == corner) {
+    for (QQuickItem *candidate : items(type))
+        if (qml::corner(candidate) == corner)
             return candidate;
-        }
-    }
     return nullptr;
 }
 
@@ -119,19 +112,16 @@ QQuickItem *PanelView::text(const QPointF &corner) {
 
 QList<QQuickItem *> PanelView::items(const QString &type) {
     QList<QQuickItem *> found;
-    for (QQuickItem *candidate : qml::tree(root())) {
-        if (candidate->isVisible() && qml::isOfType(candidate, type)) {
+    for (QQuickItem *candidate : qml::tree(root()))
+        if (candidate->isVisible() && qml::isOfType(candidate, type))
             found.append(candidate);
-        }
-    }
     return found;
 }
 
 QStringList PanelView::visibleTexts() {
     QStringList texts;
-    for (const QQuickItem *item : items(QStringLiteral("QQuickText"))) {
+    for (const QQuickItem *item : items(QStringLiteral("QQuickText")))
         texts.append(item->property("text").toString());
-    }
     return texts;
 }
 
@@ -145,26 +135,23 @@ void PanelView::record(int id, int var1, int var2) {
 
 void qml::failOnWarnings() {
     const QtMessageHandler present = qInstallMessageHandler(failOnViewWarning);
-    if (present != failOnViewWarning) {
+    if (present != failOnViewWarning)
         testsHandler = present;
-    }
 }
 
 bool qml::isOfType(const QQuickItem *item, const QString &type) {
     for (const QMetaObject *meta = item->metaObject(); meta != nullptr; meta = meta->superClass()) {
         const QString name = QString::fromLatin1(meta->className());
-        if (name == type || name.startsWith(type + QStringLiteral("_QML"))) {
+        if (name == type || name.startsWith(type + QStringLiteral("_QML")))
             return true;
-        }
     }
     return false;
 }
 
 QList<QQuickItem *> qml::tree(QQuickItem *top) {
     QList<QQuickItem *> all{top};
-    for (QQuickItem *child : top->childItems()) {
+    for (QQuickItem *child : top->childItems())
         all.append(tree(child));
-    }
     return all;
 }
 

@@ -7,6 +7,7 @@
 #include <QQuickWidget>
 #include <QString>
 #include <QStringList>
+
 #include <memory>
 
 /// A settings message of the view, as its host receives it.

@@ -93,10 +93,9 @@ private:
         return guide.findChild<QQuickWidget *>(QStringLiteral("quickWidget"))->rootObject();
     }
     static QQuickItem *find(QQuickItem *top, const QString &type, const QPointF &corner) {
-        for (QQuickItem *item : qml::tree(top)) {
+        for (QQuickItem *item : qml::tree(top))
             if (qml::isOfType(item, type) && qml::corner(item) == corner)
                 return item;
-        }
         return nullptr;
     }
 };

@@ -45,10 +45,9 @@ public slots:
 
 private:
     QObject *timer() {
-        for (QObject *object : m_view->root()->findChildren<QObject *>()) {
+        for (QObject *object : m_view->root()->findChildren<QObject *>())
             if (qstrcmp(object->metaObject()->className(), "QQmlTimer") == 0)
                 return object;
-        }
         return nullptr;
     }
     bool switchShows() {

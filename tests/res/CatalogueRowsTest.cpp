@@ -76,10 +76,9 @@ void CatalogueRowsTest::noContextIsUnknown() {
     for (const Count &count : counts())
         known.insert(count.context);
     QCOMPARE(known.size(), 33);
-    for (Catalogue catalogue : everyCatalogue) {
+    for (Catalogue catalogue : everyCatalogue)
         for (const TsRow &row : rowsOf(catalogue))
             QVERIFY2(known.contains(row.context), qPrintable(row.context));
-    }
 }
 
 void CatalogueRowsTest::theCatalogueHasExactlyTheAgreedRows_data() {
@@ -92,10 +91,9 @@ void CatalogueRowsTest::theCatalogueHasExactlyTheAgreedRows() {
 }
 
 void CatalogueRowsTest::noRowIsUnfinished() {
-    for (Catalogue catalogue : everyCatalogue) {
+    for (Catalogue catalogue : everyCatalogue)
         for (const TsRow &row : rowsOf(catalogue))
             QVERIFY2(row.type.isEmpty(), qPrintable(row.context + ": " + row.source + " is " + row.type));
-    }
 }
 
 void CatalogueRowsTest::noRowStandsTwice() {
@@ -131,10 +129,9 @@ void CatalogueRowsTest::theTraditionalCatalogueHasNoRowsOfTheGuide() {
 void CatalogueRowsTest::theVersionStandsInEachCatalogue() {
     for (Catalogue catalogue : everyCatalogue) {
         QStringList versions;
-        for (const TsRow &row : rowsOf(catalogue)) {
+        for (const TsRow &row : rowsOf(catalogue))
             if (row.context == "SetWindow" && row.source == "2.0.0.0")
                 versions.append(row.translation);
-        }
         QCOMPARE(versions, QStringList{"2.1.0.210527"});
     }
 }

@@ -2,6 +2,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QtTest>
+
 #include <cmath>
 
 /// What the pictures must do for the texts and buttons that stand on them. Positions are those of the views,
@@ -180,10 +181,9 @@ void PanelArtTest::overlayButtonsStandOutOnEveryBackground_data() {
     QTest::addColumn<QString>("icon");
     QTest::addColumn<QColor>("ground");
     for (const char *icon :
-         {"icon-pen", "icon-pen-selected", "icon-eraser", "icon-eraser-selected", "icon-exit"}) {
+         {"icon-pen", "icon-pen-selected", "icon-eraser", "icon-eraser-selected", "icon-exit"})
         for (const char *ground : {"#FFFFFF", "#000000", "#181827", "#7F7F7F", "#FFCC0D"})
             QTest::newRow(QByteArray(icon) + " on " + ground) << QString(icon) << QColor(ground);
-    }
 }
 
 void PanelArtTest::overlayButtonsStandOutOnEveryBackground() {
@@ -199,10 +199,9 @@ void PanelArtTest::overlayButtonsStandOutOnEveryBackground() {
     QVERIFY2(edge >= 3, qPrintable(QString::number(edge)));
     const QColor plate = screen.pixelColor(60, 14);
     double glyph = 1;
-    for (int y = 30; y < 90; ++y) {
+    for (int y = 30; y < 90; ++y)
         for (int x = 30; x < 90; ++x)
             glyph = std::max(glyph, contrast(screen.pixelColor(x, y), plate));
-    }
     QVERIFY2(glyph >= 7, qPrintable(QString::number(glyph)));
 }
 

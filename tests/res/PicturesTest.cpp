@@ -5,6 +5,7 @@
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
+
 #include <array>
 #include <cmath>
 
@@ -30,20 +31,18 @@ enum Alpha { Opaque, Shaped };
 
 QStringList missingPictures(const QString &text) {
     QStringList missing;
-    for (const QString &name : captures(text, ":/([A-Za-z0-9@._-]+\\.(?:png|svg|jpg))\\b")) {
+    for (const QString &name : captures(text, ":/([A-Za-z0-9@._-]+\\.(?:png|svg|jpg))\\b"))
         if (!QFile::exists(":/" + name))
             missing.append(name);
-    }
     return missing;
 }
 
 /// The column of the table of pictures, without comments.
 QStringList tableColumn(int column) {
     QStringList cells;
-    for (const QString &line : fileText(SOURCE_ROOT "/res/art/pictures.txt").split('\n')) {
+    for (const QString &line : fileText(SOURCE_ROOT "/res/art/pictures.txt").split('\n'))
         if (!line.startsWith('#') && !line.trimmed().isEmpty())
             cells.append(line.simplified().split(' ').value(column));
-    }
     return cells;
 }
 

@@ -51,10 +51,9 @@ QStringList SourceTextsTest::unknownTexts(const QStringList &folders) {
     QStringList unknown;
     const QVector<TsRow> rows = readTsFile(collected);
     m_collected = rows.size();
-    for (const TsRow &row : rows) {
+    for (const TsRow &row : rows)
         if (!m_rows.contains({row.context, row.source}))
             unknown.append(row.context + ": " + row.source);
-    }
     return unknown;
 }
 
@@ -63,10 +62,9 @@ QStringList SourceTextsTest::unknownLiterals(const QString &text) const {
     QStringList unknown;
     const QStringList literals = captures(text, "\"([^\"\\n]*" + chinese + "[^\"\\n]*)\"") +
                                  captures(text, "<string[^>]*>([^<]*" + chinese + "[^<]*)</string>");
-    for (const QString &literal : literals) {
+    for (const QString &literal : literals)
         if (!m_sources.contains(literal))
             unknown.append(literal);
-    }
     return unknown;
 }
 

@@ -24,15 +24,13 @@ TsRow readMessage(QXmlStreamReader &xml, const QString &context) {
 
 void readContext(QXmlStreamReader &xml, QVector<TsRow> &rows) {
     QString name;
-    while (xml.readNextStartElement()) {
-        if (xml.name() == QLatin1String("name")) {
+    while (xml.readNextStartElement())
+        if (xml.name() == QLatin1String("name"))
             name = xml.readElementText();
-        } else if (xml.name() == QLatin1String("message")) {
+        else if (xml.name() == QLatin1String("message"))
             rows.append(readMessage(xml, name));
-        } else {
+        else
             xml.skipCurrentElement();
-        }
-    }
 }
 
 } // namespace
@@ -46,13 +44,11 @@ QVector<TsRow> readTsFile(const QString &fileName) {
     QXmlStreamReader xml(&file);
     QVector<TsRow> rows;
     if (xml.readNextStartElement()) {
-        while (xml.readNextStartElement()) {
-            if (xml.name() == QLatin1String("context")) {
+        while (xml.readNextStartElement())
+            if (xml.name() == QLatin1String("context"))
                 readContext(xml, rows);
-            } else {
+            else
                 xml.skipCurrentElement();
-            }
-        }
     }
     if (xml.hasError()) {
         qWarning() << fileName << xml.lineNumber() << xml.errorString();

@@ -3,6 +3,7 @@
 #include "support/UserFile.h"
 
 #include <QtTest>
+
 #include <sys/resource.h>
 #include <sys/stat.h>
 

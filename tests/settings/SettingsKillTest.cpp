@@ -8,6 +8,7 @@
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QtTest>
+
 #include <sys/stat.h>
 #include <unistd.h>
 

@@ -2,6 +2,7 @@
 #include "settings/ZrToolXmlClass.h"
 
 #include <QCoreApplication>
+
 #include <cstdio>
 #include <cstdlib>
 

@@ -2,6 +2,7 @@
 #include "support/UserFile.h"
 
 #include <QtTest>
+
 #include <atomic>
 #include <future>
 #include <thread>

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "settings/SettingsTable.h"
+
 #include "settings/ZrToolXmlClass.h"
 
 #include <QtTest>

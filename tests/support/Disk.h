@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QtGlobal>
+
 #include <csignal>
 #include <sys/resource.h>
 #include <unistd.h>

@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "support/Hand.h"
 
+#include "platform/x11/input/FakeInput.h"
+#include "platform/x11/input/Keyboards.h"
+
 #include <stdexcept>
+
 #include <xcb/xcb.h>
 #include <xcb/xinput.h>
 #include <xcb/xtest.h>
-
-#include "platform/x11/input/FakeInput.h"
-#include "platform/x11/input/Keyboards.h"
 
 namespace vexa::test {
 

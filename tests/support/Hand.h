@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/x11/input/Connection.h"
+
 #include <cstdint>
 #include <initializer_list>
 #include <memory>
 #include <vector>
-
-#include "platform/x11/input/Connection.h"
 
 namespace vexa::test {
 

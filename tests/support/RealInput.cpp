@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "support/RealInput.h"
 
-#include <X11/Xlib.h>
-#include <X11/extensions/XTest.h>
-
 #include <initializer_list>
 #include <memory>
+
+#include <X11/Xlib.h>
+#include <X11/extensions/XTest.h>
 
 namespace vexa::test {
 namespace {

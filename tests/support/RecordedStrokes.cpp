@@ -3,6 +3,7 @@
 
 #include <QHash>
 #include <QPointF>
+
 #include <algorithm>
 #include <cmath>
 #include <functional>

@@ -4,6 +4,7 @@
 #include <QPoint>
 #include <QSize>
 #include <QString>
+
 #include <vector>
 
 namespace vexa::test {

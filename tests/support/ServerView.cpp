@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "support/ServerView.h"
 
+#include <optional>
+
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
 #include <X11/extensions/shape.h>
-
-#include <optional>
 
 namespace vexa::test {
 namespace {

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include <QProcess>
-#include <QtTest>
-#include <poll.h>
-
 #include "platform/SessionInput.h"
 #include "platform/quartz/InputBackend.h"
 #include "support/Hand.h"
+
+#include <QProcess>
+#include <QtTest>
+
+#include <poll.h>
 
 using namespace vexa::test;
 

@@ -10,6 +10,7 @@
 #include <QQuickItem>
 #include <QQuickWidget>
 #include <QTimer>
+
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -50,9 +51,8 @@ public:
         settle(view);
         const QString density = view.devicePixelRatioF() > 1 ? QStringLiteral("@2x") : QString();
         const QString path = m_folder.filePath(name + '-' + m_language + density + QStringLiteral(".png"));
-        if (view.grabFramebuffer().save(path)) {
+        if (view.grabFramebuffer().save(path))
             return true;
-        }
         std::fprintf(stderr, "panel-pictures: cannot write %s\n", qPrintable(path));
         return false;
     }
@@ -65,18 +65,16 @@ private:
 /// The values a settled user might have: every control shows something.
 void fill(QObject *root, int language) {
     const std::array<int, 16> values = {132, 183, 890, 177, 22, 13, 2, 3, 5, 1, 1, 3, 4, 0, language, 1};
-    for (std::size_t i = 0; i < values.size(); ++i) {
+    for (std::size_t i = 0; i < values.size(); ++i)
         push(root, static_cast<int>(i) + 2, values.at(i));
-    }
 }
 
 bool drawPanel(Album &album, int language) {
     QQuickWidget view(QUrl(QStringLiteral("qrc:/MainWindow.qml")));
     view.show();
     QQuickItem *root = view.rootObject();
-    if (root == nullptr) {
+    if (root == nullptr)
         return false;
-    }
     fill(root, language);
 
     struct Scene {
@@ -94,12 +92,10 @@ bool drawPanel(Album &album, int language) {
                                           {"settings", "setButton", 0}}};
     for (const Scene &scene : scenes) {
         push(root, 15, scene.tool);
-        if (scene.button != nullptr) {
+        if (scene.button != nullptr)
             root->findChild<QObject *>(QLatin1String(scene.button))->setProperty("checked", true);
-        }
-        if (!album.add(view, QLatin1String(scene.name))) {
+        if (!album.add(view, QLatin1String(scene.name)))
             return false;
-        }
     }
     return true;
 }
@@ -125,9 +121,8 @@ int main(int argc, char *argv[]) {
     for (std::size_t i = 0; i < languages.size(); ++i) {
         language.change(static_cast<int>(i));
         Album album(QFile::decodeName(argv[1]), QLatin1String(languages.at(i)));
-        if (!drawPanel(album, static_cast<int>(i)) || !drawGuide(album)) {
+        if (!drawPanel(album, static_cast<int>(i)) || !drawGuide(album))
             return 1;
-        }
     }
     return 0;
 }

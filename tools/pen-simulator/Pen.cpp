@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "Pen.h"
 
+#include "platform/x11/input/FakeInput.h"
+#include "platform/x11/input/Keyboards.h"
+
 #include <algorithm>
 #include <cstdio>
 #include <thread>
+
 #include <xcb/xcb.h>
 #include <xcb/xinput.h>
 #include <xcb/xtest.h>
-
-#include "platform/x11/input/FakeInput.h"
-#include "platform/x11/input/Keyboards.h"
 
 namespace vexa::pen {
 

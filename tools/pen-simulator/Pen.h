@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/ScreenPlace.h"
+#include "platform/quartz/VirtualKeys.h"
+#include "platform/x11/input/Connection.h"
+
 #include <chrono>
 #include <cstdint>
 #include <initializer_list>
 #include <memory>
-
-#include "platform/ScreenPlace.h"
-#include "platform/quartz/VirtualKeys.h"
-#include "platform/x11/input/Connection.h"
 
 namespace vexa::pen {
 

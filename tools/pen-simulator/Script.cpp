@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "Script.h"
 
+#include "Pen.h"
+
 #include <charconv>
 #include <map>
 #include <optional>
-
-#include "Pen.h"
 
 namespace vexa::pen {
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include "Pen.h"
+#include "Script.h"
+
 #include <cstdio>
 #include <iostream>
 #include <iterator>
 #include <sstream>
-
-#include "Pen.h"
-#include "Script.h"
 
 namespace {
 

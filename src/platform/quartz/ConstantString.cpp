@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "platform/quartz/ConstantString.h"
 
+#include "platform/quartz/Object.h"
+
 #include <map>
 #include <mutex>
-
-#include "platform/quartz/Object.h"
 
 namespace vexa::quartz {
 

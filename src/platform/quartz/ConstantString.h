@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <string>
-
 #include "platform/quartz/CoreFoundation.h"
+
+#include <string>
 
 namespace vexa::quartz {
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include <map>
-
 #include "platform/quartz/ConstantString.h"
 #include "platform/quartz/MessagePort.h"
 #include "platform/quartz/RunLoop.h"
+
+#include <map>
 
 namespace vexa::quartz {
 

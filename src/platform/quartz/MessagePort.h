@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <deque>
-#include <mutex>
-#include <string>
-
 #include "platform/quartz/CoreFoundation.h"
 #include "platform/quartz/Object.h"
 #include "platform/quartz/WakeFd.h"
+
+#include <deque>
+#include <mutex>
+#include <string>
 
 namespace vexa::quartz {
 

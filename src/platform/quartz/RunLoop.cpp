@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "platform/quartz/RunLoop.h"
 
+#include "platform/quartz/CoreFoundation.h"
+
 #include <algorithm>
 #include <poll.h>
-
-#include "platform/quartz/CoreFoundation.h"
 
 namespace vexa::quartz {
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <mutex>
-#include <vector>
-
 #include "platform/quartz/Object.h"
 #include "platform/quartz/WakeFd.h"
+
+#include <mutex>
+#include <vector>
 
 namespace vexa::quartz {
 

@@ -3,11 +3,11 @@
 
 #include "platform/x11/input/Connection.h"
 
-#include <X11/Xlib.h>
-#include <xcb/randr.h>
-
 #include <algorithm>
 #include <cmath>
+
+#include <X11/Xlib.h>
+#include <xcb/randr.h>
 
 namespace vexa::platform {
 

@@ -9,12 +9,12 @@
 #include <QWindow>
 #include <QX11Info>
 
+#include <algorithm>
+
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
 #include <X11/extensions/Xfixes.h>
 #include <X11/extensions/shape.h>
-
-#include <algorithm>
 
 namespace vexa::platform {
 namespace {

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/PictureMemory.h"
 
-#include <sys/mman.h>
-
 #include <cstdint>
 #include <memory>
+#include <sys/mman.h>
 
 namespace vexa::platform {
 namespace {

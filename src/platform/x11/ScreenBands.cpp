@@ -6,12 +6,12 @@
 #include "platform/x11/input/Connection.h"
 
 #include <QX11Info>
-
-#include <xcb/shm.h>
+#include <queue>
 
 #include <algorithm>
-#include <queue>
 #include <vector>
+
+#include <xcb/shm.h>
 
 namespace vexa::platform {
 namespace {

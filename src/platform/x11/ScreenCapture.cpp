@@ -8,11 +8,11 @@
 #include <QScreen>
 #include <QX11Info>
 
-#include <X11/Xlib.h>
-#include <X11/extensions/Xfixes.h>
-
 #include <memory>
 #include <utility>
+
+#include <X11/Xlib.h>
+#include <X11/extensions/Xfixes.h>
 
 namespace vexa::platform {
 

@@ -6,11 +6,11 @@
 #include <QVector>
 #include <QX11Info>
 
-#include <xcb/xcb.h>
-
 #include <cmath>
 #include <cstdlib>
 #include <memory>
+
+#include <xcb/xcb.h>
 
 namespace vexa::platform {
 

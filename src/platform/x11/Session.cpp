@@ -11,6 +11,7 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <QtDebug>
+
 #include <malloc.h>
 #include <stdexcept>
 

@@ -3,15 +3,15 @@
 
 #include "platform/x11/input/Connection.h"
 
+#include <cstdlib>
+#include <fcntl.h>
 #include <sys/mman.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
 #include <unistd.h>
+
 #include <xcb/shm.h>
 #include <xcb/xcb.h>
-
-#include <cstdlib>
-#include <fcntl.h>
 
 namespace vexa::platform {
 namespace {

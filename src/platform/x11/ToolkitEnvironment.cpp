@@ -27,12 +27,11 @@ void tellToolkitUnlessUserDoes(const char *name, const QByteArray &value) {
 }
 
 void restoreUserEnvironment() {
-    for (const auto &[name, value] : userValues()) {
+    for (const auto &[name, value] : userValues())
         if (value.isNull())
             qunsetenv(name.c_str());
         else
             qputenv(name.c_str(), value);
-    }
     userValues().clear();
 }
 

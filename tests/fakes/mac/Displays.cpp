@@ -33,10 +33,9 @@ static QRectF toQt(CGRect rect) {
 }
 
 static const Display *find(CGDirectDisplayID id) {
-    for (const Display &display : Displays::instance().connected) {
+    for (const Display &display : Displays::instance().connected)
         if (display.id == id)
             return &display;
-    }
     return nullptr;
 }
 
@@ -50,10 +49,9 @@ CGError CGGetDisplaysWithRect(CGRect rect, std::uint32_t maxDisplays, CGDirectDi
     desktop.searched.push_back(toQt(rect));
     desktop.roomOffered = maxDisplays;
     *matchingDisplayCount = 0;
-    for (const Display &display : desktop.connected) {
+    for (const Display &display : desktop.connected)
         if (display.bounds.intersects(toQt(rect)) && *matchingDisplayCount < maxDisplays)
             displays[(*matchingDisplayCount)++] = display.id;
-    }
     return kCGErrorSuccess;
 }
 

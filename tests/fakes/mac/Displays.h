@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <CoreGraphics/CoreGraphics.h>
-
 #include <QImage>
 #include <QRectF>
 
+#include <CoreGraphics/CoreGraphics.h>
 #include <vector>
 
 namespace fakes {

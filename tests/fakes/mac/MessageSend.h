@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <objc/objc.h>
-
 #include <CoreGraphics/CoreGraphics.h>
-
+#include <objc/objc.h>
 #include <string>
 
 /// Sending messages to the fake Objective-C runtime. The real entry point trusts its caller to have cast it

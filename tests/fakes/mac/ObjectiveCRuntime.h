@@ -3,10 +3,9 @@
 
 #include "fakes/mac/MessageSend.h"
 
-#include <objc/runtime.h>
-
 #include <algorithm>
 #include <map>
+#include <objc/runtime.h>
 #include <string>
 
 /// What the runtime's opaque types hold here. A class is an object too: its own class, the metaclass, has its

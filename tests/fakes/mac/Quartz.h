@@ -2,7 +2,6 @@
 #pragma once
 
 #include <ApplicationServices/ApplicationServices.h>
-
 #include <cstdint>
 #include <string>
 #include <vector>

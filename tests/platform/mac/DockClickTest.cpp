@@ -8,7 +8,6 @@
 #include <QWidget>
 
 #include <objc/message.h>
-
 #include <optional>
 
 namespace {

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "fakes/mac/ObjectiveCRuntime.h"
 
-#include <objc/message.h>
-
 #include <QtTest>
 
 #include <csignal>
 #include <functional>
+#include <objc/message.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>

@@ -23,10 +23,9 @@ QRgb cursorWord(QRandomGenerator &random) {
 
 QImage noise(QRandomGenerator &random) {
     QImage picture(displaySize, QImage::Format_RGB32);
-    for (int y = 0; y < picture.height(); ++y) {
+    for (int y = 0; y < picture.height(); ++y)
         for (int x = 0; x < picture.width(); ++x)
             picture.setPixel(x, y, random.generate() | 0xFF000000);
-    }
     return picture;
 }
 

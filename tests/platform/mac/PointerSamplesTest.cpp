@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/PointerSamples.h"
+
 #include "annotation/EveryPointerSample.h"
 #include "fakes/mac/AppKit.h"
 

@@ -13,10 +13,9 @@ namespace {
 // A picture in which every pixel says where it is.
 QImage map(const QSize &size, int blue) {
     QImage picture(size, QImage::Format_RGB32);
-    for (int y = 0; y < size.height(); ++y) {
+    for (int y = 0; y < size.height(); ++y)
         for (int x = 0; x < size.width(); ++x)
             picture.setPixel(x, y, qRgb(x % 256, y % 256, blue));
-    }
     return picture;
 }
 

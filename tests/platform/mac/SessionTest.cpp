@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Session.h"
+
 #include "platform/AutoStart.h"
 #include "platform/SessionInput.h"
 

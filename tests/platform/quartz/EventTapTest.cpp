@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include <QtTest>
-#include <vector>
-
 #include "fakes/RecordingBackend.h"
 #include "platform/quartz/Quartz.h"
+
+#include <QtTest>
+
+#include <vector>
 
 namespace {
 

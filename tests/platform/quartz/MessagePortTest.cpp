@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
+#include "platform/quartz/Quartz.h"
+#include "support/Sanitized.h"
+
 #include <QtTest>
+
 #include <sys/resource.h>
 #include <thread>
 #include <vector>
-
-#include "platform/quartz/Quartz.h"
-#include "support/Sanitized.h"
 
 namespace {
 

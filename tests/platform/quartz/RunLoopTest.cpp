@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
+#include "platform/quartz/RunLoop.h"
+
+#include "platform/quartz/Quartz.h"
+
 #include <QtTest>
+
 #include <atomic>
 #include <future>
 #include <thread>
 #include <unistd.h>
-
-#include "platform/quartz/Quartz.h"
-#include "platform/quartz/RunLoop.h"
 
 using vexa::quartz::Handle;
 using vexa::quartz::RunLoop;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Activation.h"
+
 #include "support/TestMain.h"
 
 #include <QDBusConnection>
@@ -7,6 +8,7 @@
 #include <QDBusMessage>
 #include <QDBusPendingCall>
 #include <QWidget>
+
 #include <memory>
 
 namespace {

@@ -2,6 +2,7 @@
 #include "platform/AutoStart.h"
 
 #include <QCoreApplication>
+
 #include <cstdio>
 
 /// Says the two commands, one a line. The test runs it from folders of all names.

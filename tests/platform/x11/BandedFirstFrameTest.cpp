@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/BandedFirstFrame.h"
+
 #include "platform/OverlayWindow.h"
 #include "platform/x11/ScreenBands.h"
 #include "support/ForeignWindow.h"

@@ -2,8 +2,10 @@
 #include "platform/x11/activation/DisplayOwnership.h"
 
 #include <QtTest>
+
 #include <future>
 #include <thread>
+
 #include <xcb/xcb.h>
 
 using Ownership = vexa::x11::DisplayOwnership;

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include <QtTest>
+#include "platform/x11/input/EventTranslator.h"
 
 #include "platform/quartz/CoreGraphics.h"
 #include "platform/quartz/VirtualKeys.h"
-#include "platform/x11/input/EventTranslator.h"
+
+#include <QtTest>
 
 using vexa::InputEvent;
 using vexa::x11::DeviceEvent;

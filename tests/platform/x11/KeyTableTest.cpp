@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
+#include "platform/x11/input/KeyTable.h"
+
 #include <QtTest>
+
 #include <map>
 #include <set>
-
-#include "platform/x11/input/KeyTable.h"
 
 using vexa::x11::isModifier;
 using vexa::x11::noKey;

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include <QProcess>
-#include <QtTest>
-
 #include "input/CKeyboardHandler.h"
 #include "platform/SessionInput.h"
 #include "platform/quartz/InputBackend.h"
+
+#include <QProcess>
+#include <QtTest>
 
 /// Sessions in which nothing can be heard: said in one sentence, and never with a crash.
 class NoSessionTest : public QObject {

@@ -2,6 +2,7 @@
 //
 // Run without a window manager, with one, and with a compositing manager too: the answers must be the same.
 #include "platform/OverlayWindow.h"
+
 #include "support/ForeignWindow.h"
 #include "support/RealInput.h"
 #include "support/ScreenProbe.h"
@@ -13,10 +14,10 @@
 #include <QWindow>
 #include <QX11Info>
 
-#include <xcb/xcb.h>
-
 #include <cmath>
 #include <functional>
+
+#include <xcb/xcb.h>
 
 using namespace vexa::test;
 using namespace vexa::platform;

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include <QtTest>
-#include <future>
-#include <pthread.h>
+#include "platform/x11/input/PacedPosts.h"
 
 #include "platform/quartz/CoreGraphics.h"
-#include "platform/x11/input/PacedPosts.h"
+
+#include <QtTest>
+
+#include <future>
+#include <pthread.h>
 
 using namespace std::chrono_literals;
 using vexa::InputEvent;

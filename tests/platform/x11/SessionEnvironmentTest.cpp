@@ -15,10 +15,9 @@ const char *const variables[] = {"QT_QPA_PLATFORM", "QT_FONT_DPI",      "QT_DPI_
 QStringList ofInterest(const QStringList &environment) {
     QStringList found;
     for (const QString &line : environment) {
-        for (const char *name : variables) {
+        for (const char *name : variables)
             if (line.startsWith(QLatin1String(name) + '='))
                 found += line;
-        }
     }
     found.sort();
     return found;

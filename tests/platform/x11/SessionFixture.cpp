@@ -2,6 +2,7 @@
 #include "platform/x11/SessionFixture.h"
 
 #include <QProcess>
+
 #include <poll.h>
 
 namespace vexa::test {
@@ -65,12 +66,11 @@ All SessionFixture::hearUpToMarker() {
     constexpr int marker = kVK_F20;
     All all;
     InputEvent event;
-    while (takeNext(event)) {
+    while (takeNext(event))
         if (event.keyCode != marker)
             all.append({event.type, event.keyCode, event.x, event.y});
         else if (event.type == kCGEventKeyUp)
             return all;
-    }
     QTest::qFail("the marker was not heard", __FILE__, __LINE__);
     return all;
 }

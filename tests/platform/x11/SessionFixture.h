@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QtTest>
-#include <functional>
-#include <memory>
-
 #include "platform/SessionInput.h"
 #include "platform/quartz/CoreGraphics.h"
 #include "platform/quartz/InputBackend.h"
 #include "platform/quartz/VirtualKeys.h"
 #include "support/Hand.h"
+
+#include <QtTest>
+
+#include <functional>
+#include <memory>
 
 /// The X backend on a real X server, with a hand that works there and one source that listens.
 namespace vexa::test {

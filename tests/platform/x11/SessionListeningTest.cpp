@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include <poll.h>
-
 #include "platform/x11/SessionFixture.h"
+
+#include <poll.h>
 
 using namespace vexa::test;
 using vexa::InputEvent;
@@ -42,9 +42,8 @@ void SessionListeningTest::codesDoNotFollowTheLayout() {
     QFETCH(QString, layout);
     run(QStringLiteral("setxkbmap ") + layout);
     QCOMPARE(hear([&] {
-                 for (const int key : {letterA, letterG}) {
+                 for (const int key : {letterA, letterG})
                      m_hand->type({key});
-                 }
              }),
              (All{told(kCGEventKeyDown, kVK_ANSI_A), told(kCGEventKeyUp, kVK_ANSI_A),
                   told(kCGEventKeyDown, kVK_ANSI_G), told(kCGEventKeyUp, kVK_ANSI_G)}));

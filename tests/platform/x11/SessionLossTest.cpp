@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "platform/x11/SessionFixture.h"
+
 #include <set>
 #include <sys/socket.h>
-
-#include "platform/x11/SessionFixture.h"
 
 using namespace vexa::test;
 using vexa::InputEvent;

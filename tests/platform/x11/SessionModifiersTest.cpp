@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include <atomic>
-#include <thread>
-
 #include "platform/x11/SessionFixture.h"
 #include "platform/x11/input/ModifierLift.h"
+
+#include <atomic>
+#include <thread>
 
 using namespace vexa::test;
 using vexa::InputEvent;

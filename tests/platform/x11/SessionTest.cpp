@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QProcess>
 #include <QtTest>
+
 #include <memory>
 #include <stdexcept>
 #include <unistd.h>

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <poll.h>
 #include <utility>
+
 #include <xcb/xcb.h>
 
 namespace vexa::x11 {

@@ -10,6 +10,7 @@
 #include <QIcon>
 #include <QSocketNotifier>
 #include <QtDebug>
+
 #include <stdexcept>
 #include <utility>
 

@@ -9,6 +9,7 @@
 #include <QGuiApplication>
 #include <QTimer>
 #include <QX11Info>
+
 #include <xcb/xcb.h>
 
 namespace vexa::platform {

@@ -4,6 +4,7 @@
 #include <QAbstractNativeEventFilter>
 #include <QObject>
 #include <QSystemTrayIcon>
+
 #include <memory>
 #include <systemd/sd-bus.h>
 

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/input/EventTranslator.h"
 
-#include <utility>
-#include <xcb/xproto.h>
-
 #include "platform/quartz/CoreGraphics.h"
+
+#include <utility>
+
+#include <xcb/xproto.h>
 
 namespace vexa::x11 {
 

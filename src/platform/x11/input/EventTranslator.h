@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <bitset>
-#include <deque>
-#include <functional>
-
 #include "platform/ScreenPlace.h"
 #include "platform/quartz/InputBackend.h"
 #include "platform/x11/input/KeyTable.h"
+
+#include <bitset>
+#include <deque>
+#include <functional>
 
 namespace vexa::x11 {
 

@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/input/FakeInput.h"
 
+#include "platform/x11/input/Connection.h"
+
 #include <algorithm>
 #include <cstring>
 #include <limits>
+
 #include <xcb/xcb.h>
 #include <xcb/xtest.h>
-
-#include "platform/x11/input/Connection.h"
 
 namespace vexa::x11 {
 

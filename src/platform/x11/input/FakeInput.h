@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/x11/input/EventTranslator.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <optional>
-
-#include "platform/x11/input/EventTranslator.h"
 
 namespace vexa::x11 {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/input/KeyTable.h"
 
+#include "platform/quartz/VirtualKeys.h"
+
 #include <array>
 #include <linux/input-event-codes.h>
-
-#include "platform/quartz/VirtualKeys.h"
 
 namespace vexa::x11 {
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cstdint>
-
 #include "platform/quartz/VirtualKeys.h"
+
+#include <cstdint>
 
 /// Which key is which, by its position on the keyboard and whatever the layout: X numbers positions as the
 /// kernel does, plus 8.

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/input/Keyboards.h"
 
+#include "platform/x11/input/Connection.h"
+
 #include <string_view>
+
 #include <xcb/xcb.h>
 #include <xcb/xinput.h>
-
-#include "platform/x11/input/Connection.h"
 
 namespace vexa::x11 {
 

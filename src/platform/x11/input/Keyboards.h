@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/x11/input/KeyTable.h"
+
 #include <array>
 #include <cstdint>
 #include <vector>
-
-#include "platform/x11/input/KeyTable.h"
 
 namespace vexa::x11 {
 

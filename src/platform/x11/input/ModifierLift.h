@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/x11/input/KeyTable.h"
+
 #include <bitset>
 #include <vector>
-
-#include "platform/x11/input/KeyTable.h"
 
 namespace vexa::x11 {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/input/PacedPosts.h"
 
+#include "platform/quartz/CoreGraphics.h"
+
 #include <algorithm>
 #include <system_error>
-
-#include "platform/quartz/CoreGraphics.h"
 
 namespace vexa::x11 {
 

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/quartz/InputBackend.h"
+
 #include <chrono>
 #include <condition_variable>
 #include <deque>
 #include <functional>
 #include <mutex>
 #include <thread>
-
-#include "platform/quartz/InputBackend.h"
 
 namespace vexa::x11 {
 

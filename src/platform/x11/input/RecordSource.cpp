@@ -1,18 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/input/RecordSource.h"
 
-#include <cstring>
-#include <stdexcept>
-#include <sys/epoll.h>
-#include <sys/timerfd.h>
-#include <xcb/record.h>
-#include <xcb/xcbext.h>
-#include <xcb/xtest.h>
-
 #include "platform/quartz/CoreGraphics.h"
 #include "platform/x11/input/FakeInput.h"
 #include "platform/x11/input/Keyboards.h"
 #include "platform/x11/input/XTestPoster.h"
+
+#include <cstring>
+#include <stdexcept>
+#include <sys/epoll.h>
+#include <sys/timerfd.h>
+
+#include <xcb/record.h>
+#include <xcb/xcbext.h>
+#include <xcb/xtest.h>
 
 namespace vexa::x11 {
 

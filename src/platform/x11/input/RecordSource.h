@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cstdint>
-#include <memory>
-
 #include "platform/quartz/InputBackend.h"
 #include "platform/x11/input/Connection.h"
 #include "platform/x11/input/EventTranslator.h"
 #include "platform/x11/input/FileDescriptor.h"
 #include "platform/x11/input/SharedPlace.h"
+
+#include <cstdint>
+#include <memory>
 
 namespace vexa::x11 {
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/SessionInput.h"
 
-#include <xcb/record.h>
-#include <xcb/xtest.h>
-
 #include "platform/x11/input/PacedPosts.h"
 #include "platform/x11/input/RecordSource.h"
 #include "platform/x11/input/XTestPoster.h"
+
+#include <xcb/record.h>
+#include <xcb/xtest.h>
 
 namespace vexa::x11 {
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <mutex>
-
 #include "platform/ScreenPlace.h"
+
+#include <mutex>
 
 namespace vexa::x11 {
 

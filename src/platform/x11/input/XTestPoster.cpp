@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/input/XTestPoster.h"
 
-#include <xcb/xcb.h>
-#include <xcb/xtest.h>
-
 #include "platform/quartz/CoreGraphics.h"
 #include "platform/x11/input/FakeInput.h"
+
+#include <xcb/xcb.h>
+#include <xcb/xtest.h>
 
 namespace vexa::x11 {
 

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <memory>
-#include <mutex>
-#include <optional>
-
 #include "platform/ScreenPlace.h"
 #include "platform/quartz/InputBackend.h"
 #include "platform/x11/input/Connection.h"
 #include "platform/x11/input/KeyTable.h"
 #include "platform/x11/input/ModifierLift.h"
+
+#include <memory>
+#include <mutex>
+#include <optional>
 
 namespace vexa::x11 {
 
