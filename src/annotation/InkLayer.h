@@ -48,8 +48,8 @@ public:
     /// Rubs out a disc.
     QRect erase(const QPoint &centre, int diameter, bool smoothEdge);
 
-    /// Where the edges of the stroke have grown heavier since the last call. A step there is too small to be
-    /// seen, so that whoever shows the ink need not hurry with it.
+    /// Where the edges of the stroke have grown heavier since the last call. One step there is too small to
+    /// be seen, so repainting these areas may wait.
     QRegion takeSettling() { return m_damage.take(m_image.devicePixelRatio()); }
 
 private:

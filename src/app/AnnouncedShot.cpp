@@ -14,7 +14,7 @@ namespace {
 constexpr int lookInterval = 8; // milliseconds
 constexpr std::chrono::milliseconds patience{500};
 constexpr int tileSize = 20; // device pixels
-/// One more than needed: a window may first clear what it then draws.
+/// One more than needed: a window may clear an area before it paints it.
 constexpr int enoughClearLooks = 2;
 
 QImage lookAt(const QRect &area) {
@@ -62,8 +62,8 @@ void AnnouncedShot::shootNow() {
     m_prompt.letOut();
 }
 
-/// The windows below draw again when they get to it, and nobody says when they all have. As long as one has
-/// not, its part of the screen shows the prompt as it was: so every small piece has to look different.
+/// The windows below the prompt repaint in their own time, and there is no event that says when all of them
+/// have. The part of one that has not still shows the prompt: so every tile has to look different from it.
 bool AnnouncedShot::uncovered() const {
     const QImage now = lookAt(m_area);
     const QRect all = now.rect() & m_covered.rect();

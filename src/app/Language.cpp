@@ -28,7 +28,7 @@ constexpr std::array<Catalogue, 3> catalogues{{
 }};
 
 const Catalogue *catalogueOf(int language) {
-    const auto index = static_cast<std::size_t>(language); // a negative one is then far too large
+    const auto index = static_cast<std::size_t>(language); // a negative number wraps to one past the end
     return index < catalogues.size() ? &catalogues[index] : nullptr;
 }
 

@@ -256,7 +256,7 @@ void MainWindow::LongPressEvent(int action) {
 }
 
 void MainWindow::RecvGlobaleMouseMessage(int event, int x, int y) {
-    // A tool that is gone, dismissed by a click for example, keeps the pointer in no longer.
+    // A tool that has closed, by a click for example, no longer confines the pointer.
     if (event != kCGEventMouseMoved || !m_followPointer || !m_tools.heldToolOpen())
         return;
     const QPoint pointer(x, y);

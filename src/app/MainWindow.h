@@ -121,11 +121,11 @@ private:
     std::unique_ptr<PromptWindow> m_startPrompt;
     std::unique_ptr<vexa::AnnouncedShot> m_announcedShot;
     QObject *m_viewRoot = nullptr; ///< null when the view could not be loaded
-    bool m_followPointer = false;  ///< a held tool is out
+    bool m_followPointer = false;  ///< a held tool is open
     vexa::PointerFence m_fence;
     bool m_changingAutoStart = false;
     QBasicTimer m_qmlInitTimer;
-    QBasicTimer m_toolExitTimer; ///< nothing starts it; what it would do is kept
+    QBasicTimer m_toolExitTimer; ///< inert on purpose: nothing starts it, its handler is kept
     QBasicTimer m_refocusTimer;
     QBasicTimer m_slideShowTimer;
     QBasicTimer m_playPauseTimer;

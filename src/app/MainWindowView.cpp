@@ -89,7 +89,7 @@ void MainWindow::changeAutoStart(int value) {
         m_changingAutoStart = false;
     if (done)
         Settings::AutoStart = value;
-    // The view shows what it asked for already: it learns what came of it.
+    // The view already shows the state that it asked for; this tells it the actual one.
     const QVariant note = done ? QVariant(value) : QVariant(!enable);
     SetValue(m_viewRoot, int(ViewMessage::AutoStart), Settings::AutoStart, note);
 }

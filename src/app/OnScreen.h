@@ -15,9 +15,9 @@ namespace vexa {
 /// top-left corner on it. All in points of the desktop; without any screen the window stays where it is.
 QPoint wholeOnAScreen(const QRect &window, const QVector<QRect> &screens);
 
-/// Keeps a window to be found: whenever it is shown, and when the screens change while it is, it is moved to
-/// where a screen shows all of it. Where the user drags it, it stays until then. Belongs to the window. GUI
-/// thread.
+/// Keeps a window reachable: whenever it is shown, and when the screens change while it is visible, it is
+/// moved to where a screen shows all of it. Where the user drags it, it stays until then. A child of its
+/// window. GUI thread.
 class OnScreen : public QObject {
 public:
     explicit OnScreen(QWidget &window);

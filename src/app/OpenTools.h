@@ -16,9 +16,9 @@ class blackBoardform;
 
 namespace vexa {
 
-/// The tools that lie over the screen: opens them, knows which are open, and hands them what is meant for
-/// them. Every tool deletes itself when it closes, whoever closed it, and not all of them say so; at the
-/// latest it goes with this object. GUI thread only.
+/// The tools that lie over the screen: opens them, knows which are open, and forwards pointer moves and pen
+/// changes to them. Every tool deletes itself when it closes, for whatever reason, and not all of them report
+/// it; at the latest it is deleted with this object. GUI thread only.
 class OpenTools : public QObject {
     Q_OBJECT
 
@@ -35,7 +35,8 @@ public:
     void closeBlackboard();
     void stepBlackboardColour();
 
-    /// Opens one more held tool. An earlier one of the same kind stays until it closes, but is no longer fed.
+    /// Opens one more held tool. An earlier one of the same kind stays until it closes, but no longer gets
+    /// pointer moves.
     void openSpotlight();
     void openMagnifier();
     void openLaser();
@@ -49,12 +50,12 @@ public:
     bool forget(ClosingReport report);
 
 signals:
-    /// Asks every held tool to leave, also those that are no longer fed.
+    /// Asks every held tool to close, also those that have been replaced by a newer one.
     void leave();
     /// A tool has reported that it closes; a ClosingReport. It is still open for the others here until
     /// forget().
     void reported(int which);
-    /// So has one in whose place a later one was opened, which is none of the open tools any more.
+    /// A tool that a newer one of its kind has replaced reports that it closes. It no longer counts as open.
     void formerReported();
 
 private:

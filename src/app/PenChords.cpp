@@ -9,7 +9,7 @@ namespace vexa {
 
 namespace {
 
-/// Everything an event's meaning can depend on, one bit each.
+/// The facts that an event's meaning can depend on, one bit each.
 enum Fact : unsigned {
     Control = 1U << 0U,
     Shift = 1U << 1U,

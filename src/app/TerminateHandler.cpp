@@ -29,13 +29,13 @@ void reportDeafness() noexcept {
 void reportUncaughtAndExit() noexcept {
     const char *text = "ended unexpectedly";
     bool refused = false;
-    // The text has to be used while the exception is held: it goes with it.
+    // The text belongs to the exception, so it is used while that is held.
     const std::exception_ptr uncaught = std::current_exception();
     try {
         if (uncaught)
             std::rethrow_exception(uncaught);
     } catch (const std::future_error &) {
-        // The listener broke its promise to start. Why is known to the listener alone.
+        // The listener's promise to start was broken. Only the listener knows why.
         text = cannotListen;
         refused = true;
     } catch (const std::exception &error) {

@@ -3,10 +3,10 @@
 
 namespace vexa {
 
-/// Lets a write that cannot be carried out fail, as everybody here expects, instead of ending the program:
-/// into a file beyond the size that the user's shell allows, or to a standard stream that nobody reads any
-/// more. And gives a standard stream that is closed a place to go to, before something else is opened under
-/// its number and gets the words meant for it. What the program starts is not affected. First thing in main.
+/// Makes a write that cannot be carried out fail, as all callers expect, instead of raising a signal that
+/// ends the program: a file beyond the limit of the user's shell (SIGXFSZ), a standard stream without a
+/// reader (SIGPIPE). Opens /dev/null for standard streams that are closed, so that no other file gets their
+/// numbers and the log with them. Child processes are not affected. First thing in main.
 void outliveWriteFailures();
 
 } // namespace vexa

@@ -75,8 +75,8 @@ CGEventRef CKeyboardListenerMac::CallbackFunction(CGEventType type, CGEventRef e
     case kCGEventTapDisabledByTimeout:
     case kCGEventTapDisabledByUserInput:
         // The system switches a tap off that was slow to answer, and others around sleep; without this the
-        // pen would be dead from then on. A modifier that changed meanwhile went unheard, so the count of
-        // changes starts again from all released: it would be inverted otherwise.
+        // pen would be dead from then on. A modifier that changed meanwhile was missed, so the count of
+        // changes starts again from all released: otherwise it would be inverted.
         CGEventTapEnable(m_eventTap.Get(), true);
         m_control = m_shift = m_option = false;
         break;

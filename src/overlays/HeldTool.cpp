@@ -73,7 +73,7 @@ void HeldTool::SetMouseMove(int x, int y) {
 void HeldTool::leave() {
     if (m_life == Life::Leaving || m_life == Life::Over)
         return;
-    // The last picture stays on the screen until the window closes, so it has to be there whole.
+    // This frame stays on the screen until the window closes, so it has to be complete.
     if (!m_layer.due().isEmpty())
         repaint(m_layer.due());
     m_drawing = false;
@@ -105,7 +105,7 @@ void HeldTool::finish() {
 }
 
 void HeldTool::closeEvent(QCloseEvent *event) {
-    // The object lives on until the event loop deletes it; nobody shall hear of it again.
+    // The object lives until the event loop deletes it; it must not report a second time.
     m_life = Life::Over;
     m_guard.stop();
     m_frames.stop();

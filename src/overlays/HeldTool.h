@@ -81,9 +81,9 @@ protected:
 
 private:
     enum class Life {
-        Young,   // has to stay: its 900 ms are not over
-        Grown,   // may leave at once
-        Leaving, // was asked to while still young
+        Young,   // must stay: its 900 ms are not over
+        Grown,   // may close at once
+        Leaving, // was asked to close while young; closes when grown
         Over,    // has closed; the event loop deletes it
     };
 

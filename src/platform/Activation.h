@@ -15,8 +15,8 @@ namespace vexa::platform {
 
 /// Makes this process the one instance on its display, for as long as it lives, or asks the one that is
 /// there already to show its window. True when that one has been asked, and this process should end. False
-/// also where nobody can tell. Throws std::runtime_error, its text meant for the user, when the other one has
-/// not answered for two seconds. Main thread, before anything else is started.
+/// also where there is no way to find out. Throws std::runtime_error, its text meant for the user, when the
+/// other one has not answered for two seconds. Main thread, before anything else is started.
 bool forwardActivation();
 
 /// What an activation does: shows Window1 in front of the other windows. While there is no Window1 yet, it is

@@ -5,8 +5,8 @@
 
 namespace vexa::platform {
 
-/// A picture of which every byte is 0, in memory that costs little when it is large: pages that nobody writes
-/// are not there, and those that are come in large pieces where the system has them. The memory goes back to
+/// A picture of which every byte is 0, in memory that is cheap when it is large: pages that are never written
+/// are never allocated, and the others come as huge pages where the system has them. The memory goes back to
 /// the system with the last copy of the picture. Size in device pixels; null when there is no memory. Any
 /// thread.
 QImage clearPicture(const QSize &pixels, QImage::Format format);

@@ -13,8 +13,8 @@ struct RefusalWords {
 };
 
 /// Tells the user why the program ends before its first window, in a window of the system's own, and returns
-/// when that was read. Does nothing where a program's last line on stderr reaches whoever started it: the
-/// words are not asked for then. Main thread.
+/// when that was read. Does nothing where the user who started the program sees its stderr: the words
+/// are not asked for then. Main thread.
 void showRefusedStart(RefusalWords (*words)());
 
 } // namespace vexa::platform

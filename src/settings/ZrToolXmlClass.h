@@ -47,6 +47,6 @@ public:
     static std::int32_t Language;
     /// Non-zero: the guide to the privacy permissions is shown at start.
     static std::int32_t ShowPrivacyWindow;
-    /// What the file says of a first run; nobody asks for it, and every file written says yes.
+    /// What the file says of a first run. Nothing reads it, and every file written says yes: both on purpose.
     static bool ifirstRun;
 };

@@ -32,7 +32,7 @@ void setupDockClickHandler() {
 
     const SEL reopen = sel_registerName("applicationShouldHandleReopen:hasVisibleWindows:");
     const IMP handler = (IMP)dockClickHandler;
-    const char *const encoding = "B@:"; // the handler looks at none of the method's own arguments
+    const char *const encoding = "B@:"; // the handler uses none of the method's own arguments
     if (hasOwnMethod(type, reopen)) {
         if (!class_replaceMethod(type, reopen, handler, encoding))
             qWarning("Failed to replace method for dock click handler");

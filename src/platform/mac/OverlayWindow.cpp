@@ -26,9 +26,9 @@ constexpr unsigned long fullScreenAuxiliary = 1UL << 8;
 constexpr unsigned long inEverySpace = canJoinAllSpaces | stationary | fullScreenAuxiliary;
 
 /// What lies over another program's full-screen space is a panel that activates nothing; a plain window of a
-/// program with a dock icon is kept off it. The toolkit makes panels of tool windows, and decides when it
-/// makes the native window and each time it shows it: that one is a tool window for good, while the widget
-/// keeps its own flags.
+/// program with a dock icon is kept off it. The toolkit makes panels of tool windows only, and decides when
+/// it makes the native window and each time it shows it: so the native window is a tool window from its
+/// creation on, while the widget keeps its own flags.
 void makePanel(QWidget &widget, Qt::WindowFlags more) {
     const Qt::WindowFlags own = widget.windowFlags();
     const Qt::WindowFlags native =

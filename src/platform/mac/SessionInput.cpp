@@ -7,8 +7,8 @@
 
 namespace vexa::platform {
 
-// The system has the taps and posts itself. Without the user's consent it may hand out a tap that hears the
-// pointer and no key, so that nobody would notice before the pen is pressed.
+// Taps and posts are the system's own. Without the user's consent it may hand out a tap that reports the
+// pointer but no keys, which would go unnoticed until the pen is pressed.
 void useSessionInput(const ScreenPlace &) {
     const std::string obstacle = sessionInputObstacle();
     if (!obstacle.empty() && !isAllowed("CGRequestListenEventAccess"))

@@ -43,8 +43,8 @@ void CFRunLoopAddSource(CFRunLoopRef loop, CFRunLoopSourceRef source, CFRunLoopM
 /// Serves the calling thread's sources until it is stopped or has none left.
 void CFRunLoopRun();
 
-/// Ends the innermost CFRunLoopRun() of that loop. A loop that does not run is not affected: whoever may be
-/// early sends a message to a port instead, which keeps it until the loop runs.
+/// Ends the innermost CFRunLoopRun() of that loop. A loop that does not run is not affected: a caller that
+/// may come before it runs sends a message to a port instead, which keeps it until the loop runs.
 void CFRunLoopStop(CFRunLoopRef loop);
 
 // Message ports. Their names are known inside this process.

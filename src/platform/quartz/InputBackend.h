@@ -40,8 +40,8 @@ public:
     /// Starts listening. Null when the session does not permit it.
     virtual std::unique_ptr<InputSource> open() = 0;
 
-    /// Puts an event into the session, in the order of the calls. Never waits for long: where a session needs
-    /// some time between two events the backend keeps the later one. False when it could not be posted.
+    /// Posts an event into the session, in the order of the calls, without blocking: where a session needs
+    /// some time between two events the backend queues the later one. False when it could not be posted.
     virtual bool post(const InputEvent &event) = 0;
 };
 

@@ -49,7 +49,7 @@ LocalPort *LocalPort::create(const std::string &name, CFMessagePortCallBack call
     try {
         return place->second = new LocalPort(name, callback, info);
     } catch (const std::exception &) {
-        names().ports.erase(place); // or whoever looks for the name next finds a port that is none
+        names().ports.erase(place); // or the next look-up of the name would find a dead port
         return nullptr;
     }
 }

@@ -47,7 +47,8 @@ bool BandedFirstFrame::eventFilter(QObject *watched, QEvent *event) {
         m_state = paintWhole() ? State::Painted : State::Uncovered;
     if (m_state == State::Uncovered)
         updateWithChildren(m_widget, static_cast<QExposeEvent *>(event)->region());
-    // What changed while there were no updates is known to be due, but nobody is asked to paint it.
+    // Updates that were requested while they were disabled are recorded as dirty, but no paint event was
+    // posted for them.
     QCoreApplication::postEvent(&m_widget, new QEvent(QEvent::UpdateRequest));
     return true;
 }

@@ -20,7 +20,7 @@ constexpr std::size_t bytesPerPixel = 4;
 constexpr std::size_t bytesPerBand = std::size_t(512) << 10; // stays in a processor's cache on its way
 constexpr std::size_t bandsAtHand = 2;
 
-/// Nobody else changes the screen meanwhile.
+/// Grabs the server, so that the screen does not change between two bands.
 class ServerGrab {
 public:
     explicit ServerGrab(xcb_connection_t *connection) : m_connection(connection) {
@@ -125,7 +125,7 @@ std::optional<quint32> ScreenBands::show(quint32 window, const QSize &size, int 
 
     const quint32 context = xcb_generate_id(m_connection);
     const auto begun = xcb_create_gc(m_connection, context, window, 0, nullptr);
-    // An answer to a question that is asked behind a band tells that the server has read it.
+    // The reply to a request that follows a band means that the server has read the band.
     std::queue<xcb_get_input_focus_cookie_t> underWay;
     const auto await = [&] {
         const x11::Reply<xcb_get_input_focus_reply_t> read(

@@ -39,7 +39,7 @@ const sd_bus_vtable methods[] = {
     SD_BUS_VTABLE_END,
 };
 
-/// Somebody else may have the name for the time being: then it comes to this connection after him.
+/// Another connection may own the name now; this one is then queued for it.
 int nameAnswered(sd_bus_message * /*answer*/, void * /*none*/, sd_bus_error * /*error*/) {
     return 0;
 }
@@ -47,7 +47,7 @@ int nameAnswered(sd_bus_message * /*answer*/, void * /*none*/, sd_bus_error * /*
 } // namespace
 
 bool offerApplication(sd_bus *bus) {
-    // First the object, then the name: whoever finds the name must find the object too.
+    // First the object, then the name: a caller that finds the name must find the object too.
     return sd_bus_add_object_vtable(bus, nullptr, objectPath, interfaceName, methods, nullptr) >= 0 &&
            sd_bus_request_name_async(bus, nullptr, busName, SD_BUS_NAME_QUEUE, nameAnswered, nullptr) >= 0;
 }

@@ -13,11 +13,11 @@
 
 namespace vexa::platform {
 
-/// The program's connection to the session bus, driven by the event loop: nothing ever waits for the bus. One
-/// that is not there, goes or breaks is tried again until it answers. GUI thread.
+/// The program's connection to the session bus, driven by the event loop: no call ever blocks on the bus.
+/// When the bus is missing or goes away, connecting is retried until it answers. GUI thread.
 class BusLink : public QObject {
 public:
-    /// Says on a new connection what the program has to say there, without waiting. False when it could not.
+    /// Registers the program on a new connection, without blocking. False when it could not.
     using Introduction = std::function<bool(sd_bus *)>;
 
     /// Every connection gets all of these, in their order.
@@ -34,7 +34,7 @@ private:
     x11::SessionBus m_bus; ///< null while there is none
     std::unique_ptr<QSocketNotifier> m_readable;
     std::unique_ptr<QSocketNotifier> m_writable;
-    QTimer m_due;   ///< the bus library has something to do then
+    QTimer m_due;   ///< when the bus library wants to be called next
     QTimer m_retry; ///< runs while there is no bus
 };
 

@@ -60,8 +60,8 @@ std::uint32_t DisplayOwnership::owner() const {
 }
 
 bool DisplayOwnership::claim() {
-    // Of two that start at the same moment the second must find the first: nobody comes between look and
-    // claim.
+    // Of two instances that start at the same time the second must find the first, so no other client may
+    // act between the look and the claim: the server is grabbed.
     xcb_connection_t *const xcb = m_connection->get();
     xcb_grab_server(xcb);
     if (owner() == XCB_WINDOW_NONE)
@@ -88,7 +88,7 @@ void DisplayOwnership::announceReady() {
 
 DisplayOwnership::Answer DisplayOwnership::activateOther(milliseconds patience) {
     xcb_connection_t *const xcb = m_connection->get();
-    m_connection->dropEvents(); // what one that was asked before has left behind
+    m_connection->dropEvents(); // left over from an earlier request
     const std::uint32_t asked = owner();
     if (asked == XCB_WINDOW_NONE)
         return Answer::Gone;

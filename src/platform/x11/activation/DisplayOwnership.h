@@ -29,12 +29,12 @@ public:
     /// Asks the other instance to show its panel. Waits for its answer for this long at most.
     Answer activateOther(std::chrono::milliseconds patience);
 
-    /// Tells other instances from now on that they get an answer at once. Call when fd() is being watched.
+    /// Marks this instance as ready: others may expect an answer at once. Call when fd() is being watched.
     void announceReady();
 
     struct News {
         bool activated = false; ///< another instance has asked for the panel; it has its answer
-        bool lost = false;      ///< somebody has taken the selection away
+        bool lost = false;      ///< another client has taken the selection
     };
     /// Handles what has arrived. Call when fd() is readable.
     News read();

@@ -23,7 +23,7 @@ using Clock = std::chrono::steady_clock;
 
 constexpr std::chrono::seconds patience{2};
 
-/// From the look at the display until the event loop watches it.
+/// The claim on the display, held here from the check at the start until the event loop watches it.
 std::unique_ptr<DisplayOwnership> claimed;
 
 /// Shows the panel when another instance asks for it, and keeps the display for as long as it lives.
@@ -33,7 +33,7 @@ public:
         : m_display(std::move(display)), m_readable(m_display->fd(), QSocketNotifier::Read) {
         connect(&m_readable, &QSocketNotifier::activated, this, &DisplayWatch::read);
         m_display->announceReady();
-        read(); // what has arrived during the start lies in the connection's own queue
+        read(); // requests that arrived during the start are already in the connection's queue
     }
 
 private:
@@ -75,7 +75,7 @@ std::unique_ptr<Reach> reach;
 bool forwardActivation() {
     auto display = DisplayOwnership::open();
     if (!display)
-        return false; // without a display there is no session either, which is said elsewhere
+        return false; // no display: prepareSession() reports that
     const auto end = Clock::now() + patience;
     while (!display->claim()) {
         const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(end - Clock::now());
@@ -102,6 +102,5 @@ void setupDockClickHandler() {
     // On other systems the icon comes with the program's bundle.
     QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/appicon.png")));
     reach = std::make_unique<Reach>(std::move(claimed));
-    qAddPostRoutine(
-        [] { reach.reset(); }); // it has windows, which must go before the application object does
+    qAddPostRoutine([] { reach.reset(); }); // its windows must be destroyed before the application object
 }

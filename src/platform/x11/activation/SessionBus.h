@@ -11,12 +11,12 @@ struct CloseBus {
     void operator()(sd_bus *bus) const { sd_bus_close_unref(bus); }
 };
 
-/// A connection to the session bus that nobody waits for: everything on it happens in process(). Closed
-/// without waiting when it goes.
+/// A non-blocking connection to the session bus: all traffic is handled in process(). Closing it does not
+/// wait either.
 using SessionBus = std::unique_ptr<sd_bus, CloseBus>;
 
-/// A connection that is being made; calls on it are sent when it stands. Null where there is no session bus.
-/// Starts none.
+/// Begins to connect; calls made meanwhile are sent once the connection is up. Null where there is no session
+/// bus: none is started.
 SessionBus openSessionBus();
 
 enum class BusState {

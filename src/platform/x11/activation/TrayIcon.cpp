@@ -83,7 +83,8 @@ bool TrayIcon::nativeEventFilter(const QByteArray & /*eventType*/, void *message
     return false;
 }
 
-/// Making the icon talks to bus and display, which is for no one to do who handles a message of theirs.
+/// Making the icon calls into the bus and the display, which must not happen while one of their messages is
+/// being handled: it is queued.
 void TrayIcon::showSoon() {
     QTimer::singleShot(0, this, &TrayIcon::show);
 }

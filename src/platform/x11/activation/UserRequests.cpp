@@ -10,8 +10,8 @@
 namespace vexa::platform {
 
 void showPanelForUser() {
-    // The user's click or key was elsewhere. Window managers keep a window without a fresh time of user input
-    // in the background, as one that steals the focus.
+    // The user's click or key went to another program. Without a fresh user time, focus stealing prevention
+    // would keep this window in the background.
     if (QX11Info::isPlatformX11())
         QX11Info::setAppUserTime(QX11Info::getTimestamp());
     activateWindow();

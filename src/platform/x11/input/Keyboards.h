@@ -27,7 +27,7 @@ private:
 /// The session's keyboards, by the server's device ids, without the device through which clients fake keys.
 std::vector<std::uint8_t> realKeyboards(const Connection &connection);
 
-/// The keys that are down for the session, whoever holds them. Empty when the server cannot say.
+/// The keys that are down for the session, on any device. Empty when the server does not answer.
 KeySet keysDown(const Connection &connection);
 
 /// Which keys are held on which kind of device, also those that a faked release has lifted for the session.

@@ -10,9 +10,9 @@ namespace vexa::x11 {
 
 class Connection;
 
-/// The keys, by X key code, whose press we have faked again after a lift while the user goes on holding them
-/// on a keyboard. The server releases such a key for the session when that keyboard releases it, but our
-/// faking device goes on counting as holding it.
+/// The keys, by X key code, whose press was faked again after a lift because a keyboard still holds them.
+/// When the keyboard releases such a key the session sees the release, but the XTEST device still counts as
+/// holding it.
 using KeptKeys = std::bitset<256>;
 
 /// Fakes the release of the modifiers that are held, so that a key posted meanwhile arrives without them. To

@@ -30,7 +30,8 @@ bool PacedPosts::post(const InputEvent &event) {
     return true;
 }
 
-/// False when the system has no thread left: a key that may be dropped is better than none.
+/// False when no thread can be started. The events then leave unpaced: a key that the presentation program
+/// may drop is better than none.
 bool PacedPosts::startWaiting() {
     if (m_thread.joinable())
         return true;

@@ -14,7 +14,7 @@ namespace vexa::x11 {
 
 /// Lets posted events leave in order and at once, but a key at the earliest some time after a button was
 /// released: presentation programs drop a key that comes together with a click, or take it before the click.
-/// What is posted behind such a key waits with it, on a thread of this object; nobody who posts ever waits.
+/// What is posted after such a key waits with it, on a thread of this object; posting never blocks.
 /// Any thread.
 class PacedPosts {
 public:
@@ -29,7 +29,7 @@ public:
     explicit PacedPosts(Post post) : PacedPosts(std::move(post), Pace()) {}
     PacedPosts(Post post, Pace pace) : m_post(std::move(post)), m_pace(pace) {}
 
-    /// Nothing that waits is lost: it leaves first, in its time while there is some.
+    /// Posts what still waits before it returns: at its proper time as long as toTheEnd allows, then at once.
     ~PacedPosts();
 
     PacedPosts(const PacedPosts &) = delete;

@@ -69,8 +69,8 @@ bool RecordSource::listen() {
         return false;
     xcb_connection_t *x = m_control->get();
 
-    // The server hands out records only when it has something to send to anybody. Where no window takes the
-    // keys or the pointer, these events, which are thrown away, make us the one.
+    // The server flushes records only together with events that it delivers to some client. Where no window
+    // selects key or pointer events there are none, so this connection selects them, and discards them.
     const std::uint32_t taken =
         XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_KEY_RELEASE | XCB_EVENT_MASK_POINTER_MOTION;
     xcb_change_window_attributes(x, m_control->root(), XCB_CW_EVENT_MASK, &taken);
@@ -121,11 +121,11 @@ bool RecordSource::next(InputEvent &event) {
     return true;
 }
 
-/// Somebody may have closed our connections, or ended the recording, while the server lives on.
+/// Our connections may have been closed, or the recording ended, while the server goes on.
 void RecordSource::listenAgain() {
     if (!listen())
         throw std::runtime_error("Failed to create eventTap");
-    lookAtKeys(); // those let go meanwhile
+    lookAtKeys(); // finds keys that were released in between
 }
 
 void RecordSource::readRecords() {

@@ -45,9 +45,9 @@ private:
     const SharedPlace &m_screen;
     const FileDescriptor m_timer;          ///< of the next check of the keys
     const FileDescriptor m_poll;           ///< of the timer and the connections
-    std::unique_ptr<Connection> m_control; ///< asks
-    std::unique_ptr<Connection> m_data;    ///< is told; can do nothing else meanwhile
-    unsigned m_records = 0;                ///< the request that the records answer
+    std::unique_ptr<Connection> m_control; ///< for requests
+    std::unique_ptr<Connection> m_data;    ///< receives the records; recording blocks it for everything else
+    unsigned m_records = 0;                ///< sequence number of the request whose replies the records are
     bool m_recording = false;
     EventTranslator m_translator;
 };
