@@ -40,87 +40,77 @@ class BackgroundSyncTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init();
-    void aDiskInTimeIsBelieved_data();
-    void aDiskInTimeIsBelieved();
-    void aSlowDiskIsNotWaitedFor();
-    void theLatestFileComesToTheDisk();
-    void theEndWaitsForTheDisk();
-    void whatWasNeverUsedEndsAtOnce();
+    void init() {
+        m_files.clear();
+        for (int i = 0; i < 3; ++i) {
+            m_files.push_back(std::make_unique<QTemporaryFile>());
+            QVERIFY(m_files.back()->open());
+        }
+    }
+
+    void aDiskInTimeIsBelieved_data() {
+        QTest::addColumn<bool>("answer");
+        QTest::newRow("takes it") << true;
+        QTest::newRow("refuses it") << false;
+    }
+
+    void aDiskInTimeIsBelieved() {
+        QFETCH(bool, answer);
+        ino_t got = 0;
+        BackgroundSync sync(60s, [&](int descriptor) {
+            got = fileOf(descriptor);
+            return answer;
+        });
+        for (std::size_t i = 0; i < 3; ++i) {
+            QCOMPARE(sync(file(i)), answer);
+            QCOMPARE(got, fileOf(file(i)));
+        }
+    }
+
+    void aSlowDiskIsNotWaitedFor() {
+        SlowDisk disk;
+        BackgroundSync sync(1ms, disk.sync());
+        QVERIFY(sync(file(0))); // would never return if it waited
+        disk.letGo.set_value();
+    }
+
+    void theLatestFileComesToTheDisk() {
+        SlowDisk disk;
+        std::promise<void> reached;
+        {
+            BackgroundSync sync(1ms, [&reached, busy = false, next = disk.sync()](int descriptor) mutable {
+                if (!std::exchange(busy, true))
+                    reached.set_value();
+                return next(descriptor);
+            });
+            QVERIFY(sync(file(0)));
+            reached.get_future().wait();
+            QVERIFY(sync(file(1)));
+            QVERIFY(sync(file(2)));
+            disk.letGo.set_value();
+        }
+        QCOMPARE(disk.files, (std::vector<ino_t>{fileOf(file(0)), fileOf(file(2))}));
+    }
+
+    void theEndWaitsForTheDisk() {
+        SlowDisk disk;
+        std::future<void> release;
+        {
+            BackgroundSync sync(1ms, disk.sync());
+            QVERIFY(sync(file(0)));
+            m_files[0]->close(); // the caller's; the disk still gets it
+            release = std::async(std::launch::async, [&disk] { disk.letGo.set_value(); });
+        }
+        QCOMPARE(disk.files.size(), std::size_t(1));
+    }
+
+    void whatWasNeverUsedEndsAtOnce() { const BackgroundSync sync(1ms); }
 
 private:
     int file(std::size_t index) const { return m_files.at(index)->handle(); }
 
     std::vector<std::unique_ptr<QTemporaryFile>> m_files;
 };
-
-void BackgroundSyncTest::init() {
-    m_files.clear();
-    for (int i = 0; i < 3; ++i) {
-        m_files.push_back(std::make_unique<QTemporaryFile>());
-        QVERIFY(m_files.back()->open());
-    }
-}
-
-void BackgroundSyncTest::aDiskInTimeIsBelieved_data() {
-    QTest::addColumn<bool>("answer");
-    QTest::newRow("takes it") << true;
-    QTest::newRow("refuses it") << false;
-}
-
-void BackgroundSyncTest::aDiskInTimeIsBelieved() {
-    QFETCH(bool, answer);
-    ino_t got = 0;
-    BackgroundSync sync(60s, [&](int descriptor) {
-        got = fileOf(descriptor);
-        return answer;
-    });
-    for (std::size_t i = 0; i < 3; ++i) {
-        QCOMPARE(sync(file(i)), answer);
-        QCOMPARE(got, fileOf(file(i)));
-    }
-}
-
-void BackgroundSyncTest::aSlowDiskIsNotWaitedFor() {
-    SlowDisk disk;
-    BackgroundSync sync(1ms, disk.sync());
-    QVERIFY(sync(file(0))); // would never return if it waited
-    disk.letGo.set_value();
-}
-
-void BackgroundSyncTest::theLatestFileComesToTheDisk() {
-    SlowDisk disk;
-    std::promise<void> reached;
-    {
-        BackgroundSync sync(1ms, [&reached, busy = false, next = disk.sync()](int descriptor) mutable {
-            if (!std::exchange(busy, true))
-                reached.set_value();
-            return next(descriptor);
-        });
-        QVERIFY(sync(file(0)));
-        reached.get_future().wait();
-        QVERIFY(sync(file(1)));
-        QVERIFY(sync(file(2)));
-        disk.letGo.set_value();
-    }
-    QCOMPARE(disk.files, (std::vector<ino_t>{fileOf(file(0)), fileOf(file(2))}));
-}
-
-void BackgroundSyncTest::theEndWaitsForTheDisk() {
-    SlowDisk disk;
-    std::future<void> release;
-    {
-        BackgroundSync sync(1ms, disk.sync());
-        QVERIFY(sync(file(0)));
-        m_files[0]->close(); // the caller's; the disk still gets it
-        release = std::async(std::launch::async, [&disk] { disk.letGo.set_value(); });
-    }
-    QCOMPARE(disk.files.size(), std::size_t(1));
-}
-
-void BackgroundSyncTest::whatWasNeverUsedEndsAtOnce() {
-    const BackgroundSync sync(1ms);
-}
 
 QTEST_GUILESS_MAIN(BackgroundSyncTest)
 #include "BackgroundSyncTest.moc"

@@ -17,114 +17,99 @@ class BusTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() {
+        m_bus.emplace();
+        m_program.emplace();
+        m_program->setEnvironment(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_bus->address());
+    }
 
-    void aFrozenBusHoldsNeitherTheStartNorTheEnd();
-    void aBusThatThawsKnowsTheProgram();
-    void aBusThatComesLaterKnowsTheProgram();
-    void aBusThatWasRestartedKnowsTheProgramAgain();
-    void theActionsOfTheDesktopEntryWork();
-    void theNextInstanceInheritsTheName();
+    void cleanup() {
+        m_program.reset();
+        m_bus.reset();
+    }
+
+    void aFrozenBusHoldsNeitherTheStartNorTheEnd() {
+        QVERIFY(m_bus->start());
+        m_bus->freeze();
+        startProgram();
+        QCOMPARE(endProgram(),
+                 QByteArray("VexaOrbilo: the session bus does not answer; no tray and no screen reader "
+                            "until the next start\n"));
+    }
+
+    void aBusThatThawsKnowsTheProgram() {
+        QVERIFY(m_bus->start());
+        m_bus->freeze();
+        startProgram();
+        m_bus->thaw();
+        verifyThatActivationWorks();
+    }
+
+    void aBusThatComesLaterKnowsTheProgram() {
+        startProgram();
+        QVERIFY(m_bus->start());
+        verifyThatActivationWorks();
+        QCOMPARE(endProgram(), QByteArray());
+    }
+
+    void aBusThatWasRestartedKnowsTheProgramAgain() {
+        QVERIFY(m_bus->start());
+        startProgram();
+        QTRY_VERIFY_WITH_TIMEOUT(m_bus->knowsTheProgram(), patience);
+        m_bus->kill();
+        QVERIFY(m_bus->start());
+        verifyThatActivationWorks();
+    }
+
+    void theActionsOfTheDesktopEntryWork() {
+        QVERIFY(m_bus->start());
+        startProgram();
+        QTRY_VERIFY_WITH_TIMEOUT(m_bus->knowsTheProgram(), patience);
+        const auto run = [this](const char *action) {
+            m_bus->call(QStringLiteral("ActivateAction"),
+                        {QLatin1String(action), QVariantList(), QVariantMap()});
+        };
+        run("Settings");
+        QTRY_VERIFY_WITH_TIMEOUT(e2e::panelOf(m_program->pid()).id, patience);
+        run("Quit");
+        QCOMPARE(m_program->waitForEnd().how, QByteArray("ended with 0"));
+    }
+
+    void theNextInstanceInheritsTheName() {
+        // Two displays on one bus: each has an instance of its own, and one of them has the name.
+        QVERIFY(m_bus->start());
+        startProgram();
+        QTRY_VERIFY_WITH_TIMEOUT(m_bus->knowsTheProgram(), patience);
+        e2e::XServer server;
+        e2e::Program elsewhere;
+        elsewhere.setEnvironment(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_bus->address());
+        elsewhere.setEnvironment(QStringLiteral("DISPLAY"), server.display());
+        QVERIFY(elsewhere.start());
+        QTRY_VERIFY_WITH_TIMEOUT(server.hasWindowsOf("VexaOrbilo"), patience);
+        QVERIFY(!e2e::panelOf(m_program->pid()).id);
+        endProgram();
+        QTRY_VERIFY_WITH_TIMEOUT(m_bus->knowsTheProgram(), patience);
+        QVERIFY(elsewhere.isRunning());
+    }
 
 private:
-    void startProgram();
-    QByteArray endProgram();
-    void verifyThatActivationWorks();
+    void startProgram() { QVERIFY(e2e::startAndSettle(*m_program)); }
+
+    QByteArray endProgram() {
+        m_program->signal(SIGTERM);
+        const auto end = m_program->waitForEnd();
+        return end.how == "ended with 0" ? end.errors : end.how;
+    }
+
+    void verifyThatActivationWorks() {
+        QTRY_VERIFY_WITH_TIMEOUT(m_bus->knowsTheProgram(), patience);
+        m_bus->call(QStringLiteral("Activate"), {QVariantMap()});
+        QTRY_VERIFY_WITH_TIMEOUT(e2e::panelOf(m_program->pid()).id, patience);
+    }
 
     std::optional<e2e::Bus> m_bus;
     std::optional<e2e::Program> m_program;
 };
-
-void BusTest::init() {
-    m_bus.emplace();
-    m_program.emplace();
-    m_program->setEnvironment(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_bus->address());
-}
-
-void BusTest::cleanup() {
-    m_program.reset();
-    m_bus.reset();
-}
-
-void BusTest::startProgram() {
-    QVERIFY(e2e::startAndSettle(*m_program));
-}
-
-QByteArray BusTest::endProgram() {
-    m_program->signal(SIGTERM);
-    const auto end = m_program->waitForEnd();
-    return end.how == "ended with 0" ? end.errors : end.how;
-}
-
-void BusTest::verifyThatActivationWorks() {
-    QTRY_VERIFY_WITH_TIMEOUT(m_bus->knowsTheProgram(), patience);
-    m_bus->call(QStringLiteral("Activate"), {QVariantMap()});
-    QTRY_VERIFY_WITH_TIMEOUT(e2e::panelOf(m_program->pid()).id, patience);
-}
-
-void BusTest::aFrozenBusHoldsNeitherTheStartNorTheEnd() {
-    QVERIFY(m_bus->start());
-    m_bus->freeze();
-    startProgram();
-    QCOMPARE(endProgram(),
-             QByteArray("VexaOrbilo: the session bus does not answer; no tray and no screen reader "
-                        "until the next start\n"));
-}
-
-void BusTest::aBusThatThawsKnowsTheProgram() {
-    QVERIFY(m_bus->start());
-    m_bus->freeze();
-    startProgram();
-    m_bus->thaw();
-    verifyThatActivationWorks();
-}
-
-void BusTest::aBusThatComesLaterKnowsTheProgram() {
-    startProgram();
-    QVERIFY(m_bus->start());
-    verifyThatActivationWorks();
-    QCOMPARE(endProgram(), QByteArray());
-}
-
-void BusTest::aBusThatWasRestartedKnowsTheProgramAgain() {
-    QVERIFY(m_bus->start());
-    startProgram();
-    QTRY_VERIFY_WITH_TIMEOUT(m_bus->knowsTheProgram(), patience);
-    m_bus->kill();
-    QVERIFY(m_bus->start());
-    verifyThatActivationWorks();
-}
-
-void BusTest::theActionsOfTheDesktopEntryWork() {
-    QVERIFY(m_bus->start());
-    startProgram();
-    QTRY_VERIFY_WITH_TIMEOUT(m_bus->knowsTheProgram(), patience);
-    const auto run = [this](const char *action) {
-        m_bus->call(QStringLiteral("ActivateAction"), {QLatin1String(action), QVariantList(), QVariantMap()});
-    };
-    run("Settings");
-    QTRY_VERIFY_WITH_TIMEOUT(e2e::panelOf(m_program->pid()).id, patience);
-    run("Quit");
-    QCOMPARE(m_program->waitForEnd().how, QByteArray("ended with 0"));
-}
-
-void BusTest::theNextInstanceInheritsTheName() {
-    // Two displays on one bus: each has an instance of its own, and one of them has the name.
-    QVERIFY(m_bus->start());
-    startProgram();
-    QTRY_VERIFY_WITH_TIMEOUT(m_bus->knowsTheProgram(), patience);
-    e2e::XServer server;
-    e2e::Program elsewhere;
-    elsewhere.setEnvironment(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_bus->address());
-    elsewhere.setEnvironment(QStringLiteral("DISPLAY"), server.display());
-    QVERIFY(elsewhere.start());
-    QTRY_VERIFY_WITH_TIMEOUT(server.hasWindowsOf("VexaOrbilo"), patience);
-    QVERIFY(!e2e::panelOf(m_program->pid()).id);
-    endProgram();
-    QTRY_VERIFY_WITH_TIMEOUT(m_bus->knowsTheProgram(), patience);
-    QVERIFY(elsewhere.isRunning());
-}
 
 VEXA_WIDGET_TEST_MAIN(BusTest)
 #include "BusTest.moc"

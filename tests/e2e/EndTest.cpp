@@ -17,55 +17,53 @@ class EndTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void aSignalEndsItWhileAToolIsOpen();
-    void aSignalWhileAScreenshotIsWrittenWaitsForTheFile();
-    void aServerThatGoesTakesItAlongWithoutACrash();
+    void aSignalEndsItWhileAToolIsOpen() {
+        e2e::Program program({{"Key4P", 2}});
+        QVERIFY(e2e::startAndSettle(program));
+        const auto toolOpens = [&] {
+            return e2e::visibleWindowOfSize(program.pid(), QSize(1920, 1080)).id != 0;
+        };
+        typeChord(PenKey::G);
+        QTRY_VERIFY_WITH_TIMEOUT(toolOpens(), patience);
+        program.signal(SIGTERM);
+        QCOMPARE(program.waitForEnd().how, QByteArray("ended with 0"));
+    }
+
+    void aSignalWhileAScreenshotIsWrittenWaitsForTheFile() {
+        e2e::Program program({{"Key4C", 4}});
+        QVERIFY(e2e::startAndSettle(program));
+        // On the prompt that tells of the screenshot, below the one of the start.
+        const QPoint onThePrompt(960, 540 + 70);
+        const QRgb before = e2e::pixelAt(onThePrompt);
+        typeChord(PenKey::D);
+        QTRY_VERIFY_WITH_TIMEOUT(e2e::pixelAt(onThePrompt) != before, patience);
+        program.signal(SIGTERM);
+        QCOMPARE(program.waitForEnd().how, QByteArray("ended with 0"));
+
+        QStringList files;
+        QDirIterator found(QDir::homePath() + QStringLiteral("/Desktop"), QDir::Files | QDir::Hidden,
+                           QDirIterator::Subdirectories);
+        while (found.hasNext())
+            files += found.next();
+        QCOMPARE(files.size(), 1);
+        const QImage picture(files.constFirst());
+        QCOMPARE(picture.size(), QSize(1920, 1080));
+        QCOMPARE(picture.pixel(onThePrompt), before);
+    }
+
+    void aServerThatGoesTakesItAlongWithoutACrash() {
+        e2e::XServer server;
+        QVERIFY(!server.display().isEmpty());
+        e2e::Program program;
+        program.setEnvironment(QStringLiteral("DISPLAY"), server.display());
+        QVERIFY(program.start());
+        // The view echoes the values it is shown, which saves them: from then on the main window is there.
+        const QByteArray before = program.settingsFile();
+        QTRY_VERIFY_WITH_TIMEOUT(program.settingsFile() != before, patience);
+        server.kill();
+        QVERIFY(program.waitForEnd().how.startsWith("ended"));
+    }
 };
-
-void EndTest::aSignalEndsItWhileAToolIsOpen() {
-    e2e::Program program({{"Key4P", 2}});
-    QVERIFY(e2e::startAndSettle(program));
-    const auto toolOpens = [&] { return e2e::visibleWindowOfSize(program.pid(), QSize(1920, 1080)).id != 0; };
-    typeChord(PenKey::G);
-    QTRY_VERIFY_WITH_TIMEOUT(toolOpens(), patience);
-    program.signal(SIGTERM);
-    QCOMPARE(program.waitForEnd().how, QByteArray("ended with 0"));
-}
-
-void EndTest::aSignalWhileAScreenshotIsWrittenWaitsForTheFile() {
-    e2e::Program program({{"Key4C", 4}});
-    QVERIFY(e2e::startAndSettle(program));
-    // On the prompt that tells of the screenshot, below the one of the start.
-    const QPoint onThePrompt(960, 540 + 70);
-    const QRgb before = e2e::pixelAt(onThePrompt);
-    typeChord(PenKey::D);
-    QTRY_VERIFY_WITH_TIMEOUT(e2e::pixelAt(onThePrompt) != before, patience);
-    program.signal(SIGTERM);
-    QCOMPARE(program.waitForEnd().how, QByteArray("ended with 0"));
-
-    QStringList files;
-    QDirIterator found(QDir::homePath() + QStringLiteral("/Desktop"), QDir::Files | QDir::Hidden,
-                       QDirIterator::Subdirectories);
-    while (found.hasNext())
-        files += found.next();
-    QCOMPARE(files.size(), 1);
-    const QImage picture(files.constFirst());
-    QCOMPARE(picture.size(), QSize(1920, 1080));
-    QCOMPARE(picture.pixel(onThePrompt), before);
-}
-
-void EndTest::aServerThatGoesTakesItAlongWithoutACrash() {
-    e2e::XServer server;
-    QVERIFY(!server.display().isEmpty());
-    e2e::Program program;
-    program.setEnvironment(QStringLiteral("DISPLAY"), server.display());
-    QVERIFY(program.start());
-    // The view echoes the values it is shown, which saves them: from then on the main window is there.
-    const QByteArray before = program.settingsFile();
-    QTRY_VERIFY_WITH_TIMEOUT(program.settingsFile() != before, patience);
-    server.kill();
-    QVERIFY(program.waitForEnd().how.startsWith("ended"));
-}
 
 VEXA_WIDGET_TEST_MAIN(EndTest)
 #include "EndTest.moc"

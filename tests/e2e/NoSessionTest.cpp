@@ -10,75 +10,69 @@ class NoSessionTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void withoutADisplay_data();
-    void withoutADisplay();
-    void withoutAnExtensionOfTheServer_data();
-    void withoutAnExtensionOfTheServer();
-    void theListenersFailureEndsTheStart();
+    void withoutADisplay_data() {
+        QTest::addColumn<QString>("display");
+        QTest::newRow("not set") << QString();
+        QTest::newRow("set to nothing") << QStringLiteral("");
+        QTest::newRow("no server there") << QStringLiteral(":98765");
+        QTest::newRow("no display at all") << QStringLiteral("nonsense");
+    }
+
+    void withoutADisplay() {
+        QFETCH(QString, display);
+        e2e::Program program;
+        if (display.isNull())
+            program.unsetEnvironment(QStringLiteral("DISPLAY"));
+        else
+            program.setEnvironment(QStringLiteral("DISPLAY"), display);
+        verifyRefusal(program, "VexaOrbilo: cannot reach the X server of this session (DISPLAY)\n");
+    }
+
+    void withoutAnExtensionOfTheServer_data() {
+        QTest::addColumn<QString>("extension");
+        QTest::newRow("RECORD") << QStringLiteral("RECORD");
+        // This server keeps the two together: without XTEST it has no RECORD either.
+        QTest::newRow("XTEST") << QStringLiteral("XTEST");
+    }
+
+    void withoutAnExtensionOfTheServer() {
+        QFETCH(QString, extension);
+        const e2e::XServer server({QStringLiteral("-extension"), extension});
+        QVERIFY(!server.display().isEmpty());
+        e2e::Program program;
+        program.setEnvironment(QStringLiteral("DISPLAY"), server.display());
+        verifyRefusal(program,
+                      "VexaOrbilo: the X server has no RECORD extension, so the pen cannot be heard\n");
+    }
+
+    void theListenersFailureEndsTheStart() {
+        // One connection keeps the display, one serves the look at the session and after that the windows;
+        // the listener finds none left.
+        e2e::XServer server;
+        QVERIFY(!server.display().isEmpty());
+        server.leaveConnections(2);
+        e2e::Program program;
+        program.setEnvironment(QStringLiteral("DISPLAY"), server.display());
+        const QByteArray settings = program.settingsFile();
+        const auto end = program.runToTheEnd();
+        QCOMPARE(end.how, QByteArray("ended with 1"));
+        // The X library has its own word for each connection that it was refused; ours is one line and the
+        // last.
+        const QByteArray line = "VexaOrbilo: cannot listen to the keyboard and the pointer of this session\n";
+        QVERIFY2(end.errors.endsWith(line), end.errors.constData());
+        QCOMPARE(end.errors.count("VexaOrbilo"), 1);
+        QCOMPARE(program.settingsFile(), settings); // which a main window would have saved
+    }
 
 private:
-    static void verifyRefusal(const e2e::Program &program, const QByteArray &line);
+    static void verifyRefusal(const e2e::Program &program, const QByteArray &line) {
+        const QStringList before = QDir(program.folder()).entryList(QDir::Files | QDir::Hidden);
+        const auto end = program.runToTheEnd();
+        QCOMPARE(end.how, QByteArray("ended with 1"));
+        QCOMPARE(end.errors, line);
+        QCOMPARE(QDir(program.folder()).entryList(QDir::Files | QDir::Hidden), before);
+    }
 };
-
-void NoSessionTest::verifyRefusal(const e2e::Program &program, const QByteArray &line) {
-    const QStringList before = QDir(program.folder()).entryList(QDir::Files | QDir::Hidden);
-    const auto end = program.runToTheEnd();
-    QCOMPARE(end.how, QByteArray("ended with 1"));
-    QCOMPARE(end.errors, line);
-    QCOMPARE(QDir(program.folder()).entryList(QDir::Files | QDir::Hidden), before);
-}
-
-void NoSessionTest::withoutADisplay_data() {
-    QTest::addColumn<QString>("display");
-    QTest::newRow("not set") << QString();
-    QTest::newRow("set to nothing") << QStringLiteral("");
-    QTest::newRow("no server there") << QStringLiteral(":98765");
-    QTest::newRow("no display at all") << QStringLiteral("nonsense");
-}
-
-void NoSessionTest::withoutADisplay() {
-    QFETCH(QString, display);
-    e2e::Program program;
-    if (display.isNull())
-        program.unsetEnvironment(QStringLiteral("DISPLAY"));
-    else
-        program.setEnvironment(QStringLiteral("DISPLAY"), display);
-    verifyRefusal(program, "VexaOrbilo: cannot reach the X server of this session (DISPLAY)\n");
-}
-
-void NoSessionTest::withoutAnExtensionOfTheServer_data() {
-    QTest::addColumn<QString>("extension");
-    QTest::newRow("RECORD") << QStringLiteral("RECORD");
-    // This server keeps the two together: without XTEST it has no RECORD either.
-    QTest::newRow("XTEST") << QStringLiteral("XTEST");
-}
-
-void NoSessionTest::withoutAnExtensionOfTheServer() {
-    QFETCH(QString, extension);
-    const e2e::XServer server({QStringLiteral("-extension"), extension});
-    QVERIFY(!server.display().isEmpty());
-    e2e::Program program;
-    program.setEnvironment(QStringLiteral("DISPLAY"), server.display());
-    verifyRefusal(program, "VexaOrbilo: the X server has no RECORD extension, so the pen cannot be heard\n");
-}
-
-void NoSessionTest::theListenersFailureEndsTheStart() {
-    // One connection keeps the display, one serves the look at the session and after that the windows; the
-    // listener finds none left.
-    e2e::XServer server;
-    QVERIFY(!server.display().isEmpty());
-    server.leaveConnections(2);
-    e2e::Program program;
-    program.setEnvironment(QStringLiteral("DISPLAY"), server.display());
-    const QByteArray settings = program.settingsFile();
-    const auto end = program.runToTheEnd();
-    QCOMPARE(end.how, QByteArray("ended with 1"));
-    // The X library has its own word for each connection that it was refused; ours is one line and the last.
-    const QByteArray line = "VexaOrbilo: cannot listen to the keyboard and the pointer of this session\n";
-    QVERIFY2(end.errors.endsWith(line), end.errors.constData());
-    QCOMPARE(end.errors.count("VexaOrbilo"), 1);
-    QCOMPARE(program.settingsFile(), settings); // which a main window would have saved
-}
 
 QTEST_GUILESS_MAIN(NoSessionTest)
 #include "NoSessionTest.moc"

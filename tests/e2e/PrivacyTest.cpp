@@ -97,54 +97,51 @@ class PrivacyTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void whatIsTypedLeavesNoTrace();
-    void itHasNoConnectionToAnyNetwork();
+    void whatIsTypedLeavesNoTrace() {
+        e2e::Program program(choices());
+        const QByteArray written = program.settingsFile();
+        QVERIFY(e2e::startAndSettle(program));
+        // The panel echoes the choices it is shown. The first echo brings the file into the program's own
+        // form, in which no later one finds anything to change.
+        QTRY_VERIFY_WITH_TIMEOUT(program.settingsFile() != written, patience);
+        const auto before = filesBelow(program.folder());
+        QVERIFY(!before.isEmpty());
+        const auto homeBefore = filesBelow(QDir::homePath());
+
+        for (const int key : secret)
+            typeKey(key);
+        // Keys are heard in their order: when the pen's has been, so have those before it.
+        typeChord(PenKey::G);
+        const auto toolIsOpen = [&] { return hasOpenTool(program); };
+        QTRY_VERIFY_WITH_TIMEOUT(toolIsOpen(), patience);
+        typeChord(PenKey::S);
+        QTRY_VERIFY_WITH_TIMEOUT(!toolIsOpen(), patience);
+
+        QCOMPARE(filesBelow(program.folder()), before);
+        QCOMPARE(filesBelow(QDir::homePath()), homeBefore);
+        program.signal(SIGTERM);
+        const auto end = program.waitForEnd();
+        QCOMPARE(end.errors, QByteArray());
+        QCOMPARE(end.output, QByteArray());
+        QCOMPARE(filesBelow(program.folder()), before);
+        QCOMPARE(filesBelow(QDir::homePath()), homeBefore);
+    }
+
+    void itHasNoConnectionToAnyNetwork() {
+        e2e::Program program;
+        QVERIFY(e2e::startAndSettle(program));
+        typeChord(PenKey::G);
+        const auto toolIsOpen = [&] { return hasOpenTool(program); };
+        QTRY_VERIFY_WITH_TIMEOUT(toolIsOpen(), patience);
+
+        // All it has are those of this machine: to the X server and to the session bus.
+        const QSet<QByteArray> sockets = socketsOf(program.pid());
+        QVERIFY(!sockets.isEmpty());
+        const QSet<QByteArray> local = localSockets();
+        for (const QByteArray &socket : sockets)
+            QVERIFY2(local.contains(socket), socket.constData());
+    }
 };
-
-void PrivacyTest::whatIsTypedLeavesNoTrace() {
-    e2e::Program program(choices());
-    const QByteArray written = program.settingsFile();
-    QVERIFY(e2e::startAndSettle(program));
-    // The panel echoes the choices it is shown. The first echo brings the file into the program's own form,
-    // in which no later one finds anything to change.
-    QTRY_VERIFY_WITH_TIMEOUT(program.settingsFile() != written, patience);
-    const auto before = filesBelow(program.folder());
-    QVERIFY(!before.isEmpty());
-    const auto homeBefore = filesBelow(QDir::homePath());
-
-    for (const int key : secret)
-        typeKey(key);
-    // Keys are heard in their order: when the pen's has been, so have those before it.
-    typeChord(PenKey::G);
-    const auto toolIsOpen = [&] { return hasOpenTool(program); };
-    QTRY_VERIFY_WITH_TIMEOUT(toolIsOpen(), patience);
-    typeChord(PenKey::S);
-    QTRY_VERIFY_WITH_TIMEOUT(!toolIsOpen(), patience);
-
-    QCOMPARE(filesBelow(program.folder()), before);
-    QCOMPARE(filesBelow(QDir::homePath()), homeBefore);
-    program.signal(SIGTERM);
-    const auto end = program.waitForEnd();
-    QCOMPARE(end.errors, QByteArray());
-    QCOMPARE(end.output, QByteArray());
-    QCOMPARE(filesBelow(program.folder()), before);
-    QCOMPARE(filesBelow(QDir::homePath()), homeBefore);
-}
-
-void PrivacyTest::itHasNoConnectionToAnyNetwork() {
-    e2e::Program program;
-    QVERIFY(e2e::startAndSettle(program));
-    typeChord(PenKey::G);
-    const auto toolIsOpen = [&] { return hasOpenTool(program); };
-    QTRY_VERIFY_WITH_TIMEOUT(toolIsOpen(), patience);
-
-    // All it has are those of this machine: to the X server and to the session bus.
-    const QSet<QByteArray> sockets = socketsOf(program.pid());
-    QVERIFY(!sockets.isEmpty());
-    const QSet<QByteArray> local = localSockets();
-    for (const QByteArray &socket : sockets)
-        QVERIFY2(local.contains(socket), socket.constData());
-}
 
 VEXA_WIDGET_TEST_MAIN(PrivacyTest)
 #include "PrivacyTest.moc"

@@ -47,32 +47,32 @@ class SlideShowTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void closingAToolKeepsTheSlide();
-};
+    void closingAToolKeepsTheSlide() {
+        Show show;
+        QCOMPARE(show.takeSlides(1), QVector<int>{1});
+        e2e::Program program({{"Key4C", 1}, {"Key4P", 2}});
+        QVERIFY(e2e::startAndSettle(program));
+        moveMouse({700, 400});
 
-void SlideShowTest::closingAToolKeepsTheSlide() {
-    Show show;
-    QCOMPARE(show.takeSlides(1), QVector<int>{1});
-    e2e::Program program({{"Key4C", 1}, {"Key4P", 2}});
-    QVERIFY(e2e::startAndSettle(program));
-    moveMouse({700, 400});
+        typeChord(PenKey::D);
+        QCOMPARE(show.takeSlides(1), QVector<int>{1}); // the show starts
+        typeKey(space);
+        QCOMPARE(show.takeSlides(1), QVector<int>{2});
 
-    typeChord(PenKey::D);
-    QCOMPARE(show.takeSlides(1), QVector<int>{1}); // the show starts
-    typeKey(space);
-    QCOMPARE(show.takeSlides(1), QVector<int>{2});
-
-    const auto tool = [&program] { return e2e::visibleWindowOfSize(program.pid(), QSize(1920, 1080)).id; };
-    for (int round = 0; round < 3; ++round) {
-        typeChord(PenKey::G);
-        QTRY_VERIFY_WITH_TIMEOUT(tool(), patience);
-        typeChord(PenKey::S);
-        QTRY_VERIFY_WITH_TIMEOUT(!tool(), patience);
-        // The click that gives the show its focus back turns a page, and page up turns it back.
-        QCOMPARE(show.takeSlides(2), (QVector<int>{3, 2}));
-        QCOMPARE(mousePosition(), QPoint(700, 400));
+        const auto tool = [&program] {
+            return e2e::visibleWindowOfSize(program.pid(), QSize(1920, 1080)).id;
+        };
+        for (int round = 0; round < 3; ++round) {
+            typeChord(PenKey::G);
+            QTRY_VERIFY_WITH_TIMEOUT(tool(), patience);
+            typeChord(PenKey::S);
+            QTRY_VERIFY_WITH_TIMEOUT(!tool(), patience);
+            // The click that gives the show its focus back turns a page, and page up turns it back.
+            QCOMPARE(show.takeSlides(2), (QVector<int>{3, 2}));
+            QCOMPARE(mousePosition(), QPoint(700, 400));
+        }
     }
-}
+};
 
 VEXA_WIDGET_TEST_MAIN(SlideShowTest)
 #include "SlideShowTest.moc"

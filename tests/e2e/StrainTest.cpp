@@ -31,100 +31,90 @@ class StrainTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() {
+        m_program =
+            std::make_unique<e2e::Program>(e2e::Program::Settings{{QStringLiteral("ShowPrivacyWindow"), 0},
+                                                                  {QStringLiteral("Key3P"), 3},
+                                                                  {QStringLiteral("Key4P"), 2},
+                                                                  {QStringLiteral("LaserPenSize"), 20},
+                                                                  {QStringLiteral("LaserPenColor"), 600}});
+        QVERIFY(m_program->start());
+        QTRY_VERIFY_WITH_TIMEOUT(e2e::hasWithdrawn(m_program->pid()), patience);
+        moveMouse(place);
+        QVERIFY(e2e::pixelAt(place) != dotColour);
+    }
 
-    void aChordTypedWhileAnotherClientKeepsTheServerIsAnswered();
-    void aServerThatWasStoppedFindsTheProgramAlive();
-    void aChordAfterAFloodOfMovesIsAnswered();
-    void manyOpeningsLeaveDescriptorsThreadsAndWindowsAsTheyWere();
+    void cleanup() {
+        QVERIFY(m_program->isRunning());
+        m_program.reset();
+    }
+
+    void aChordTypedWhileAnotherClientKeepsTheServerIsAnswered() {
+        e2e::grabServerWhileTyping(int(PenKey::G), 2000);
+        QTRY_COMPARE_WITH_TIMEOUT(e2e::pixelAt(place), dotColour, patience);
+        QVERIFY(closeTools());
+    }
+
+    void aServerThatWasStoppedFindsTheProgramAlive() {
+        QVERIFY(openLaser());
+        const int server = e2e::serverPid();
+        QVERIFY(server > 0);
+        kill(server, SIGSTOP);
+        QThread::sleep(5);
+        kill(server, SIGCONT);
+        QVERIFY(closeTools());
+        QVERIFY(openLaser());
+        QVERIFY(closeTools());
+    }
+
+    void aChordAfterAFloodOfMovesIsAnswered() {
+        const int moves = e2e::floodWithMoves(50000, 3000);
+        QElapsedTimer timer;
+        timer.start();
+        QVERIFY(openLaser());
+        qInfo("%d moves in three seconds, the chord after them answered within %lld ms", moves,
+              timer.elapsed());
+        QVERIFY(closeTools());
+    }
+
+    void manyOpeningsLeaveDescriptorsThreadsAndWindowsAsTheyWere() {
+        const qint64 pid = m_program->pid();
+        const auto openAndClose = [this, pid] {
+            QVERIFY(openLaser());
+            QVERIFY(closeTools());
+            for (const PenKey key : {PenKey::I, PenKey::J}) {
+                for (const bool shown : {true, false}) {
+                    typeChord(PenKey::M);
+                    typeChord(key);
+                    QTRY_COMPARE_WITH_TIMEOUT(e2e::visibleWindowOfSize(pid, {1920, 1080}).id != 0, shown,
+                                              patience);
+                }
+            }
+        };
+        openAndClose();
+        const int windows = int(e2e::windowsOf(pid).size());
+        const int descriptors = entriesOf(pid, "fd");
+        const int threads = entriesOf(pid, "task");
+        for (int round = 0; round < 10; ++round)
+            openAndClose();
+        QTRY_COMPARE_WITH_TIMEOUT(int(e2e::windowsOf(pid).size()), windows, patience);
+        QTRY_VERIFY_WITH_TIMEOUT(entriesOf(pid, "fd") <= descriptors, patience);
+        QTRY_VERIFY_WITH_TIMEOUT(entriesOf(pid, "task") <= threads, patience);
+    }
 
 private:
-    bool openLaser();
-    bool closeTools();
+    bool openLaser() {
+        typeChord(PenKey::G);
+        return QTest::qWaitFor([] { return e2e::pixelAt(mousePosition()) == dotColour; }, patience);
+    }
+
+    bool closeTools() {
+        typeChord(PenKey::S);
+        return QTest::qWaitFor([] { return e2e::pixelAt(mousePosition()) != dotColour; }, patience);
+    }
 
     std::unique_ptr<e2e::Program> m_program;
 };
-
-void StrainTest::init() {
-    m_program =
-        std::make_unique<e2e::Program>(e2e::Program::Settings{{QStringLiteral("ShowPrivacyWindow"), 0},
-                                                              {QStringLiteral("Key3P"), 3},
-                                                              {QStringLiteral("Key4P"), 2},
-                                                              {QStringLiteral("LaserPenSize"), 20},
-                                                              {QStringLiteral("LaserPenColor"), 600}});
-    QVERIFY(m_program->start());
-    QTRY_VERIFY_WITH_TIMEOUT(e2e::hasWithdrawn(m_program->pid()), patience);
-    moveMouse(place);
-    QVERIFY(e2e::pixelAt(place) != dotColour);
-}
-
-void StrainTest::cleanup() {
-    QVERIFY(m_program->isRunning());
-    m_program.reset();
-}
-
-bool StrainTest::openLaser() {
-    typeChord(PenKey::G);
-    return QTest::qWaitFor([] { return e2e::pixelAt(mousePosition()) == dotColour; }, patience);
-}
-
-bool StrainTest::closeTools() {
-    typeChord(PenKey::S);
-    return QTest::qWaitFor([] { return e2e::pixelAt(mousePosition()) != dotColour; }, patience);
-}
-
-void StrainTest::aChordTypedWhileAnotherClientKeepsTheServerIsAnswered() {
-    e2e::grabServerWhileTyping(int(PenKey::G), 2000);
-    QTRY_COMPARE_WITH_TIMEOUT(e2e::pixelAt(place), dotColour, patience);
-    QVERIFY(closeTools());
-}
-
-void StrainTest::aServerThatWasStoppedFindsTheProgramAlive() {
-    QVERIFY(openLaser());
-    const int server = e2e::serverPid();
-    QVERIFY(server > 0);
-    kill(server, SIGSTOP);
-    QThread::sleep(5);
-    kill(server, SIGCONT);
-    QVERIFY(closeTools());
-    QVERIFY(openLaser());
-    QVERIFY(closeTools());
-}
-
-void StrainTest::aChordAfterAFloodOfMovesIsAnswered() {
-    const int moves = e2e::floodWithMoves(50000, 3000);
-    QElapsedTimer timer;
-    timer.start();
-    QVERIFY(openLaser());
-    qInfo("%d moves in three seconds, the chord after them answered within %lld ms", moves, timer.elapsed());
-    QVERIFY(closeTools());
-}
-
-void StrainTest::manyOpeningsLeaveDescriptorsThreadsAndWindowsAsTheyWere() {
-    const qint64 pid = m_program->pid();
-    const auto openAndClose = [this, pid] {
-        QVERIFY(openLaser());
-        QVERIFY(closeTools());
-        for (const PenKey key : {PenKey::I, PenKey::J}) {
-            for (const bool shown : {true, false}) {
-                typeChord(PenKey::M);
-                typeChord(key);
-                QTRY_COMPARE_WITH_TIMEOUT(e2e::visibleWindowOfSize(pid, {1920, 1080}).id != 0, shown,
-                                          patience);
-            }
-        }
-    };
-    openAndClose();
-    const int windows = int(e2e::windowsOf(pid).size());
-    const int descriptors = entriesOf(pid, "fd");
-    const int threads = entriesOf(pid, "task");
-    for (int round = 0; round < 10; ++round)
-        openAndClose();
-    QTRY_COMPARE_WITH_TIMEOUT(int(e2e::windowsOf(pid).size()), windows, patience);
-    QTRY_VERIFY_WITH_TIMEOUT(entriesOf(pid, "fd") <= descriptors, patience);
-    QTRY_VERIFY_WITH_TIMEOUT(entriesOf(pid, "task") <= threads, patience);
-}
 
 VEXA_WIDGET_TEST_MAIN(StrainTest)
 #include "StrainTest.moc"

@@ -6,8 +6,8 @@
 #include <cstdio>
 #include <cstdlib>
 
-/// Saves a settings file beside itself again and again, each time with one number in all its values. With an
-/// argument it does so that many times, else until it is killed.
+/// Saves a settings file beside itself again and again, each time with one number in three of its values, and
+/// says so with a dot. With an argument it does so that many times, else until it is killed.
 int main(int argc, char *argv[]) {
     const QCoreApplication application(argc, argv);
     const int rounds = argc > 1 ? std::atoi(argv[1]) : -1;
@@ -17,10 +17,8 @@ int main(int argc, char *argv[]) {
         ZrToolXmlClass::SportLightSize = mark;
         ZrToolXmlClass::ShowPrivacyWindow = mark;
         ZrToolXmlClass::ZrXmlWrite();
-        if (i == 0) {
-            std::puts("saving");
-            std::fflush(stdout);
-        }
+        std::putchar('.');
+        std::fflush(stdout);
     }
     return 0;
 }

@@ -33,25 +33,25 @@ class SettingsSlowDiskTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void savesAreThereAtOnceAndInOrder();
+    void savesAreThereAtOnceAndInOrder() {
+        userfile::clear();
+        for (int size = 20; size < 60; ++size) { // as a slider's drag does
+            Store::LaserPenSize = size;
+            Store::ZrXmlWrite();
+            QVERIFY(
+                userfile::read().contains("<LaserPenSize>" + QByteArray::number(size) + "</LaserPenSize>"));
+            Store::LaserPenSize = 0;
+            Store::ZrXmlRead();
+            QCOMPARE(Store::LaserPenSize, size);
+        }
+        QCOMPARE(waitsOfTheGuiThread.load(), 0);
+        letGo.set_value();
+        const QDir folder(QCoreApplication::applicationDirPath());
+        QCOMPARE(folder.entryList({QStringLiteral("VexaPen*")}, QDir::Files | QDir::Hidden).size(), 1);
+    }
+
     void cleanupTestCase() { userfile::clear(); }
 };
-
-void SettingsSlowDiskTest::savesAreThereAtOnceAndInOrder() {
-    userfile::clear();
-    for (int size = 20; size < 60; ++size) { // as a slider's drag does
-        Store::LaserPenSize = size;
-        Store::ZrXmlWrite();
-        QVERIFY(userfile::read().contains("<LaserPenSize>" + QByteArray::number(size) + "</LaserPenSize>"));
-        Store::LaserPenSize = 0;
-        Store::ZrXmlRead();
-        QCOMPARE(Store::LaserPenSize, size);
-    }
-    QCOMPARE(waitsOfTheGuiThread.load(), 0);
-    letGo.set_value();
-    const QDir folder(QCoreApplication::applicationDirPath());
-    QCOMPARE(folder.entryList({QStringLiteral("VexaPen*")}, QDir::Files | QDir::Hidden).size(), 1);
-}
 
 QTEST_GUILESS_MAIN(SettingsSlowDiskTest)
 #include "SettingsSlowDiskTest.moc"

@@ -1,78 +1,37 @@
 // SPDX-License-Identifier: MIT
 #include "settings/SettingsTable.h"
 
-#include "settings/ZrToolXmlClass.h"
+#include "support/StoredSettings.h"
 
 #include <QtTest>
 
-using Store = ZrToolXmlClass;
+using namespace vexa::test;
 
 class SettingsTableTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void everyMessageCarriesItsSetting_data();
-    void everyMessageCarriesItsSetting();
-    void otherMessagesCarryNone();
-    void theGuideHasNoMessage();
-    void elementNamesAreCaseSensitive();
+    void everySettingHasItsElementMessageAndMember() {
+        QCOMPARE(vexa::settingsTable.size(), std::size(storedSettings));
+        for (std::size_t i = 0; i < std::size(storedSettings); ++i) {
+            const StoredSetting &expected = storedSettings[i];
+            const vexa::Setting &setting = vexa::settingsTable[i];
+            QCOMPARE(setting.element, expected.element);
+            QVERIFY2(setting.value == expected.value, expected.element);
+            QCOMPARE(setting.message ? int(*setting.message) : 0, expected.message);
+            QCOMPARE(vexa::settingOfElement(QString::fromLatin1(expected.element)), &setting);
+            if (expected.message != 0)
+                QCOMPARE(vexa::settingOfMessage(vexa::ViewMessage(expected.message)), &setting);
+        }
+    }
+
+    void otherMessagesAndElementsCarryNone() {
+        for (const int message : {-1, 0, 1, 18, 1000})
+            QVERIFY(!vexa::settingOfMessage(vexa::ViewMessage(message)));
+        for (const QString &element : {QStringLiteral("key2p"), QString()})
+            QVERIFY(!vexa::settingOfElement(element));
+    }
 };
-
-void SettingsTableTest::everyMessageCarriesItsSetting_data() {
-    QTest::addColumn<int>("message");
-    QTest::addColumn<QString>("element");
-    QTest::addColumn<void *>("member");
-
-    const auto row = [](int message, const char *name, std::int32_t *member) {
-        QTest::newRow(name) << message << QString::fromLatin1(name) << static_cast<void *>(member);
-    };
-    row(2, "SportLightTran", &Store::SportLightTran);
-    row(3, "SportLightSize", &Store::SportLightSize);
-    row(4, "MagnifierColor", &Store::MagnifierColor);
-    row(5, "MagnifierSize", &Store::MagnifierSize);
-    row(6, "LaserPenColor", &Store::LaserPenColor);
-    row(7, "LaserPenSize", &Store::LaserPenSize);
-    row(8, "PenColor0", &Store::PenColor0);
-    row(9, "PenColor1", &Store::PenColor1);
-    row(10, "PenColor2", &Store::PenColor2);
-    row(11, "PenThickness", &Store::PenThickness);
-    row(12, "Key2P", &Store::Key2P);
-    row(13, "Key3P", &Store::Key3P);
-    row(14, "Key4C", &Store::Key4C);
-    row(15, "Key4P", &Store::Key4P);
-    row(16, "Language", &Store::Language);
-    row(17, "AutoStart", &Store::AutoStart);
-}
-
-void SettingsTableTest::everyMessageCarriesItsSetting() {
-    QFETCH(int, message);
-    QFETCH(QString, element);
-    QFETCH(void *, member);
-
-    const vexa::Setting *const setting = vexa::settingOfMessage(vexa::ViewMessage(message));
-    QVERIFY(setting);
-    QCOMPARE(QString::fromLatin1(setting->element), element);
-    QCOMPARE(static_cast<void *>(setting->value), member);
-    QCOMPARE(vexa::settingOfElement(element), setting);
-}
-
-void SettingsTableTest::otherMessagesCarryNone() {
-    for (const int message : {-1, 0, 1, 18, 1000})
-        QVERIFY(!vexa::settingOfMessage(vexa::ViewMessage(message)));
-}
-
-void SettingsTableTest::theGuideHasNoMessage() {
-    const vexa::Setting *const setting = vexa::settingOfElement(QStringLiteral("ShowPrivacyWindow"));
-    QVERIFY(setting);
-    QVERIFY(!setting->message);
-    QCOMPARE(setting->value, &Store::ShowPrivacyWindow);
-}
-
-void SettingsTableTest::elementNamesAreCaseSensitive() {
-    QVERIFY(vexa::settingOfElement(QStringLiteral("Key2P")));
-    QVERIFY(!vexa::settingOfElement(QStringLiteral("key2p")));
-    QVERIFY(!vexa::settingOfElement(QString()));
-}
 
 QTEST_APPLESS_MAIN(SettingsTableTest)
 #include "SettingsTableTest.moc"

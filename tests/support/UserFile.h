@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "settings/ZrToolXmlClass.h"
+#include "support/StoredSettings.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -43,24 +43,15 @@ inline void clear() {
 
 /// Gives every setting the value it has when the process starts.
 inline void forgetSettings() {
-    ZrToolXmlClass::Key2P = 1;
-    ZrToolXmlClass::Key3P = 3;
-    ZrToolXmlClass::Key4C = 4;
-    ZrToolXmlClass::Key4P = 2;
-    ZrToolXmlClass::PenColor0 = 0;
-    ZrToolXmlClass::PenColor1 = 1;
-    ZrToolXmlClass::PenColor2 = 2;
-    ZrToolXmlClass::PenThickness = 0;
-    ZrToolXmlClass::LaserPenSize = 200;
-    ZrToolXmlClass::LaserPenColor = 0;
-    ZrToolXmlClass::MagnifierSize = 200;
-    ZrToolXmlClass::MagnifierColor = 0;
-    ZrToolXmlClass::SportLightSize = 200;
-    ZrToolXmlClass::SportLightTran = 175;
-    ZrToolXmlClass::AutoStart = 0;
-    ZrToolXmlClass::Language = 2;
-    ZrToolXmlClass::ShowPrivacyWindow = 1;
+    for (const StoredSetting &setting : storedSettings)
+        *setting.value = setting.atStart;
     ZrToolXmlClass::ifirstRun = false;
+}
+
+/// As before the first start: no file, and nothing read.
+inline void startAfresh() {
+    clear();
+    forgetSettings();
 }
 
 } // namespace vexa::test::userfile

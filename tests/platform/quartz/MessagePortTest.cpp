@@ -4,6 +4,7 @@
 
 #include <QtTest>
 
+#include <memory>
 #include <sys/resource.h>
 #include <thread>
 #include <vector>
@@ -25,29 +26,48 @@ CFDataRef answer(CFMessagePortRef port, SInt32 id, CFDataRef, void *info) {
     return nullptr;
 }
 
-CFMessagePortRef createLocal(const char *name, Asked *asked = nullptr) {
+/// Invalidates a port and gives it back.
+struct Drop {
+    void operator()(CFMessagePortRef port) const {
+        CFMessagePortInvalidate(port);
+        CFRelease(port);
+    }
+};
+using Port = std::unique_ptr<std::remove_pointer_t<CFMessagePortRef>, Drop>;
+
+Port createLocal(const char *name, Asked *asked = nullptr) {
     CFMessagePortContext context{0, asked, nullptr, nullptr, nullptr};
-    return CFMessagePortCreateLocal(kCFAllocatorDefault, CFSTR(name), answer, &context, nullptr);
+    return Port(CFMessagePortCreateLocal(kCFAllocatorDefault, CFSTR(name), answer, &context, nullptr));
 }
 
-CFMessagePortRef createRemote(const char *name) {
-    return CFMessagePortCreateRemote(kCFAllocatorDefault, CFSTR(name));
+Port createRemote(const char *name) {
+    return Port(CFMessagePortCreateRemote(kCFAllocatorDefault, CFSTR(name)));
 }
 
-SInt32 ask(CFMessagePortRef remote, SInt32 id, CFStringRef replyMode = nullptr) {
-    return CFMessagePortSendRequest(remote, id, nullptr, 60, 0, replyMode, nullptr);
+/// A port, what it was asked, and who asks.
+struct Line {
+    Asked asked;
+    Port local = createLocal("line", &asked);
+    Port remote = createRemote("line");
+
+    SInt32 ask(SInt32 id, CFStringRef replyMode = nullptr) const {
+        return CFMessagePortSendRequest(remote.get(), id, nullptr, 60, 0, replyMode, nullptr);
+    }
+};
+
+CFRunLoopSourceRef sourceOf(const Port &port) {
+    return CFMessagePortCreateRunLoopSource(kCFAllocatorDefault, port.get(), 0);
 }
 
-void drop(CFMessagePortRef port) {
-    CFMessagePortInvalidate(port);
-    CFRelease(port);
+void addToLoop(const Port &port) {
+    CFRunLoopSourceRef source = sourceOf(port);
+    CFRunLoopAddSource(CFRunLoopGetCurrent(), source, kCFRunLoopCommonModes);
+    CFRelease(source);
 }
 
 /// Runs the calling thread's loop with the port as its only source.
-void serve(CFMessagePortRef port) {
-    CFRunLoopSourceRef source = CFMessagePortCreateRunLoopSource(kCFAllocatorDefault, port, 0);
-    CFRunLoopAddSource(CFRunLoopGetCurrent(), source, kCFRunLoopCommonModes);
-    CFRelease(source);
+void serve(const Port &port) {
+    addToLoop(port);
     CFRunLoopRun();
 }
 
@@ -57,162 +77,111 @@ class MessagePortTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void aNameCanBeTakenOnce();
-    void aNameIsFreeAgainAfterInvalidation();
-    void aNameIsFreeAgainAfterTheLastRelease();
-    void aPortThatCannotBeMadeTakesNoName();
-    void anUnknownNameHasNoRemoteEnd();
-    void requestsAreAnsweredInOrderOnTheLoopOfThePort();
-    void aRequestSentBeforeTheLoopRunsIsKept();
-    void aRequestToAGonePortFails();
-    void aRequestThroughAnInvalidatedRemoteEndFails();
-    void aRequestForAReplyIsDeliveredAndTimesOut();
-    void requestsLeftInAnInvalidatedPortAreDropped();
-    void invalidatingThePortEndsALoopThatHasNothingElse();
-    void aRemoteOrInvalidPortHasNoSource();
-};
+    void aNameCanBeTakenOnce() {
+        const Port first = createLocal("taken");
+        QVERIFY(first);
+        QVERIFY(!createLocal("taken"));
+        QVERIFY(createLocal("not taken"));
+    }
 
-void MessagePortTest::aNameCanBeTakenOnce() {
-    CFMessagePortRef first = createLocal("taken");
-    QVERIFY(first);
-    QVERIFY(!createLocal("taken"));
-    CFMessagePortRef other = createLocal("not taken");
-    QVERIFY(other);
-    drop(first);
-    drop(other);
-}
+    void aNameIsFreeAgainAfterInvalidation() {
+        const Port first = createLocal("again");
+        CFMessagePortInvalidate(first.get());
+        const Port second = createLocal("again");
+        QVERIFY(second);
+        CFMessagePortInvalidate(first.get()); // twice does not take the name from its new owner
+        QVERIFY(createRemote("again"));
+    }
 
-void MessagePortTest::aNameIsFreeAgainAfterInvalidation() {
-    CFMessagePortRef first = createLocal("again");
-    CFMessagePortInvalidate(first);
-    CFMessagePortRef second = createLocal("again");
-    QVERIFY(second);
-    CFMessagePortInvalidate(first); // twice does not take the name from its new owner
-    CFMessagePortRef remote = createRemote("again");
-    QVERIFY(remote);
-    CFRelease(first);
-    drop(remote);
-    drop(second);
-}
+    void aNameIsFreeAgainAfterTheLastRelease() {
+        CFRelease(createLocal("released").release());
+        QVERIFY(!createRemote("released"));
+        QVERIFY(createLocal("released"));
+    }
 
-void MessagePortTest::aNameIsFreeAgainAfterTheLastRelease() {
-    CFRelease(createLocal("released"));
-    QVERIFY(!createRemote("released"));
-    CFMessagePortRef second = createLocal("released");
-    QVERIFY(second);
-    drop(second);
-}
+    void aPortThatCannotBeMadeTakesNoName() {
+        if (vexa::test::addressSanitized)
+            QSKIP(
+                "Without descriptors the sanitizer cannot look at an object, and takes it for a broken one.");
+        rlimit usual{};
+        QCOMPARE(getrlimit(RLIMIT_NOFILE, &usual), 0);
+        const rlimit none{0, usual.rlim_max};
+        QCOMPARE(setrlimit(RLIMIT_NOFILE, &none), 0);
+        const Port failed = createLocal("port");
+        QCOMPARE(setrlimit(RLIMIT_NOFILE, &usual), 0);
+        QVERIFY(!failed);
+        QVERIFY(!createRemote("port"));
+        QVERIFY(createLocal("port"));
+    }
 
-void MessagePortTest::aPortThatCannotBeMadeTakesNoName() {
-    if (vexa::test::addressSanitized)
-        QSKIP("Without descriptors the sanitizer cannot look at an object, and takes it for a broken one.");
-    rlimit usual{};
-    QCOMPARE(getrlimit(RLIMIT_NOFILE, &usual), 0);
-    const rlimit none{0, usual.rlim_max};
-    QCOMPARE(setrlimit(RLIMIT_NOFILE, &none), 0);
-    CFMessagePortRef failed = createLocal("port");
-    QCOMPARE(setrlimit(RLIMIT_NOFILE, &usual), 0);
-    QVERIFY(!failed);
-    QVERIFY(!createRemote("port"));
-    CFMessagePortRef local = createLocal("port");
-    QVERIFY(local);
-    drop(local);
-}
+    void anUnknownNameHasNoRemoteEnd() { QVERIFY(!createRemote("nobody")); }
 
-void MessagePortTest::anUnknownNameHasNoRemoteEnd() {
-    QVERIFY(!createRemote("nobody"));
-}
+    void requestsAreAnsweredInOrderOnTheLoopOfThePort() {
+        Line line;
+        std::thread sender([&line] {
+            for (const SInt32 id : {7, 8, 9, 0})
+                QCOMPARE(line.ask(id), SInt32{kCFMessagePortSuccess});
+        });
+        serve(line.local);
+        sender.join();
+        QCOMPARE(line.asked.ids, (std::vector<SInt32>{7, 8, 9, 0}));
+        QCOMPARE(line.asked.port, line.local.get());
+    }
 
-void MessagePortTest::requestsAreAnsweredInOrderOnTheLoopOfThePort() {
-    Asked asked;
-    CFMessagePortRef local = createLocal("order", &asked);
-    CFMessagePortRef remote = createRemote("order");
-    std::thread sender([remote] {
-        for (const SInt32 id : {7, 8, 9, 0})
-            QCOMPARE(ask(remote, id), SInt32{kCFMessagePortSuccess});
-    });
-    serve(local);
-    sender.join();
-    QCOMPARE(asked.ids, (std::vector<SInt32>{7, 8, 9, 0}));
-    QCOMPARE(asked.port, local);
-    drop(remote);
-    drop(local);
-}
+    void aRequestSentBeforeTheLoopRunsIsKept() {
+        Line line;
+        QCOMPARE(line.ask(0), SInt32{kCFMessagePortSuccess});
+        serve(line.local);
+        QCOMPARE(line.asked.ids, std::vector<SInt32>{0});
+    }
 
-void MessagePortTest::aRequestSentBeforeTheLoopRunsIsKept() {
-    Asked asked;
-    CFMessagePortRef local = createLocal("early", &asked);
-    CFMessagePortRef remote = createRemote("early");
-    QCOMPARE(ask(remote, 0), SInt32{kCFMessagePortSuccess});
-    serve(local);
-    QCOMPARE(asked.ids, std::vector<SInt32>{0});
-    drop(remote);
-    drop(local);
-}
+    void aRequestToAGonePortFails() {
+        Line line;
+        line.local.reset();
+        QCOMPARE(line.ask(0), SInt32{kCFMessagePortIsInvalid});
+    }
 
-void MessagePortTest::aRequestToAGonePortFails() {
-    CFMessagePortRef local = createLocal("gone");
-    CFMessagePortRef remote = createRemote("gone");
-    drop(local);
-    QCOMPARE(ask(remote, 0), SInt32{kCFMessagePortIsInvalid});
-    drop(remote);
-}
+    void aRequestThroughAnInvalidatedRemoteEndFails() {
+        Line line;
+        CFMessagePortInvalidate(line.remote.get());
+        QCOMPARE(line.ask(0), SInt32{kCFMessagePortIsInvalid});
+    }
 
-void MessagePortTest::aRequestThroughAnInvalidatedRemoteEndFails() {
-    CFMessagePortRef local = createLocal("detached");
-    CFMessagePortRef remote = createRemote("detached");
-    CFMessagePortInvalidate(remote);
-    QCOMPARE(ask(remote, 0), SInt32{kCFMessagePortIsInvalid});
-    CFRelease(remote);
-    drop(local);
-}
+    void aRequestForAReplyIsDeliveredAndTimesOut() {
+        Line line;
+        QCOMPARE(line.ask(0, kCFRunLoopCommonModes), SInt32{kCFMessagePortReceiveTimeout});
+        serve(line.local);
+        QCOMPARE(line.asked.ids, std::vector<SInt32>{0});
+    }
 
-void MessagePortTest::aRequestForAReplyIsDeliveredAndTimesOut() {
-    Asked asked;
-    CFMessagePortRef local = createLocal("reply", &asked);
-    CFMessagePortRef remote = createRemote("reply");
-    QCOMPARE(ask(remote, 0, kCFRunLoopCommonModes), SInt32{kCFMessagePortReceiveTimeout});
-    serve(local);
-    QCOMPARE(asked.ids, std::vector<SInt32>{0});
-    drop(remote);
-    drop(local);
-}
-
-void MessagePortTest::requestsLeftInAnInvalidatedPortAreDropped() {
-    Asked asked;
-    CFMessagePortRef local = createLocal("left", &asked);
-    CFMessagePortRef remote = createRemote("left");
-    ask(remote, 5);
-    CFRunLoopSourceRef source = CFMessagePortCreateRunLoopSource(kCFAllocatorDefault, local, 0);
-    CFRunLoopAddSource(CFRunLoopGetCurrent(), source, kCFRunLoopCommonModes);
-    CFRelease(source);
-    drop(local);
-    CFRunLoopRun();
-    QVERIFY(asked.ids.empty());
-    drop(remote);
-}
-
-void MessagePortTest::invalidatingThePortEndsALoopThatHasNothingElse() {
-    CFMessagePortRef local = createLocal("last");
-    CFRunLoopSourceRef source = CFMessagePortCreateRunLoopSource(kCFAllocatorDefault, local, 0);
-    std::thread loop([source] {
-        CFRunLoopAddSource(CFRunLoopGetCurrent(), source, kCFRunLoopCommonModes);
+    void requestsLeftInAnInvalidatedPortAreDropped() {
+        Line line;
+        line.ask(5);
+        addToLoop(line.local);
+        line.local.reset();
         CFRunLoopRun();
-    });
-    drop(local);
-    loop.join();
-    CFRelease(source);
-}
+        QVERIFY(line.asked.ids.empty());
+    }
 
-void MessagePortTest::aRemoteOrInvalidPortHasNoSource() {
-    CFMessagePortRef local = createLocal("sourceless");
-    CFMessagePortRef remote = createRemote("sourceless");
-    QVERIFY(!CFMessagePortCreateRunLoopSource(kCFAllocatorDefault, remote, 0));
-    CFMessagePortInvalidate(local);
-    QVERIFY(!CFMessagePortCreateRunLoopSource(kCFAllocatorDefault, local, 0));
-    CFRelease(local);
-    drop(remote);
-}
+    void invalidatingThePortEndsALoopThatHasNothingElse() {
+        Port local = createLocal("last");
+        CFRunLoopSourceRef source = sourceOf(local);
+        std::thread loop([source] {
+            CFRunLoopAddSource(CFRunLoopGetCurrent(), source, kCFRunLoopCommonModes);
+            CFRunLoopRun();
+        });
+        local.reset();
+        loop.join();
+        CFRelease(source);
+    }
+
+    void aRemoteOrInvalidPortHasNoSource() {
+        Line line;
+        QVERIFY(!sourceOf(line.remote));
+        CFMessagePortInvalidate(line.local.get());
+        QVERIFY(!sourceOf(line.local));
+    }
+};
 
 QTEST_GUILESS_MAIN(MessagePortTest)
 #include "MessagePortTest.moc"

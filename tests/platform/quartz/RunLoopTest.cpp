@@ -51,158 +51,146 @@ class RunLoopTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void eachThreadHasItsOwnLoop();
-    void aLoopWithoutSourcesReturns();
-    void aLoopReturnsWhenItsLastSourceBecomesInvalid();
-    void aStopEndsTheRun();
-    void aStopWithoutARunDoesNotEndTheNextOne();
-    void aStopEndsTheInnermostRunOnly();
-    void aStopGetsBetweenTheEventsOfABurst();
-    void aSourceAddedWhileRunningIsServed();
-    void whatWaitsInsideASourceBeforeTheRunIsServed();
-    void aBrokenDescriptorIsNotPolledForEver();
-    void constantStringsAreTheSameObject();
-};
+    void eachThreadHasItsOwnLoop() {
+        CFRunLoopRef other = nullptr;
+        std::thread([&other] { other = CFRunLoopGetCurrent(); }).join();
+        QCOMPARE(CFRunLoopGetCurrent(), CFRunLoopGetCurrent());
+        QVERIFY(CFRunLoopGetCurrent() != other);
+    }
 
-void RunLoopTest::eachThreadHasItsOwnLoop() {
-    CFRunLoopRef other = nullptr;
-    std::thread([&other] { other = CFRunLoopGetCurrent(); }).join();
-    QCOMPARE(CFRunLoopGetCurrent(), CFRunLoopGetCurrent());
-    QVERIFY(CFRunLoopGetCurrent() != other);
-}
+    void aLoopWithoutSourcesReturns() {
+        std::thread([] { CFRunLoopRun(); }).join();
+    }
 
-void RunLoopTest::aLoopWithoutSourcesReturns() {
-    std::thread([] { CFRunLoopRun(); }).join();
-}
+    void aLoopReturnsWhenItsLastSourceBecomesInvalid() {
+        std::thread([] {
+            Handle<CallSource> source;
+            source = addSource([&source] {
+                source->valid = false;
+                return true;
+            });
+            CFRunLoopRun();
+            QCOMPARE(source->served, 1);
+        }).join();
+    }
 
-void RunLoopTest::aLoopReturnsWhenItsLastSourceBecomesInvalid() {
-    std::thread([] {
-        Handle<CallSource> source;
-        source = addSource([&source] {
-            source->valid = false;
-            return true;
-        });
-        CFRunLoopRun();
-        QCOMPARE(source->served, 1);
-    }).join();
-}
-
-void RunLoopTest::aStopEndsTheRun() {
-    std::thread([] {
-        const auto source = addSource([] {
-            stopCurrent();
-            return true;
-        });
-        CFRunLoopRun();
-        QCOMPARE(source->served, 1);
-        CFRunLoopRun();
-        QCOMPARE(source->served, 2);
-    }).join();
-}
-
-void RunLoopTest::aStopWithoutARunDoesNotEndTheNextOne() {
-    std::thread([] {
-        stopCurrent();
-        const auto source = addSource([] {
-            stopCurrent();
-            return false;
-        });
-        CFRunLoopRun();
-        QCOMPARE(source->served, 1);
-    }).join();
-}
-
-void RunLoopTest::aStopEndsTheInnermostRunOnly() {
-    std::thread([] {
-        int depth = 0;
-        bool innerReturned = false;
-        const auto source = addSource([&] {
-            if (depth++ == 0) {
-                CFRunLoopRun();
-                innerReturned = true;
-            }
-            stopCurrent();
-            return true;
-        });
-        CFRunLoopRun();
-        QVERIFY(innerReturned);
-        QVERIFY(source->served >= 2);
-    }).join();
-}
-
-void RunLoopTest::aStopGetsBetweenTheEventsOfABurst() {
-    std::thread([] {
-        const auto endless = addSource([] { return true; });
-        int rounds = 0;
-        const auto stopper = addSource([&rounds] {
-            if (++rounds == 3)
+    void aStopEndsTheRun() {
+        std::thread([] {
+            const auto source = addSource([] {
                 stopCurrent();
-            return true;
-        });
-        CFRunLoopRun();
-        QCOMPARE(rounds, 3);
-        QCOMPARE(endless->served, 3);
-    }).join();
-}
+                return true;
+            });
+            CFRunLoopRun();
+            QCOMPARE(source->served, 1);
+            CFRunLoopRun();
+            QCOMPARE(source->served, 2);
+        }).join();
+    }
 
-void RunLoopTest::aSourceAddedWhileRunningIsServed() {
-    std::promise<RunLoop *> running;
-    std::atomic<bool> stopped{false};
-    std::thread loop([&] {
-        const auto idle = addSource([&running, told = false]() mutable {
-            if (!std::exchange(told, true))
-                running.set_value(&RunLoop::current());
-            return false;
-        });
-        CFRunLoopRun();
-        stopped = true;
-    });
-    auto *other = running.get_future().get();
-    const auto late = Handle<CallSource>::adopt(new CallSource([] {
-        stopCurrent();
-        return false;
-    }));
-    other->add(late.get());
-    loop.join();
-    QVERIFY(stopped);
-    QCOMPARE(late->served, 1);
-}
+    void aStopWithoutARunDoesNotEndTheNextOne() {
+        std::thread([] {
+            stopCurrent();
+            const auto source = addSource([] {
+                stopCurrent();
+                return false;
+            });
+            CFRunLoopRun();
+            QCOMPARE(source->served, 1);
+        }).join();
+    }
 
-void RunLoopTest::whatWaitsInsideASourceBeforeTheRunIsServed() {
-    std::thread([] {
-        const auto source = addSource([] { // its descriptor never becomes readable
+    void aStopEndsTheInnermostRunOnly() {
+        std::thread([] {
+            int depth = 0;
+            bool innerReturned = false;
+            const auto source = addSource([&] {
+                if (depth++ == 0) {
+                    CFRunLoopRun();
+                    innerReturned = true;
+                }
+                stopCurrent();
+                return true;
+            });
+            CFRunLoopRun();
+            QVERIFY(innerReturned);
+            QVERIFY(source->served >= 2);
+        }).join();
+    }
+
+    void aStopGetsBetweenTheEventsOfABurst() {
+        std::thread([] {
+            const auto endless = addSource([] { return true; });
+            int rounds = 0;
+            const auto stopper = addSource([&rounds] {
+                if (++rounds == 3)
+                    stopCurrent();
+                return true;
+            });
+            CFRunLoopRun();
+            QCOMPARE(rounds, 3);
+            QCOMPARE(endless->served, 3);
+        }).join();
+    }
+
+    void aSourceAddedWhileRunningIsServed() {
+        std::promise<RunLoop *> running;
+        std::atomic<bool> stopped{false};
+        std::thread loop([&] {
+            const auto idle = addSource([&running, told = false]() mutable {
+                if (!std::exchange(told, true))
+                    running.set_value(&RunLoop::current());
+                return false;
+            });
+            CFRunLoopRun();
+            stopped = true;
+        });
+        auto *other = running.get_future().get();
+        const auto late = Handle<CallSource>::adopt(new CallSource([] {
             stopCurrent();
             return false;
-        });
-        CFRunLoopRun();
-        QCOMPARE(source->served, 1);
-    }).join();
-}
+        }));
+        other->add(late.get());
+        loop.join();
+        QVERIFY(stopped);
+        QCOMPARE(late->served, 1);
+    }
 
-void RunLoopTest::aBrokenDescriptorIsNotPolledForEver() {
-    class Broken : public RunLoopSource {
-    public:
-        int fd() const override { return closed; }
-        bool isValid() const override { return true; }
-        bool serve() override { return false; }
-        int closed = -1;
-    };
-    std::thread([] {
-        int ends[2];
-        QCOMPARE(pipe(ends), 0);
-        const auto broken = Handle<Broken>::adopt(new Broken);
-        broken->closed = ends[0];
-        RunLoop::current().add(broken.get());
-        close(ends[1]); // hung up: reported at each poll, and never readable
-        CFRunLoopRun(); // returns only because the source is given up
-        close(ends[0]);
-    }).join();
-}
+    void whatWaitsInsideASourceBeforeTheRunIsServed() {
+        std::thread([] {
+            const auto source = addSource([] { // its descriptor never becomes readable
+                stopCurrent();
+                return false;
+            });
+            CFRunLoopRun();
+            QCOMPARE(source->served, 1);
+        }).join();
+    }
 
-void RunLoopTest::constantStringsAreTheSameObject() {
-    QCOMPARE(CFSTR("a name"), CFSTR("a name"));
-    QVERIFY(CFSTR("a name") != CFSTR("another"));
-}
+    void aBrokenDescriptorIsNotPolledForEver() {
+        class Broken : public RunLoopSource {
+        public:
+            int fd() const override { return closed; }
+            bool isValid() const override { return true; }
+            bool serve() override { return false; }
+            int closed = -1;
+        };
+        std::thread([] {
+            int ends[2];
+            QCOMPARE(pipe(ends), 0);
+            const auto broken = Handle<Broken>::adopt(new Broken);
+            broken->closed = ends[0];
+            RunLoop::current().add(broken.get());
+            close(ends[1]); // hung up: reported at each poll, and never readable
+            CFRunLoopRun(); // returns only because the source is given up
+            close(ends[0]);
+        }).join();
+    }
+
+    void constantStringsAreTheSameObject() {
+        QCOMPARE(CFSTR("a name"), CFSTR("a name"));
+        QVERIFY(CFSTR("a name") != CFSTR("another"));
+    }
+};
 
 QTEST_GUILESS_MAIN(RunLoopTest)
 #include "RunLoopTest.moc"
