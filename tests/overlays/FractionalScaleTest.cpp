@@ -65,114 +65,107 @@ class FractionalScaleTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init();
-    void aPictureAtAWholeScaleIsLeftAsItIs();
-    void anEnlargedPictureShowsTheSamePixels();
+    void init() {
+        ZrToolXmlClass::LaserPenColor = 510;
+        ZrToolXmlClass::MagnifierColor = 510;
+        ZrToolXmlClass::LaserPenSize = 60;
+        ZrToolXmlClass::SportLightSize = 60;
+        ZrToolXmlClass::MagnifierSize = 60;
+        ZrToolXmlClass::SportLightTran = 256; // no veil
+        QVERIFY2(screenRatio() != std::floor(screenRatio()), "not at a fractional scale");
+    }
+
+    void aPictureAtAWholeScaleIsLeftAsItIs() {
+        for (const int scale : {1, 2, 3}) {
+            const QPixmap picture = wall(QSize(50, 40) * scale, scale);
+            QCOMPARE(vexa::atWholeScale(picture, {50, 40}).cacheKey(), picture.cacheKey());
+        }
+        QVERIFY(vexa::atWholeScale(QPixmap(), {50, 40}).isNull());
+    }
+
+    void anEnlargedPictureShowsTheSamePixels() {
+        for (const double scale : {1.0625, 1.25, 1.5, 1.75, 2.3}) {
+            const int whole = int(std::ceil(scale));
+            const QSize points(131, 77);
+            const QSize pixels((QSizeF(points) * scale).toSize());
+            const QPixmap enlarged = vexa::atWholeScale(wall(pixels, scale), points);
+            QCOMPARE(enlarged.size(), points * whole);
+            QCOMPARE(enlarged.devicePixelRatio(), double(whole));
+            const QImage from = plainImage(wall(pixels, scale));
+            const QImage to = plainImage(enlarged);
+            const auto inEnlarged = [&](int at) { return int((at + 0.5) * whole / scale); };
+            QVERIFY(isAll(from.copy(0, 0, pixels.width() - 1, pixels.height() - 1), [&](const QPoint &pixel) {
+                return std::optional(to.pixel(inEnlarged(pixel.x()), inEnlarged(pixel.y())));
+            }));
+        }
+    }
+
     void whereNoToolIsTheScreenIsAsItWas_data() { allHeldTools(); }
-    void whereNoToolIsTheScreenIsAsItWas();
-    void theSpotlightLightsItsDiscAtThePointer();
-    void theLensShowsWhatIsUnderThePointer();
+    void whereNoToolIsTheScreenIsAsItWas() {
+        QFETCH(HeldToolKind, kind);
+        QPixmap background = vexa::atWholeScale(sharpWall(), screenPoints());
+        const QImage before = plainImage(sharpWall());
+        const double touched = kind.code == 2 ? 0 : (60 + 4) * screenRatio();
+        const QRect inner = before.rect().adjusted(2, 2, -2, -2); // the spotlight's veil has a rim
+        const QPointer<QWidget> tool(kind.open(&background));
+        for (const QPoint &at : walk) {
+            kind.move(tool, at);
+            const auto expected = [&](const QPoint &pixel) -> std::optional<QRgb> {
+                if (toCentre(pixel, QPointF(at) * screenRatio()) < touched || !inner.contains(pixel))
+                    return std::nullopt;
+                return before.pixel(pixel);
+            };
+            QTRY_VERIFY_WITH_TIMEOUT(isAll(shownOnScreen(), expected), patience);
+        }
+        tool->close();
+    }
+
+    void theSpotlightLightsItsDiscAtThePointer() {
+        ZrToolXmlClass::SportLightTran = 255;
+        QPixmap background = vexa::atWholeScale(sharpWall(), screenPoints());
+        const QImage before = plainImage(sharpWall());
+        const auto kind = heldToolKind<Spolight2>("Spolight2", 2, false);
+        const QPointer<QWidget> tool(kind.open(&background));
+        for (const QPoint &at : walk) {
+            kind.move(tool, at);
+            const auto expected = [&](const QPoint &pixel) -> std::optional<QRgb> {
+                const double outside = toCentre(pixel, QPointF(at) * screenRatio()) - 60 * screenRatio();
+                if (std::abs(outside) < 2)
+                    return std::nullopt;
+                return outside < 0 ? before.pixel(pixel) : black;
+            };
+            QTRY_VERIFY_WITH_TIMEOUT(isAll(shownOnScreen(), expected), patience);
+        }
+        tool->close();
+    }
+
+    void theLensShowsWhatIsUnderThePointer() {
+        QPixmap picture = QPixmap::fromImage(places(screenPixels()));
+        picture.setDevicePixelRatio(screenRatio());
+        QPixmap background = vexa::atWholeScale(picture, screenPoints());
+        const QImage before = plainImage(picture);
+        const auto kind = heldToolKind<Magnifie>("Magnifie", 3, true);
+        const QPointer<QWidget> tool(kind.open(&background));
+        for (const QPoint &at : {QPoint(200, 130), QPoint(301, 141), QPoint(110, 93)}) {
+            kind.move(tool, at);
+            const QPointF pixel = QPointF(at) * screenRatio();
+            const auto isEnlarged = [&] {
+                const QImage shown = shownOnScreen();
+                for (const QPointF &way : {QPointF(0, 0), QPointF(50, 0), QPointF(-50, 0), QPointF(0, 50),
+                                           QPointF(0, -50), QPointF(38, -38)}) {
+                    const QPointF place = pixel + way * screenRatio();
+                    const QPointF source = pixel + way * screenRatio() / 1.25;
+                    if (!alike(shown.pixel(place.toPoint()), before.pixel(source.toPoint()), 1))
+                        return false;
+                }
+                return alike(shown.pixel((pixel + QPointF(61, 0) * screenRatio()).toPoint()), qRgb(255, 0, 0),
+                             90);
+            };
+            QTRY_VERIFY_WITH_TIMEOUT(isEnlarged(), patience);
+        }
+        tool->close();
+    }
 };
-
-void FractionalScaleTest::init() {
-    ZrToolXmlClass::LaserPenColor = 510;
-    ZrToolXmlClass::MagnifierColor = 510;
-    ZrToolXmlClass::LaserPenSize = 60;
-    ZrToolXmlClass::SportLightSize = 60;
-    ZrToolXmlClass::MagnifierSize = 60;
-    ZrToolXmlClass::SportLightTran = 256; // no veil
-    QVERIFY2(screenRatio() != std::floor(screenRatio()), "not at a fractional scale");
-}
-
-void FractionalScaleTest::aPictureAtAWholeScaleIsLeftAsItIs() {
-    for (const int scale : {1, 2, 3}) {
-        const QPixmap picture = wall(QSize(50, 40) * scale, scale);
-        QCOMPARE(vexa::atWholeScale(picture, {50, 40}).cacheKey(), picture.cacheKey());
-    }
-    QVERIFY(vexa::atWholeScale(QPixmap(), {50, 40}).isNull());
-}
-
-void FractionalScaleTest::anEnlargedPictureShowsTheSamePixels() {
-    for (const double scale : {1.0625, 1.25, 1.5, 1.75, 2.3}) {
-        const int whole = int(std::ceil(scale));
-        const QSize points(131, 77);
-        const QSize pixels((QSizeF(points) * scale).toSize());
-        const QPixmap enlarged = vexa::atWholeScale(wall(pixels, scale), points);
-        QCOMPARE(enlarged.size(), points * whole);
-        QCOMPARE(enlarged.devicePixelRatio(), double(whole));
-        const QImage from = plainImage(wall(pixels, scale));
-        const QImage to = plainImage(enlarged);
-        const auto inEnlarged = [&](int at) { return int((at + 0.5) * whole / scale); };
-        QVERIFY(isAll(from.copy(0, 0, pixels.width() - 1, pixels.height() - 1), [&](const QPoint &pixel) {
-            return std::optional(to.pixel(inEnlarged(pixel.x()), inEnlarged(pixel.y())));
-        }));
-    }
-}
-
-void FractionalScaleTest::whereNoToolIsTheScreenIsAsItWas() {
-    QFETCH(HeldToolKind, kind);
-    QPixmap background = vexa::atWholeScale(sharpWall(), screenPoints());
-    const QImage before = plainImage(sharpWall());
-    const double touched = kind.code == 2 ? 0 : (60 + 4) * screenRatio();
-    const QRect inner = before.rect().adjusted(2, 2, -2, -2); // the spotlight's veil has a rim
-    const QPointer<QWidget> tool(kind.open(&background));
-    for (const QPoint &at : walk) {
-        kind.move(tool, at);
-        const auto expected = [&](const QPoint &pixel) -> std::optional<QRgb> {
-            if (toCentre(pixel, QPointF(at) * screenRatio()) < touched || !inner.contains(pixel))
-                return std::nullopt;
-            return before.pixel(pixel);
-        };
-        QTRY_VERIFY_WITH_TIMEOUT(isAll(shownOnScreen(), expected), patience);
-    }
-    tool->close();
-}
-
-void FractionalScaleTest::theSpotlightLightsItsDiscAtThePointer() {
-    ZrToolXmlClass::SportLightTran = 255;
-    QPixmap background = vexa::atWholeScale(sharpWall(), screenPoints());
-    const QImage before = plainImage(sharpWall());
-    const auto kind = heldToolKind<Spolight2>("Spolight2", 2, false);
-    const QPointer<QWidget> tool(kind.open(&background));
-    for (const QPoint &at : walk) {
-        kind.move(tool, at);
-        const auto expected = [&](const QPoint &pixel) -> std::optional<QRgb> {
-            const double outside = toCentre(pixel, QPointF(at) * screenRatio()) - 60 * screenRatio();
-            if (std::abs(outside) < 2)
-                return std::nullopt;
-            return outside < 0 ? before.pixel(pixel) : black;
-        };
-        QTRY_VERIFY_WITH_TIMEOUT(isAll(shownOnScreen(), expected), patience);
-    }
-    tool->close();
-}
-
-void FractionalScaleTest::theLensShowsWhatIsUnderThePointer() {
-    QPixmap picture = QPixmap::fromImage(places(screenPixels()));
-    picture.setDevicePixelRatio(screenRatio());
-    QPixmap background = vexa::atWholeScale(picture, screenPoints());
-    const QImage before = plainImage(picture);
-    const auto kind = heldToolKind<Magnifie>("Magnifie", 3, true);
-    const QPointer<QWidget> tool(kind.open(&background));
-    for (const QPoint &at : {QPoint(200, 130), QPoint(301, 141), QPoint(110, 93)}) {
-        kind.move(tool, at);
-        const QPointF pixel = QPointF(at) * screenRatio();
-        const auto isEnlarged = [&] {
-            const QImage shown = shownOnScreen();
-            for (const QPointF &way : {QPointF(0, 0), QPointF(50, 0), QPointF(-50, 0), QPointF(0, 50),
-                                       QPointF(0, -50), QPointF(38, -38)}) {
-                const QPointF place = pixel + way * screenRatio();
-                const QPointF source = pixel + way * screenRatio() / 1.25;
-                if (!alike(shown.pixel(place.toPoint()), before.pixel(source.toPoint()), 1))
-                    return false;
-            }
-            return alike(shown.pixel((pixel + QPointF(61, 0) * screenRatio()).toPoint()), qRgb(255, 0, 0),
-                         90);
-        };
-        QTRY_VERIFY_WITH_TIMEOUT(isEnlarged(), patience);
-    }
-    tool->close();
-}
 
 VEXA_WIDGET_TEST_MAIN(FractionalScaleTest)
 #include "FractionalScaleTest.moc"

@@ -86,325 +86,301 @@ class HeldToolLifeTest : public QObject {
 
 private slots:
     void initTestCase_data() { allHeldTools(); }
-    void init();
-    void theSignalComesBeforeTheSlot();
-    void isAFramelessTopmostWindowThatDeletesItself();
-    void itsPictureIsTheBackgroundWhetherActiveOrNot();
-    void itDrawsThirtyTimesASecondAndIsGuardedAtFirst();
-    void anExitBeforeItsTimeWaitsForTheGuard();
-    void anExitAfterItsTimeIsAtOnce();
-    void itReportsBeforeItClosesAndHasGivenTheMouseBack();
-    void twoExitsReportOnce();
-    void twoExitsAfterItsTimeReportOnce();
-    void aClickDismissesItSilently();
-    void aClickWhileTheExitWaitsIsSilentToo();
-    void theDesktopMayCloseIt();
-    void itMayBeDeletedByWhoeverItReportsTo();
-    void theLastPictureStaysUntilItCloses();
-    void theLastPictureIsThereWhole();
-    void aStillPointerPaintsNothing();
-    void manyMovesBetweenTwoTicksArePaintedOnce();
-    void theMouseIsTakenOnceTheWindowIsThere();
-    void theMouseIsFreeAfterwards();
-    void aDragFromBeforeItOpenedStaysWithItsWindow();
-    void aClickFromBeforeItOpenedStaysWithItsWindow();
-    void withoutAPictureItWorksToo();
+    void init() {
+        ZrToolXmlClass::LaserPenSize = 40;
+        ZrToolXmlClass::LaserPenColor = 510;
+        ZrToolXmlClass::SportLightSize = 40;
+        ZrToolXmlClass::SportLightTran = 255;
+        ZrToolXmlClass::MagnifierSize = 40;
+        ZrToolXmlClass::MagnifierColor = 510;
+        m_picture = screenWall();
+        moveMouse(QPoint(200, 150) * screenRatio());
+    }
+
+    void theSignalComesBeforeTheSlot() {
+        const HeldToolKind kind = fetchedKind();
+        const std::unique_ptr<QWidget> tool(kind.make());
+        const QMetaObject *meta = tool->metaObject();
+        QCOMPARE(meta->className(), kind.name);
+        QCOMPARE(meta->superClass(), &QWidget::staticMetaObject);
+        const int first = meta->methodOffset();
+        QCOMPARE(meta->methodCount() - first, 2);
+        QCOMPARE(meta->method(first).methodSignature(), QByteArray("singalExitWindow(int)"));
+        QCOMPARE(meta->method(first).methodType(), QMetaMethod::Signal);
+        QCOMPARE(meta->method(first + 1).methodSignature(), QByteArray("ExitWindow()"));
+        QCOMPARE(meta->method(first + 1).methodType(), QMetaMethod::Slot);
+    }
+
+    void isAFramelessTopmostWindowThatDeletesItself() {
+        const HeldToolKind kind = fetchedKind();
+        const std::unique_ptr<QWidget> tool(kind.make());
+        QCOMPARE(tool->objectName(), QString(kind.name));
+        QCOMPARE(tool->size(), QSize(400, 300));
+        QCOMPARE(tool->windowTitle(), QStringLiteral("Form"));
+        // The toolkit adds a hint of its own.
+        QCOMPARE(tool->windowFlags() & ~Qt::WindowFlags(Qt::WindowFullscreenButtonHint),
+                 Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+        const Qt::WindowFlags before = tool->windowFlags();
+        QVERIFY(tool->testAttribute(Qt::WA_DeleteOnClose));
+        QVERIFY(tool->testAttribute(Qt::WA_MouseTracking));
+        QCOMPARE(tool->cursor().shape(), Qt::BlankCursor);
+        QVERIFY(!tool->isVisible());
+        vexa::platform::showOverPrimaryScreen(*tool);
+        QCOMPARE(tool->windowFlags(), before);
+        QCOMPARE(tool->geometry(), QRect(QPoint(), screenPoints()));
+    }
+
+    void itsPictureIsTheBackgroundWhetherActiveOrNot() {
+        const OpenTool open(&m_picture);
+        for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
+            QCOMPARE(open.tool->palette().brush(group, QPalette::Window).textureImage(), m_picture.toImage());
+        open.tool->close();
+    }
+
+    void itDrawsThirtyTimesASecondAndIsGuardedAtFirst() {
+        const OpenTool staying(&m_picture);
+        const OpenTool leaving(&m_picture);
+        QCOMPARE(coarseTimersOf(staying.tool), (QVector<int>{33, 150}));
+        leave(leaving.tool);
+        QCOMPARE(coarseTimersOf(leaving.tool), QVector<int>{150});
+        QVERIFY(staying.reachesGuardTick(guardTicks));
+        QCOMPARE(coarseTimersOf(staying.tool), QVector<int>{33});
+        staying.tool->close();
+        QVERIFY(leaving.isDeleted());
+    }
+
+    void anExitBeforeItsTimeWaitsForTheGuard() {
+        const OpenTool open(&m_picture);
+        QVERIFY(open.reachesGuardTick(2));
+        leave(open.tool);
+        const int drawnUntilExit = open.ticks.quickTicks();
+        QTRY_VERIFY_WITH_TIMEOUT(!open.reports.isEmpty(), patience);
+        QVERIFY(open.hasReportedOnce());
+        QCOMPARE(open.ticks.slowTicks(), guardTicks);
+        QCOMPARE(open.ticks.quickTicks(), drawnUntilExit);
+        QVERIFY(open.isDeleted());
+        QCOMPARE(open.reports.size(), 1);
+    }
+
+    void anExitAfterItsTimeIsAtOnce() {
+        const OpenTool open(&m_picture);
+        QVERIFY(open.reachesGuardTick(guardTicks));
+        QVERIFY(open.tool->isVisible());
+        QVERIFY(open.reports.isEmpty());
+        leave(open.tool);
+        QVERIFY(open.hasReportedOnce());
+        QVERIFY(open.tool.isNull() || !open.tool->isVisible());
+        QVERIFY(open.isDeleted());
+    }
+
+    void itReportsBeforeItClosesAndHasGivenTheMouseBack() {
+        const OpenTool open(&m_picture);
+        QVERIFY(open.isExposed());
+        QTRY_COMPARE_WITH_TIMEOUT(QWidget::mouseGrabber() == open.tool, open.kind.takesMouse, patience);
+        bool visible = false;
+        const QWidget *grabber = open.tool;
+        open.kind.whenItReports(open.tool, [&] {
+            visible = open.tool->isVisible();
+            grabber = QWidget::mouseGrabber();
+        });
+        leave(open.tool);
+        QVERIFY(open.isDeleted());
+        QVERIFY(open.hasReportedOnce());
+        QVERIFY(visible);
+        QVERIFY(!grabber);
+    }
+
+    void twoExitsReportOnce() {
+        const OpenTool open(&m_picture);
+        leave(open.tool);
+        leave(open.tool);
+        QVERIFY(open.isDeleted());
+        QCOMPARE(open.reports.size(), 1);
+    }
+
+    void twoExitsAfterItsTimeReportOnce() {
+        const OpenTool open(&m_picture);
+        QVERIFY(open.reachesGuardTick(guardTicks));
+        leave(open.tool);
+        if (open.tool)
+            leave(open.tool);
+        QVERIFY(open.isDeleted());
+        QCOMPARE(open.reports.size(), 1);
+    }
+
+    void aClickDismissesItSilently() {
+        const OpenTool open(&m_picture);
+        QVERIFY(open.isExposed());
+        pressMouse();
+        QTest::qWait(0);
+        QVERIFY2(open.tool && open.tool->isVisible(), "the press alone dismissed it");
+        releaseMouse();
+        QVERIFY(open.isDeleted());
+        QVERIFY(open.reports.isEmpty());
+    }
+
+    void aClickWhileTheExitWaitsIsSilentToo() {
+        const OpenTool open(&m_picture);
+        leave(open.tool);
+        QTest::mouseClick(open.tool, Qt::LeftButton, Qt::NoModifier, {10, 10});
+        if (open.tool)
+            leave(open.tool); // another command before the event loop has deleted it
+        QVERIFY(open.isDeleted());
+        QVERIFY(open.reports.isEmpty());
+    }
+
+    void theDesktopMayCloseIt() {
+        const OpenTool open(&m_picture);
+        QVERIFY(open.isExposed());
+        open.tool->windowHandle()->close();
+        if (open.tool)
+            leave(open.tool);
+        QVERIFY(open.isDeleted());
+        QVERIFY(open.reports.isEmpty());
+    }
+
+    void itMayBeDeletedByWhoeverItReportsTo() {
+        const OpenTool open(&m_picture);
+        QVERIFY(open.reachesGuardTick(guardTicks));
+        open.kind.whenItReports(open.tool, [tool = open.tool] { delete tool; });
+        leave(open.tool);
+        QVERIFY(open.tool.isNull());
+        QCOMPARE(open.reports.size(), 1);
+    }
+
+    void theLastPictureStaysUntilItCloses() {
+        OpenTool open(&m_picture);
+        open.ticks.keptYoung = true; // or it would close at once
+        QImage wallOnly = m_picture.toImage();
+        wallOnly.setDevicePixelRatio(1);
+        open.kind.move(open.tool, {120, 120});
+        QVERIFY(open.ticksOn(3));
+        QTRY_VERIFY_WITH_TIMEOUT(differences(shownOnScreen(), wallOnly) > 500, patience);
+        open.ticks.held = true; // or its time might be over before the look at it
+        const QImage last = shownOnScreen();
+        leave(open.tool);
+        QCoreApplication::processEvents();
+        QVERIFY(open.tool->isVisible());
+        QCOMPARE(differences(shownOnScreen(), last), 0);
+        open.ticks.keptYoung = open.ticks.held = false;
+        QVERIFY(open.isDeleted());
+    }
+
+    void theLastPictureIsThereWhole() {
+        OpenTool open(&m_picture);
+        open.ticks.keptYoung = true;
+        QImage wallOnly = m_picture.toImage();
+        wallOnly.setDevicePixelRatio(1);
+        QVERIFY(open.isPainted());
+        open.kind.move(open.tool, {120, 120});
+        QVERIFY(open.ticksOn(3));
+        QTRY_VERIFY_WITH_TIMEOUT(differences(shownOnScreen(), wallOnly) > 500, patience);
+        const QImage expected = shownOnScreen();
+        open.kind.move(open.tool, {250, 220});
+        QVERIFY(open.ticksOn(3));
+        QTRY_VERIFY_WITH_TIMEOUT(differences(shownOnScreen(), expected) > 500, patience);
+
+        open.kind.move(open.tool, {120, 120});
+        open.ticks.tick(open.tool); // which asks for a paint that has not come when it leaves
+        open.ticks.held = true;
+        leave(open.tool);
+        QCoreApplication::processEvents();
+        QTRY_COMPARE(differences(shownOnScreen(), expected), 0);
+        open.ticks.keptYoung = open.ticks.held = false;
+        QVERIFY(open.isDeleted());
+    }
+
+    void aStillPointerPaintsNothing() {
+        const OpenTool open(&m_picture);
+        QVERIFY(open.isPainted());
+        const int paints = open.ticks.paints();
+        QVERIFY(open.ticksOn(10));
+        QCOMPARE(open.ticks.paints(), paints);
+        open.kind.move(open.tool, {77, 88});
+        QTRY_VERIFY_WITH_TIMEOUT(open.ticks.paints() > paints, patience);
+        open.tool->close();
+    }
+
+    void manyMovesBetweenTwoTicksArePaintedOnce() {
+        const OpenTool open(&m_picture);
+        QVERIFY(open.isPainted());
+        const int paints = open.ticks.paints();
+        for (int x = 0; x < 1000; ++x)
+            open.kind.move(open.tool, {x % 300, 50});
+        QVERIFY(open.ticksOn(5));
+        QCOMPARE(open.ticks.paints(), paints + 1);
+        open.tool->close();
+    }
+
+    void theMouseIsTakenOnceTheWindowIsThere() {
+        const OpenTool open(&m_picture); // takes the mouse before it can
+        QVERIFY(open.isExposed());
+        ForeignWindow above(ForeignWindow::Kind::Unmanaged, {100, 100, 300, 200}, Qt::green);
+        QTRY_VERIFY_WITH_TIMEOUT(above.isViewable(), patience);
+        clickAt({200, 150});
+        if (open.kind.takesMouse) {
+            QVERIFY(open.isDeleted());
+            QCOMPARE(above.presses(), 0);
+        } else {
+            QTRY_COMPARE_WITH_TIMEOUT(above.presses(), 1, patience);
+            QVERIFY(open.tool && open.tool->isVisible());
+            open.tool->close();
+        }
+    }
+
+    void theMouseIsFreeAfterwards() {
+        const OpenTool open(&m_picture);
+        QVERIFY(open.isExposed());
+        leave(open.tool);
+        QVERIFY(open.isDeleted());
+        ForeignWindow after(ForeignWindow::Kind::Unmanaged, {100, 100, 300, 200}, Qt::green);
+        QTRY_VERIFY_WITH_TIMEOUT(after.isViewable(), patience);
+        clickAt({200, 150});
+        QTRY_COMPARE_WITH_TIMEOUT(after.presses(), 1, patience);
+    }
+
+    void aDragFromBeforeItOpenedStaysWithItsWindow() {
+        PressedWindow other;
+        QVERIFY(QTest::qWaitForWindowExposed(&other, patience));
+        moveMouse(other.geometry().center() * screenRatio());
+        pressMouse();
+        QTRY_COMPARE_WITH_TIMEOUT(other.presses, 1, patience);
+        releaseMouse(); // which waits to be handled while the tool opens
+        const OpenTool open(&m_picture);
+        QTRY_COMPARE_WITH_TIMEOUT(other.releases, 1, patience);
+        QVERIFY(open.isExposed());
+        QVERIFY(open.ticksOn(2));
+        QVERIFY(open.tool && open.tool->isVisible());
+        QCOMPARE(QWidget::mouseGrabber() == open.tool, open.kind.takesMouse);
+        clickAt(other.geometry().center() * screenRatio());
+        QVERIFY(open.isDeleted());
+        QCOMPARE(other.presses, 1);
+    }
+
+    void aClickFromBeforeItOpenedStaysWithItsWindow() {
+        PressedWindow other;
+        QVERIFY(QTest::qWaitForWindowExposed(&other, patience));
+        clickAt(other.geometry().center() * screenRatio());
+        const OpenTool open(&m_picture);
+        QTRY_COMPARE_WITH_TIMEOUT(other.releases, 1, patience);
+        QVERIFY(open.isExposed());
+        QVERIFY(open.ticksOn(2));
+        QVERIFY(open.tool && open.tool->isVisible());
+        QCOMPARE(QWidget::mouseGrabber() == open.tool, open.kind.takesMouse);
+        open.tool->close();
+    }
+
+    void withoutAPictureItWorksToo() {
+        const OpenTool open(nullptr);
+        open.kind.move(open.tool, {5, 5});
+        QVERIFY(open.ticksOn(3));
+        leave(open.tool);
+        QVERIFY(open.isDeleted());
+    }
 
 private:
     QPixmap m_picture;
 };
-
-void HeldToolLifeTest::init() {
-    ZrToolXmlClass::LaserPenSize = 40;
-    ZrToolXmlClass::LaserPenColor = 510;
-    ZrToolXmlClass::SportLightSize = 40;
-    ZrToolXmlClass::SportLightTran = 255;
-    ZrToolXmlClass::MagnifierSize = 40;
-    ZrToolXmlClass::MagnifierColor = 510;
-    m_picture = screenWall();
-    moveMouse(QPoint(200, 150) * screenRatio());
-}
-
-void HeldToolLifeTest::theSignalComesBeforeTheSlot() {
-    const HeldToolKind kind = fetchedKind();
-    const std::unique_ptr<QWidget> tool(kind.make());
-    const QMetaObject *meta = tool->metaObject();
-    QCOMPARE(meta->className(), kind.name);
-    QCOMPARE(meta->superClass(), &QWidget::staticMetaObject);
-    const int first = meta->methodOffset();
-    QCOMPARE(meta->methodCount() - first, 2);
-    QCOMPARE(meta->method(first).methodSignature(), QByteArray("singalExitWindow(int)"));
-    QCOMPARE(meta->method(first).methodType(), QMetaMethod::Signal);
-    QCOMPARE(meta->method(first + 1).methodSignature(), QByteArray("ExitWindow()"));
-    QCOMPARE(meta->method(first + 1).methodType(), QMetaMethod::Slot);
-}
-
-void HeldToolLifeTest::isAFramelessTopmostWindowThatDeletesItself() {
-    const HeldToolKind kind = fetchedKind();
-    const std::unique_ptr<QWidget> tool(kind.make());
-    QCOMPARE(tool->objectName(), QString(kind.name));
-    QCOMPARE(tool->size(), QSize(400, 300));
-    QCOMPARE(tool->windowTitle(), QStringLiteral("Form"));
-    // The toolkit adds a hint of its own.
-    QCOMPARE(tool->windowFlags() & ~Qt::WindowFlags(Qt::WindowFullscreenButtonHint),
-             Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
-    const Qt::WindowFlags before = tool->windowFlags();
-    QVERIFY(tool->testAttribute(Qt::WA_DeleteOnClose));
-    QVERIFY(tool->testAttribute(Qt::WA_MouseTracking));
-    QCOMPARE(tool->cursor().shape(), Qt::BlankCursor);
-    QVERIFY(!tool->isVisible());
-    vexa::platform::showOverPrimaryScreen(*tool);
-    QCOMPARE(tool->windowFlags(), before);
-    QCOMPARE(tool->geometry(), QRect(QPoint(), screenPoints()));
-}
-
-void HeldToolLifeTest::itsPictureIsTheBackgroundWhetherActiveOrNot() {
-    const OpenTool open(&m_picture);
-    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
-        QCOMPARE(open.tool->palette().brush(group, QPalette::Window).textureImage(), m_picture.toImage());
-    open.tool->close();
-}
-
-void HeldToolLifeTest::itDrawsThirtyTimesASecondAndIsGuardedAtFirst() {
-    const OpenTool staying(&m_picture);
-    const OpenTool leaving(&m_picture);
-    QCOMPARE(coarseTimersOf(staying.tool), (QVector<int>{33, 150}));
-    leave(leaving.tool);
-    QCOMPARE(coarseTimersOf(leaving.tool), QVector<int>{150});
-    QVERIFY(staying.reachesGuardTick(guardTicks));
-    QCOMPARE(coarseTimersOf(staying.tool), QVector<int>{33});
-    staying.tool->close();
-    QVERIFY(leaving.isDeleted());
-}
-
-void HeldToolLifeTest::anExitBeforeItsTimeWaitsForTheGuard() {
-    const OpenTool open(&m_picture);
-    QVERIFY(open.reachesGuardTick(2));
-    leave(open.tool);
-    const int drawnUntilExit = open.ticks.quickTicks();
-    QTRY_VERIFY_WITH_TIMEOUT(!open.reports.isEmpty(), patience);
-    QVERIFY(open.hasReportedOnce());
-    QCOMPARE(open.ticks.slowTicks(), guardTicks);
-    QCOMPARE(open.ticks.quickTicks(), drawnUntilExit);
-    QVERIFY(open.isDeleted());
-    QCOMPARE(open.reports.size(), 1);
-}
-
-void HeldToolLifeTest::anExitAfterItsTimeIsAtOnce() {
-    const OpenTool open(&m_picture);
-    QVERIFY(open.reachesGuardTick(guardTicks));
-    QVERIFY(open.tool->isVisible());
-    QVERIFY(open.reports.isEmpty());
-    leave(open.tool);
-    QVERIFY(open.hasReportedOnce());
-    QVERIFY(open.tool.isNull() || !open.tool->isVisible());
-    QVERIFY(open.isDeleted());
-}
-
-void HeldToolLifeTest::itReportsBeforeItClosesAndHasGivenTheMouseBack() {
-    const OpenTool open(&m_picture);
-    QVERIFY(open.isExposed());
-    QTRY_COMPARE_WITH_TIMEOUT(QWidget::mouseGrabber() == open.tool, open.kind.takesMouse, patience);
-    bool visible = false;
-    const QWidget *grabber = open.tool;
-    open.kind.whenItReports(open.tool, [&] {
-        visible = open.tool->isVisible();
-        grabber = QWidget::mouseGrabber();
-    });
-    leave(open.tool);
-    QVERIFY(open.isDeleted());
-    QVERIFY(open.hasReportedOnce());
-    QVERIFY(visible);
-    QVERIFY(!grabber);
-}
-
-void HeldToolLifeTest::twoExitsReportOnce() {
-    const OpenTool open(&m_picture);
-    leave(open.tool);
-    leave(open.tool);
-    QVERIFY(open.isDeleted());
-    QCOMPARE(open.reports.size(), 1);
-}
-
-void HeldToolLifeTest::twoExitsAfterItsTimeReportOnce() {
-    const OpenTool open(&m_picture);
-    QVERIFY(open.reachesGuardTick(guardTicks));
-    leave(open.tool);
-    if (open.tool)
-        leave(open.tool);
-    QVERIFY(open.isDeleted());
-    QCOMPARE(open.reports.size(), 1);
-}
-
-void HeldToolLifeTest::aClickDismissesItSilently() {
-    const OpenTool open(&m_picture);
-    QVERIFY(open.isExposed());
-    pressMouse();
-    QTest::qWait(0);
-    QVERIFY2(open.tool && open.tool->isVisible(), "the press alone dismissed it");
-    releaseMouse();
-    QVERIFY(open.isDeleted());
-    QVERIFY(open.reports.isEmpty());
-}
-
-void HeldToolLifeTest::aClickWhileTheExitWaitsIsSilentToo() {
-    const OpenTool open(&m_picture);
-    leave(open.tool);
-    QTest::mouseClick(open.tool, Qt::LeftButton, Qt::NoModifier, {10, 10});
-    if (open.tool)
-        leave(open.tool); // another command before the event loop has deleted it
-    QVERIFY(open.isDeleted());
-    QVERIFY(open.reports.isEmpty());
-}
-
-void HeldToolLifeTest::theDesktopMayCloseIt() {
-    const OpenTool open(&m_picture);
-    QVERIFY(open.isExposed());
-    open.tool->windowHandle()->close();
-    if (open.tool)
-        leave(open.tool);
-    QVERIFY(open.isDeleted());
-    QVERIFY(open.reports.isEmpty());
-}
-
-void HeldToolLifeTest::itMayBeDeletedByWhoeverItReportsTo() {
-    const OpenTool open(&m_picture);
-    QVERIFY(open.reachesGuardTick(guardTicks));
-    open.kind.whenItReports(open.tool, [tool = open.tool] { delete tool; });
-    leave(open.tool);
-    QVERIFY(open.tool.isNull());
-    QCOMPARE(open.reports.size(), 1);
-}
-
-void HeldToolLifeTest::theLastPictureStaysUntilItCloses() {
-    OpenTool open(&m_picture);
-    open.ticks.keptYoung = true; // or it would close at once
-    QImage wallOnly = m_picture.toImage();
-    wallOnly.setDevicePixelRatio(1);
-    open.kind.move(open.tool, {120, 120});
-    QVERIFY(open.ticksOn(3));
-    QTRY_VERIFY_WITH_TIMEOUT(differences(shownOnScreen(), wallOnly) > 500, patience);
-    open.ticks.held = true; // or its time might be over before the look at it
-    const QImage last = shownOnScreen();
-    leave(open.tool);
-    QCoreApplication::processEvents();
-    QVERIFY(open.tool->isVisible());
-    QCOMPARE(differences(shownOnScreen(), last), 0);
-    open.ticks.keptYoung = open.ticks.held = false;
-    QVERIFY(open.isDeleted());
-}
-
-void HeldToolLifeTest::theLastPictureIsThereWhole() {
-    OpenTool open(&m_picture);
-    open.ticks.keptYoung = true;
-    QImage wallOnly = m_picture.toImage();
-    wallOnly.setDevicePixelRatio(1);
-    QVERIFY(open.isPainted());
-    open.kind.move(open.tool, {120, 120});
-    QVERIFY(open.ticksOn(3));
-    QTRY_VERIFY_WITH_TIMEOUT(differences(shownOnScreen(), wallOnly) > 500, patience);
-    const QImage expected = shownOnScreen();
-    open.kind.move(open.tool, {250, 220});
-    QVERIFY(open.ticksOn(3));
-    QTRY_VERIFY_WITH_TIMEOUT(differences(shownOnScreen(), expected) > 500, patience);
-
-    open.kind.move(open.tool, {120, 120});
-    open.ticks.tick(open.tool); // which asks for a paint that has not come when it leaves
-    open.ticks.held = true;
-    leave(open.tool);
-    QCoreApplication::processEvents();
-    QTRY_COMPARE(differences(shownOnScreen(), expected), 0);
-    open.ticks.keptYoung = open.ticks.held = false;
-    QVERIFY(open.isDeleted());
-}
-
-void HeldToolLifeTest::aStillPointerPaintsNothing() {
-    const OpenTool open(&m_picture);
-    QVERIFY(open.isPainted());
-    const int paints = open.ticks.paints();
-    QVERIFY(open.ticksOn(10));
-    QCOMPARE(open.ticks.paints(), paints);
-    open.kind.move(open.tool, {77, 88});
-    QTRY_VERIFY_WITH_TIMEOUT(open.ticks.paints() > paints, patience);
-    open.tool->close();
-}
-
-void HeldToolLifeTest::manyMovesBetweenTwoTicksArePaintedOnce() {
-    const OpenTool open(&m_picture);
-    QVERIFY(open.isPainted());
-    const int paints = open.ticks.paints();
-    for (int x = 0; x < 1000; ++x)
-        open.kind.move(open.tool, {x % 300, 50});
-    QVERIFY(open.ticksOn(5));
-    QCOMPARE(open.ticks.paints(), paints + 1);
-    open.tool->close();
-}
-
-void HeldToolLifeTest::theMouseIsTakenOnceTheWindowIsThere() {
-    const OpenTool open(&m_picture); // takes the mouse before it can
-    QVERIFY(open.isExposed());
-    ForeignWindow above(ForeignWindow::Kind::Unmanaged, {100, 100, 300, 200}, Qt::green);
-    QTRY_VERIFY_WITH_TIMEOUT(above.isViewable(), patience);
-    clickAt({200, 150});
-    if (open.kind.takesMouse) {
-        QVERIFY(open.isDeleted());
-        QCOMPARE(above.presses(), 0);
-    } else {
-        QTRY_COMPARE_WITH_TIMEOUT(above.presses(), 1, patience);
-        QVERIFY(open.tool && open.tool->isVisible());
-        open.tool->close();
-    }
-}
-
-void HeldToolLifeTest::theMouseIsFreeAfterwards() {
-    const OpenTool open(&m_picture);
-    QVERIFY(open.isExposed());
-    leave(open.tool);
-    QVERIFY(open.isDeleted());
-    ForeignWindow after(ForeignWindow::Kind::Unmanaged, {100, 100, 300, 200}, Qt::green);
-    QTRY_VERIFY_WITH_TIMEOUT(after.isViewable(), patience);
-    clickAt({200, 150});
-    QTRY_COMPARE_WITH_TIMEOUT(after.presses(), 1, patience);
-}
-
-void HeldToolLifeTest::aDragFromBeforeItOpenedStaysWithItsWindow() {
-    PressedWindow other;
-    QVERIFY(QTest::qWaitForWindowExposed(&other, patience));
-    moveMouse(other.geometry().center() * screenRatio());
-    pressMouse();
-    QTRY_COMPARE_WITH_TIMEOUT(other.presses, 1, patience);
-    releaseMouse(); // which waits to be handled while the tool opens
-    const OpenTool open(&m_picture);
-    QTRY_COMPARE_WITH_TIMEOUT(other.releases, 1, patience);
-    QVERIFY(open.isExposed());
-    QVERIFY(open.ticksOn(2));
-    QVERIFY(open.tool && open.tool->isVisible());
-    QCOMPARE(QWidget::mouseGrabber() == open.tool, open.kind.takesMouse);
-    clickAt(other.geometry().center() * screenRatio());
-    QVERIFY(open.isDeleted());
-    QCOMPARE(other.presses, 1);
-}
-
-void HeldToolLifeTest::aClickFromBeforeItOpenedStaysWithItsWindow() {
-    PressedWindow other;
-    QVERIFY(QTest::qWaitForWindowExposed(&other, patience));
-    clickAt(other.geometry().center() * screenRatio());
-    const OpenTool open(&m_picture);
-    QTRY_COMPARE_WITH_TIMEOUT(other.releases, 1, patience);
-    QVERIFY(open.isExposed());
-    QVERIFY(open.ticksOn(2));
-    QVERIFY(open.tool && open.tool->isVisible());
-    QCOMPARE(QWidget::mouseGrabber() == open.tool, open.kind.takesMouse);
-    open.tool->close();
-}
-
-void HeldToolLifeTest::withoutAPictureItWorksToo() {
-    const OpenTool open(nullptr);
-    open.kind.move(open.tool, {5, 5});
-    QVERIFY(open.ticksOn(3));
-    leave(open.tool);
-    QVERIFY(open.isDeleted());
-}
 
 VEXA_WIDGET_TEST_MAIN(HeldToolLifeTest)
 #include "HeldToolLifeTest.moc"

@@ -22,38 +22,36 @@ class HeldToolMemoryTest : public QObject {
 
 private slots:
     void hundredsOfOpeningsLeaveMemoryFlat_data() { allHeldTools(); }
-    void hundredsOfOpeningsLeaveMemoryFlat();
+    void hundredsOfOpeningsLeaveMemoryFlat() {
+        QFETCH(HeldToolKind, kind);
+        ZrToolXmlClass::LaserPenSize = 40;
+        ZrToolXmlClass::SportLightSize = 100;
+        ZrToolXmlClass::SportLightTran = 132;
+        ZrToolXmlClass::MagnifierSize = 100;
+
+        const auto openAndClose = [&kind] {
+            QPixmap picture = screenWall();
+            const QPointer<QWidget> tool = kind.open(&picture);
+            QVERIFY(QTest::qWaitForWindowExposed(tool, patience));
+            for (const QPoint &at : {QPoint(5, 5), QPoint(200, 150), QPoint(400, 470)}) {
+                kind.move(tool, at);
+                QTimerEvent anyTick(-2); // whatever is not the guard's is a frame's
+                QCoreApplication::sendEvent(tool, &anyTick);
+                QCoreApplication::processEvents();
+            }
+            QTest::mouseClick(tool, Qt::LeftButton, {}, {10, 10});
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            QVERIFY(tool.isNull());
+        };
+        for (int i = 0; i < warmUp; ++i)
+            openAndClose();
+        const double before = residentMegabytes();
+        for (int i = 0; i < openings; ++i)
+            openAndClose();
+        const double growth = residentMegabytes() - before;
+        QVERIFY2(addressSanitized || growth < allowedGrowth, qPrintable(QString::number(growth)));
+    }
 };
-
-void HeldToolMemoryTest::hundredsOfOpeningsLeaveMemoryFlat() {
-    QFETCH(HeldToolKind, kind);
-    ZrToolXmlClass::LaserPenSize = 40;
-    ZrToolXmlClass::SportLightSize = 100;
-    ZrToolXmlClass::SportLightTran = 132;
-    ZrToolXmlClass::MagnifierSize = 100;
-
-    const auto openAndClose = [&kind] {
-        QPixmap picture = screenWall();
-        const QPointer<QWidget> tool = kind.open(&picture);
-        QVERIFY(QTest::qWaitForWindowExposed(tool, patience));
-        for (const QPoint &at : {QPoint(5, 5), QPoint(200, 150), QPoint(400, 470)}) {
-            kind.move(tool, at);
-            QTimerEvent anyTick(-2); // whatever is not the guard's is a frame's
-            QCoreApplication::sendEvent(tool, &anyTick);
-            QCoreApplication::processEvents();
-        }
-        QTest::mouseClick(tool, Qt::LeftButton, {}, {10, 10});
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QVERIFY(tool.isNull());
-    };
-    for (int i = 0; i < warmUp; ++i)
-        openAndClose();
-    const double before = residentMegabytes();
-    for (int i = 0; i < openings; ++i)
-        openAndClose();
-    const double growth = residentMegabytes() - before;
-    QVERIFY2(addressSanitized || growth < allowedGrowth, qPrintable(QString::number(growth)));
-}
 
 VEXA_WIDGET_TEST_MAIN(HeldToolMemoryTest)
 #include "HeldToolMemoryTest.moc"

@@ -31,186 +31,177 @@ class PromptFormsTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void theyAddNothingToTheMetaObject();
-    void theFirstIsBuiltAsACardWithTextSwatchAndPen();
-    void theSecondIsBuiltAsACardWithTextAndRoundSwatch();
-    void theThirdPenInBlueHasASquareSwatchInTheSecond();
-    void modeZeroIsTheTextAlone();
-    void theStripIsSlimAndFadesSlowly();
-    void theStripTakesTheFadeOver();
-    void clicksPassToTheParents();
-    void aLanguageChangeBringsTheFormsTexts();
-};
-
-void PromptFormsTest::theyAddNothingToTheMetaObject() {
-    for (const QMetaObject *meta : {&PromptWindow::staticMetaObject, &promptwindow2::staticMetaObject}) {
-        QCOMPARE(meta->superClass(), &QWidget::staticMetaObject);
-        QCOMPARE(meta->methodCount(), QWidget::staticMetaObject.methodCount());
-    }
-}
-
-void PromptFormsTest::theFirstIsBuiltAsACardWithTextSwatchAndPen() {
-    const PromptWindow prompt;
-    QVERIFY(!prompt.isVisible());
-    QCOMPARE(prompt.objectName(), QStringLiteral("PromptWindow"));
-    QCOMPARE(prompt.size(), QSize(380, 180));
-    QCOMPARE(prompt.windowTitle(), QStringLiteral("Form"));
-    QCOMPARE(prompt.windowFlags() & ~Qt::WindowFlags(Qt::WindowFullscreenButtonHint),
-             Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
-    QVERIFY(isBackground(prompt, ":/capturebg@1080p.png"));
-
-    const QLabel *text = label(prompt, "label");
-    QCOMPARE(text->text(), QStringLiteral("Vexa Orbilo Setting"));
-    QCOMPARE(text->geometry(), QRect(40, 65, 300, 50));
-    QCOMPARE(text->alignment(), Qt::AlignCenter);
-    QCOMPARE(text->layoutDirection(), Qt::RightToLeft);
-    QCOMPARE(text->font().family(), QStringLiteral("Arial"));
-    QCOMPARE(text->font().pointSize(), 30);
-    QVERIFY(text->font().bold());
-    for (const auto group : groups)
-        QCOMPARE(text->palette().color(group, QPalette::WindowText), QColor(Qt::white));
-
-    QCOMPARE(label(prompt, "label_2")->geometry(), QRect(50, 40, 100, 100));
-    QVERIFY(label(prompt, "label_2")->text().isEmpty());
-    QCOMPARE(swatch(prompt), QString::fromLatin1(squareStyle).arg("red"));
-
-    const QLabel *pen = label(prompt, "label_3");
-    QCOMPARE(pen->geometry(), QRect(200, 47, 138, 86));
-    QVERIFY(pen->text().isEmpty());
-    QVERIFY(pen->autoFillBackground());
-    QVERIFY(isBackground(*pen, ":/icon-pen2@1080p.png"));
-}
-
-void PromptFormsTest::theSecondIsBuiltAsACardWithTextAndRoundSwatch() {
-    const promptwindow2 prompt;
-    QVERIFY(!prompt.isVisible());
-    QCOMPARE(prompt.objectName(), QStringLiteral("promptwindow2"));
-    QCOMPARE(prompt.size(), QSize(380, 180));
-    QCOMPARE(prompt.windowTitle(), QStringLiteral("Form"));
-    QCOMPARE(prompt.windowFlags() & ~Qt::WindowFlags(Qt::WindowFullscreenButtonHint),
-             Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
-                 Qt::MaximizeUsingFullscreenGeometryHint);
-    QVERIFY(isBackground(prompt, ":/capturebg@1080p.png"));
-
-    const QLabel *text = label(prompt, "label");
-    QCOMPARE(text->text(), QStringLiteral("颜色"));
-    QCOMPARE(text->geometry(), QRect(20, 42, 140, 95));
-    QCOMPARE(text->alignment(), Qt::AlignCenter);
-    QCOMPARE(text->font().family(), QStringLiteral("Arial"));
-    QCOMPARE(text->font().pointSize(), 24);
-    QVERIFY(text->font().bold());
-    for (const auto group : groups)
-        QCOMPARE(text->palette().color(group, QPalette::WindowText), QColor(Qt::white));
-    QCOMPARE(label(prompt, "label_2")->geometry(), QRect(220, 40, 100, 100));
-    QVERIFY(label(prompt, "label_2")->text().isEmpty());
-    QCOMPARE(swatch(prompt), QString::fromLatin1(roundStyle).arg("red"));
-    QVERIFY(!label(prompt, "label_3"));
-}
-
-void PromptFormsTest::theThirdPenInBlueHasASquareSwatchInTheSecond() {
-    ZrToolXmlClass::PenColor1 = 3;
-    ZrToolXmlClass::PenColor2 = 3;
-    promptwindow2 second;
-    second.setCurcolor(2);
-    QCOMPARE(
-        swatch(second),
-        QStringLiteral("QLabel{border:3px solid #FFFFCC0D;border-radius:5px;background-color:#009EF8;}"));
-    second.setCurcolor(1);
-    QCOMPARE(swatch(second), QString::fromLatin1(roundStyle).arg("#009EF8"));
-    PromptWindow first;
-    first.setCurcolor(2);
-    QCOMPARE(swatch(first), QString::fromLatin1(squareStyle).arg("#009EF8"));
-}
-
-void PromptFormsTest::modeZeroIsTheTextAlone() {
-    PromptWindow prompt;
-    const auto hidden = [&prompt](const char *name) { return label(prompt, name)->isHidden(); };
-    prompt.setMode(1);
-    QVERIFY(hidden("label"));
-    QVERIFY(!hidden("label_2"));
-    QVERIFY(!hidden("label_3"));
-    prompt.setMode(0);
-    QVERIFY(!hidden("label"));
-    QVERIFY(hidden("label_2"));
-    QVERIFY(hidden("label_3"));
-    prompt.setMode(7);
-    QVERIFY(hidden("label"));
-    QVERIFY(hidden("label_2"));
-    QVERIFY(hidden("label_3"));
-}
-
-void PromptFormsTest::theStripIsSlimAndFadesSlowly() {
-    PromptWindow prompt;
-    Ticks ticks(&prompt);
-    prompt.setMode(0);
-    ticks.held = true; // until the strip has been looked at
-    prompt.showWithTimer2();
-    QCOMPARE(coarseTimersOf(&prompt), QVector<int>{150});
-    QCOMPARE(prompt.geometry(), centred(300, 60));
-    QCOMPARE(prompt.styleSheet(),
-             QStringLiteral("background-color:#2F2F2F;border:1px solid #2F2F2F;border-radius:5px;"));
-    const QLabel *text = label(prompt, "label");
-    QCOMPARE(text->geometry(), QRect(70, 10, 200, 40));
-    QCOMPARE(text->font().family(), QStringLiteral("Arial"));
-    QCOMPARE(text->font().pointSize(), 20);
-    QVERIFY(text->font().bold());
-    const QLabel *icon = label(prompt, "label_3");
-    QVERIFY(icon->isVisible());
-    QVERIFY(!label(prompt, "label_2")->isVisible());
-    QCOMPARE(icon->geometry(), QRect(10, 14, 32, 32));
-    QCOMPARE(icon->styleSheet(), QStringLiteral("QLabel{border-image:url(:/appicon.png);"
-                                                "background-color:transparent;border:0px}"));
-    QCOMPARE(prompt.windowOpacity(), 1.0);
-    const QPoint onStrip = centred(300, 60).center() + QPoint(0, 27);
-    QTRY_COMPARE_WITH_TIMEOUT(shownOnScreen().pixel(onStrip), 0xFF2F2F2F, patience);
-    ticks.held = false;
-    QTRY_VERIFY_WITH_TIMEOUT(ticks.count >= 4, patience);
-    QVERIFY(qAbs(prompt.windowOpacity() - (1.0 - 0.05 * ticks.count)) < 0.01);
-}
-
-void PromptFormsTest::theStripTakesTheFadeOver() {
-    PromptWindow prompt;
-    Ticks ticks(&prompt);
-    prompt.showWithTimer();
-    QTRY_VERIFY_WITH_TIMEOUT(ticks.count >= 3, patience);
-    prompt.showWithTimer2();
-    QCOMPARE(coarseTimersOf(&prompt), QVector<int>{150});
-    QCOMPARE(prompt.windowOpacity(), 1.0);
-    QCOMPARE(prompt.geometry(), centred(300, 60));
-}
-
-void PromptFormsTest::clicksPassToTheParents() {
-    struct Open : PromptWindow {
-        bool takes(QMouseEvent &&event) {
-            event.accept();
-            QWidget::event(&event);
-            return event.isAccepted();
+    void theyAddNothingToTheMetaObject() {
+        for (const QMetaObject *meta : {&PromptWindow::staticMetaObject, &promptwindow2::staticMetaObject}) {
+            QCOMPARE(meta->superClass(), &QWidget::staticMetaObject);
+            QCOMPARE(meta->methodCount(), QWidget::staticMetaObject.methodCount());
         }
-    } prompt;
-    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseMove})
-        QVERIFY(!prompt.takes(QMouseEvent(type, {190, 168}, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier)));
-}
-
-void PromptFormsTest::aLanguageChangeBringsTheFormsTexts() {
-    PromptWindow first;
-    promptwindow2 second;
-    first.setText(QStringLiteral("anything"));
-    first.setWindowTitle(QStringLiteral("anything"));
-    second.setWindowTitle(QStringLiteral("anything"));
-    label(first, "label_2")->setText(QStringLiteral("anything"));
-    label(first, "label_3")->setText(QStringLiteral("anything"));
-    for (QWidget *prompt : {static_cast<QWidget *>(&first), static_cast<QWidget *>(&second)}) {
-        QEvent change(QEvent::LanguageChange);
-        QCoreApplication::sendEvent(prompt, &change);
     }
-    QCOMPARE(first.windowTitle(), QStringLiteral("Form"));
-    QCOMPARE(second.windowTitle(), QStringLiteral("Form"));
-    QCOMPARE(label(first, "label")->text(), QStringLiteral("Vexa Orbilo Setting"));
-    QVERIFY(label(first, "label_2")->text().isEmpty());
-    QVERIFY(label(first, "label_3")->text().isEmpty());
-    QCOMPARE(label(second, "label")->text(), QStringLiteral("TextLabel"));
-    QCOMPARE(label(second, "label_2")->text(), QStringLiteral("TextLabel"));
-}
+
+    void theFirstIsBuiltAsACardWithTextSwatchAndPen() {
+        const PromptWindow prompt;
+        QVERIFY(!prompt.isVisible());
+        QCOMPARE(prompt.objectName(), QStringLiteral("PromptWindow"));
+        QCOMPARE(prompt.size(), QSize(380, 180));
+        QCOMPARE(prompt.windowTitle(), QStringLiteral("Form"));
+        QCOMPARE(prompt.windowFlags() & ~Qt::WindowFlags(Qt::WindowFullscreenButtonHint),
+                 Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+        QVERIFY(isBackground(prompt, ":/capturebg@1080p.png"));
+
+        const QLabel *text = label(prompt, "label");
+        QCOMPARE(text->text(), QStringLiteral("Vexa Orbilo Setting"));
+        QCOMPARE(text->geometry(), QRect(40, 65, 300, 50));
+        QCOMPARE(text->alignment(), Qt::AlignCenter);
+        QCOMPARE(text->layoutDirection(), Qt::RightToLeft);
+        QCOMPARE(text->font().family(), QStringLiteral("Arial"));
+        QCOMPARE(text->font().pointSize(), 30);
+        QVERIFY(text->font().bold());
+        for (const auto group : groups)
+            QCOMPARE(text->palette().color(group, QPalette::WindowText), QColor(Qt::white));
+
+        QCOMPARE(label(prompt, "label_2")->geometry(), QRect(50, 40, 100, 100));
+        QVERIFY(label(prompt, "label_2")->text().isEmpty());
+        QCOMPARE(swatch(prompt), QString::fromLatin1(squareStyle).arg("red"));
+
+        const QLabel *pen = label(prompt, "label_3");
+        QCOMPARE(pen->geometry(), QRect(200, 47, 138, 86));
+        QVERIFY(pen->text().isEmpty());
+        QVERIFY(pen->autoFillBackground());
+        QVERIFY(isBackground(*pen, ":/icon-pen2@1080p.png"));
+    }
+
+    void theSecondIsBuiltAsACardWithTextAndRoundSwatch() {
+        const promptwindow2 prompt;
+        QVERIFY(!prompt.isVisible());
+        QCOMPARE(prompt.objectName(), QStringLiteral("promptwindow2"));
+        QCOMPARE(prompt.size(), QSize(380, 180));
+        QCOMPARE(prompt.windowTitle(), QStringLiteral("Form"));
+        QCOMPARE(prompt.windowFlags() & ~Qt::WindowFlags(Qt::WindowFullscreenButtonHint),
+                 Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
+                     Qt::MaximizeUsingFullscreenGeometryHint);
+        QVERIFY(isBackground(prompt, ":/capturebg@1080p.png"));
+
+        const QLabel *text = label(prompt, "label");
+        QCOMPARE(text->text(), QStringLiteral("颜色"));
+        QCOMPARE(text->geometry(), QRect(20, 42, 140, 95));
+        QCOMPARE(text->alignment(), Qt::AlignCenter);
+        QCOMPARE(text->font().family(), QStringLiteral("Arial"));
+        QCOMPARE(text->font().pointSize(), 24);
+        QVERIFY(text->font().bold());
+        for (const auto group : groups)
+            QCOMPARE(text->palette().color(group, QPalette::WindowText), QColor(Qt::white));
+        QCOMPARE(label(prompt, "label_2")->geometry(), QRect(220, 40, 100, 100));
+        QVERIFY(label(prompt, "label_2")->text().isEmpty());
+        QCOMPARE(swatch(prompt), QString::fromLatin1(roundStyle).arg("red"));
+        QVERIFY(!label(prompt, "label_3"));
+    }
+
+    void theThirdPenInBlueHasASquareSwatchInTheSecond() {
+        ZrToolXmlClass::PenColor1 = 3;
+        ZrToolXmlClass::PenColor2 = 3;
+        promptwindow2 second;
+        second.setCurcolor(2);
+        QCOMPARE(
+            swatch(second),
+            QStringLiteral("QLabel{border:3px solid #FFFFCC0D;border-radius:5px;background-color:#009EF8;}"));
+        second.setCurcolor(1);
+        QCOMPARE(swatch(second), QString::fromLatin1(roundStyle).arg("#009EF8"));
+        PromptWindow first;
+        first.setCurcolor(2);
+        QCOMPARE(swatch(first), QString::fromLatin1(squareStyle).arg("#009EF8"));
+    }
+
+    void modeZeroIsTheTextAlone() {
+        PromptWindow prompt;
+        const auto hidden = [&prompt](const char *name) { return label(prompt, name)->isHidden(); };
+        prompt.setMode(1);
+        QVERIFY(hidden("label"));
+        QVERIFY(!hidden("label_2"));
+        QVERIFY(!hidden("label_3"));
+        prompt.setMode(0);
+        QVERIFY(!hidden("label"));
+        QVERIFY(hidden("label_2"));
+        QVERIFY(hidden("label_3"));
+        prompt.setMode(7);
+        QVERIFY(hidden("label"));
+        QVERIFY(hidden("label_2"));
+        QVERIFY(hidden("label_3"));
+    }
+
+    void theStripIsSlimAndFadesSlowly() {
+        PromptWindow prompt;
+        Ticks ticks(&prompt);
+        prompt.setMode(0);
+        ticks.held = true; // until the strip has been looked at
+        prompt.showWithTimer2();
+        QCOMPARE(coarseTimersOf(&prompt), QVector<int>{150});
+        QCOMPARE(prompt.geometry(), centred(300, 60));
+        QCOMPARE(prompt.styleSheet(),
+                 QStringLiteral("background-color:#2F2F2F;border:1px solid #2F2F2F;border-radius:5px;"));
+        const QLabel *text = label(prompt, "label");
+        QCOMPARE(text->geometry(), QRect(70, 10, 200, 40));
+        QCOMPARE(text->font().family(), QStringLiteral("Arial"));
+        QCOMPARE(text->font().pointSize(), 20);
+        QVERIFY(text->font().bold());
+        const QLabel *icon = label(prompt, "label_3");
+        QVERIFY(icon->isVisible());
+        QVERIFY(!label(prompt, "label_2")->isVisible());
+        QCOMPARE(icon->geometry(), QRect(10, 14, 32, 32));
+        QCOMPARE(icon->styleSheet(), QStringLiteral("QLabel{border-image:url(:/appicon.png);"
+                                                    "background-color:transparent;border:0px}"));
+        QCOMPARE(prompt.windowOpacity(), 1.0);
+        const QPoint onStrip = centred(300, 60).center() + QPoint(0, 27);
+        QTRY_COMPARE_WITH_TIMEOUT(shownOnScreen().pixel(onStrip), 0xFF2F2F2F, patience);
+        ticks.held = false;
+        QTRY_VERIFY_WITH_TIMEOUT(ticks.count >= 4, patience);
+        QVERIFY(qAbs(prompt.windowOpacity() - (1.0 - 0.05 * ticks.count)) < 0.01);
+    }
+
+    void theStripTakesTheFadeOver() {
+        PromptWindow prompt;
+        Ticks ticks(&prompt);
+        prompt.showWithTimer();
+        QTRY_VERIFY_WITH_TIMEOUT(ticks.count >= 3, patience);
+        prompt.showWithTimer2();
+        QCOMPARE(coarseTimersOf(&prompt), QVector<int>{150});
+        QCOMPARE(prompt.windowOpacity(), 1.0);
+        QCOMPARE(prompt.geometry(), centred(300, 60));
+    }
+
+    void clicksPassToTheParents() {
+        struct Open : PromptWindow {
+            bool takes(QMouseEvent &&event) {
+                event.accept();
+                QWidget::event(&event);
+                return event.isAccepted();
+            }
+        } prompt;
+        for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseMove})
+            QVERIFY(
+                !prompt.takes(QMouseEvent(type, {190, 168}, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier)));
+    }
+
+    void aLanguageChangeBringsTheFormsTexts() {
+        PromptWindow first;
+        promptwindow2 second;
+        first.setText(QStringLiteral("anything"));
+        first.setWindowTitle(QStringLiteral("anything"));
+        second.setWindowTitle(QStringLiteral("anything"));
+        label(first, "label_2")->setText(QStringLiteral("anything"));
+        label(first, "label_3")->setText(QStringLiteral("anything"));
+        for (QWidget *prompt : {static_cast<QWidget *>(&first), static_cast<QWidget *>(&second)}) {
+            QEvent change(QEvent::LanguageChange);
+            QCoreApplication::sendEvent(prompt, &change);
+        }
+        QCOMPARE(first.windowTitle(), QStringLiteral("Form"));
+        QCOMPARE(second.windowTitle(), QStringLiteral("Form"));
+        QCOMPARE(label(first, "label")->text(), QStringLiteral("Vexa Orbilo Setting"));
+        QVERIFY(label(first, "label_2")->text().isEmpty());
+        QVERIFY(label(first, "label_3")->text().isEmpty());
+        QCOMPARE(label(second, "label")->text(), QStringLiteral("TextLabel"));
+        QCOMPARE(label(second, "label_2")->text(), QStringLiteral("TextLabel"));
+    }
+};
 
 VEXA_WIDGET_TEST_MAIN(PromptFormsTest)
 #include "PromptFormsTest.moc"

@@ -10,10 +10,56 @@ class HiddenPanelTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void shownPanelDrawsWhatIsPushed();
-    void hiddenPanelDrawsNothing();
-    void hiddenPanelRunsNoTimerAndNoAnimation();
-    void panelShownAgainShowsWhatWasPushedMeanwhile();
+    void shownPanelDrawsWhatIsPushed() {
+        PanelView view;
+        QVERIFY(QTest::qWaitForWindowExposed(&view.widget()));
+        QSignalSpy frames(view.widget().quickWindow(), &QQuickWindow::afterRendering);
+        view.push(12, 0);
+        QTRY_VERIFY(!frames.isEmpty());
+    }
+
+    void hiddenPanelDrawsNothing() {
+        PanelView view;
+        QVERIFY(QTest::qWaitForWindowExposed(&view.widget()));
+        view.click({296 + 12, 196 + 12});
+        view.widget().hide();
+        QCoreApplication::processEvents();
+        QSignalSpy frames(view.widget().quickWindow(), &QQuickWindow::afterRendering);
+        QTimer clock;
+        QSignalSpy ticks(&clock, &QTimer::timeout);
+        clock.start(20);
+        for (int value = 5; value <= 25; ++value) {
+            view.push(7, value);
+            view.push(12, value % 5);
+            QVERIFY(ticks.wait());
+        }
+        QCOMPARE(frames.size(), 0);
+    }
+
+    void hiddenPanelRunsNoTimerAndNoAnimation() {
+        PanelView view;
+        QVERIFY(QTest::qWaitForWindowExposed(&view.widget()));
+        view.click({951 + 9, 598 + 9});
+        view.push(16, 2); // starts the guard's timer, which ends by itself
+        view.widget().hide();
+        QTRY_COMPARE(timersUnder(&view.widget()) + timersUnder(view.widget().quickWindow()) +
+                         timersUnder(view.root()),
+                     0);
+        for (QObject *object : view.root()->findChildren<QObject *>())
+            if (object->inherits("QQmlTimer") || object->inherits("QQuickAbstractAnimation"))
+                QTRY_VERIFY2(!object->property("running").toBool(), object->metaObject()->className());
+    }
+
+    void panelShownAgainShowsWhatWasPushedMeanwhile() {
+        PanelView view;
+        QVERIFY(QTest::qWaitForWindowExposed(&view.widget()));
+        view.click({951 + 9, 598 + 9});
+        view.push(17, 0);
+        view.widget().hide();
+        view.push(17, 1);
+        view.widget().show();
+        QTRY_COMPARE(view.pixel({722 + 189 + 28, 207 + 74 + 10}), QColor(0xff, 0xcc, 0x0d));
+    }
 
 private:
     /// How often anything under the object is woken by a timer.
@@ -24,56 +70,6 @@ private:
         return timers;
     }
 };
-
-void HiddenPanelTest::shownPanelDrawsWhatIsPushed() {
-    PanelView view;
-    QVERIFY(QTest::qWaitForWindowExposed(&view.widget()));
-    QSignalSpy frames(view.widget().quickWindow(), &QQuickWindow::afterRendering);
-    view.push(12, 0);
-    QTRY_VERIFY(!frames.isEmpty());
-}
-
-void HiddenPanelTest::hiddenPanelDrawsNothing() {
-    PanelView view;
-    QVERIFY(QTest::qWaitForWindowExposed(&view.widget()));
-    view.click({296 + 12, 196 + 12});
-    view.widget().hide();
-    QCoreApplication::processEvents();
-    QSignalSpy frames(view.widget().quickWindow(), &QQuickWindow::afterRendering);
-    QTimer clock;
-    QSignalSpy ticks(&clock, &QTimer::timeout);
-    clock.start(20);
-    for (int value = 5; value <= 25; ++value) {
-        view.push(7, value);
-        view.push(12, value % 5);
-        QVERIFY(ticks.wait());
-    }
-    QCOMPARE(frames.size(), 0);
-}
-
-void HiddenPanelTest::hiddenPanelRunsNoTimerAndNoAnimation() {
-    PanelView view;
-    QVERIFY(QTest::qWaitForWindowExposed(&view.widget()));
-    view.click({951 + 9, 598 + 9});
-    view.push(16, 2); // starts the guard's timer, which ends by itself
-    view.widget().hide();
-    QTRY_COMPARE(
-        timersUnder(&view.widget()) + timersUnder(view.widget().quickWindow()) + timersUnder(view.root()), 0);
-    for (QObject *object : view.root()->findChildren<QObject *>())
-        if (object->inherits("QQmlTimer") || object->inherits("QQuickAbstractAnimation"))
-            QTRY_VERIFY2(!object->property("running").toBool(), object->metaObject()->className());
-}
-
-void HiddenPanelTest::panelShownAgainShowsWhatWasPushedMeanwhile() {
-    PanelView view;
-    QVERIFY(QTest::qWaitForWindowExposed(&view.widget()));
-    view.click({951 + 9, 598 + 9});
-    view.push(17, 0);
-    view.widget().hide();
-    view.push(17, 1);
-    view.widget().show();
-    QTRY_COMPARE(view.pixel({722 + 189 + 28, 207 + 74 + 10}), QColor(0xff, 0xcc, 0x0d));
-}
 
 VEXA_WIDGET_TEST_MAIN(HiddenPanelTest)
 #include "HiddenPanelTest.moc"

@@ -54,14 +54,178 @@ private slots:
         m_translator.reset();
     }
 
-    void pickingALanguageSwitchesEveryTextAndKeepsEveryChoice();
-    void pickingEveryLanguageInTurnNeverBounces();
-    void switchByMessageNeverBounces();
-    void textsOfTheKeysInEnglish();
-    void nothingIsClippedOrOverlapsInAnyLanguage_data();
-    void nothingIsClippedOrOverlapsInAnyLanguage();
-    void everyControlHasANameInTheCurrentLanguage_data();
-    void everyControlHasANameInTheCurrentLanguage();
+    void pickingALanguageSwitchesEveryTextAndKeepsEveryChoice() {
+        const QList<int> values{132, 183, 890, 177, 22, 13, 3, 1, 2, 1, 4, 2, 3, 1, 0, 1};
+        for (int i = 0; i < values.size(); ++i)
+            m_view->push(2 + i, values.at(i));
+        m_view->click(settingsButton);
+        m_view->messages.clear();
+        m_view->pick(languageBox, 2);
+        QTRY_COMPARE(titleOfSettings(), QStringLiteral("Setting"));
+        for (const QPoint &button : buttons) {
+            m_view->click(button);
+            for (const QString &text : m_view->visibleTexts())
+                QVERIFY2(!hasHan(text), qPrintable(text));
+        }
+        QCOMPARE(m_view->messages, QList<Message>({{16, 2, 0}}));
+        m_view->click(settingsButton);
+        QCOMPARE(
+            m_view->item(QStringLiteral("ComboxControl"), languageBox)->property("displayText").toString(),
+            QStringLiteral("English"));
+        m_view->click(key4Button);
+        QCOMPARE(m_view->item(QStringLiteral("ComboxControl"), clickList)->property("displayText").toString(),
+                 QStringLiteral("Black Board"));
+        QCOMPARE(m_view->item(QStringLiteral("ComboxControl"), clickList)->property("currentIndex").toInt(),
+                 3);
+        QCOMPARE(m_view->items(QStringLiteral("MagnifierSetWindow")).size(), 1);
+    }
+
+    void pickingEveryLanguageInTurnNeverBounces() {
+        m_view->click(settingsButton);
+        const QStringList titles{"设置", "設置", "Setting"};
+        int picks = 0;
+        for (const int language : {2, 1, 0, 1, 2, 0}) {
+            m_view->pick(languageBox, language);
+            QTRY_COMPARE(titleOfSettings(), titles.at(language));
+            QTRY_VERIFY(m_view->item(QStringLiteral("ComboxControl"), languageBox)
+                            ->property("canChangeIndex")
+                            .toBool());
+            QCOMPARE(
+                m_view->item(QStringLiteral("ComboxControl"), languageBox)->property("currentIndex").toInt(),
+                language);
+            QCOMPARE(m_view->messages.size(), ++picks);
+            QCOMPARE(m_view->messages.last(), Message({16, language, 0}));
+        }
+    }
+
+    void switchByMessageNeverBounces() {
+        m_view->click(settingsButton);
+        QQuickItem *box = m_view->item(QStringLiteral("ComboxControl"), languageBox);
+        m_view->pick(languageBox, 2);
+        QTRY_VERIFY(box->property("canChangeIndex").toBool());
+        m_view->messages.clear();
+        // The host changes the language on its own, and only then tells the view.
+        speak(1);
+        QTRY_COMPARE(titleOfSettings(), QStringLiteral("設置"));
+        QCOMPARE(box->property("currentIndex").toInt(), 2);
+        QCOMPARE(m_view->messages, QList<Message>());
+        m_view->push(16, 1);
+        settle();
+        QCOMPARE(box->property("currentIndex").toInt(), 1);
+        QCOMPARE(m_view->messages, QList<Message>({{16, 1, 0}}));
+        QCOMPARE(titleOfSettings(), QStringLiteral("設置"));
+    }
+
+    void textsOfTheKeysInEnglish() {
+        speak(2);
+        QTRY_COMPARE(m_view->text({296, 116})->property("text").toString(), QStringLiteral("Click"));
+        QCOMPARE(m_view->text({296, 154})->property("text").toString(), QStringLiteral("Long Press"));
+        QCOMPARE(m_view->text({296, 535})->property("text").toString(), QStringLiteral("Page Up"));
+        const QStringList actions{"No Action", "PPT Slide on/off", "Pause/Play", "Black Board", "Screenshot"};
+        m_view->click(key4Button);
+        for (int code = 0; code < actions.size(); ++code) {
+            m_view->push(14, code);
+            QCOMPARE(m_view->text({296, 133})->property("text").toString(), actions.at(code));
+            QCOMPARE(
+                m_view->item(QStringLiteral("ComboxControl"), clickList)->property("displayText").toString(),
+                actions.at(code));
+        }
+    }
+
+    void nothingIsClippedOrOverlapsInAnyLanguage_data() {
+        QTest::addColumn<int>("language");
+        for (int language = 0; language < catalogues.size(); ++language)
+            QTest::newRow(qPrintable(catalogues.at(language))) << language;
+    }
+    void nothingIsClippedOrOverlapsInAnyLanguage() {
+        QFETCH(int, language);
+        speak(language);
+        settle();
+        m_view->push(16, language);
+        const auto check = [this] {
+            for (const QQuickItem *text : m_view->items(QStringLiteral("QQuickText"))) {
+                const QByteArray words = text->property("text").toString().toUtf8();
+                QVERIFY2(!text->property("truncated").toBool(), words.constData());
+                QVERIFY2(text->property("contentWidth").toReal() <= text->width(), words.constData());
+            }
+            const QList<QQuickItem *> texts = m_view->items(QStringLiteral("QQuickText"));
+            for (int i = 0; i < texts.size(); ++i) {
+                for (int j = i + 1; j < texts.size(); ++j) {
+                    const QString both = texts.at(i)->property("text").toString() + " and " +
+                                         texts.at(j)->property("text").toString();
+                    QVERIFY2(!ink(texts.at(i)).intersects(ink(texts.at(j))), qPrintable(both));
+                }
+            }
+        };
+        for (const QPoint &button : buttons) {
+            m_view->click(button);
+            for (int code = 0; code < 5; ++code) {
+                for (int id = 12; id <= 15; ++id)
+                    m_view->push(id, code);
+                check();
+            }
+        }
+    }
+
+    void everyControlHasANameInTheCurrentLanguage_data() {
+        QTest::addColumn<int>("language");
+        QTest::addColumn<QStringList>("always");
+        QTest::addColumn<QStringList>("colours");
+        QTest::addColumn<QStringList>("words"); // in the order of their use below
+        QTest::newRow("Cn") << 0 << QStringList{"设置", "最小化", "关闭"}
+                            << QStringList{"黑色", "白色", "红色", "蓝色", "绿色", "黄色", "洋红色", "紫色"}
+                            << QStringList{"颜色",       "画笔粗细", "单击",
+                                           "长按",       "大小",     "透明度",
+                                           "开机自启动", "语言",     "请访问Vexa官网以获得更多支持"};
+        QTest::newRow("Tw") << 1 << QStringList{"設置", "最小化", "關閉"}
+                            << QStringList{"黑色", "白色", "紅色", "藍色", "綠色", "黃色", "洋紅色", "紫色"}
+                            << QStringList{"顏色",       "設置畫筆粗細", "按一下",
+                                           "長按",       "大小",         "透明度",
+                                           "開機自啟動", "語言",         "請訪問Vexa官網獲得更多支持"};
+        QTest::newRow("En") << 2 << QStringList{"Setting", "Minimize", "Close"}
+                            << QStringList{"Black", "White",  "Red",     "Blue",
+                                           "Green", "Yellow", "Magenta", "Violet"}
+                            << QStringList{
+                                   "Color",      "Penwidth", "Click",
+                                   "Long Press", "Size",     "Brightness",
+                                   "Auto Start", "Language", "Please visit Vexa website to get more support"};
+    }
+    void everyControlHasANameInTheCurrentLanguage() {
+        QFETCH(int, language);
+        QFETCH(QStringList, always);
+        QFETCH(QStringList, colours);
+        QFETCH(QStringList, words);
+        speak(language);
+        settle();
+        always += {"Key 1", "Key 2", "Key 3", "Key 4"};
+        const QString colour = words.at(0), width = words.at(1), longPress = words.at(3), size = words.at(4);
+        const QStringList lists{words.at(2), longPress};
+        QStringList pen = colours;
+        for (const char *number : {"1", "2", "3"})
+            pen += {colour + ' ' + number, width + ' ' + number};
+        pen += width + " 4";
+
+        QCOMPARE(namesBeside(always), QStringList());
+        const struct {
+            QPoint button;
+            int tool;
+            QStringList names;
+        } views[] = {{key1Button, 0, pen},
+                     {key2Button, 0, {longPress}},
+                     {key3Button, 0, {longPress}},
+                     {key4Button, 0, lists + QStringList{words.at(5), size}},
+                     {settingsButton, 0, words.mid(6)},
+                     {key4Button, 1, lists + QStringList{colour, size}},
+                     {settingsButton, 1, words.mid(6)},
+                     {key4Button, 2, lists + QStringList{colour, size}}};
+        for (const auto &view : views) {
+            m_view->push(15, view.tool);
+            m_view->click(view.button);
+            QStringList expected = view.names;
+            expected.sort();
+            QCOMPARE(namesBeside(always), expected);
+        }
+    }
 
 public slots:
     void host(int id, int value, int) {
@@ -105,176 +269,6 @@ private:
     std::unique_ptr<QTranslator> m_translator;
     std::unique_ptr<QTranslator> m_port;
 };
-
-void PanelLanguageTest::pickingALanguageSwitchesEveryTextAndKeepsEveryChoice() {
-    const QList<int> values{132, 183, 890, 177, 22, 13, 3, 1, 2, 1, 4, 2, 3, 1, 0, 1};
-    for (int i = 0; i < values.size(); ++i)
-        m_view->push(2 + i, values.at(i));
-    m_view->click(settingsButton);
-    m_view->messages.clear();
-    m_view->pick(languageBox, 2);
-    QTRY_COMPARE(titleOfSettings(), QStringLiteral("Setting"));
-    for (const QPoint &button : buttons) {
-        m_view->click(button);
-        for (const QString &text : m_view->visibleTexts())
-            QVERIFY2(!hasHan(text), qPrintable(text));
-    }
-    QCOMPARE(m_view->messages, QList<Message>({{16, 2, 0}}));
-    m_view->click(settingsButton);
-    QCOMPARE(m_view->item(QStringLiteral("ComboxControl"), languageBox)->property("displayText").toString(),
-             QStringLiteral("English"));
-    m_view->click(key4Button);
-    QCOMPARE(m_view->item(QStringLiteral("ComboxControl"), clickList)->property("displayText").toString(),
-             QStringLiteral("Black Board"));
-    QCOMPARE(m_view->item(QStringLiteral("ComboxControl"), clickList)->property("currentIndex").toInt(), 3);
-    QCOMPARE(m_view->items(QStringLiteral("MagnifierSetWindow")).size(), 1);
-}
-
-void PanelLanguageTest::pickingEveryLanguageInTurnNeverBounces() {
-    m_view->click(settingsButton);
-    const QStringList titles{"设置", "設置", "Setting"};
-    int picks = 0;
-    for (const int language : {2, 1, 0, 1, 2, 0}) {
-        m_view->pick(languageBox, language);
-        QTRY_COMPARE(titleOfSettings(), titles.at(language));
-        QTRY_VERIFY(
-            m_view->item(QStringLiteral("ComboxControl"), languageBox)->property("canChangeIndex").toBool());
-        QCOMPARE(m_view->item(QStringLiteral("ComboxControl"), languageBox)->property("currentIndex").toInt(),
-                 language);
-        QCOMPARE(m_view->messages.size(), ++picks);
-        QCOMPARE(m_view->messages.last(), Message({16, language, 0}));
-    }
-}
-
-void PanelLanguageTest::switchByMessageNeverBounces() {
-    m_view->click(settingsButton);
-    QQuickItem *box = m_view->item(QStringLiteral("ComboxControl"), languageBox);
-    m_view->pick(languageBox, 2);
-    QTRY_VERIFY(box->property("canChangeIndex").toBool());
-    m_view->messages.clear();
-    // The host changes the language on its own, and only then tells the view.
-    speak(1);
-    QTRY_COMPARE(titleOfSettings(), QStringLiteral("設置"));
-    QCOMPARE(box->property("currentIndex").toInt(), 2);
-    QCOMPARE(m_view->messages, QList<Message>());
-    m_view->push(16, 1);
-    settle();
-    QCOMPARE(box->property("currentIndex").toInt(), 1);
-    QCOMPARE(m_view->messages, QList<Message>({{16, 1, 0}}));
-    QCOMPARE(titleOfSettings(), QStringLiteral("設置"));
-}
-
-void PanelLanguageTest::textsOfTheKeysInEnglish() {
-    speak(2);
-    QTRY_COMPARE(m_view->text({296, 116})->property("text").toString(), QStringLiteral("Click"));
-    QCOMPARE(m_view->text({296, 154})->property("text").toString(), QStringLiteral("Long Press"));
-    QCOMPARE(m_view->text({296, 535})->property("text").toString(), QStringLiteral("Page Up"));
-    const QStringList actions{"No Action", "PPT Slide on/off", "Pause/Play", "Black Board", "Screenshot"};
-    m_view->click(key4Button);
-    for (int code = 0; code < actions.size(); ++code) {
-        m_view->push(14, code);
-        QCOMPARE(m_view->text({296, 133})->property("text").toString(), actions.at(code));
-        QCOMPARE(m_view->item(QStringLiteral("ComboxControl"), clickList)->property("displayText").toString(),
-                 actions.at(code));
-    }
-}
-
-void PanelLanguageTest::nothingIsClippedOrOverlapsInAnyLanguage_data() {
-    QTest::addColumn<int>("language");
-    for (int language = 0; language < catalogues.size(); ++language)
-        QTest::newRow(qPrintable(catalogues.at(language))) << language;
-}
-
-void PanelLanguageTest::nothingIsClippedOrOverlapsInAnyLanguage() {
-    QFETCH(int, language);
-    speak(language);
-    settle();
-    m_view->push(16, language);
-    const auto check = [this] {
-        for (const QQuickItem *text : m_view->items(QStringLiteral("QQuickText"))) {
-            const QByteArray words = text->property("text").toString().toUtf8();
-            QVERIFY2(!text->property("truncated").toBool(), words.constData());
-            QVERIFY2(text->property("contentWidth").toReal() <= text->width(), words.constData());
-        }
-        const QList<QQuickItem *> texts = m_view->items(QStringLiteral("QQuickText"));
-        for (int i = 0; i < texts.size(); ++i) {
-            for (int j = i + 1; j < texts.size(); ++j) {
-                const QString both = texts.at(i)->property("text").toString() + " and " +
-                                     texts.at(j)->property("text").toString();
-                QVERIFY2(!ink(texts.at(i)).intersects(ink(texts.at(j))), qPrintable(both));
-            }
-        }
-    };
-    for (const QPoint &button : buttons) {
-        m_view->click(button);
-        for (int code = 0; code < 5; ++code) {
-            for (int id = 12; id <= 15; ++id)
-                m_view->push(id, code);
-            check();
-        }
-    }
-}
-
-void PanelLanguageTest::everyControlHasANameInTheCurrentLanguage_data() {
-    QTest::addColumn<int>("language");
-    QTest::addColumn<QStringList>("always");
-    QTest::addColumn<QStringList>("colours");
-    QTest::addColumn<QStringList>("words"); // in the order of their use below
-    QTest::newRow("Cn") << 0 << QStringList{"设置", "最小化", "关闭"}
-                        << QStringList{"黑色", "白色", "红色", "蓝色", "绿色", "黄色", "洋红色", "紫色"}
-                        << QStringList{"颜色",       "画笔粗细", "单击",
-                                       "长按",       "大小",     "透明度",
-                                       "开机自启动", "语言",     "请访问Vexa官网以获得更多支持"};
-    QTest::newRow("Tw") << 1 << QStringList{"設置", "最小化", "關閉"}
-                        << QStringList{"黑色", "白色", "紅色", "藍色", "綠色", "黃色", "洋紅色", "紫色"}
-                        << QStringList{"顏色",       "設置畫筆粗細", "按一下",
-                                       "長按",       "大小",         "透明度",
-                                       "開機自啟動", "語言",         "請訪問Vexa官網獲得更多支持"};
-    QTest::newRow("En") << 2 << QStringList{"Setting", "Minimize", "Close"}
-                        << QStringList{"Black", "White",  "Red",     "Blue",
-                                       "Green", "Yellow", "Magenta", "Violet"}
-                        << QStringList{
-                               "Color",      "Penwidth", "Click",
-                               "Long Press", "Size",     "Brightness",
-                               "Auto Start", "Language", "Please visit Vexa website to get more support"};
-}
-
-void PanelLanguageTest::everyControlHasANameInTheCurrentLanguage() {
-    QFETCH(int, language);
-    QFETCH(QStringList, always);
-    QFETCH(QStringList, colours);
-    QFETCH(QStringList, words);
-    speak(language);
-    settle();
-    always += {"Key 1", "Key 2", "Key 3", "Key 4"};
-    const QString colour = words.at(0), width = words.at(1), longPress = words.at(3), size = words.at(4);
-    const QStringList lists{words.at(2), longPress};
-    QStringList pen = colours;
-    for (const char *number : {"1", "2", "3"})
-        pen += {colour + ' ' + number, width + ' ' + number};
-    pen += width + " 4";
-
-    QCOMPARE(namesBeside(always), QStringList());
-    const struct {
-        QPoint button;
-        int tool;
-        QStringList names;
-    } views[] = {{key1Button, 0, pen},
-                 {key2Button, 0, {longPress}},
-                 {key3Button, 0, {longPress}},
-                 {key4Button, 0, lists + QStringList{words.at(5), size}},
-                 {settingsButton, 0, words.mid(6)},
-                 {key4Button, 1, lists + QStringList{colour, size}},
-                 {settingsButton, 1, words.mid(6)},
-                 {key4Button, 2, lists + QStringList{colour, size}}};
-    for (const auto &view : views) {
-        m_view->push(15, view.tool);
-        m_view->click(view.button);
-        QStringList expected = view.names;
-        expected.sort();
-        QCOMPARE(namesBeside(always), expected);
-    }
-}
 
 VEXA_WIDGET_TEST_MAIN(PanelLanguageTest)
 #include "PanelLanguageTest.moc"

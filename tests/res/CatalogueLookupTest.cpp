@@ -6,30 +6,6 @@
 #include <QTranslator>
 #include <QtTest>
 
-/// What the program gets to see of the compiled catalogues.
-class CatalogueLookupTest : public QObject {
-    Q_OBJECT
-
-private slots:
-    void everyRowIsFoundInTheCompiledCatalogue_data();
-    void everyRowIsFoundInTheCompiledCatalogue();
-    void aRowWithAnEmptyTranslationShowsItsSource();
-    void englishReadsAsAgreed();
-    void traditionalKeepsItsDeliberateOddities();
-    void theGuideStaysSimplifiedWithTheTraditionalCatalogue();
-    void everyCatalogueShowsTheVersion();
-    void withoutACatalogueTheSourceVersionShows();
-    void simplifiedRestoresTheSourcesAfterAnotherLanguage();
-    void anUnknownCatalogueLoadsNothing();
-    void theTextsOfThisPortHaveCataloguesOfTheirOwn();
-    void cleanup();
-
-private:
-    void install(Catalogue catalogue);
-
-    QTranslator m_translator;
-};
-
 namespace {
 
 QString resource(Catalogue catalogue) {
@@ -42,133 +18,140 @@ QString shown(const QString &context, const QString &source) {
 
 } // namespace
 
-void CatalogueLookupTest::install(Catalogue catalogue) {
-    QVERIFY(m_translator.load(resource(catalogue)));
-    QVERIFY(QCoreApplication::installTranslator(&m_translator));
-}
+/// What the program gets to see of the compiled catalogues.
+class CatalogueLookupTest : public QObject {
+    Q_OBJECT
 
-void CatalogueLookupTest::cleanup() {
-    QCoreApplication::removeTranslator(&m_translator);
-}
-
-void CatalogueLookupTest::everyRowIsFoundInTheCompiledCatalogue_data() {
-    QTest::addColumn<int>("catalogue");
-    QTest::newRow("English") << int(Catalogue::English);
-    QTest::newRow("Simplified") << int(Catalogue::Simplified);
-    QTest::newRow("Traditional") << int(Catalogue::Traditional);
-}
-
-void CatalogueLookupTest::everyRowIsFoundInTheCompiledCatalogue() {
-    QFETCH(int, catalogue);
-    install(Catalogue(catalogue));
-    const QVector<TsRow> rows = expectedRows(Catalogue(catalogue));
-    QVERIFY(rows.size() >= 140);
-    for (const TsRow &row : rows)
-        QCOMPARE(shown(row.context, row.source), row.translation.isEmpty() ? row.source : row.translation);
-}
-
-void CatalogueLookupTest::aRowWithAnEmptyTranslationShowsItsSource() {
-    install(Catalogue::English);
-    QCOMPARE(shown("PromptWindow", "Form"), QString("Form"));
-    QCOMPARE(shown("blackBoardform", "TextLabel"), QString("TextLabel"));
-    QCOMPARE(shown("MainWindow", "Key 1"), QString("Key 1"));
-    QCOMPARE(shown("PizhuForm", "1"), QString("1"));
-    QCOMPARE(shown("AboutButton2", ""), QString());
-}
-
-void CatalogueLookupTest::englishReadsAsAgreed() {
-    install(Catalogue::English);
-    QCOMPARE(shown("Key2Window", "单击"), QString("Click"));
-    QCOMPARE(shown("Key2Window", "长按"), QString("Long Press"));
-    QCOMPARE(shown("Key2Window", "无操作"), QString("No Action"));
-    QCOMPARE(shown("Key3Window", "PPT放映：开始/结束"), QString("PPT Slide on/off"));
-    QCOMPARE(shown("Key2Window", "上一页"), QString("Page Up"));
-    QCOMPARE(shown("Key4Window", "播放器：暂停/播放"), QString("Pause/Play"));
-    QCOMPARE(shown("Key4Window", "屏幕截屏"), QString("Screenshot"));
-    QCOMPARE(shown("Key4Window", "黑板"), QString("Black Board"));
-    QCOMPARE(shown("SportLightSetWindow", "透明度"), QString("Brightness"));
-    QCOMPARE(shown("PrivacyWindow", "辅助功能"), QString("Auxiliary Function;"));
-    QCOMPARE(shown("PrivacyWindow", "屏幕录制"), QString("Screen Recording."));
-    QCOMPARE(shown("MainWindow", "截屏已保存"), QString("Screenshot saved!"));
-}
-
-void CatalogueLookupTest::traditionalKeepsItsDeliberateOddities() {
-    install(Catalogue::Traditional);
-    QCOMPARE(shown("Key2Window", "屏幕截屏"), QString("截屏"));
-    QCOMPARE(shown("MainWindow", "截屏已保存"), QString("截屏"));
-    QCOMPARE(shown("Key4Window", "数字激光点"), QString("數字激光筆"));
-    QCOMPARE(shown("Key4Window", "数字激光笔设置"), QString("數位鐳射筆設置"));
-    QCOMPARE(shown("PizhuSetPenColor", "画笔粗细"), QString("設置畫筆粗細"));
-    QCOMPARE(shown("PizhuSetPenSize", "画笔粗细:"), QString("設置畫筆粗細"));
-    QCOMPARE(shown("Key1Window", "单击"), QString("按一下"));
-}
-
-void CatalogueLookupTest::theGuideStaysSimplifiedWithTheTraditionalCatalogue() {
-    install(Catalogue::Traditional);
-    int texts = 0;
-    for (const Wording &wording : wordings()) {
-        if (!QString(wording.contexts).startsWith("Privacy"))
-            continue;
-        ++texts;
-        for (const QString &context : QString(wording.contexts).split(' '))
-            QCOMPARE(shown(context, wording.source), QString(wording.source));
+private slots:
+    void everyRowIsFoundInTheCompiledCatalogue_data() {
+        QTest::addColumn<int>("catalogue");
+        QTest::newRow("English") << int(Catalogue::English);
+        QTest::newRow("Simplified") << int(Catalogue::Simplified);
+        QTest::newRow("Traditional") << int(Catalogue::Traditional);
     }
-    QCOMPARE(texts, 9);
-}
-
-void CatalogueLookupTest::everyCatalogueShowsTheVersion() {
-    for (Catalogue catalogue : {Catalogue::English, Catalogue::Simplified, Catalogue::Traditional}) {
-        install(catalogue);
-        QCOMPARE(shown("SetWindow", "2.0.0.0"), QString("2.1.0.210527"));
-        cleanup();
+    void everyRowIsFoundInTheCompiledCatalogue() {
+        QFETCH(int, catalogue);
+        install(Catalogue(catalogue));
+        const QVector<TsRow> rows = expectedRows(Catalogue(catalogue));
+        QVERIFY(rows.size() >= 140);
+        for (const TsRow &row : rows)
+            QCOMPARE(shown(row.context, row.source),
+                     row.translation.isEmpty() ? row.source : row.translation);
     }
-}
 
-void CatalogueLookupTest::withoutACatalogueTheSourceVersionShows() {
-    QCOMPARE(shown("SetWindow", "2.0.0.0"), QString("2.0.0.0"));
-}
-
-void CatalogueLookupTest::simplifiedRestoresTheSourcesAfterAnotherLanguage() {
-    // The guide leaves a translator of its own behind; the one installed later is asked first.
-    QTranslator guide;
-    QVERIFY(guide.load(resource(Catalogue::Traditional)));
-    QVERIFY(QCoreApplication::installTranslator(&guide));
-    install(Catalogue::Simplified);
-    for (const Wording &wording : wordings()) {
-        const QString source = wording.source;
-        if (source == "2.0.0.0" || source == "版本 1.0")
-            continue;
-        for (const QString &context : QString(wording.contexts).split(' '))
-            QCOMPARE(shown(context, source), source);
+    void aRowWithAnEmptyTranslationShowsItsSource() {
+        install(Catalogue::English);
+        QCOMPARE(shown("PromptWindow", "Form"), QString("Form"));
+        QCOMPARE(shown("blackBoardform", "TextLabel"), QString("TextLabel"));
+        QCOMPARE(shown("MainWindow", "Key 1"), QString("Key 1"));
+        QCOMPARE(shown("PizhuForm", "1"), QString("1"));
+        QCOMPARE(shown("AboutButton2", ""), QString());
     }
-    QCoreApplication::removeTranslator(&guide);
-}
 
-void CatalogueLookupTest::anUnknownCatalogueLoadsNothing() {
-    QTranslator none;
-    QVERIFY(!none.load(QString()));
-    QVERIFY(!none.load(":/language_qm/lang_Fr.qm"));
-    QCOMPARE(shown("Key1Window", "单击"), QString("单击"));
-}
+    void englishReadsAsAgreed() {
+        install(Catalogue::English);
+        QCOMPARE(shown("Key2Window", "单击"), QString("Click"));
+        QCOMPARE(shown("Key2Window", "长按"), QString("Long Press"));
+        QCOMPARE(shown("Key2Window", "无操作"), QString("No Action"));
+        QCOMPARE(shown("Key3Window", "PPT放映：开始/结束"), QString("PPT Slide on/off"));
+        QCOMPARE(shown("Key2Window", "上一页"), QString("Page Up"));
+        QCOMPARE(shown("Key4Window", "播放器：暂停/播放"), QString("Pause/Play"));
+        QCOMPARE(shown("Key4Window", "屏幕截屏"), QString("Screenshot"));
+        QCOMPARE(shown("Key4Window", "黑板"), QString("Black Board"));
+        QCOMPARE(shown("SportLightSetWindow", "透明度"), QString("Brightness"));
+        QCOMPARE(shown("PrivacyWindow", "辅助功能"), QString("Auxiliary Function;"));
+        QCOMPARE(shown("PrivacyWindow", "屏幕录制"), QString("Screen Recording."));
+        QCOMPARE(shown("MainWindow", "截屏已保存"), QString("Screenshot saved!"));
+    }
 
-void CatalogueLookupTest::theTextsOfThisPortHaveCataloguesOfTheirOwn() {
-    install(Catalogue::English);
-    QCOMPARE(shown("MainWindow", "关闭"), QString("关闭"));
-    for (const auto &[catalogue, close] :
-         {std::pair("En", "Close"), std::pair("Tw", "關閉"), std::pair("Cn", "关闭")}) {
-        // Where no other file is beside them, each loads all the same.
-        const QTemporaryDir folder;
-        for (const QString &name : {QStringLiteral("lang_%1.qm"), QStringLiteral("port_%1.qm")}) {
-            const QString file = folder.filePath(QStringLiteral("alone.qm"));
-            QVERIFY(QFile::copy(QStringLiteral(":/language_qm/") + name.arg(catalogue), file));
-            QVERIFY2(QTranslator().load(file), qPrintable(name.arg(catalogue)));
-            QVERIFY(QFile::remove(file));
+    void traditionalKeepsItsDeliberateOddities() {
+        install(Catalogue::Traditional);
+        QCOMPARE(shown("Key2Window", "屏幕截屏"), QString("截屏"));
+        QCOMPARE(shown("MainWindow", "截屏已保存"), QString("截屏"));
+        QCOMPARE(shown("Key4Window", "数字激光点"), QString("數字激光筆"));
+        QCOMPARE(shown("Key4Window", "数字激光笔设置"), QString("數位鐳射筆設置"));
+        QCOMPARE(shown("PizhuSetPenColor", "画笔粗细"), QString("設置畫筆粗細"));
+        QCOMPARE(shown("PizhuSetPenSize", "画笔粗细:"), QString("設置畫筆粗細"));
+        QCOMPARE(shown("Key1Window", "单击"), QString("按一下"));
+    }
+
+    void theGuideStaysSimplifiedWithTheTraditionalCatalogue() {
+        install(Catalogue::Traditional);
+        int texts = 0;
+        for (const Wording &wording : wordings()) {
+            if (!QString(wording.contexts).startsWith("Privacy"))
+                continue;
+            ++texts;
+            for (const QString &context : QString(wording.contexts).split(' '))
+                QCOMPARE(shown(context, wording.source), QString(wording.source));
         }
-        QTranslator port;
-        QVERIFY(port.load(QStringLiteral(":/language_qm/port_%1.qm").arg(catalogue)));
-        QCOMPARE(port.translate("MainWindow", "关闭"), QString(close));
+        QCOMPARE(texts, 9);
     }
-}
+
+    void everyCatalogueShowsTheVersion() {
+        for (Catalogue catalogue : {Catalogue::English, Catalogue::Simplified, Catalogue::Traditional}) {
+            install(catalogue);
+            QCOMPARE(shown("SetWindow", "2.0.0.0"), QString("2.1.0.210527"));
+            cleanup();
+        }
+    }
+
+    void withoutACatalogueTheSourceVersionShows() {
+        QCOMPARE(shown("SetWindow", "2.0.0.0"), QString("2.0.0.0"));
+    }
+
+    void simplifiedRestoresTheSourcesAfterAnotherLanguage() {
+        // The guide leaves a translator of its own behind; the one installed later is asked first.
+        QTranslator guide;
+        QVERIFY(guide.load(resource(Catalogue::Traditional)));
+        QVERIFY(QCoreApplication::installTranslator(&guide));
+        install(Catalogue::Simplified);
+        for (const Wording &wording : wordings()) {
+            const QString source = wording.source;
+            if (source == "2.0.0.0" || source == "版本 1.0")
+                continue;
+            for (const QString &context : QString(wording.contexts).split(' '))
+                QCOMPARE(shown(context, source), source);
+        }
+        QCoreApplication::removeTranslator(&guide);
+    }
+
+    void anUnknownCatalogueLoadsNothing() {
+        QTranslator none;
+        QVERIFY(!none.load(QString()));
+        QVERIFY(!none.load(":/language_qm/lang_Fr.qm"));
+        QCOMPARE(shown("Key1Window", "单击"), QString("单击"));
+    }
+
+    void theTextsOfThisPortHaveCataloguesOfTheirOwn() {
+        install(Catalogue::English);
+        QCOMPARE(shown("MainWindow", "关闭"), QString("关闭"));
+        for (const auto &[catalogue, close] :
+             {std::pair("En", "Close"), std::pair("Tw", "關閉"), std::pair("Cn", "关闭")}) {
+            // Where no other file is beside them, each loads all the same.
+            const QTemporaryDir folder;
+            for (const QString &name : {QStringLiteral("lang_%1.qm"), QStringLiteral("port_%1.qm")}) {
+                const QString file = folder.filePath(QStringLiteral("alone.qm"));
+                QVERIFY(QFile::copy(QStringLiteral(":/language_qm/") + name.arg(catalogue), file));
+                QVERIFY2(QTranslator().load(file), qPrintable(name.arg(catalogue)));
+                QVERIFY(QFile::remove(file));
+            }
+            QTranslator port;
+            QVERIFY(port.load(QStringLiteral(":/language_qm/port_%1.qm").arg(catalogue)));
+            QCOMPARE(port.translate("MainWindow", "关闭"), QString(close));
+        }
+    }
+
+    void cleanup() { QCoreApplication::removeTranslator(&m_translator); }
+
+private:
+    void install(Catalogue catalogue) {
+        QVERIFY(m_translator.load(resource(catalogue)));
+        QVERIFY(QCoreApplication::installTranslator(&m_translator));
+    }
+
+    QTranslator m_translator;
+};
 
 QTEST_GUILESS_MAIN(CatalogueLookupTest)
 #include "CatalogueLookupTest.moc"

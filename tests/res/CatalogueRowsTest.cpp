@@ -5,23 +5,6 @@
 #include <QSet>
 #include <QtTest>
 
-/// The rows of the catalogues' sources, compared with the agreed wording.
-class CatalogueRowsTest : public QObject {
-    Q_OBJECT
-
-private slots:
-    void eachContextHasItsNumberOfRows_data();
-    void eachContextHasItsNumberOfRows();
-    void noContextIsUnknown();
-    void theCatalogueHasExactlyTheAgreedRows_data();
-    void theCatalogueHasExactlyTheAgreedRows();
-    void noRowIsUnfinished();
-    void noRowStandsTwice();
-    void thereAre433RowsOf73Texts();
-    void theTraditionalCatalogueHasNoRowsOfTheGuide();
-    void theVersionStandsInEachCatalogue();
-};
-
 namespace {
 
 const QVector<Catalogue> everyCatalogue{Catalogue::English, Catalogue::Simplified, Catalogue::Traditional};
@@ -51,90 +34,92 @@ void addCatalogues() {
 
 } // namespace
 
-void CatalogueRowsTest::eachContextHasItsNumberOfRows_data() {
-    QTest::addColumn<QString>("context");
-    QTest::addColumn<QVector<int>>("expected");
-    for (const Count &count : counts())
-        QTest::newRow(count.context) << QString(count.context)
-                                     << QVector<int>{count.english, count.simplified, count.traditional};
-    QTest::newRow("all contexts") << QString() << QVector<int>{151, 142, 140};
-}
+/// The rows of the catalogues' sources, compared with the agreed wording.
+class CatalogueRowsTest : public QObject {
+    Q_OBJECT
 
-void CatalogueRowsTest::eachContextHasItsNumberOfRows() {
-    QFETCH(QString, context);
-    QFETCH(QVector<int>, expected);
-    QVector<int> actual;
-    for (Catalogue catalogue : everyCatalogue) {
-        const QVector<TsRow> rows = rowsOf(catalogue);
-        actual.append(context.isEmpty() ? rows.size() : rowsOfContext(rows, context));
+private slots:
+    void eachContextHasItsNumberOfRows_data() {
+        QTest::addColumn<QString>("context");
+        QTest::addColumn<QVector<int>>("expected");
+        for (const Count &count : counts())
+            QTest::newRow(count.context)
+                << QString(count.context) << QVector<int>{count.english, count.simplified, count.traditional};
+        QTest::newRow("all contexts") << QString() << QVector<int>{151, 142, 140};
     }
-    QCOMPARE(actual, expected);
-}
-
-void CatalogueRowsTest::noContextIsUnknown() {
-    QSet<QString> known;
-    for (const Count &count : counts())
-        known.insert(count.context);
-    QCOMPARE(known.size(), 33);
-    for (Catalogue catalogue : everyCatalogue)
-        for (const TsRow &row : rowsOf(catalogue))
-            QVERIFY2(known.contains(row.context), qPrintable(row.context));
-}
-
-void CatalogueRowsTest::theCatalogueHasExactlyTheAgreedRows_data() {
-    addCatalogues();
-}
-
-void CatalogueRowsTest::theCatalogueHasExactlyTheAgreedRows() {
-    QFETCH(int, catalogue);
-    QCOMPARE(sorted(rowsOf(Catalogue(catalogue))), sorted(expectedRows(Catalogue(catalogue))));
-}
-
-void CatalogueRowsTest::noRowIsUnfinished() {
-    for (Catalogue catalogue : everyCatalogue)
-        for (const TsRow &row : rowsOf(catalogue))
-            QVERIFY2(row.type.isEmpty(), qPrintable(row.context + ": " + row.source + " is " + row.type));
-}
-
-void CatalogueRowsTest::noRowStandsTwice() {
-    for (Catalogue catalogue : everyCatalogue) {
-        const QVector<TsRow> rows = rowsOf(catalogue);
-        QSet<QPair<QString, QString>> keys;
-        for (const TsRow &row : rows)
-            keys.insert({row.context, row.source});
-        QCOMPARE(keys.size(), rows.size());
+    void eachContextHasItsNumberOfRows() {
+        QFETCH(QString, context);
+        QFETCH(QVector<int>, expected);
+        QVector<int> actual;
+        for (Catalogue catalogue : everyCatalogue) {
+            const QVector<TsRow> rows = rowsOf(catalogue);
+            actual.append(context.isEmpty() ? rows.size() : rowsOfContext(rows, context));
+        }
+        QCOMPARE(actual, expected);
     }
-}
 
-void CatalogueRowsTest::thereAre433RowsOf73Texts() {
-    int rowCount = 0;
-    QSet<QString> texts;
-    for (Catalogue catalogue : everyCatalogue) {
-        for (const TsRow &row : rowsOf(catalogue)) {
-            ++rowCount;
-            texts.insert(row.source);
+    void noContextIsUnknown() {
+        QSet<QString> known;
+        for (const Count &count : counts())
+            known.insert(count.context);
+        QCOMPARE(known.size(), 33);
+        for (Catalogue catalogue : everyCatalogue)
+            for (const TsRow &row : rowsOf(catalogue))
+                QVERIFY2(known.contains(row.context), qPrintable(row.context));
+    }
+
+    void theCatalogueHasExactlyTheAgreedRows_data() { addCatalogues(); }
+    void theCatalogueHasExactlyTheAgreedRows() {
+        QFETCH(int, catalogue);
+        QCOMPARE(sorted(rowsOf(Catalogue(catalogue))), sorted(expectedRows(Catalogue(catalogue))));
+    }
+
+    void noRowIsUnfinished() {
+        for (Catalogue catalogue : everyCatalogue)
+            for (const TsRow &row : rowsOf(catalogue))
+                QVERIFY2(row.type.isEmpty(), qPrintable(row.context + ": " + row.source + " is " + row.type));
+    }
+
+    void noRowStandsTwice() {
+        for (Catalogue catalogue : everyCatalogue) {
+            const QVector<TsRow> rows = rowsOf(catalogue);
+            QSet<QPair<QString, QString>> keys;
+            for (const TsRow &row : rows)
+                keys.insert({row.context, row.source});
+            QCOMPARE(keys.size(), rows.size());
         }
     }
-    QCOMPARE(rowCount, 433);
-    QCOMPARE(texts.size(), 73);
-}
 
-void CatalogueRowsTest::theTraditionalCatalogueHasNoRowsOfTheGuide() {
-    const QVector<TsRow> rows = rowsOf(Catalogue::Traditional);
-    QVERIFY(!rows.isEmpty());
-    QCOMPARE(rowsOfContext(rows, "PrivacyWindow"), 0);
-    QCOMPARE(rowsOfContext(rows, "PrivacyprivilegesWindow"), 0);
-}
-
-void CatalogueRowsTest::theVersionStandsInEachCatalogue() {
-    for (Catalogue catalogue : everyCatalogue) {
-        QStringList versions;
-        for (const TsRow &row : rowsOf(catalogue))
-            if (row.context == "SetWindow" && row.source == "2.0.0.0")
-                versions.append(row.translation);
-        QCOMPARE(versions, QStringList{"2.1.0.210527"});
+    void thereAre433RowsOf73Texts() {
+        int rowCount = 0;
+        QSet<QString> texts;
+        for (Catalogue catalogue : everyCatalogue) {
+            for (const TsRow &row : rowsOf(catalogue)) {
+                ++rowCount;
+                texts.insert(row.source);
+            }
+        }
+        QCOMPARE(rowCount, 433);
+        QCOMPARE(texts.size(), 73);
     }
-}
+
+    void theTraditionalCatalogueHasNoRowsOfTheGuide() {
+        const QVector<TsRow> rows = rowsOf(Catalogue::Traditional);
+        QVERIFY(!rows.isEmpty());
+        QCOMPARE(rowsOfContext(rows, "PrivacyWindow"), 0);
+        QCOMPARE(rowsOfContext(rows, "PrivacyprivilegesWindow"), 0);
+    }
+
+    void theVersionStandsInEachCatalogue() {
+        for (Catalogue catalogue : everyCatalogue) {
+            QStringList versions;
+            for (const TsRow &row : rowsOf(catalogue))
+                if (row.context == "SetWindow" && row.source == "2.0.0.0")
+                    versions.append(row.translation);
+            QCOMPARE(versions, QStringList{"2.1.0.210527"});
+        }
+    }
+};
 
 QTEST_GUILESS_MAIN(CatalogueRowsTest)
 #include "CatalogueRowsTest.moc"

@@ -5,27 +5,6 @@
 
 #include <cmath>
 
-/// What the pictures must do for the texts and buttons that stand on them. Positions are those of the views,
-/// in points.
-class PanelArtTest : public QObject {
-    Q_OBJECT
-
-private slots:
-    void textOnTheBackgroundCanBeRead_data();
-    void textOnTheBackgroundCanBeRead();
-    void textOnAFrameCanBeRead_data();
-    void textOnAFrameCanBeRead();
-    void aLineLeadsFromEachKeyToItsArrow_data();
-    void aLineLeadsFromEachKeyToItsArrow();
-    void thePointerOfEachFrameIsAtItsArrow_data();
-    void thePointerOfEachFrameIsAtItsArrow();
-    void theSlotFramesPointAtTheirSlots();
-    void overlayButtonsStandOutOnEveryBackground_data();
-    void overlayButtonsStandOutOnEveryBackground();
-    void theTextOfTheGuidesButtonCanBeRead();
-    void selectedPicturesAreYellowAndTheOthersAreNot();
-};
-
 namespace {
 
 const QColor white("#FFFFFF");
@@ -68,161 +47,163 @@ bool isOpaque(const QImage &picture, double x, double y) {
 
 } // namespace
 
-void PanelArtTest::textOnTheBackgroundCanBeRead_data() {
-    QTest::addColumn<QRect>("area");
-    QTest::addColumn<QColor>("colour");
-    struct Key {
-        const char *name;
-        int title;
-        int click;
-        int longPress;
-        bool left;
-    };
-    for (const Key &key : {Key{"key 1", 491, 518, 556, false}, Key{"key 2", 491, 518, 556, true},
-                           Key{"key 3", 89, 116, 154, false}, Key{"key 4", 89, 116, 154, true}}) {
-        const int x = key.left ? 296 : 703 - 135;
-        const QByteArray name = key.name;
-        QTest::newRow(name + " title") << QRect(x, key.title, 135, 19) << white;
-        QTest::newRow(name + " click") << QRect(x, key.click, 135, 16) << white;
-        QTest::newRow(name + " click value") << QRect(x, key.click + 17, 135, 16) << grey;
-        QTest::newRow(name + " long press") << QRect(x, key.longPress, 135, 16) << white;
-        QTest::newRow(name + " long press value") << QRect(x, key.longPress + 17, 135, 16) << grey;
+/// What the pictures must do for the texts and buttons that stand on them. Positions are those of the views,
+/// in points.
+class PanelArtTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void textOnTheBackgroundCanBeRead_data() {
+        QTest::addColumn<QRect>("area");
+        QTest::addColumn<QColor>("colour");
+        struct Key {
+            const char *name;
+            int title;
+            int click;
+            int longPress;
+            bool left;
+        };
+        for (const Key &key : {Key{"key 1", 491, 518, 556, false}, Key{"key 2", 491, 518, 556, true},
+                               Key{"key 3", 89, 116, 154, false}, Key{"key 4", 89, 116, 154, true}}) {
+            const int x = key.left ? 296 : 703 - 135;
+            const QByteArray name = key.name;
+            QTest::newRow(name + " title") << QRect(x, key.title, 135, 19) << white;
+            QTest::newRow(name + " click") << QRect(x, key.click, 135, 16) << white;
+            QTest::newRow(name + " click value") << QRect(x, key.click + 17, 135, 16) << grey;
+            QTest::newRow(name + " long press") << QRect(x, key.longPress, 135, 16) << white;
+            QTest::newRow(name + " long press value") << QRect(x, key.longPress + 17, 135, 16) << grey;
+        }
     }
-}
-
-void PanelArtTest::textOnTheBackgroundCanBeRead() {
-    QFETCH(QRect, area);
-    QFETCH(QColor, colour);
-    const double small = leastContrast(QImage(":/bg.png"), area, 1, colour);
-    const double large = leastContrast(QImage(":/bg@3x.png"), area, 2, colour);
-    QVERIFY2(small >= 4.5 && large >= 4.5, qPrintable(QString("%1 %2").arg(small).arg(large)));
-}
-
-void PanelArtTest::textOnAFrameCanBeRead_data() {
-    QTest::addColumn<int>("scale");
-    QTest::addColumn<QRect>("area");
-    QTest::addColumn<QColor>("colour");
-    QTest::newRow("frame-key1.png") << 2 << QRect(30, 22, 207, 85) << grey;
-    QTest::newRow("frame-key2.png") << 2 << QRect(20, 22, 207, 150) << grey;
-    QTest::newRow("frame-key3.png") << 2 << QRect(20, 22, 207, 150) << grey;
-    QTest::newRow("frame-key4.png") << 2 << QRect(20, 22, 207, 180) << grey;
-    QTest::newRow("frame-setting.png") << 2 << QRect(19, 23, 210, 345) << grey;
-    QTest::newRow("pri_bg@3x.png") << 3 << QRect(20, 39, 350, 230) << white;
-    QTest::newRow("pri_frame@3x.png") << 3 << QRect(39, 6, 400, 24) << white;
-    QTest::newRow("capturebg@1080p.png") << 1 << QRect(20, 42, 300, 95) << white;
-    QTest::newRow("annotatebg@1080p.png") << 1 << QRect(20, 2, 240, 34) << white;
-}
-
-void PanelArtTest::textOnAFrameCanBeRead() {
-    QFETCH(int, scale);
-    QFETCH(QRect, area);
-    QFETCH(QColor, colour);
-    const double least =
-        leastContrast(QImage(QStringLiteral(":/") + QTest::currentDataTag()), area, scale, colour);
-    QVERIFY2(least >= 4.5, qPrintable(QString::number(least)));
-}
-
-void PanelArtTest::aLineLeadsFromEachKeyToItsArrow_data() {
-    QTest::addColumn<int>("arrowX");
-    QTest::addColumn<int>("arrowY");
-    QTest::newRow("key 1") << 679 << 457;
-    QTest::newRow("key 2") << 296 << 457;
-    QTest::newRow("key 3") << 679 << 196;
-    QTest::newRow("key 4") << 296 << 196;
-}
-
-void PanelArtTest::aLineLeadsFromEachKeyToItsArrow() {
-    QFETCH(int, arrowX);
-    QFETCH(int, arrowY);
-    const QImage background(":/bg@3x.png");
-    const int middle = (arrowY + 12) * 2;
-    const bool left = arrowX < 499;
-    const int arrowEdge = left ? arrowX + 24 + 2 : arrowX - 2;
-    const int keyEdge = left ? 478 : 521; // within the outer key of the pen
-    for (int x = std::min(arrowEdge, keyEdge) * 2; x < std::max(arrowEdge, keyEdge) * 2; ++x) {
-        if (x > 455 * 2 && x < 465 * 2)
-            continue; // the flank of the pen, as bright as the line
-        const double line = luminance(background.pixelColor(x, middle));
-        QVERIFY2(line > luminance(background.pixelColor(x, middle - 8)), qPrintable(QString::number(x)));
-        QVERIFY2(line > luminance(background.pixelColor(x, middle + 8)), qPrintable(QString::number(x)));
+    void textOnTheBackgroundCanBeRead() {
+        QFETCH(QRect, area);
+        QFETCH(QColor, colour);
+        const double small = leastContrast(QImage(":/bg.png"), area, 1, colour);
+        const double large = leastContrast(QImage(":/bg@3x.png"), area, 2, colour);
+        QVERIFY2(small >= 4.5 && large >= 4.5, qPrintable(QString("%1 %2").arg(small).arg(large)));
     }
-}
 
-void PanelArtTest::thePointerOfEachFrameIsAtItsArrow_data() {
-    QTest::addColumn<int>("y");
-    QTest::addColumn<double>("x");
-    // The middle of the arrow, seen from the corner of the view; a place within the pointer, outside the
-    // body.
-    QTest::newRow("frame-key1.png") << 457 + 12 - 87 << 4.0;
-    QTest::newRow("frame-key2.png") << 457 + 12 - 321 << 253.0;
-    QTest::newRow("frame-key3.png") << 196 + 12 - 87 << 4.0;
-    QTest::newRow("frame-key4.png") << 196 + 12 - 87 << 253.0;
-}
-
-void PanelArtTest::thePointerOfEachFrameIsAtItsArrow() {
-    QFETCH(int, y);
-    QFETCH(double, x);
-    const QImage frame(QStringLiteral(":/") + QTest::currentDataTag());
-    QVERIFY(isOpaque(frame, x, y));
-    QVERIFY(!isOpaque(frame, x, y - 12));
-    QVERIFY(!isOpaque(frame, x, y + 12));
-}
-
-void PanelArtTest::theSlotFramesPointAtTheirSlots() {
-    const double middles[] = {31 + 13 - 16, 91 + 13 - 16, 151 + 13 - 16};
-    for (int number = 1; number <= 3; ++number) {
-        const QImage frame(QStringLiteral(":/frame-%1.png").arg(number));
-        for (int slot = 1; slot <= 3; ++slot)
-            QCOMPARE(isOpaque(frame, middles[slot - 1], 7), slot == number);
+    void textOnAFrameCanBeRead_data() {
+        QTest::addColumn<int>("scale");
+        QTest::addColumn<QRect>("area");
+        QTest::addColumn<QColor>("colour");
+        QTest::newRow("frame-key1.png") << 2 << QRect(30, 22, 207, 85) << grey;
+        QTest::newRow("frame-key2.png") << 2 << QRect(20, 22, 207, 150) << grey;
+        QTest::newRow("frame-key3.png") << 2 << QRect(20, 22, 207, 150) << grey;
+        QTest::newRow("frame-key4.png") << 2 << QRect(20, 22, 207, 180) << grey;
+        QTest::newRow("frame-setting.png") << 2 << QRect(19, 23, 210, 345) << grey;
+        QTest::newRow("pri_bg@3x.png") << 3 << QRect(20, 39, 350, 230) << white;
+        QTest::newRow("pri_frame@3x.png") << 3 << QRect(39, 6, 400, 24) << white;
+        QTest::newRow("capturebg@1080p.png") << 1 << QRect(20, 42, 300, 95) << white;
+        QTest::newRow("annotatebg@1080p.png") << 1 << QRect(20, 2, 240, 34) << white;
     }
-}
-
-void PanelArtTest::overlayButtonsStandOutOnEveryBackground_data() {
-    QTest::addColumn<QString>("icon");
-    QTest::addColumn<QColor>("ground");
-    for (const char *icon :
-         {"icon-pen", "icon-pen-selected", "icon-eraser", "icon-eraser-selected", "icon-exit"})
-        for (const char *ground : {"#FFFFFF", "#000000", "#181827", "#7F7F7F", "#FFCC0D"})
-            QTest::newRow(QByteArray(icon) + " on " + ground) << QString(icon) << QColor(ground);
-}
-
-void PanelArtTest::overlayButtonsStandOutOnEveryBackground() {
-    QFETCH(QString, icon);
-    QFETCH(QColor, ground);
-    const QImage picture(":/" + icon + ".png");
-    QImage screen(picture.size(), QImage::Format_RGB32);
-    screen.fill(ground);
-    QPainter(&screen).drawImage(0, 0, picture);
-    double edge = 1;
-    for (int x = 0; x < 24; ++x)
-        edge = std::max(edge, contrast(screen.pixelColor(x, 60), ground));
-    QVERIFY2(edge >= 3, qPrintable(QString::number(edge)));
-    const QColor plate = screen.pixelColor(60, 14);
-    double glyph = 1;
-    for (int y = 30; y < 90; ++y)
-        for (int x = 30; x < 90; ++x)
-            glyph = std::max(glyph, contrast(screen.pixelColor(x, y), plate));
-    QVERIFY2(glyph >= 7, qPrintable(QString::number(glyph)));
-}
-
-void PanelArtTest::theTextOfTheGuidesButtonCanBeRead() {
-    QVERIFY(leastContrast(QImage(":/button@3x.png"), QRect(6, 4, 76, 24), 3, QColor("#333333")) >= 4.5);
-}
-
-void PanelArtTest::selectedPicturesAreYellowAndTheOthersAreNot() {
-    const auto isYellow = [](const QString &name, const QPoint &place) {
-        const QColor colour = QImage(":/" + name).pixelColor(place);
-        return colour.red() > 240 && colour.green() > 180 && colour.blue() < 80;
-    };
-    for (const QString icon : {"icon-pen", "icon-eraser"}) {
-        QVERIFY(isYellow(icon + "-selected.png", {60, 14}));
-        QVERIFY(!isYellow(icon + ".png", {60, 14}));
+    void textOnAFrameCanBeRead() {
+        QFETCH(int, scale);
+        QFETCH(QRect, area);
+        QFETCH(QColor, colour);
+        const double least =
+            leastContrast(QImage(QStringLiteral(":/") + QTest::currentDataTag()), area, scale, colour);
+        QVERIFY2(least >= 4.5, qPrintable(QString::number(least)));
     }
-    for (const QString icon : {"icon-left", "icon-right"}) {
-        QVERIFY(isYellow(icon + "-selected@3x.png", {36, 12}));
-        QVERIFY(!isYellow(icon + "@3x.png", {36, 12}));
+
+    void aLineLeadsFromEachKeyToItsArrow_data() {
+        QTest::addColumn<int>("arrowX");
+        QTest::addColumn<int>("arrowY");
+        QTest::newRow("key 1") << 679 << 457;
+        QTest::newRow("key 2") << 296 << 457;
+        QTest::newRow("key 3") << 679 << 196;
+        QTest::newRow("key 4") << 296 << 196;
     }
-}
+    void aLineLeadsFromEachKeyToItsArrow() {
+        QFETCH(int, arrowX);
+        QFETCH(int, arrowY);
+        const QImage background(":/bg@3x.png");
+        const int middle = (arrowY + 12) * 2;
+        const bool left = arrowX < 499;
+        const int arrowEdge = left ? arrowX + 24 + 2 : arrowX - 2;
+        const int keyEdge = left ? 478 : 521; // within the outer key of the pen
+        for (int x = std::min(arrowEdge, keyEdge) * 2; x < std::max(arrowEdge, keyEdge) * 2; ++x) {
+            if (x > 455 * 2 && x < 465 * 2)
+                continue; // the flank of the pen, as bright as the line
+            const double line = luminance(background.pixelColor(x, middle));
+            QVERIFY2(line > luminance(background.pixelColor(x, middle - 8)), qPrintable(QString::number(x)));
+            QVERIFY2(line > luminance(background.pixelColor(x, middle + 8)), qPrintable(QString::number(x)));
+        }
+    }
+
+    void thePointerOfEachFrameIsAtItsArrow_data() {
+        QTest::addColumn<int>("y");
+        QTest::addColumn<double>("x");
+        // The middle of the arrow, seen from the corner of the view; a place within the pointer, outside the
+        // body.
+        QTest::newRow("frame-key1.png") << 457 + 12 - 87 << 4.0;
+        QTest::newRow("frame-key2.png") << 457 + 12 - 321 << 253.0;
+        QTest::newRow("frame-key3.png") << 196 + 12 - 87 << 4.0;
+        QTest::newRow("frame-key4.png") << 196 + 12 - 87 << 253.0;
+    }
+    void thePointerOfEachFrameIsAtItsArrow() {
+        QFETCH(int, y);
+        QFETCH(double, x);
+        const QImage frame(QStringLiteral(":/") + QTest::currentDataTag());
+        QVERIFY(isOpaque(frame, x, y));
+        QVERIFY(!isOpaque(frame, x, y - 12));
+        QVERIFY(!isOpaque(frame, x, y + 12));
+    }
+
+    void theSlotFramesPointAtTheirSlots() {
+        const double middles[] = {31 + 13 - 16, 91 + 13 - 16, 151 + 13 - 16};
+        for (int number = 1; number <= 3; ++number) {
+            const QImage frame(QStringLiteral(":/frame-%1.png").arg(number));
+            for (int slot = 1; slot <= 3; ++slot)
+                QCOMPARE(isOpaque(frame, middles[slot - 1], 7), slot == number);
+        }
+    }
+
+    void overlayButtonsStandOutOnEveryBackground_data() {
+        QTest::addColumn<QString>("icon");
+        QTest::addColumn<QColor>("ground");
+        for (const char *icon :
+             {"icon-pen", "icon-pen-selected", "icon-eraser", "icon-eraser-selected", "icon-exit"})
+            for (const char *ground : {"#FFFFFF", "#000000", "#181827", "#7F7F7F", "#FFCC0D"})
+                QTest::newRow(QByteArray(icon) + " on " + ground) << QString(icon) << QColor(ground);
+    }
+    void overlayButtonsStandOutOnEveryBackground() {
+        QFETCH(QString, icon);
+        QFETCH(QColor, ground);
+        const QImage picture(":/" + icon + ".png");
+        QImage screen(picture.size(), QImage::Format_RGB32);
+        screen.fill(ground);
+        QPainter(&screen).drawImage(0, 0, picture);
+        double edge = 1;
+        for (int x = 0; x < 24; ++x)
+            edge = std::max(edge, contrast(screen.pixelColor(x, 60), ground));
+        QVERIFY2(edge >= 3, qPrintable(QString::number(edge)));
+        const QColor plate = screen.pixelColor(60, 14);
+        double glyph = 1;
+        for (int y = 30; y < 90; ++y)
+            for (int x = 30; x < 90; ++x)
+                glyph = std::max(glyph, contrast(screen.pixelColor(x, y), plate));
+        QVERIFY2(glyph >= 7, qPrintable(QString::number(glyph)));
+    }
+
+    void theTextOfTheGuidesButtonCanBeRead() {
+        QVERIFY(leastContrast(QImage(":/button@3x.png"), QRect(6, 4, 76, 24), 3, QColor("#333333")) >= 4.5);
+    }
+
+    void selectedPicturesAreYellowAndTheOthersAreNot() {
+        const auto isYellow = [](const QString &name, const QPoint &place) {
+            const QColor colour = QImage(":/" + name).pixelColor(place);
+            return colour.red() > 240 && colour.green() > 180 && colour.blue() < 80;
+        };
+        for (const QString icon : {"icon-pen", "icon-eraser"}) {
+            QVERIFY(isYellow(icon + "-selected.png", {60, 14}));
+            QVERIFY(!isYellow(icon + ".png", {60, 14}));
+        }
+        for (const QString icon : {"icon-left", "icon-right"}) {
+            QVERIFY(isYellow(icon + "-selected@3x.png", {36, 12}));
+            QVERIFY(!isYellow(icon + "@3x.png", {36, 12}));
+        }
+    }
+};
 
 QTEST_GUILESS_MAIN(PanelArtTest)
 #include "PanelArtTest.moc"
