@@ -5,6 +5,7 @@
 #include "e2e/Xcb.h"
 #include "support/Patience.h"
 
+#include <QDirIterator>
 #include <QGuiApplication>
 #include <QPixmap>
 #include <QScreen>
@@ -149,16 +150,55 @@ QRgb pixelAt(const QPoint &position) {
         .pixel(0, 0);
 }
 
-void askToClose(const Window &window) {
+namespace {
+
+/// Sent to `window`, or, where it is the root, to the window manager.
+void sendMessage(xcb_window_t window, const char *type, std::uint32_t data) {
     xcb_client_message_event_t message{};
     message.response_type = XCB_CLIENT_MESSAGE;
     message.format = 32;
-    message.window = window.id;
-    message.type = xcb::atom(connection(), "WM_PROTOCOLS");
-    message.data.data32[0] = xcb::atom(connection(), "WM_DELETE_WINDOW");
-    xcb_send_event(connection(), 0, window.id, XCB_EVENT_MASK_NO_EVENT,
-                   reinterpret_cast<const char *>(&message));
+    message.window = window;
+    message.type = xcb::atom(connection(), type);
+    message.data.data32[0] = data;
+    const std::uint32_t receivers =
+        window == QX11Info::appRootWindow() ? XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT : XCB_EVENT_MASK_NO_EVENT;
+    xcb_send_event(connection(), 0, window, receivers, reinterpret_cast<const char *>(&message));
     xcb_flush(connection());
+}
+
+int numberIn(xcb_window_t window, const char *name) {
+    const QByteArray value = property(window, name);
+    std::int32_t number = -1;
+    if (value.size() == sizeof number)
+        memcpy(&number, value.constData(), sizeof number);
+    return number;
+}
+
+} // namespace
+
+void askToClose(const Window &window) {
+    sendMessage(window.id, "WM_PROTOCOLS", xcb::atom(connection(), "WM_DELETE_WINDOW"));
+}
+
+void switchToDesktop(quint32 number) {
+    sendMessage(static_cast<xcb_window_t>(QX11Info::appRootWindow()), "_NET_CURRENT_DESKTOP", number);
+}
+
+int presentDesktop() {
+    return numberIn(static_cast<xcb_window_t>(QX11Info::appRootWindow()), "_NET_CURRENT_DESKTOP");
+}
+
+int desktopOf(const Window &window) {
+    return numberIn(window.id, "_NET_WM_DESKTOP");
+}
+
+QStringList screenshots() {
+    QStringList files;
+    QDirIterator found(QDir::homePath() + QStringLiteral("/Desktop"), QDir::Files | QDir::Hidden,
+                       QDirIterator::Subdirectories);
+    while (found.hasNext())
+        files += found.next();
+    return files;
 }
 
 } // namespace e2e

@@ -6,6 +6,7 @@
 #include <QRect>
 #include <QSize>
 #include <QString>
+#include <QStringList>
 #include <QVector>
 
 /// What a person in front of the screen sees of a program. Needs an application object on the X display.
@@ -52,5 +53,14 @@ QRgb pixelAt(const QPoint &position);
 
 /// Asks the window manager to close the window, as its close button does.
 void askToClose(const Window &window);
+
+/// Asks the window manager to show another one of its virtual desktops, counted from 0.
+void switchToDesktop(quint32 number);
+/// The virtual desktop that is shown, or on which the window is; -1 where nobody says so.
+int presentDesktop();
+int desktopOf(const Window &window);
+
+/// The files that the program has left on the desktop, hidden and half ones too.
+QStringList screenshots();
 
 } // namespace e2e

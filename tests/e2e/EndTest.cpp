@@ -6,8 +6,6 @@
 #include "support/RealInput.h"
 #include "support/TestMain.h"
 
-#include <QDirIterator>
-
 #include <csignal>
 
 using namespace vexa::test;
@@ -40,11 +38,7 @@ private slots:
         program.signal(SIGTERM);
         QCOMPARE(program.waitForEnd().how, QByteArray("ended with 0"));
 
-        QStringList files;
-        QDirIterator found(QDir::homePath() + QStringLiteral("/Desktop"), QDir::Files | QDir::Hidden,
-                           QDirIterator::Subdirectories);
-        while (found.hasNext())
-            files += found.next();
+        const QStringList files = e2e::screenshots();
         QCOMPARE(files.size(), 1);
         const QImage picture(files.constFirst());
         QCOMPARE(picture.size(), QSize(1920, 1080));

@@ -66,6 +66,27 @@ private slots:
         QTRY_VERIFY_WITH_TIMEOUT(e2e::panelOf(program.pid()).id, patience);
     }
 
+    void aPanelOnAnotherDesktopComesToThePresentOne() {
+        e2e::Program program;
+        QVERIFY(e2e::startAndSettle(program));
+        QCOMPARE(program.runToTheEnd().how, QByteArray("ended with 0"));
+        QTRY_VERIFY_WITH_TIMEOUT(e2e::panelOf(program.pid()).id, patience);
+        const e2e::Window panel = e2e::panelOf(program.pid());
+        const int home = e2e::presentDesktop();
+        QTRY_COMPARE_WITH_TIMEOUT(e2e::desktopOf(panel), home, patience);
+        const int other = home + 1;
+        e2e::switchToDesktop(quint32(other));
+        QTRY_COMPARE_WITH_TIMEOUT(e2e::presentDesktop(), other, patience);
+        QTRY_VERIFY_WITH_TIMEOUT(!e2e::panelOf(program.pid()).id, patience);
+
+        QCOMPARE(program.runToTheEnd().how, QByteArray("ended with 0"));
+        QTRY_VERIFY_WITH_TIMEOUT(e2e::panelOf(program.pid()).id, patience);
+        QCOMPARE(e2e::presentDesktop(), other);
+        QCOMPARE(e2e::desktopOf(panel), other);
+        e2e::switchToDesktop(quint32(home));
+        QTRY_COMPARE_WITH_TIMEOUT(e2e::presentDesktop(), home, patience);
+    }
+
     void itNeedsNoBus_data() {
         QTest::addColumn<QString>("firstBus");
         QTest::addColumn<QString>("secondBus");

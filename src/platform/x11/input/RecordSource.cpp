@@ -2,11 +2,10 @@
 #include "platform/x11/input/RecordSource.h"
 
 #include "platform/quartz/CoreGraphics.h"
-#include "platform/x11/input/FakeInput.h"
 #include "platform/x11/input/Keyboards.h"
+#include "platform/x11/input/RecordedData.h"
 #include "platform/x11/input/XTestPoster.h"
 
-#include <cstring>
 #include <stdexcept>
 #include <sys/epoll.h>
 #include <sys/timerfd.h>
@@ -19,7 +18,6 @@ namespace vexa::x11 {
 
 namespace {
 
-constexpr int eventSize = 32;
 constexpr long checkAfterNanoseconds = 250'000'000;
 
 // What a record holds.
@@ -137,36 +135,19 @@ void RecordSource::readRecords() {
     while (xcb_poll_for_reply(m_data->get(), m_records, &record, &error) && record) {
         const Reply<xcb_record_enable_context_reply_t> reply(
             static_cast<xcb_record_enable_context_reply_t *>(record));
-        if (reply->category == FromServer || reply->category == FromClient)
-            take(xcb_record_enable_context_data(reply.get()),
-                 xcb_record_enable_context_data_length(reply.get()), reply->category == FromServer);
-        else if (reply->category == EndOfData)
+        const std::uint8_t *const data = xcb_record_enable_context_data(reply.get());
+        const auto size = static_cast<std::size_t>(xcb_record_enable_context_data_length(reply.get()));
+        if (reply->category == FromServer) {
+            m_translator.screen = m_screen.get();
+            takeDeviceEvents(data, size, m_translator);
+        } else if (reply->category == FromClient) {
+            takeFakeRequests(data, size, m_translator);
+        } else if (reply->category == EndOfData) {
             m_recording = false;
+        }
     }
     std::free(error);
     m_recording = m_recording && !m_data->isBroken();
-}
-
-void RecordSource::take(const std::uint8_t *data, int size, bool fromServer) {
-    if (!fromServer) {
-        for (auto left = static_cast<std::size_t>(size); left > 0;) {
-            const auto faked = takeFakedKey(data, left);
-            if (faked && faked->seen == Seen::No)
-                m_translator.hideNext(faked->type, faked->key);
-            else if (faked && faked->type == DeviceEvent::KeyRelease)
-                m_translator.letGo(faked->key);
-        }
-        return;
-    }
-    m_translator.screen = m_screen.get();
-    for (; size >= eventSize; data += eventSize, size -= eventSize) {
-        xcb_key_press_event_t event; // the five kinds have the same shape
-        std::memcpy(&event, data, sizeof event);
-        m_translator.take({static_cast<DeviceEvent::Type>(event.response_type),
-                           event.detail,
-                           {event.root_x, event.root_y},
-                           event.state});
-    }
 }
 
 void RecordSource::scheduleCheck() const {

@@ -36,7 +36,6 @@ private:
     void listenAgain();
     void watch(int fd) const;
     void readRecords();
-    void take(const std::uint8_t *data, int size, bool fromServer);
     void checkKeys();
     void lookAtKeys();
     void scheduleCheck() const;
