@@ -9,6 +9,7 @@ SizeSet {
         file: "ShadowEffect.qml"
         height: root.handle.height
         parent: root.slider
+        plainFile: "PlainShadow.qml"
         properties: ({ color: "#707070", samples: 10, source: root.handle })
         width: root.handle.width
         x: root.handle.x

@@ -11,7 +11,8 @@ Text {
     color: "white"
     elide: Text.ElideRight
     // Made anew with each translation: a new font takes the application's families, which follow the language.
-    font: Qt.font({ family: "Arial", pixelSize: pixelSize, bold: bold, underline: underline })
+    font: Qt.font({ family: "Arial", pixelSize: pixelSize, bold: bold, underline: underline,
+                    hintingPreference: Font.PreferNoHinting })
     height: pixelSize + 2
     renderType: Text.QtRendering
     verticalAlignment: Text.AlignVCenter

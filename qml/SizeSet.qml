@@ -17,6 +17,7 @@ ValueSet {
         Effect {
             anchors.fill: filled
             file: "ShadowEffect.qml"
+            plainFile: "PlainShadow.qml"
             properties: ({ color: "#FFCC0D", samples: 8, source: filled })
             visible: root.slider.hovered || root.slider.pressed
         }

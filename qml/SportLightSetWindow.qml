@@ -28,6 +28,7 @@ ToolSetWindow {
         anchors.fill: root.preview
         color: "black"
         opacity: darknessSet.curValue / 255
+        visible: !mask.plain
     }
 
     // The light: the same picture once more, unveiled, cut out as a circle. On whole pixels, or it would blur.
@@ -44,7 +45,7 @@ ToolSetWindow {
 
             anchors.fill: parent
             clip: true
-            visible: mask.plain
+            visible: false
 
             Picture {
                 fillMode: Image.PreserveAspectCrop
@@ -70,6 +71,25 @@ ToolSetWindow {
             anchors.fill: parent
             file: "MaskEffect.qml"
             properties: ({ maskSource: circle, source: unveiled })
+        }
+    }
+
+    // Without a mask the veil itself has the hole: it is the wide border of a ring.
+    Item {
+        anchors.fill: root.preview
+        clip: true
+        visible: mask.plain
+
+        Rectangle {
+            border.color: "black"
+            border.width: root.preview.width
+            color: "transparent"
+            height: width
+            opacity: darknessSet.curValue / 255
+            radius: width / 2
+            width: light.width + 2 * border.width
+            x: light.x - parent.x - border.width
+            y: light.y - parent.y - border.width
         }
     }
 

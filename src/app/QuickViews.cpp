@@ -25,10 +25,14 @@ bool openGlWorks() {
 
 } // namespace
 
-void chooseRenderer() {
-    if (!QQuickWindow::sceneGraphBackend().isEmpty() || openGlWorks())
+void chooseRenderer(bool graphicsCard) {
+    if (!QQuickWindow::sceneGraphBackend().isEmpty())
         return;
-    qWarning("OpenGL cannot be used; the panel is drawn in software");
+    if (graphicsCard) {
+        if (openGlWorks())
+            return;
+        qWarning("OpenGL cannot be used; the panel is drawn in software");
+    }
     QQuickWindow::setSceneGraphBackend(QSGRendererInterface::Software);
 }
 

@@ -10,6 +10,7 @@
 #include "input/CKeyboardHandler.h"
 #include "input/CKeyboardMessage.h"
 #include "platform/Activation.h"
+#include "platform/GraphicsCard.h"
 #include "platform/Screens.h"
 #include "platform/Session.h"
 #include "settings/ZrToolXmlClass.h"
@@ -31,7 +32,7 @@ int main(int argc, char *argv[]) {
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QApplication application(argc, argv);
     vexa::platform::releaseEnvironment();
-    vexa::chooseRenderer();
+    vexa::chooseRenderer(vexa::platform::graphicsCardDraws());
 
     // The panel refuses to close, which must not be taken for a refusal to log out.
     QGuiApplication::setFallbackSessionManagementEnabled(false);

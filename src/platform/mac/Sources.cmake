@@ -9,6 +9,7 @@ set(vexa_mac_sources
   mac/CursorPicture.cpp
   mac/DisplayImage.cpp
   mac/DockClick.cpp
+  mac/GraphicsCard.cpp
   mac/OverlayWindow.cpp
   mac/PictureMemory.cpp
   mac/PointerSamples.cpp

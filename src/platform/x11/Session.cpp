@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Session.h"
 
+#include "platform/GraphicsCard.h"
 #include "platform/SessionInput.h"
 #include "platform/x11/DesktopScale.h"
 #include "platform/x11/ToolkitEnvironment.h"
@@ -9,6 +10,7 @@
 #include <QAccessible>
 #include <QByteArray>
 #include <QGuiApplication>
+#include <QOpenGLContext>
 #include <QScreen>
 #include <QtDebug>
 
@@ -57,6 +59,12 @@ void keepToolkitFromWaitingForTheBus() {
     tellToolkit("DBUS_SESSION_BUS_ADDRESS", "disabled:");
 }
 
+/// The toolkit prepares OpenGL for a window that might show it, and on the processor that is 90 MiB.
+void keepToolkitFromOpenGlWithoutACard() {
+    if (!graphicsCardDraws())
+        tellToolkitUnlessUserDoes("QT_XCB_GL_INTEGRATION", "none");
+}
+
 } // namespace
 
 void prepareSession() {
@@ -71,6 +79,7 @@ void prepareSession() {
                  "needed");
     keepWindowsOnTheXServer();
     keepToolkitFromWaitingForTheBus();
+    keepToolkitFromOpenGlWithoutACard();
     // The texts are sized in points of macOS, where a point is a pixel of the layout, also of a scaled one.
     // The toolkit then no longer sees the desktop's own resolution, by which it would enlarge everything.
     tellToolkit("QT_FONT_DPI", "72");
@@ -80,9 +89,10 @@ void prepareSession() {
 
 void releaseEnvironment() {
     // What the toolkit reads only when it is first needed, it is made to read now: how the resolution follows
-    // the scale, and which bus it finds screen readers on.
+    // the scale, which bus it finds screen readers on, and how it comes to OpenGL.
     [[maybe_unused]] const qreal resolution = QGuiApplication::primaryScreen()->logicalDotsPerInch();
     [[maybe_unused]] const bool read = QAccessible::isActive();
+    [[maybe_unused]] const bool threaded = QOpenGLContext::supportsThreadedOpenGL();
     restoreUserEnvironment();
 }
 
