@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick 2.15
-import QtQuick.Controls 2.15
+import QtQuick.Templates 2.15
 
 // A list to choose from. Its rows are changed in place when the texts are given again in another language: a new
 // model would put the choice back to the first row.
@@ -73,7 +73,7 @@ ComboBox {
     }
     indicator: Picture {
         fillMode: Image.PreserveAspectFit
-        source: root.popup.visible ? root.iconup : root.icondown
+        file: root.popup.visible ? root.iconup : root.icondown
         width: 12
         x: root.width - 20
         y: (root.height - height) / 2

@@ -17,7 +17,7 @@ Rectangle {
     Picture {
         anchors.fill: parent
         fillMode: Image.PreserveAspectFit
-        source: "qrc:/frame-key1.png"
+        file: "qrc:/frame-key1.png"
     }
 
     PanelText {

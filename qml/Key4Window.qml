@@ -49,7 +49,7 @@ Rectangle {
     Picture {
         anchors.fill: parent
         fillMode: Image.PreserveAspectFit
-        source: "qrc:/frame-key4.png"
+        file: "qrc:/frame-key4.png"
     }
 
     PanelText {

@@ -68,7 +68,7 @@ Rectangle {
 
     Picture {
         fillMode: Image.Pad
-        source: root.icon()
+        file: root.icon()
     }
 
     ClickArea {

@@ -10,7 +10,7 @@ Rectangle {
     property bool checked: false
     property string clickCaption
     property string clickText
-    property alias frame: picture.source
+    property alias frame: picture.file
     property string longPressCaption
     property int messageId
 

@@ -65,7 +65,7 @@ Rectangle {
 
     Picture {
         anchors.fill: parent
-        source: "qrc:/bg@3x.png"
+        file: "qrc:/bg@3x.png"
     }
 
     DragArea {

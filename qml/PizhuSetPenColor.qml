@@ -101,7 +101,7 @@ Rectangle {
 
         Picture {
             height: 122
-            source: "qrc:/frame-" + (index + 1) + ".png"
+            file: "qrc:/frame-" + (index + 1) + ".png"
             visible: slots.count > index && slots.itemAt(index).checked
             width: 175
             x: 16

@@ -19,12 +19,12 @@ Rectangle {
 
     Picture {
         anchors.fill: parent
-        source: "qrc:/pri_bg@3x.png"
+        file: "qrc:/pri_bg@3x.png"
     }
 
     Picture {
         height: 54
-        source: "qrc:/setting@3x.png"
+        file: "qrc:/setting@3x.png"
         width: 54
         x: 17
         y: 25
@@ -44,7 +44,7 @@ Rectangle {
 
     Picture {
         height: 122
-        source: "qrc:/pri_frame@3x.png"
+        file: "qrc:/pri_frame@3x.png"
         width: 454
         x: 20
         y: 86
@@ -93,7 +93,7 @@ Rectangle {
 
         Picture {
             anchors.fill: parent
-            source: "qrc:/button@3x.png"
+            file: "qrc:/button@3x.png"
         }
 
         Rectangle {

@@ -32,7 +32,7 @@ Rectangle {
 
     Picture {
         anchors.fill: parent
-        source: "qrc:/frame-setting.png"
+        file: "qrc:/frame-setting.png"
     }
 
     PanelText {

@@ -50,7 +50,8 @@ ToolSetWindow {
             Picture {
                 fillMode: Image.PreserveAspectCrop
                 height: root.preview.height
-                source: root.preview.source
+                inSight: root.visible && !mask.plain // for the mask, which draws what is not visible itself
+                file: root.preview.file
                 width: root.preview.width
                 x: root.preview.x - light.x
                 y: root.preview.y - light.y

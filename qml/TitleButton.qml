@@ -5,7 +5,7 @@ import QtQuick 2.15
 Item {
     id: root
 
-    property alias icon: picture.source
+    property alias icon: picture.file
     property string name
 
     signal clicked

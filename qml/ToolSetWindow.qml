@@ -21,7 +21,7 @@ Rectangle {
         id: picture
 
         height: 99
-        source: "qrc:/toolbackground.png"
+        file: "qrc:/toolbackground.png"
         width: 175
         x: 16
         y: 34

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick 2.15
-import QtQuick.Controls 2.15
+import QtQuick.Templates 2.15
 
 // A setting chosen with a slider. A value given from outside moves the slider; whatever moves the slider is reported,
 // and so is a click that leaves it where it is. A value beyond an end moves the slider to that end; one that stands
