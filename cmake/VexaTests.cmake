@@ -1,4 +1,4 @@
-# vexa_test(name SOURCES ... LINK ... [LABELS ...] [TIMEOUT s] [RESOURCES] [OWN_FOLDER]
+# vexa_test(name SOURCES ... LINK ... [ARGUMENTS ...] [LABELS ...] [TIMEOUT s] [RESOURCES] [OWN_FOLDER]
 #           [DISPLAY [SCREEN 1920x1080] [WITHOUT extension] [WM] [COMPOSITOR] [BUS]])
 #           [OFFSCREEN]
 #
@@ -22,7 +22,7 @@ target_precompile_headers(vexa_test_headers PRIVATE <QtWidgets> <algorithm> <fun
 
 function(vexa_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "OFFSCREEN;DISPLAY;WM;COMPOSITOR;BUS;RESOURCES;OWN_FOLDER" "SCREEN;WITHOUT;TIMEOUT;PROGRAM"
-                        "SOURCES;LINK;LABELS;ENVIRONMENT")
+                        "SOURCES;LINK;LABELS;ENVIRONMENT;ARGUMENTS")
   if(APPLE AND NOT arg_OFFSCREEN)
     return() # it brings an X server, or fakes of what a Mac has
   endif()
@@ -44,7 +44,7 @@ function(vexa_test name)
     endif()
   endif()
 
-  set(command $<TARGET_FILE:${arg_PROGRAM}>)
+  set(command $<TARGET_FILE:${arg_PROGRAM}> ${arg_ARGUMENTS})
   set(labels ${arg_LABELS})
   set(offscreen QT_QPA_PLATFORM=offscreen QT_QUICK_BACKEND=software)
   if(arg_DISPLAY AND NOT APPLE)
