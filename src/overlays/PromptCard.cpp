@@ -5,6 +5,7 @@
 #include "platform/OverlayWindow.h"
 #include "settings/ZrToolXmlClass.h"
 
+#include <QCoreApplication>
 #include <QEvent>
 #include <QGuiApplication>
 #include <QLabel>
@@ -29,6 +30,9 @@ PromptCard::PromptCard(QWidget *parent, Qt::WindowFlags flags, int delay)
         if (isVisible())
             centre(size());
     }) {
+    // When a card gets its window, the toolkit would make windows of the buttons beside it in its parent,
+    // too, and these keep the scale of the screen on which they were made.
+    QCoreApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings);
     QPalette card = palette();
     card.setBrush(QPalette::All, QPalette::Window, QBrush(QPixmap(QStringLiteral(":/capturebg@1080p.png"))));
     setPalette(card);
@@ -91,7 +95,7 @@ void PromptCard::letOut() {
 
 void PromptCard::hideWindow() {
     m_fade.stop();
-    platform::setOverlayOpacity(*this, 0.0);
+    setOpacity(0.0);
 }
 
 void PromptCard::delayShow() {

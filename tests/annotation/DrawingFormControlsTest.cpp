@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "annotation/DrawingFaces.h"
+#include "overlays/promptwindow2.h"
 #include "support/Pattern.h"
 #include "support/TestMain.h"
 
@@ -45,6 +46,18 @@ private slots:
         QCOMPARE(faces::penButton(*m_form)->geometry(), QRect(850, 980, 60, 60));
         QCOMPARE(faces::eraserButton(*m_form)->geometry(), QRect(930, 980, 60, 60));
         QCOMPARE(faces::exitButton(*m_form)->geometry(), QRect(1010, 980, 60, 60));
+    }
+
+    /// Windows of their own would keep the scale of the screen they were made on when another becomes the
+    /// primary one; only a server with several screens shows it.
+    void controlsBelongToTheWindowAndHaveNoneOfTheirOwn() {
+        open();
+        m_form->prompt()->showWithTimer();
+        QVERIFY(m_form->prompt()->internalWinId() != 0);
+        const auto controls = m_form->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
+        QVERIFY(controls.size() >= 4);
+        for (const QWidget *control : controls)
+            QVERIFY(control->isWindow() || control->internalWinId() == 0);
     }
 
     void titleIsWhiteOnItsPicture() {

@@ -205,6 +205,18 @@ private slots:
         QCOMPARE(prompt->windowOpacity(), 1.0);
     }
 
+    void hiddenWhileItIsHeldBackItStaysHidden() {
+        QFETCH_GLOBAL(Kind, kind);
+        const std::unique_ptr<vexa::PromptCard> prompt(kind.make());
+        prompt->holdBack();
+        prompt->showWithTimer();
+        prompt->hideWindow();
+        prompt->letOut();
+        QCOMPARE(prompt->windowOpacity(), 0.0);
+        prompt->showWithTimer();
+        QCOMPARE(prompt->windowOpacity(), 1.0);
+    }
+
     void theDelayedShowComesAfterItsDelay() {
         QFETCH_GLOBAL(Kind, kind);
         const std::unique_ptr<vexa::PromptCard> prompt(kind.make());

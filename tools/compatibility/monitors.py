@@ -1,7 +1,8 @@
 # SPDX-License-Identifier: MIT
-"""monitors.py BIN: the program on three monitors of a server without hardware, in all arrangements and scales.
+"""monitors.py BIN [WORD ...]: the program on three monitors of a server without hardware, in all arrangements and scales, and when
+these change under an open tool.
 
-Prints a row for each and ends with 1 when one of them is wrong. Needs Xorg with its dummy driver, xrandr, xdotool and
+Prints a row for each, or for those that have all the words, and ends with 1 when one of them is wrong. Needs Xorg with its dummy driver, xrandr, xdotool and
 ImageMagick, and may need root for Xorg."""
 
 import os
@@ -9,13 +10,14 @@ import shutil
 import subprocess
 import sys
 import tempfile
-import time
 from pathlib import Path
 
-PATIENCE = 30  # seconds
-DESKTOP = (2400, 1600)
-DOT, RADIUS = (0, 255, 90), 20  # what the slider's 600 stands for; points
-SIZES = {"DUMMY0": (1280, 720), "DUMMY1": (1024, 768), "DUMMY2": (1024, 768)}
+from dummies import Monitor, Screen, Server, arrange, run, until
+
+BEFORE, AFTER = (0x20, 0x40, 0x60), (0x60, 0x20, 0x40)  # the desktop's colour when a tool opens, and later
+DOT = (0, 255, 90)     # what the slider's 600 stands for
+INK = (130, 255, 32)   # the pen's fifth colour
+RADIUS, WIDTH = 20, 10  # points
 
 # The place of each monitor that is on. The first one is the primary.
 ARRANGEMENTS = {
@@ -25,66 +27,49 @@ ARRANGEMENTS = {
     "primary below": {"DUMMY0": (0, 768), "DUMMY1": (0, 0)},
     "primary in the middle, with gaps": {"DUMMY0": (1100, 800), "DUMMY1": (0, 0), "DUMMY2": (1200, 0)},
 }
-SCALES = {
-    "1": {},
-    "1.25": {"QT_SCALE_FACTOR": "1.25"},
-    "1.5": {"QT_SCALE_FACTOR": "1.5"},
-    "2": {"QT_SCALE_FACTOR": "2"},
-    "2 beside 1": {"QT_SCALE_FACTOR": "1", "QT_SCREEN_SCALE_FACTORS": "DUMMY0=2;DUMMY1=1;DUMMY2=1"},
-    "1.5 beside 1": {"QT_SCALE_FACTOR": "1", "QT_SCREEN_SCALE_FACTORS": "DUMMY0=1.5;DUMMY1=1;DUMMY2=1"},
-    "1 beside 2": {"QT_SCALE_FACTOR": "1", "QT_SCREEN_SCALE_FACTORS": "DUMMY0=1;DUMMY1=2;DUMMY2=2"},
-}
-FACTOR = {"2 beside 1": 2, "1.5 beside 1": 1.5, "1 beside 2": 1}
+# That of the first monitor and that of the others.
+SCALES = {"1": (1, 1), "1.25": (1.25, 1.25), "1.5": (1.5, 1.5), "2": (2, 2),
+          "2 beside 1": (2, 1), "1.5 beside 1": (1.5, 1), "1 beside 2": (1, 2)}
+TOOLS = {"spotlight": 0, "magnifier": 1, "laser": 2, "annotation": ("key1", "long"), "board": ("key3", "long")}
 
 
-def run(*command):
-    return subprocess.run(command, capture_output=True, text=True, check=False).stdout.strip()
+def environment(scale):
+    first, others = SCALES[scale]
+    if first == others:
+        return {"QT_SCALE_FACTOR": str(first)}
+    return {"QT_SCALE_FACTOR": "1",
+            "QT_SCREEN_SCALE_FACTORS": "DUMMY0=%s;DUMMY1=%s;DUMMY2=%s" % (first, others, others)}
 
 
-def until(condition, patience=PATIENCE):
-    end = time.monotonic() + patience
-    while not condition():
-        if time.monotonic() > end:
-            return False
-        time.sleep(0.1)
-    return True
+def monitors(arrangement, scale):
+    first, others = SCALES[scale]
+    return [Monitor(output, place, first if output == "DUMMY0" else others)
+            for output, place in arrangement.items()]
 
 
-class Screen:
-    def __init__(self):
-        picture = subprocess.run(["import", "-silent", "-window", "root", "-depth", "8", "ppm:-"],
-                                 capture_output=True, check=True).stdout
-        header = picture.split(b"\n", 3)
-        self.width, self.height = map(int, header[1].split())
-        self.pixels = header[3]
-
-    def at(self, x, y):
-        place = 3 * (int(y) * self.width + int(x))
-        return tuple(self.pixels[place:place + 3])
+def click(place):
+    run("xdotool", "mousemove", *map(str, place), "click", "1")
 
 
-def arrange(arrangement):
-    """All in one request: no monitor is off in between that is to stay on."""
-    command = ["xrandr", "--fb", "%dx%d" % DESKTOP]
-    for number, (output, size) in enumerate(SIZES.items()):
-        if output in arrangement:
-            command += ["--output", output, "--mode", "%dx%d" % size, "--pos", "%dx%d" % arrangement[output]]
-            command += ["--primary"] if output == next(iter(arrangement)) else []
-        else:
-            command += ["--output", output, "--off"]
-    run(*command)
+def paint_desktop(colour):
+    run("xsetroot", "-solid", "#%02x%02x%02x" % colour)
+    until(lambda: Screen().at(*map(lambda size: size - 1, (2400, 1600))) == colour)
 
 
 class Program:
-    def __init__(self, binaries, environment):
+    def __init__(self, binaries, scale, tool="laser"):
         self.folder = Path(tempfile.mkdtemp())
+        self.keys = TOOLS[tool]
+        held = self.keys if isinstance(self.keys, int) else TOOLS["laser"]
         for name in ("VexaOrbilo", "pen-simulator"):
             shutil.copy(Path(binaries) / name, self.folder)
         (self.folder / "VexaPenSetting.xml").write_text(
             "<PenSetting FirstRun='1'><Setting><ShowPrivacyWindow>0</ShowPrivacyWindow><Key3P>3</Key3P>"
-            "<Key4P>2</Key4P><LaserPenSize>%d</LaserPenSize><LaserPenColor>600</LaserPenColor>"
-            "</Setting></PenSetting>" % RADIUS)
-        self.environment = {**os.environ, **environment}
+            "<Key4P>%d</Key4P><LaserPenSize>%d</LaserPenSize><LaserPenColor>600</LaserPenColor>"
+            "<MagnifierSize>%d</MagnifierSize><MagnifierColor>600</MagnifierColor><SportLightSize>%d</SportLightSize>"
+            "<SportLightTran>255</SportLightTran><PenColor0>4</PenColor0><PenThickness>3</PenThickness>"
+            "</Setting></PenSetting>" % (held, RADIUS, RADIUS, RADIUS))
+        self.environment = {**os.environ, **environment(scale)}
         self.process = self.start()
         until(lambda: "300x" in run("xwininfo", "-root", "-tree") or self.process.poll() is not None, 3)
         until(lambda: not run("xdotool", "search", "--onlyvisible", "--name", "MainWindow"))
@@ -96,44 +81,144 @@ class Program:
     def pen(self, *words):
         subprocess.run([str(self.folder / "pen-simulator"), *words], check=True)
 
+    def open(self):
+        self.pen(*(("key4", "hold") if isinstance(self.keys, int) else self.keys))
+
+    def close(self):
+        self.pen(*(("key4", "release") if isinstance(self.keys, int) else self.keys))
+
     def end(self):
         self.process.terminate()
         self.process.wait(10)
         shutil.rmtree(self.folder)
 
 
-def dot_follows(program, arrangement, factor):
-    """The dot is where the pointer is, as large as its points, and goes."""
-    left, top = next(iter(arrangement.values()))
-    width, height = SIZES[next(iter(arrangement))]
-    for x, y in ((left + 200, top + 150), (left + width - 150, top + height - 120)):
-        run("xdotool", "mousemove", str(x), str(y))
-        program.pen("key4", "hold")
-        radius = RADIUS * factor
-        there = until(lambda x=x, y=y: Screen().at(x, y) == DOT)
-        picture = Screen()
-        right = all(picture.at(x + a * (radius - 3), y + b * (radius - 3)) == DOT and
-                    picture.at(x + a * (radius + 3), y + b * (radius + 3)) != DOT
-                    for a, b in ((1, 0), (-1, 0), (0, 1), (0, -1)))
-        program.pen("key4", "release")
-        if not (there and right and until(lambda x=x, y=y: Screen().at(x, y) != DOT)):
+def ringed(monitor, place, radius, inside, colour):
+    """Four points of that distance around the place are of the colour inside, and no more beyond."""
+    screen = Screen()
+    x, y = place
+    pixels = radius * monitor.scale
+    return all((screen.at(x + a * (pixels + more), y + b * (pixels + more)) == colour) == wanted
+               for a, b in ((1, 0), (-1, 0), (0, 1), (0, -1)) for more, wanted in ((-3, inside), (3, False)))
+
+
+def laser_follows(primary):
+    for place in (primary.at(100, 100), primary.at(-100, -90)):
+        run("xdotool", "mousemove", *map(str, place))
+        if not until(lambda place=place: ringed(primary, place, RADIUS, True, DOT)):
             return False
     return True
 
 
-def board_covers_the_primary(program, arrangement):
-    """It fills the primary monitor to its corners and leaves the others alone."""
-    before = Screen()
-    places = {output: [(left + 2, top + 2), (left + SIZES[output][0] - 3, top + SIZES[output][1] - 3)]
-              for output, (left, top) in arrangement.items()}
-    primary = next(iter(arrangement))
-    covered = lambda picture, output: [picture.at(*place) != before.at(*place) for place in places[output]]
-    program.pen("key3", "long")
-    right = until(lambda: all(covered(Screen(), primary)))
-    picture = Screen()
-    right = right and not any(any(covered(picture, output)) for output in arrangement if output != primary)
-    program.pen("key3", "long")
-    return right and until(lambda: not any(covered(Screen(), primary)))
+def spotlight_follows(primary):
+    for place in (primary.at(100, 100), primary.at(-100, -90)):
+        run("xdotool", "mousemove", *map(str, place))
+        if not until(lambda place=place: Screen().at(*place) == BEFORE and ringed(primary, place, RADIUS, True, BEFORE)):
+            return False
+    return True
+
+
+def magnifier_follows(primary):
+    """Its ring lies between its radius and two points more."""
+    for place in (primary.at(100, 100), primary.at(-100, -90)):
+        run("xdotool", "mousemove", *map(str, place))
+        x, y = place
+        across = int((RADIUS + 1) * primary.scale)
+        if not until(lambda x=x, y=y, across=across: Screen().at(x, y) == BEFORE and all(
+                Screen().at(x + side * across, y)[1] > 150 for side in (1, -1))):
+            return False
+    return True
+
+
+def draws_and_has_its_controls(primary):
+    """Title and buttons at their places and in their size, which the pointer finds; ink under the pointer."""
+    points = primary.width / primary.scale
+    middle = int(points - 60) // 2 + 30 - points / 2
+    lit = lambda screen, offset: screen.at(*primary.at(points / 2 + offset - 18, -84))[0] > 200  # yellow, not grey
+    screen = Screen()
+    title = [screen.at(*primary.at(points / 2 + x, 20)) for x in (-143, -134, 134, 143)]
+    placed = title[0] == title[3] != title[1] and title[2] != title[3]
+    click(primary.at(points / 2 + middle, -70))
+    erases = until(lambda: lit(Screen(), middle) and not lit(Screen(), middle - 80), 10)
+    click(primary.at(points / 2 + middle - 80, -70))
+    draws = until(lambda: lit(Screen(), middle - 80) and not lit(Screen(), middle), 10)
+    (left, y), (right, _) = primary.at(60, 60), primary.at(160, 60)
+    run("xdotool", "mousemove", str(left), str(y), "mousedown", "1", "mousemove", str((left + right) // 2), str(y),
+        "mousemove", str(right), str(y), "mousemove", str(right + 1), str(y), "mouseup", "1", "mousemove_relative", "0", "200")
+    half = WIDTH / 2 * primary.scale
+    inked = until(lambda: [Screen().at((left + right) // 2, y + side * (half + more)) == INK
+                           for side in (1, -1) for more in (-2, 2)] == [True, False] * 2, 10)
+    return placed and erases and draws and inked
+
+
+USED = {"laser": laser_follows, "spotlight": spotlight_follows, "magnifier": magnifier_follows,
+        "annotation": draws_and_has_its_controls, "board": draws_and_has_its_controls}
+
+
+def covers_only(primary, others):
+    """Seen from the colour that the desktop has got since."""
+    screen = Screen()
+    covered = [screen.at(*place) != AFTER for place in primary.inside()]
+    return all(covered) and not any(screen.at(*place) != AFTER for other in others for place in other.inside())
+
+
+def goes(all_monitors):
+    return until(lambda: all(Screen().at(*place) == AFTER for monitor in all_monitors for place in monitor.inside()))
+
+
+def tool_in(program, tool, primary, others):
+    """What is right of an open tool."""
+    held = tool in ("laser", "spotlight", "magnifier")
+    results = {"covers": until(lambda: covers_only(primary, others)), "works": USED[tool](primary)}
+    if held:
+        program.close()
+    else:  # the exit button
+        points = primary.width / primary.scale
+        click(primary.at(int(points - 60) // 2 + 110, -70))
+    results["goes"] = goes([primary, *others])
+    return results
+
+
+def opened(binaries, scale, tool, monitor):
+    paint_desktop(BEFORE)
+    program = Program(binaries, scale, tool)
+    run("xdotool", "mousemove", *map(str, monitor.at(200, 150)))
+    program.open()
+    whole = " %dx%d+%d+%d " % (monitor.width, monitor.height, monitor.left, monitor.top)
+    until(lambda: any(whole in line and "VexaOrbilo" in line
+                      for line in run("xwininfo", "-root", "-tree").split("\n")))
+    paint_desktop(AFTER)
+    return program
+
+
+def arrangements(binaries, wanted):
+    for name, arrangement in ARRANGEMENTS.items():
+        arrange(arrangement)
+        for scale in SCALES:
+            primary, *others = monitors(arrangement, scale)
+            for tool in filter(lambda tool: wanted(name, scale, tool), ("laser", "annotation")):
+                program = opened(binaries, scale, tool, primary)
+                yield name, scale, tool, tool_in(program, tool, primary, others)
+                program.end()
+
+
+def changes(binaries, wanted):
+    both = ARRANGEMENTS["primary left"]
+    first, second = both
+    for scale in ("1", "2 beside 1", "1 beside 2"):
+        for tool in TOOLS:
+            for name, arrangement, primary in (("another becomes the primary", both, second),
+                                               ("the primary goes", {second: (0, 0)}, second),
+                                               ("the other goes", {first: (0, 0)}, first)):
+                if not wanted(name, scale, tool):
+                    continue
+                arrange(both)
+                program = opened(binaries, scale, tool, monitors(both, scale)[0])
+                arrange(arrangement, primary)
+                paint_desktop(AFTER)
+                now = sorted(monitors(arrangement, scale), key=lambda one, wanted=primary: one.output != wanted)
+                yield name, scale, tool, tool_in(program, tool, now[0], now[1:])
+                program.end()
 
 
 def panel_place():
@@ -150,14 +235,15 @@ def panel_is_whole(arrangement):
     if not place:
         return False
     left, top, width, height = place
-    return any(left >= x and top >= y and left + width <= x + SIZES[output][0] and
-               top + height <= y + SIZES[output][1] for output, (x, y) in arrangement.items())
+    return any(left >= one.left and top >= one.top and left + width <= one.left + one.width and
+               top + height <= one.top + one.height for one in monitors(arrangement, "1"))
 
 
-def panel_comes_back(program):
+def panel_comes_back(binaries):
     """Shown on a second monitor that goes, the panel is whole on the one that stays."""
     both = ARRANGEMENTS["primary left"]
     arrange(both)
+    program = Program(binaries, "1")
     program.start().wait(30)
     if not until(panel_place, 10):
         return False
@@ -166,42 +252,26 @@ def panel_comes_back(program):
     until(lambda: panel_place() and panel_place()[0] >= 1280, 5)
     arrange(ARRANGEMENTS["alone"])
     program.start().wait(30)
-    return until(lambda: panel_is_whole(ARRANGEMENTS["alone"]), 10)
+    back = until(lambda: panel_is_whole(ARRANGEMENTS["alone"]), 10)
+    program.end()
+    return back
 
 
 def main():
-    binaries = sys.argv[1]
-    read, write = os.pipe()
-    server = subprocess.Popen(
-        ["Xorg", "-displayfd", str(write), "-config", str(Path(__file__).with_name("monitors.conf").resolve()),
-         "-noreset", "-novtswitch", "-sharevts", "-nolisten", "tcp", "-logfile", "/dev/null"],
-        pass_fds=[write], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-    os.environ["DISPLAY"] = ":" + os.read(read, 20).decode().strip()
-    manager, wrong = None, 0
-    try:
-        for output in ("DUMMY1", "DUMMY2"):
-            run("xrandr", "--addmode", output, "1024x768")
-        manager = subprocess.Popen(["openbox", "--sm-disable"], stderr=subprocess.DEVNULL)
-        run("xsetroot", "-solid", "#204060")
-        for name, arrangement in ARRANGEMENTS.items():
-            arrange(arrangement)
-            for scale, environment in SCALES.items():
-                program = Program(binaries, environment)
-                results = {"dot": dot_follows(program, arrangement, FACTOR.get(scale) or float(scale)),
-                           "board": board_covers_the_primary(program, arrangement)}
-                program.end()
+    binaries, *words = sys.argv[1:]
+    wanted = lambda *row: all(word in row for word in words)
+    wrong = 0
+    with Server():
+        for rows in (arrangements, changes):
+            for name, scale, tool, results in rows(binaries, wanted):
                 wrong += not all(results.values())
-                print("%-34s%-14s%s" % (name, scale, results), flush=True)
-        program = Program(binaries, {})
-        back = panel_comes_back(program)
-        program.end()
-        wrong += not back
-        print("%-34s%-14s%s" % ("a monitor goes", "1", {"panel": back}))
-    finally:
-        for process in (manager, server):
-            if process:
-                process.terminate()
-                process.wait(10)
+                failed = [what for what, right in results.items() if not right]
+                print("%-34s%-14s%-12s%s" % (name, scale, tool, "no: " + ", ".join(failed) if failed else "yes"),
+                      flush=True)
+        if wanted("a monitor goes", "1", "panel"):
+            back = panel_comes_back(binaries)
+            wrong += not back
+            print("%-34s%-14s%-12s%s" % ("a monitor goes", "1", "panel", "yes" if back else "no"))
     return 1 if wrong else 0
 
 

@@ -7,6 +7,7 @@
 
 #include <atomic>
 #include <future>
+#include <stdexcept>
 #include <thread>
 #include <unistd.h>
 
@@ -114,6 +115,35 @@ private slots:
             CFRunLoopRun();
             QVERIFY(innerReturned);
             QVERIFY(source->served >= 2);
+        }).join();
+    }
+
+    void aRunThatAnExceptionLeavesIsOver() {
+        std::thread([] {
+            int depth = 0;
+            bool caught = false;
+            const auto source = addSource([&] {
+                switch (depth++) {
+                case 0:
+                    try {
+                        CFRunLoopRun();
+                    } catch (const std::runtime_error &) {
+                        caught = true;
+                    }
+                    stopCurrent(); // of the outer run, as the inner one is over
+                    return true;
+                case 1:
+                    throw std::runtime_error("the source is lost");
+                default:
+                    stopCurrent();
+                    return true;
+                }
+            });
+            CFRunLoopRun();
+            QVERIFY(caught);
+            QCOMPARE(source->served, 2);
+            CFRunLoopRun(); // and the loop runs again
+            QCOMPARE(source->served, 3);
         }).join();
     }
 

@@ -1,0 +1,97 @@
+# SPDX-License-Identifier: MIT
+"""An X server with three monitors and no hardware: its life, its arrangements, what it shows."""
+
+import os
+import subprocess
+import time
+from pathlib import Path
+
+PATIENCE = 30  # seconds
+DESKTOP = (2400, 1600)
+SIZES = {"DUMMY0": (1280, 720), "DUMMY1": (1024, 768), "DUMMY2": (1024, 768)}
+
+
+def run(*command):
+    return subprocess.run(command, capture_output=True, text=True, check=False).stdout.strip()
+
+
+def until(condition, patience=PATIENCE):
+    end = time.monotonic() + patience
+    while not condition():
+        if time.monotonic() > end:
+            return False
+        time.sleep(0.1)
+    return True
+
+
+class Server:
+    """Runs with a window manager while its block does."""
+
+    def __enter__(self):
+        read, write = os.pipe()
+        self.server = subprocess.Popen(
+            ["Xorg", "-displayfd", str(write), "-config", str(Path(__file__).with_name("monitors.conf").resolve()),
+             "-noreset", "-novtswitch", "-sharevts", "-nolisten", "tcp", "-logfile", "/dev/null"],
+            pass_fds=[write], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        os.environ["DISPLAY"] = ":" + os.read(read, 20).decode().strip()
+        os.environ["DBUS_SESSION_BUS_ADDRESS"] = "disabled:"
+        for output in ("DUMMY1", "DUMMY2"):
+            run("xrandr", "--addmode", output, "1024x768")
+        self.manager = subprocess.Popen(["openbox", "--sm-disable"], stderr=subprocess.DEVNULL)
+        return self
+
+    def __exit__(self, *_):
+        for process in (self.manager, self.server):
+            process.terminate()
+            process.wait(10)
+
+
+class Monitor:
+    """Where a monitor lies, in device pixels, and how many of them make a point."""
+
+    def __init__(self, output, origin, scale=1):
+        self.output, self.scale = output, scale
+        self.left, self.top = origin
+        self.width, self.height = SIZES[output]
+
+    def at(self, x, y):
+        """The pixel of a place in points; a negative one counts from the far edge."""
+        points = self.width / self.scale, self.height / self.scale
+        x, y = (p if p >= 0 else size + p for p, size in zip((x, y), points))
+        return self.left + int(x * self.scale), self.top + int(y * self.scale)
+
+    def inside(self):
+        """Pixels near its corners and the middles of its edges."""
+        right, bottom = self.left + self.width - 3, self.top + self.height - 3
+        return [(x, y) for x in (self.left + 2, (self.left + right) // 2, right)
+                for y in (self.top + 2, (self.top + bottom) // 2, bottom)
+                if (x, y) != ((self.left + right) // 2, (self.top + bottom) // 2)]
+
+
+def arrange(arrangement, primary=None):
+    """All in one request: no monitor is off in between that is to stay on. The first one is the primary."""
+    primary = primary or next(iter(arrangement))
+    command = ["xrandr", "--fb", "%dx%d" % DESKTOP]
+    for output, size in SIZES.items():
+        if output in arrangement:
+            command += ["--output", output, "--mode", "%dx%d" % size, "--pos", "%dx%d" % arrangement[output]]
+            command += ["--primary"] if output == primary else []
+        else:
+            command += ["--output", output, "--off"]
+    run(*command)
+    run("xrandr", "--query")  # only when it is asked does the driver say that another monitor is connected
+
+
+class Screen:
+    """What the whole desktop shows now."""
+
+    def __init__(self):
+        picture = subprocess.run(["import", "-silent", "-window", "root", "-depth", "8", "ppm:-"],
+                                 capture_output=True, check=True).stdout
+        header = picture.split(b"\n", 3)
+        self.width, self.height = map(int, header[1].split())
+        self.pixels = header[3]
+
+    def at(self, x, y):
+        place = 3 * (int(y) * self.width + int(x))
+        return tuple(self.pixels[place:place + 3])
