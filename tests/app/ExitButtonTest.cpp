@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "ToolPanel.h"
-#include "settings/ZrToolXmlClass.h"
 #include "support/RealInput.h"
 #include "support/TestMain.h"
 #include "support/UserFile.h"
@@ -9,7 +8,11 @@
 
 using namespace vexa::test;
 
-using Settings = ZrToolXmlClass;
+namespace {
+
+const QPoint exitButton(1040, 1010); // on a screen of 1920 x 1080 its 60 points begin at 1010, 980
+
+} // namespace
 
 /// Annotation and blackboard left by their exit button, as a hand does it: afterwards the pen opens them
 /// anew.
@@ -18,91 +21,66 @@ class ExitButtonTest : public QObject {
 
 private slots:
     void init() {
-        userfile::clear();
-        userfile::forgetSettings();
+        userfile::startAfresh();
         QApplication::setDoubleClickInterval(0); // milliseconds: the clicks of two tests are two clicks
     }
     void cleanupTestCase() { userfile::clear(); }
 
-    void mouseClickReportsOnceAndThePenOpensItAgain_data() { faces(); }
-    void mouseClickReportsOnceAndThePenOpensItAgain();
-    void doubleClickLeavesBothAndThePenOpensThemAgain();
-    void keyboardReportsNothingAndThePenOpensItAgain_data() { faces(); }
-    void keyboardReportsNothingAndThePenOpensItAgain();
+    void openedAgainAfterTheButtonWasUsed_data() {
+        QTest::addColumn<bool>("blackboard");
+        QTest::addColumn<bool>("byMouse");
+        for (const bool blackboard : {false, true})
+            for (const bool byMouse : {false, true})
+                QTest::addRow("%s by %s", blackboard ? "blackboard" : "annotation",
+                              byMouse ? "mouse" : "keyboard")
+                    << blackboard << byMouse;
+    }
+
+    // A click reports once, the keyboard not at all.
+    void openedAgainAfterTheButtonWasUsed() {
+        QFETCH(bool, blackboard);
+        QFETCH(bool, byMouse);
+        ToolPanel panel;
+        CKeyboardListenerMac::EnterPPT = !byMouse;
+        panel.toggle(blackboard);
+        const QPointer<vexa::DrawingForm> open = ToolPanel::form(blackboard);
+        QVERIFY(open);
+        QVERIFY(QTest::qWaitForWindowExposed(open));
+        QSignalSpy reports(open, SIGNAL(signalPizhukWindow(int)));
+        if (byMouse)
+            clickAt(exitButton);
+        else
+            QTest::keyClick(ToolPanel::exitButtonOf(open), Qt::Key_Space);
+        QTRY_COMPARE(ToolPanel::objects(), 0);
+        QCOMPARE(reports.size(), byMouse ? 1 : 0);
+        CKeyboardListenerMac::EnterPPT = false;
+        opensAndClosesAgain(panel, blackboard);
+    }
+
+    void doubleClickLeavesBothAndThePenOpensThemAgain() {
+        QApplication::setDoubleClickInterval(60000);
+        ToolPanel panel;
+        panel.toggle(false);
+        panel.toggle(true);
+        QVERIFY(QTest::qWaitForWindowExposed(ToolPanel::form(true)));
+        clickAt(exitButton); // closes the upper one with its press
+        QTRY_COMPARE(ToolPanel::objects(), 1);
+        clickAt(exitButton);
+        QTRY_COMPARE(ToolPanel::objects(), 0);
+        opensAndClosesAgain(panel, false);
+        opensAndClosesAgain(panel, true);
+    }
 
 private:
-    static void faces() {
-        QTest::addColumn<bool>("blackboard");
-        QTest::newRow("annotation") << false;
-        QTest::newRow("blackboard") << true;
-    }
-    static vexa::DrawingForm *form(bool blackboard) {
-        if (blackboard)
-            return ToolPanel::open<blackBoardform>().value(0);
-        return ToolPanel::open<PizhuForm>().value(0);
-    }
-    static QPushButton *exitButtonOf(const QWidget *form) {
-        return form->findChild<QPushButton *>(QStringLiteral("pushButton"));
-    }
-    static void toggle(ToolPanel &panel, bool blackboard) {
-        Settings::Key3P = 3;
-        panel.chord(pen::m);
-        panel.chord(blackboard ? pen::j : pen::i);
-    }
     /// One chord opens it, the next one closes it.
     static void opensAndClosesAgain(ToolPanel &panel, bool blackboard) {
-        toggle(panel, blackboard);
+        panel.toggle(blackboard);
         QCOMPARE(ToolPanel::objects(), 1);
-        QVERIFY(form(blackboard));
-        toggle(panel, blackboard);
+        QVERIFY(ToolPanel::form(blackboard));
+        panel.toggle(blackboard);
         QTRY_COMPARE(ToolPanel::objects(), 0);
     }
 };
-
-void ExitButtonTest::mouseClickReportsOnceAndThePenOpensItAgain() {
-    QFETCH(bool, blackboard);
-    ToolPanel panel;
-    toggle(panel, blackboard);
-    const QPointer<vexa::DrawingForm> open = form(blackboard);
-    QVERIFY(open);
-    QVERIFY(QTest::qWaitForWindowExposed(open));
-    QSignalSpy reports(open, SIGNAL(signalPizhukWindow(int)));
-    // Screen of 1920 x 1080: the button's 60 points begin at 1010, 980.
-    clickAt({1040, 1010});
-    QTRY_COMPARE(ToolPanel::objects(), 0);
-    QCOMPARE(reports.size(), 1);
-    opensAndClosesAgain(panel, blackboard);
-}
-
-void ExitButtonTest::doubleClickLeavesBothAndThePenOpensThemAgain() {
-    QApplication::setDoubleClickInterval(60000);
-    ToolPanel panel;
-    toggle(panel, false);
-    toggle(panel, true);
-    QVERIFY(QTest::qWaitForWindowExposed(form(true)));
-    clickAt({1040, 1010}); // closes the upper one with its press
-    QTRY_COMPARE(ToolPanel::objects(), 1);
-    clickAt({1040, 1010});
-    QTRY_COMPARE(ToolPanel::objects(), 0);
-    opensAndClosesAgain(panel, false);
-    opensAndClosesAgain(panel, true);
-}
-
-void ExitButtonTest::keyboardReportsNothingAndThePenOpensItAgain() {
-    QFETCH(bool, blackboard);
-    ToolPanel panel;
-    CKeyboardListenerMac::EnterPPT = true;
-    toggle(panel, blackboard);
-    const QPointer<vexa::DrawingForm> open = form(blackboard);
-    QVERIFY(open);
-    QVERIFY(QTest::qWaitForWindowExposed(open));
-    QSignalSpy reports(open, SIGNAL(signalPizhukWindow(int)));
-    QTest::keyClick(exitButtonOf(open), Qt::Key_Space);
-    QTRY_COMPARE(ToolPanel::objects(), 0);
-    QVERIFY(reports.isEmpty());
-    CKeyboardListenerMac::EnterPPT = false;
-    opensAndClosesAgain(panel, blackboard);
-}
 
 VEXA_WIDGET_TEST_MAIN(ExitButtonTest)
 #include "ExitButtonTest.moc"

@@ -37,77 +37,58 @@ class OpeningPromptTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() {
+        userfile::clear();
+        m_panel = std::make_unique<ToolPanel>();
+        Settings::PenColor0 = 5; // "#FFCC0D"
+        Settings::Key3P = 3;
+    }
+
+    void cleanup() {
+        m_panel.reset();
+        QCOMPARE(ToolPanel::objects(), 0);
+    }
+
     void cleanupTestCase() { userfile::clear(); }
 
-    void annotationShowsItsColourALittleLater();
-    void blackboardShowsItsColourAtOnce();
-    void colourIsTheFirstPensOfTheSettings_data();
-    void colourIsTheFirstPensOfTheSettings();
+    void annotationShowsItsColourALittleLater() {
+        m_panel->chord(pen::i);
+        promptwindow2 &prompt = *ToolPanel::form(false)->prompt();
+        Standstill standstill(prompt);
+        // There already, but not to be seen: it must not cover what the user is about to point at.
+        QVERIFY(prompt.isVisible());
+        QCOMPARE(prompt.size(), QSize(380, 180));
+        QCOMPARE(prompt.windowOpacity(), 0.0);
+        QCOMPARE(coarseTimersOf(&prompt), QVector<int>{500});
+        QTRY_VERIFY(standstill.ticks > 0);
+        QCOMPARE(prompt.windowOpacity(), 0.0);
+        standstill.held = false;
+        QTRY_VERIFY(prompt.windowOpacity() > 0.5);
+    }
+
+    void blackboardShowsItsColourAtOnce() {
+        m_panel->chord(pen::j);
+        promptwindow2 &prompt = *ToolPanel::form(true)->prompt();
+        QVERIFY(prompt.isVisible());
+        QCOMPARE(prompt.size(), QSize(380, 180));
+        QCOMPARE(prompt.windowOpacity(), 1.0);
+        QCOMPARE(coarseTimersOf(&prompt), QVector<int>{60});
+        QTRY_VERIFY(prompt.windowOpacity() < 0.9); // and fades
+    }
+
+    void colourIsTheFirstPensOfTheSettings_data() { drawingFormRows(); }
+    void colourIsTheFirstPensOfTheSettings() {
+        QFETCH(bool, blackboard);
+        m_panel->toggle(blackboard);
+        const QObject *prompt = ToolPanel::form(blackboard)->prompt();
+        QCOMPARE(prompt->findChild<QLabel *>(QStringLiteral("label_2"))->styleSheet(),
+                 QStringLiteral(
+                     "QLabel{border:3px solid #FFFFCC0D;border-radius:50px;background-color:#FFCC0D;}"));
+    }
 
 private:
     std::unique_ptr<ToolPanel> m_panel;
 };
-
-void OpeningPromptTest::init() {
-    userfile::clear();
-    m_panel = std::make_unique<ToolPanel>();
-    Settings::PenColor0 = 5; // "#FFCC0D"
-    Settings::Key3P = 3;
-}
-
-void OpeningPromptTest::cleanup() {
-    m_panel.reset();
-    QCOMPARE(ToolPanel::objects(), 0);
-}
-
-void OpeningPromptTest::annotationShowsItsColourALittleLater() {
-    QElapsedTimer sinceChord;
-    sinceChord.start();
-    m_panel->chord(pen::i);
-    promptwindow2 &prompt = *ToolPanel::open<PizhuForm>().constFirst()->prompt();
-    Standstill standstill(prompt);
-    // There already, but not to be seen: it must not cover what the user is about to point at.
-    QVERIFY(prompt.isVisible());
-    QCOMPARE(prompt.size(), QSize(380, 180));
-    QCOMPARE(prompt.windowOpacity(), 0.0);
-    QCOMPARE(coarseTimersOf(&prompt), QVector<int>{500});
-    QTRY_VERIFY(standstill.ticks > 0);
-    QVERIFY(sinceChord.elapsed() >= 500 * 95 / 100); // coarse timers may be a twentieth early
-    QCOMPARE(prompt.windowOpacity(), 0.0);
-    standstill.held = false;
-    QTRY_VERIFY(prompt.windowOpacity() > 0.5);
-}
-
-void OpeningPromptTest::blackboardShowsItsColourAtOnce() {
-    m_panel->chord(pen::j);
-    promptwindow2 &prompt = *ToolPanel::open<blackBoardform>().constFirst()->prompt();
-    QVERIFY(prompt.isVisible());
-    QCOMPARE(prompt.size(), QSize(380, 180));
-    QCOMPARE(prompt.windowOpacity(), 1.0);
-    QCOMPARE(coarseTimersOf(&prompt), QVector<int>{60});
-    QTRY_VERIFY(prompt.windowOpacity() < 0.9); // and fades
-}
-
-void OpeningPromptTest::colourIsTheFirstPensOfTheSettings_data() {
-    QTest::addColumn<int>("key");
-    QTest::newRow("annotation") << pen::i;
-    QTest::newRow("blackboard") << pen::j;
-}
-
-void OpeningPromptTest::colourIsTheFirstPensOfTheSettings() {
-    QFETCH(int, key);
-    m_panel->chord(key);
-    const vexa::DrawingForm *form = nullptr;
-    if (key == pen::i)
-        form = ToolPanel::open<PizhuForm>().constFirst();
-    else
-        form = ToolPanel::open<blackBoardform>().constFirst();
-    QCOMPARE(
-        form->prompt()->findChild<QLabel *>(QStringLiteral("label_2"))->styleSheet(),
-        QStringLiteral("QLabel{border:3px solid #FFFFCC0D;border-radius:50px;background-color:#FFCC0D;}"));
-}
 
 VEXA_WIDGET_TEST_MAIN(OpeningPromptTest)
 #include "OpeningPromptTest.moc"

@@ -57,29 +57,18 @@ State stateOf(const PenChords &chords) {
         prepare(copy);
         return copy.receive(key, keyState, {}) == expected;
     };
-    const Commands close{PenCommand::CloseHeldTools};
+    // Whether the chord that closes is heard once the two others are held.
+    const auto isHeld = [&answers](int one, int other) {
+        const auto holdBoth = [=](PenChords &copy) {
+            copy.receive(one, 1, {});
+            copy.receive(other, 1, {});
+        };
+        return answers({PenCommand::CloseHeldTools}, holdBoth, kVK_ANSI_S, 1);
+    };
     State state;
-    state.control = answers(
-        close,
-        [](PenChords &copy) {
-            copy.receive(shift, 1, {});
-            copy.receive(option, 1, {});
-        },
-        kVK_ANSI_S, 1);
-    state.shift = answers(
-        close,
-        [](PenChords &copy) {
-            copy.receive(control, 1, {});
-            copy.receive(option, 1, {});
-        },
-        kVK_ANSI_S, 1);
-    state.option = answers(
-        close,
-        [](PenChords &copy) {
-            copy.receive(control, 1, {});
-            copy.receive(shift, 1, {});
-        },
-        kVK_ANSI_S, 1);
+    state.control = isHeld(shift, option);
+    state.shift = isHeld(control, option);
+    state.option = isHeld(control, shift);
     state.armed = answers(
         {PenCommand::ToggleAnnotation}, [](PenChords &copy) { hold(copy, true, true, true); }, kVK_ANSI_I, 1);
     state.aPressed = answers(
@@ -165,173 +154,123 @@ class PenChordsTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void everyChordHasItsMeaning_data();
-    void everyChordHasItsMeaning();
-    void everyKeyInEveryStateWithAllModifiersDoesWhatTheTableSays();
-    void releaseOfAWithoutChordedPressDoesNothing();
-    void plainAOnTheKeyboardDoesNothing();
-    void aActsOnTheReleaseEvenAfterTheModifiersAreGone();
-    void annotationTogglesOnceUntilIIsReleased();
-    void annotationTogglesAgainAfterTheArmingChord();
-    void annotationTogglesAgainAfterASettingArmedIt();
-    void plainPressOfIDoesNotArm();
-    void key3ActionKeepsItsMarkWhileNotArmed();
-    void codesFrom60OnNeverChangeTheModifiers();
-    void anyNonZeroStateIsDown();
-};
-
-void PenChordsTest::everyChordHasItsMeaning_data() {
-    QTest::addColumn<int>("key");
-    QTest::addColumn<bool>("slideShow");
-    QTest::addColumn<bool>("annotation");
-    QTest::addColumn<bool>("blackboard");
-    QTest::addColumn<Commands>("onPress");
-    QTest::addColumn<Commands>("onRelease");
-
-    using C = PenCommand;
-    QTest::newRow("A") << int(kVK_ANSI_A) << false << false << false << Commands{}
-                       << Commands{C::RunKey2Action};
-    QTest::newRow("S") << int(kVK_ANSI_S) << false << false << false << Commands{C::CloseHeldTools}
-                       << Commands{};
-    QTest::newRow("D") << int(kVK_ANSI_D) << false << false << false << Commands{C::RunKey4Action}
-                       << Commands{};
-    QTest::newRow("G") << int(kVK_ANSI_G) << false << false << false << Commands{C::OpenHeldTool}
-                       << Commands{};
-    QTest::newRow("G in a slide show") << int(kVK_ANSI_G) << true << false << false
-                                       << Commands{C::CancelRefocus, C::OpenHeldTool} << Commands{};
-    QTest::newRow("Y") << int(kVK_ANSI_Y) << false << false << false << Commands{} << Commands{};
-    QTest::newRow("Y, annotation") << int(kVK_ANSI_Y) << false << true << false
-                                   << Commands{C::StepAnnotationColour} << Commands{};
-    QTest::newRow("Y, blackboard") << int(kVK_ANSI_Y) << false << false << true
-                                   << Commands{C::StepBlackboardColour} << Commands{};
-    QTest::newRow("Y, both") << int(kVK_ANSI_Y) << false << true << true
-                             << Commands{C::StepAnnotationColour, C::StepBlackboardColour} << Commands{};
-    QTest::newRow("I") << int(kVK_ANSI_I) << false << false << false << Commands{C::ToggleAnnotation}
-                       << Commands{};
-    QTest::newRow("J") << int(kVK_ANSI_J) << false << false << false << Commands{}
-                       << Commands{C::RunKey3Action};
-    QTest::newRow("M") << int(kVK_ANSI_M) << false << false << false << Commands{} << Commands{};
-    QTest::newRow("another letter") << 3 << true << true << true << Commands{} << Commands{};
-}
-
-void PenChordsTest::everyChordHasItsMeaning() {
-    QFETCH(int, key);
-    QFETCH(bool, slideShow);
-    QFETCH(bool, annotation);
-    QFETCH(bool, blackboard);
-    const Surroundings around{slideShow, annotation, blackboard};
-    PenChords chords;
-    hold(chords, true, true, true);
-    QTEST(chords.receive(key, 1, around), "onPress");
-    QTEST(chords.receive(key, 0, around), "onRelease");
-}
-
-void PenChordsTest::everyKeyInEveryStateWithAllModifiersDoesWhatTheTableSays() {
-    for (int key = -1; key < 128; ++key) {
-        for (unsigned bits = 0; bits < 1U << 10U; ++bits) {
-            const auto bit = [bits](unsigned place) { return (bits >> place & 1U) != 0; };
-            State state{bit(0), bit(1), bit(2), bit(3), bit(4), bit(5)};
-            const bool down = bit(6);
-            const Surroundings around{bit(7), bit(8), bit(9)};
-            const QByteArray what = described(key, down, state);
-
-            PenChords chords = chordsIn(state);
-            QVERIFY2(stateOf(chords) == state, what);
-            const Commands expected = expectedOf(state, key, down, around);
-            QVERIFY2(chords.receive(key, down ? 1 : 0, around) == expected, what);
-            QVERIFY2(stateOf(chords) == state, what);
-        }
+    void everyChordHasItsMeaning_data() {
+        QTest::addColumn<int>("key");
+        QTest::addColumn<QString>("around");
+        QTest::addColumn<Commands>("onPress");
+        QTest::addColumn<Commands>("onRelease");
+        const auto row = [](int key, const char *around, const Commands &onPress, const Commands &onRelease) {
+            QTest::addRow("key %d, %s", key, around) << key << QString(around) << onPress << onRelease;
+        };
+        using C = PenCommand;
+        row(kVK_ANSI_A, "", {}, {C::RunKey2Action});
+        row(kVK_ANSI_S, "", {C::CloseHeldTools}, {});
+        row(kVK_ANSI_D, "", {C::RunKey4Action}, {});
+        row(kVK_ANSI_G, "", {C::OpenHeldTool}, {});
+        row(kVK_ANSI_G, "show", {C::CancelRefocus, C::OpenHeldTool}, {});
+        row(kVK_ANSI_Y, "", {}, {});
+        row(kVK_ANSI_Y, "annotation", {C::StepAnnotationColour}, {});
+        row(kVK_ANSI_Y, "board", {C::StepBlackboardColour}, {});
+        row(kVK_ANSI_Y, "annotation and board", {C::StepAnnotationColour, C::StepBlackboardColour}, {});
+        row(kVK_ANSI_I, "", {C::ToggleAnnotation}, {});
+        row(kVK_ANSI_J, "", {}, {C::RunKey3Action});
+        row(kVK_ANSI_M, "", {}, {});
+        row(kVK_ANSI_F, "show, annotation and board", {}, {});
     }
-}
 
-void PenChordsTest::releaseOfAWithoutChordedPressDoesNothing() {
-    PenChords chords;
-    QVERIFY(chords.receive(kVK_ANSI_A, 0, {}).empty());
-    hold(chords, true, true, true);
-    QVERIFY(chords.receive(kVK_ANSI_A, 0, {}).empty());
-}
-
-void PenChordsTest::plainAOnTheKeyboardDoesNothing() {
-    PenChords chords;
-    QVERIFY(chords.receive(kVK_ANSI_A, 1, {}).empty());
-    QVERIFY(chords.receive(kVK_ANSI_A, 0, {}).empty());
-}
-
-void PenChordsTest::aActsOnTheReleaseEvenAfterTheModifiersAreGone() {
-    PenChords chords;
-    hold(chords, true, true, true);
-    QVERIFY(chords.receive(kVK_ANSI_A, 1, {}).empty());
-    hold(chords, false, false, false);
-    QCOMPARE(chords.receive(kVK_ANSI_A, 0, {}), Commands{PenCommand::RunKey2Action});
-    QVERIFY(chords.receive(kVK_ANSI_A, 0, {}).empty());
-}
-
-void PenChordsTest::annotationTogglesOnceUntilIIsReleased() {
-    PenChords chords;
-    hold(chords, true, true, true);
-    QCOMPARE(chords.receive(kVK_ANSI_I, 1, {}), Commands{PenCommand::ToggleAnnotation});
-    QVERIFY(chords.receive(kVK_ANSI_I, 1, {}).empty());
-    QVERIFY(chords.receive(kVK_ANSI_I, 0, {}).empty());
-    QCOMPARE(chords.receive(kVK_ANSI_I, 1, {}), Commands{PenCommand::ToggleAnnotation});
-}
-
-void PenChordsTest::annotationTogglesAgainAfterTheArmingChord() {
-    PenChords chords;
-    hold(chords, true, true, true);
-    chords.receive(kVK_ANSI_I, 1, {});
-    QVERIFY(chords.receive(kVK_ANSI_M, 1, {}).empty());
-    QCOMPARE(chords.receive(kVK_ANSI_I, 1, {}), Commands{PenCommand::ToggleAnnotation});
-}
-
-void PenChordsTest::annotationTogglesAgainAfterASettingArmedIt() {
-    PenChords chords;
-    hold(chords, true, true, true);
-    chords.receive(kVK_ANSI_I, 1, {});
-    chords.arm();
-    QCOMPARE(chords.receive(kVK_ANSI_I, 1, {}), Commands{PenCommand::ToggleAnnotation});
-}
-
-void PenChordsTest::plainPressOfIDoesNotArm() {
-    PenChords chords;
-    hold(chords, true, true, true);
-    chords.receive(kVK_ANSI_I, 1, {});
-    hold(chords, false, false, false);
-    chords.receive(kVK_ANSI_I, 1, {});
-    hold(chords, true, true, true);
-    QVERIFY(chords.receive(kVK_ANSI_I, 1, {}).empty());
-}
-
-void PenChordsTest::key3ActionKeepsItsMarkWhileNotArmed() {
-    PenChords chords;
-    hold(chords, true, true, true);
-    chords.receive(kVK_ANSI_I, 1, {}); // uses the permission up
-    chords.receive(kVK_ANSI_J, 1, {});
-    QVERIFY(chords.receive(kVK_ANSI_J, 0, {}).empty());
-    chords.receive(kVK_ANSI_M, 1, {});
-    QCOMPARE(chords.receive(kVK_ANSI_J, 0, {}), Commands{PenCommand::RunKey3Action});
-    QVERIFY(chords.receive(kVK_ANSI_J, 0, {}).empty());
-}
-
-void PenChordsTest::codesFrom60OnNeverChangeTheModifiers() {
-    for (int key = 60; key < 256; ++key) {
+    void everyChordHasItsMeaning() {
+        QFETCH(int, key);
+        QFETCH(QString, around);
+        const Surroundings surroundings{around.contains("show"), around.contains("annotation"),
+                                        around.contains("board")};
         PenChords chords;
-        for (int state : {1, 0}) {
-            chords.receive(key, state, {});
-            QVERIFY(stateOf(chords) == State{});
-        }
         hold(chords, true, true, true);
-        chords.receive(key, 0, {});
-        QCOMPARE(chords.receive(kVK_ANSI_S, 1, {}), Commands{PenCommand::CloseHeldTools});
+        QTEST(chords.receive(key, 1, surroundings), "onPress");
+        QTEST(chords.receive(key, 0, surroundings), "onRelease");
     }
-}
 
-void PenChordsTest::anyNonZeroStateIsDown() {
-    PenChords chords;
-    chords.receive(control, 2, {});
-    chords.receive(shift, -1, {});
-    chords.receive(option, 7, {});
-    QCOMPARE(chords.receive(1, 3, {}), Commands{PenCommand::CloseHeldTools});
-}
+    void everyKeyInEveryStateWithAllModifiersDoesWhatTheTableSays() {
+        for (int key = -1; key < 128; ++key) {
+            for (unsigned bits = 0; bits < 1U << 10U; ++bits) {
+                const auto bit = [bits](unsigned place) { return (bits >> place & 1U) != 0; };
+                State state{bit(0), bit(1), bit(2), bit(3), bit(4), bit(5)};
+                const bool down = bit(6);
+                const Surroundings around{bit(7), bit(8), bit(9)};
+                const QByteArray what = described(key, down, state);
+
+                PenChords chords = chordsIn(state);
+                QVERIFY2(stateOf(chords) == state, what);
+                const Commands expected = expectedOf(state, key, down, around);
+                QVERIFY2(chords.receive(key, down ? 1 : 0, around) == expected, what);
+                QVERIFY2(stateOf(chords) == state, what);
+            }
+        }
+    }
+
+    void aStoryEndsWithTheseCommands_data() {
+        QTest::addColumn<QString>("story"); // [ and ] hold and release the modifiers, ! is a chosen setting
+        QTest::addColumn<Commands>("commands");
+        const auto row = [](const char *name, const char *story, const Commands &commands) {
+            QTest::newRow(name) << QString(story) << commands;
+        };
+        using C = PenCommand;
+        row("release of A without a chorded press", "A-[A-", {});
+        row("plain A of the keyboard", "A+A-", {});
+        row("A acts on its release", "[A+", {});
+        row("A acts once, even after the modifiers are gone", "[A+]A-A-", {C::RunKey2Action});
+        row("annotation toggles once", "[I+I+", {C::ToggleAnnotation});
+        row("annotation toggles again after the release", "[I+I+I-I+",
+            {C::ToggleAnnotation, C::ToggleAnnotation});
+        row("annotation toggles again after the arming chord", "[I+M+I+",
+            {C::ToggleAnnotation, C::ToggleAnnotation});
+        row("annotation toggles again after a setting armed it", "[I+!I+",
+            {C::ToggleAnnotation, C::ToggleAnnotation});
+        row("plain press of I does not arm", "[I+]I+[I+", {C::ToggleAnnotation});
+        row("J does nothing while not armed", "[I+J+J-", {C::ToggleAnnotation});
+        row("J keeps its mark while not armed", "[I+J+J-M+J-J-", {C::ToggleAnnotation, C::RunKey3Action});
+    }
+
+    void aStoryEndsWithTheseCommands() {
+        QFETCH(QString, story);
+        const QMap<QChar, int> keys{
+            {'A', kVK_ANSI_A}, {'I', kVK_ANSI_I}, {'J', kVK_ANSI_J}, {'M', kVK_ANSI_M}};
+        PenChords chords;
+        Commands commands;
+        for (int i = 0; i < story.size(); ++i) {
+            const QChar step = story.at(i);
+            if (step == '!')
+                chords.arm();
+            else if (step == '[' || step == ']')
+                hold(chords, step == '[', step == '[', step == '[');
+            else
+                for (const PenCommand command :
+                     chords.receive(keys.value(step, -1), story.at(++i) == '+' ? 1 : 0, {}))
+                    commands.push_back(command);
+        }
+        QTEST(commands, "commands");
+    }
+
+    void codesFrom60OnNeverChangeTheModifiers() {
+        for (int key = 60; key < 256; ++key) {
+            PenChords chords;
+            for (int state : {1, 0}) {
+                chords.receive(key, state, {});
+                QVERIFY(stateOf(chords) == State{});
+            }
+            hold(chords, true, true, true);
+            chords.receive(key, 0, {});
+            QCOMPARE(chords.receive(kVK_ANSI_S, 1, {}), Commands{PenCommand::CloseHeldTools});
+        }
+    }
+
+    void anyNonZeroStateIsDown() {
+        PenChords chords;
+        chords.receive(control, 2, {});
+        chords.receive(shift, -1, {});
+        chords.receive(option, 7, {});
+        QCOMPARE(chords.receive(1, 3, {}), Commands{PenCommand::CloseHeldTools});
+    }
+};
 
 QTEST_APPLESS_MAIN(PenChordsTest)
 #include "PenChordsTest.moc"

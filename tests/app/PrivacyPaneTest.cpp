@@ -2,38 +2,11 @@
 #include "app/PrivacyGate.h"
 #include "app/PrivacyprivilegesWindow.h"
 #include "app/QuitRequest.h"
-#include "platform/ScreenCapture.h"
+#include "fakes/Desktop.h"
 #include "support/TestMain.h"
 #include "support/UserFile.h"
 
 using namespace vexa::test;
-
-namespace {
-
-int openedPanes = 0;
-
-} // namespace
-
-// The desktop is played by the test: this one may have no such pane.
-namespace vexa::platform {
-
-QPixmap capturePrimaryScreen() {
-    return {};
-}
-
-QPixmap captureScreenRect(const QRect & /*rect*/) {
-    return {};
-}
-
-CursorPicture currentCursorPicture() {
-    return {};
-}
-
-void openScreenRecordingSettings() {
-    ++openedPanes;
-}
-
-} // namespace vexa::platform
 
 /// The guide at the start, with its own window: where it leads.
 class PrivacyPaneTest : public QObject {
@@ -42,41 +15,37 @@ class PrivacyPaneTest : public QObject {
 private slots:
     void cleanupTestCase() { userfile::clear(); }
 
-    void everyAnswerLeadsToThePane_data();
-    void everyAnswerLeadsToThePane();
+    void everyAnswerLeadsToThePane_data() {
+        QTest::addColumn<int>("answer");
+        QTest::addColumn<bool>("quits");
+        QTest::addColumn<int>("panes");
+        QTest::newRow("confirmed for good") << 1 << false << 1;
+        QTest::newRow("confirmed for now") << 0 << false << 1;
+        QTest::newRow("asked to end") << 0 << true << 0; // the last: no event loop runs after that
+    }
+
+    void everyAnswerLeadsToThePane() {
+        QFETCH(int, answer);
+        QFETCH(bool, quits);
+        QFETCH(int, panes);
+        userfile::startAfresh();
+        vexa::fakeDesktop().openedPanes = 0;
+        vexa::QuitRequest quit;
+        bool shown = false;
+        QTimer::singleShot(0, this, [&] {
+            auto *const guide = qobject_cast<PrivacyprivilegesWindow *>(QApplication::activeModalWidget());
+            shown = guide != nullptr;
+            if (quits)
+                quit.request();
+            else if (guide)
+                guide->recvQmlMessage(answer, 0);
+        });
+        vexa::passPrivacyGate(quit);
+        QVERIFY(shown);
+        QCOMPARE(vexa::fakeDesktop().openedPanes, panes);
+        QCOMPARE(ZrToolXmlClass::ShowPrivacyWindow, answer == 1 ? 0 : 1);
+    }
 };
-
-void PrivacyPaneTest::everyAnswerLeadsToThePane_data() {
-    QTest::addColumn<int>("answer");
-    QTest::addColumn<bool>("quits");
-    QTest::addColumn<int>("panes");
-    QTest::newRow("confirmed for good") << 1 << false << 1;
-    QTest::newRow("confirmed for now") << 0 << false << 1;
-    QTest::newRow("asked to end") << 0 << true << 0; // the last: no event loop runs after that
-}
-
-void PrivacyPaneTest::everyAnswerLeadsToThePane() {
-    QFETCH(int, answer);
-    QFETCH(bool, quits);
-    QFETCH(int, panes);
-    userfile::clear();
-    userfile::forgetSettings();
-    openedPanes = 0;
-    vexa::QuitRequest quit;
-    bool shown = false;
-    QTimer::singleShot(0, this, [&] {
-        auto *const guide = qobject_cast<PrivacyprivilegesWindow *>(QApplication::activeModalWidget());
-        shown = guide != nullptr;
-        if (quits)
-            quit.request();
-        else if (guide)
-            guide->recvQmlMessage(answer, 0);
-    });
-    vexa::passPrivacyGate(quit);
-    QVERIFY(shown);
-    QCOMPARE(openedPanes, panes);
-    QCOMPARE(ZrToolXmlClass::ShowPrivacyWindow, answer == 1 ? 0 : 1);
-}
 
 VEXA_WIDGET_TEST_MAIN(PrivacyPaneTest)
 #include "PrivacyPaneTest.moc"

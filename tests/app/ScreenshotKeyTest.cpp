@@ -21,133 +21,119 @@ class ScreenshotKeyTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void init();
-    void cleanup();
+    void initTestCase() {
+        QVERIFY(m_pattern.display());
+        m_expected = pattern(m_pattern.size());
+    }
+
+    void init() {
+        userfile::clear();
+        m_home = std::make_unique<QTemporaryDir>();
+        qputenv("HOME", QFile::encodeName(m_home->path()));
+        QCursor::setPos(0, 0);
+        m_panel = std::make_unique<ToolPanel>();
+        Settings::Key4C = 4;
+        // The prompt of the start is part of what the screen shows: it has come and gone when the shots are
+        // taken.
+        QTRY_VERIFY(startPrompt() && startPrompt()->size() == QSize(300, 60));
+        QTRY_COMPARE(startPrompt()->windowOpacity(), 0.0);
+        QTRY_VERIFY(m_pattern.seen());
+    }
+
+    void cleanup() { m_panel.reset(); }
     void cleanupTestCase() { userfile::clear(); }
 
-    void promptAppearsAndTheFileShowsTheScreenWithoutIt();
-    void promptOfTheShotBeforeDoesNotStandInTheNext();
-    void severalKeysAtOnceShowTheScreenWithoutThePrompt();
-    void programAnswersThePenWhileAPictureIsWritten();
-    void endOfTheProgramWaitsForTheFile();
+    void promptAppearsAndTheFileShowsTheScreenWithoutIt() {
+        QVERIFY(prompt());
+        QCOMPARE(prompt()->windowOpacity(), 0.0);
+        m_panel->press(pen::d);
+        QTRY_VERIFY(prompt()->windowOpacity() > 0.5);
+        QVERIFY(prompt()->isVisible());
+        QCOMPARE(prompt()->size(), QSize(380, 180));
+        checkAndRemoveTheShot();
+    }
+
+    void promptOfTheShotBeforeDoesNotStandInTheNext() {
+        m_panel->chord(pen::d);
+        checkAndRemoveTheShot();
+        // The card is really on the screen when the key comes.
+        QTRY_VERIFY(prompt()->windowOpacity() > 0.0);
+        m_panel->chord(pen::d);
+        QTRY_VERIFY(prompt()->windowOpacity() > 0.5); // first: it is gone before a slow writer is done
+        checkAndRemoveTheShot();
+    }
+
+    void severalKeysAtOnceShowTheScreenWithoutThePrompt() {
+        for (int i = 0; i < 4; ++i)
+            m_panel->chord(pen::d);
+        QTRY_VERIFY(prompt()->windowOpacity() > 0.5); // the last shot is taken
+        m_panel.reset();                              // and written
+        QVERIFY(!files().isEmpty());
+        for (const QString &file : files())
+            QVERIFY2(showsThePattern(file), qPrintable(file));
+    }
+
+    void programAnswersThePenWhileAPictureIsWritten() {
+        // On a busy machine the writer may be done before the key has been answered; not every time, though.
+        bool answeredFirst = false;
+        for (int attempt = 0; attempt < 20 && !answeredFirst; ++attempt) {
+            prompt()->hideWindow(); // or the shot itself would wait
+            m_panel->chord(pen::d);
+            answeredFirst = files().isEmpty();
+            m_panel->chord(pen::i);
+            QCOMPARE(ToolPanel::open<PizhuForm>().size(), 1);
+            m_panel->chord(pen::i);
+            QTRY_COMPARE(files().size(), 1);
+            QVERIFY(QFile::remove(files().constFirst()));
+        }
+        QVERIFY(answeredFirst);
+    }
+
+    void endOfTheProgramWaitsForTheFile() {
+        m_panel->chord(pen::d);
+        m_panel.reset();
+        QCOMPARE(files().size(), 1);
+        QVERIFY(showsThePattern(files().constFirst()));
+    }
 
 private:
-    static PromptWindow *promptSaying(const char *text);
+    static PromptWindow *promptSaying(const char *text) {
+        for (QWidget *widget : QApplication::topLevelWidgets())
+            if (auto *card = qobject_cast<PromptWindow *>(widget))
+                if (card->findChild<QLabel *>(QStringLiteral("label"))->text() == QString::fromUtf8(text))
+                    return card;
+        return nullptr;
+    }
+
     static PromptWindow *prompt() { return promptSaying("截屏已保存"); }
     static PromptWindow *startPrompt() { return promptSaying("Vexa Orbilo Setting"); }
-    QStringList files() const;
-    bool showsThePattern(const QString &file) const;
+
+    QStringList files() const {
+        QStringList found;
+        QDirIterator all(m_home->path(), {QStringLiteral("*.png")}, QDir::Files,
+                         QDirIterator::Subdirectories);
+        while (all.hasNext())
+            found += all.next();
+        return found;
+    }
+
+    bool showsThePattern(const QString &file) const {
+        return QImage(file).convertToFormat(QImage::Format_RGB32) == m_expected;
+    }
+
     /// Takes the file of the shot away and compares it.
-    void checkAndRemoveTheShot();
+    void checkAndRemoveTheShot() {
+        QTRY_COMPARE(files().size(), 1);
+        const QString file = files().constFirst();
+        QVERIFY2(showsThePattern(file), qPrintable(file));
+        QVERIFY(QFile::remove(file));
+    }
 
     std::unique_ptr<QTemporaryDir> m_home;
     std::unique_ptr<ToolPanel> m_panel;
     PatternWindow m_pattern;
     QImage m_expected;
 };
-
-void ScreenshotKeyTest::initTestCase() {
-    QVERIFY(m_pattern.display());
-    m_expected = pattern(m_pattern.size());
-}
-
-void ScreenshotKeyTest::init() {
-    userfile::clear();
-    m_home = std::make_unique<QTemporaryDir>();
-    qputenv("HOME", QFile::encodeName(m_home->path()));
-    QCursor::setPos(0, 0);
-    m_panel = std::make_unique<ToolPanel>();
-    Settings::Key4C = 4;
-    // The prompt of the start is part of what the screen shows: it has come and gone when the shots are
-    // taken.
-    QTRY_VERIFY(startPrompt() && startPrompt()->size() == QSize(300, 60));
-    QTRY_COMPARE(startPrompt()->windowOpacity(), 0.0);
-    QTRY_VERIFY(m_pattern.seen());
-}
-
-void ScreenshotKeyTest::cleanup() {
-    m_panel.reset();
-}
-
-PromptWindow *ScreenshotKeyTest::promptSaying(const char *text) {
-    for (QWidget *widget : QApplication::topLevelWidgets())
-        if (auto *card = qobject_cast<PromptWindow *>(widget))
-            if (card->findChild<QLabel *>(QStringLiteral("label"))->text() == QString::fromUtf8(text))
-                return card;
-    return nullptr;
-}
-
-QStringList ScreenshotKeyTest::files() const {
-    QStringList found;
-    QDirIterator all(m_home->path(), {QStringLiteral("*.png")}, QDir::Files, QDirIterator::Subdirectories);
-    while (all.hasNext())
-        found += all.next();
-    return found;
-}
-
-bool ScreenshotKeyTest::showsThePattern(const QString &file) const {
-    return QImage(file).convertToFormat(QImage::Format_RGB32) == m_expected;
-}
-
-void ScreenshotKeyTest::checkAndRemoveTheShot() {
-    QTRY_COMPARE(files().size(), 1);
-    const QString file = files().constFirst();
-    QVERIFY2(showsThePattern(file), qPrintable(file));
-    QVERIFY(QFile::remove(file));
-}
-
-void ScreenshotKeyTest::promptAppearsAndTheFileShowsTheScreenWithoutIt() {
-    QVERIFY(prompt());
-    QCOMPARE(prompt()->windowOpacity(), 0.0);
-    m_panel->press(pen::d);
-    QTRY_VERIFY(prompt()->windowOpacity() > 0.5);
-    QVERIFY(prompt()->isVisible());
-    QCOMPARE(prompt()->size(), QSize(380, 180));
-    checkAndRemoveTheShot();
-}
-
-void ScreenshotKeyTest::promptOfTheShotBeforeDoesNotStandInTheNext() {
-    m_panel->chord(pen::d);
-    checkAndRemoveTheShot();
-    // The card is really on the screen when the key comes.
-    QTRY_VERIFY(prompt()->windowOpacity() > 0.0);
-    m_panel->chord(pen::d);
-    QTRY_VERIFY(prompt()->windowOpacity() > 0.5); // first: it is gone before a slow writer is done
-    checkAndRemoveTheShot();
-}
-
-void ScreenshotKeyTest::severalKeysAtOnceShowTheScreenWithoutThePrompt() {
-    for (int i = 0; i < 4; ++i)
-        m_panel->chord(pen::d);
-    QTRY_VERIFY(!files().isEmpty());
-    QTest::qWait(300);
-    for (const QString &file : files())
-        QVERIFY2(showsThePattern(file), qPrintable(file));
-}
-
-void ScreenshotKeyTest::programAnswersThePenWhileAPictureIsWritten() {
-    // On a busy machine the writer may be done before the key has been answered; not every time, though.
-    bool answeredFirst = false;
-    for (int attempt = 0; attempt < 20 && !answeredFirst; ++attempt) {
-        prompt()->hideWindow(); // or the shot itself would wait
-        m_panel->chord(pen::d);
-        answeredFirst = files().isEmpty();
-        m_panel->chord(pen::i);
-        QCOMPARE(ToolPanel::open<PizhuForm>().size(), 1);
-        m_panel->chord(pen::i);
-        QTRY_COMPARE(files().size(), 1);
-        QVERIFY(QFile::remove(files().constFirst()));
-    }
-    QVERIFY(answeredFirst);
-}
-
-void ScreenshotKeyTest::endOfTheProgramWaitsForTheFile() {
-    m_panel->chord(pen::d);
-    m_panel.reset();
-    QCOMPARE(files().size(), 1);
-    QVERIFY(showsThePattern(files().constFirst()));
-}
 
 VEXA_WIDGET_TEST_MAIN(ScreenshotKeyTest)
 #include "ScreenshotKeyTest.moc"

@@ -15,6 +15,13 @@ QString beside(const char *name) {
     return QCoreApplication::applicationDirPath() + '/' + QLatin1String(name);
 }
 
+/// Goes on when it is let.
+const QByteArray waitingScript = "until [ -e \"$0.go\" ]; do sleep 0.01; done";
+
+void letTheScriptGoOn() {
+    QVERIFY(QFile(beside("setAutoStartOpen.sh.go")).open(QIODevice::WriteOnly));
+}
+
 void writeScript(const char *name, const QByteArray &text) {
     QFile script(beside(name));
     QVERIFY(script.open(QIODevice::WriteOnly));
@@ -30,116 +37,101 @@ class StartAtLoginTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init();
+    void init() {
+        userfile::startAfresh();
+        for (const char *left : {"Open.sh", "Open.sh.ran", "Open.sh.go", "Close.sh", "Close.sh.ran"})
+            QFile::remove(beside("setAutoStart") + QLatin1String(left));
+    }
+
     void cleanupTestCase() { userfile::clear(); }
 
-    void startAtLoginFollowsTheScript_data();
-    void startAtLoginFollowsTheScript();
-    void missingScriptLeavesStartAtLogin();
-    void thePenWorksWhileAScriptRuns();
-    void theSwitchStaysWhereItIsWhileAScriptRuns();
-    void aScriptThatHangsHasFailedAfterFiveSeconds();
-};
+    void startAtLoginFollowsTheScript_data() {
+        QTest::addColumn<int>("before");
+        QTest::addColumn<int>("asked");
+        QTest::addColumn<int>("exitCode");
+        QTest::addColumn<int>("after");
+        QTest::addColumn<QVariant>("note");
+        QTest::newRow("turned off") << 1 << 0 << 0 << 0 << QVariant(0);
+        QTest::newRow("not turned off") << 1 << 0 << 3 << 1 << QVariant(true);
+        QTest::newRow("turned on") << 0 << 1 << 0 << 1 << QVariant(1);
+        QTest::newRow("turned on by another value") << 0 << 5 << 0 << 5 << QVariant(5);
+        QTest::newRow("not turned on") << 0 << 1 << 1 << 0 << QVariant(false);
+    }
 
-void StartAtLoginTest::init() {
-    userfile::clear();
-    userfile::forgetSettings();
-}
+    void startAtLoginFollowsTheScript() {
+        QFETCH(int, before);
+        QFETCH(int, asked);
+        QFETCH(int, exitCode);
+        QFETCH(int, after);
+        QFETCH(QVariant, note);
+        const QByteArray right = "echo \"$0\" >> \"$0.ran\"; exit " + QByteArray::number(exitCode);
+        writeScript(asked ? "setAutoStartOpen.sh" : "setAutoStartClose.sh", right);
+        writeScript(asked ? "setAutoStartClose.sh" : "setAutoStartOpen.sh",
+                    "echo wrong >> \"$0.ran\"; exit 9");
 
-void StartAtLoginTest::startAtLoginFollowsTheScript_data() {
-    QTest::addColumn<int>("before");
-    QTest::addColumn<int>("asked");
-    QTest::addColumn<int>("exitCode");
-    QTest::addColumn<int>("after");
-    QTest::addColumn<QVariant>("note");
-    QTest::newRow("turned off") << 1 << 0 << 0 << 0 << QVariant(0);
-    QTest::newRow("not turned off") << 1 << 0 << 3 << 1 << QVariant(true);
-    QTest::newRow("turned on") << 0 << 1 << 0 << 1 << QVariant(1);
-    QTest::newRow("turned on by another value") << 0 << 5 << 0 << 5 << QVariant(5);
-    QTest::newRow("not turned on") << 0 << 1 << 1 << 0 << QVariant(false);
-}
+        Panel panel;
+        Settings::AutoStart = before;
+        panel.forgetCalls();
+        userfile::clear();
+        panel.send(17, asked);
 
-void StartAtLoginTest::startAtLoginFollowsTheScript() {
-    QFETCH(int, before);
-    QFETCH(int, asked);
-    QFETCH(int, exitCode);
-    QFETCH(int, after);
-    QFETCH(QVariant, note);
-    const QByteArray right = "echo \"$0\" >> \"$0.ran\"; exit " + QByteArray::number(exitCode);
-    writeScript(asked ? "setAutoStartOpen.sh" : "setAutoStartClose.sh", right);
-    writeScript(asked ? "setAutoStartClose.sh" : "setAutoStartOpen.sh", "echo wrong >> \"$0.ran\"; exit 9");
-    const QString folder = QCoreApplication::applicationDirPath();
-    QFile::remove(folder + QStringLiteral("/setAutoStartOpen.sh.ran"));
-    QFile::remove(folder + QStringLiteral("/setAutoStartClose.sh.ran"));
+        QCOMPARE(Settings::AutoStart, after);
+        QCOMPARE(panel.calls(), (QList<Call>{{17, after, note}}));
+        QVERIFY(userfile::read().contains("<AutoStart>" + QByteArray::number(after) + "</AutoStart>"));
+        QCOMPARE(QFile::exists(beside("setAutoStartOpen.sh.ran")), asked != 0);
+        QCOMPARE(QFile::exists(beside("setAutoStartClose.sh.ran")), asked == 0);
+    }
 
-    Panel panel;
-    Settings::AutoStart = before;
-    panel.forgetCalls();
-    userfile::clear();
-    panel.send(17, asked);
-
-    QCOMPARE(Settings::AutoStart, after);
-    const QList<Call> expected{Call{17, after, note}};
-    QCOMPARE(panel.calls(), expected);
-    QVERIFY(userfile::read().contains("<AutoStart>" + QByteArray::number(after) + "</AutoStart>"));
-    QCOMPARE(QFile::exists(folder + QStringLiteral("/setAutoStartOpen.sh.ran")), asked != 0);
-    QCOMPARE(QFile::exists(folder + QStringLiteral("/setAutoStartClose.sh.ran")), asked == 0);
-}
-
-void StartAtLoginTest::missingScriptLeavesStartAtLogin() {
-    const QString folder = QCoreApplication::applicationDirPath();
-    QFile::remove(folder + QStringLiteral("/setAutoStartOpen.sh"));
-    Panel panel;
-    Settings::AutoStart = 0;
-    panel.forgetCalls();
-    panel.send(17, 1);
-    QCOMPARE(Settings::AutoStart, 0);
-    const QList<Call> expected{Call{17, 0, false}};
-    QCOMPARE(panel.calls(), expected);
-}
-
-void StartAtLoginTest::thePenWorksWhileAScriptRuns() {
-    writeScript("setAutoStartOpen.sh", "until [ -e \"$0.go\" ]; do sleep 0.01; done");
-    QFile::remove(beside("setAutoStartOpen.sh.go"));
-    Panel panel;
-    Settings::AutoStart = 0;
-    QSignalSpy closings(&panel.window, &MainWindow::signalExitWindow);
-    QTimer::singleShot(0, &panel.window, [&panel] {
-        for (int key : {kVK_Control, kVK_Shift, kVK_Option, kVK_ANSI_S})
-            panel.window.RecvKeboardMessage(key, 1);
+    void missingScriptLeavesStartAtLogin() {
+        Panel panel;
+        Settings::AutoStart = 0;
+        panel.forgetCalls();
+        panel.send(17, 1);
         QCOMPARE(Settings::AutoStart, 0);
-        QVERIFY(QFile(beside("setAutoStartOpen.sh.go")).open(QIODevice::WriteOnly));
-    });
-    panel.send(17, 1); // would not return if the chord waited for the script
-    QCOMPARE(closings.size(), 1);
-    QCOMPARE(Settings::AutoStart, 1);
-}
+        QCOMPARE(panel.calls(), (QList<Call>{{17, 0, false}}));
+    }
 
-void StartAtLoginTest::theSwitchStaysWhereItIsWhileAScriptRuns() {
-    writeScript("setAutoStartOpen.sh", "until [ -e \"$0.go\" ]; do sleep 0.01; done");
-    writeScript("setAutoStartClose.sh", "exit 0");
-    QFile::remove(beside("setAutoStartOpen.sh.go"));
-    Panel panel;
-    Settings::AutoStart = 0;
-    panel.forgetCalls();
-    QTimer::singleShot(0, &panel.window, [&panel] {
-        panel.send(17, 0);
-        QVERIFY(QFile(beside("setAutoStartOpen.sh.go")).open(QIODevice::WriteOnly));
-    });
-    panel.send(17, 1);
-    QCOMPARE(panel.calls(), (QList<Call>{{17, 0, true}, {17, 1, 1}}));
-    QCOMPARE(Settings::AutoStart, 1);
-}
+    void thePenWorksWhileAScriptRuns() {
+        writeScript("setAutoStartOpen.sh", waitingScript);
+        Panel panel;
+        Settings::AutoStart = 0;
+        QSignalSpy closings(&panel.window, &MainWindow::signalExitWindow);
+        QTimer::singleShot(0, &panel.window, [&panel] {
+            for (int key : {kVK_Control, kVK_Shift, kVK_Option, kVK_ANSI_S})
+                panel.window.RecvKeboardMessage(key, 1);
+            QCOMPARE(Settings::AutoStart, 0);
+            letTheScriptGoOn();
+        });
+        panel.send(17, 1); // would not return if the chord waited for the script
+        QCOMPARE(closings.size(), 1);
+        QCOMPARE(Settings::AutoStart, 1);
+    }
 
-void StartAtLoginTest::aScriptThatHangsHasFailedAfterFiveSeconds() {
-    writeScript("setAutoStartOpen.sh", "sleep 1000");
-    Panel panel;
-    Settings::AutoStart = 0;
-    panel.forgetCalls();
-    panel.send(17, 1);
-    QCOMPARE(Settings::AutoStart, 0);
-    QCOMPARE(panel.calls(), (QList<Call>{{17, 0, false}}));
-}
+    void theSwitchStaysWhereItIsWhileAScriptRuns() {
+        writeScript("setAutoStartOpen.sh", waitingScript);
+        writeScript("setAutoStartClose.sh", "exit 0");
+        Panel panel;
+        Settings::AutoStart = 0;
+        panel.forgetCalls();
+        QTimer::singleShot(0, &panel.window, [&panel] {
+            panel.send(17, 0);
+            letTheScriptGoOn();
+        });
+        panel.send(17, 1);
+        QCOMPARE(panel.calls(), (QList<Call>{{17, 0, true}, {17, 1, 1}}));
+        QCOMPARE(Settings::AutoStart, 1);
+    }
+
+    void aScriptThatHangsHasFailedAfterFiveSeconds() {
+        writeScript("setAutoStartOpen.sh", "sleep 1000");
+        Panel panel;
+        Settings::AutoStart = 0;
+        panel.forgetCalls();
+        panel.send(17, 1);
+        QCOMPARE(Settings::AutoStart, 0);
+        QCOMPARE(panel.calls(), (QList<Call>{{17, 0, false}}));
+    }
+};
 
 VEXA_WIDGET_TEST_MAIN(StartAtLoginTest)
 #include "StartAtLoginTest.moc"

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "ToolPanel.h"
-#include "settings/ZrToolXmlClass.h"
 #include "support/TestMain.h"
 #include "support/UserFile.h"
 
@@ -33,23 +32,21 @@ QByteArray named(const Order &order) {
     return name;
 }
 
-void toggle(ToolPanel &panel, Kind kind) {
-    panel.chord(pen::m);
-    panel.chord(kind == Annotation ? pen::i : pen::j);
-}
+/// How the tools are closed: by the pen, by a click on them, or by the desktop.
+enum Way { ByChord, ByClick, ByDesktop };
 
-void open(ToolPanel &panel, const Order &order, int heldTool) {
-    Settings::Key3P = 3;
-    Settings::Key4P = heldTool;
-    for (Kind kind : order)
-        if (kind == Held)
-            panel.chord(pen::g);
-        else
-            toggle(panel, kind);
-    QCOMPARE(ToolPanel::open<PizhuForm>().size(), 1);
-    QCOMPARE(ToolPanel::open<blackBoardform>().size(), 1);
-    QCOMPARE(ToolPanel::openHeldTools(), 1);
-}
+/// Counts how often a window has drawn itself.
+class Drawings : public QObject {
+public:
+    explicit Drawings(QWidget *window) { window->installEventFilter(this); }
+    int count = 0;
+
+protected:
+    bool eventFilter(QObject * /*watched*/, QEvent *event) override {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+};
 
 } // namespace
 
@@ -58,130 +55,101 @@ class ToolOrderTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void cleanupTestCase();
+    void initTestCase() {
+        userfile::clear();
+        m_panel = std::make_unique<ToolPanel>();
+    }
+    void cleanup() { everythingWorksAgain(); }
+    void cleanupTestCase() {
+        m_panel.reset();
+        QCOMPARE(ToolPanel::objects(), 0);
+        userfile::clear();
+    }
 
-    void closedByChord_data() { combinations(); }
-    void closedByChord();
-    void closedByExitButtonAndClick_data() { combinations(); }
-    void closedByExitButtonAndClick();
-    void closedByTheDesktop_data() { combinations(); }
-    void closedByTheDesktop();
-    void screenshotOverOpenTools();
+    void toolsCloseInAnyOrderAndAnyWay_data() {
+        QTest::addColumn<int>("opening");
+        QTest::addColumn<int>("closing");
+        QTest::addColumn<int>("way");
+        const QList<Order> orders = allOrders();
+        for (int way : {ByChord, ByClick, ByDesktop})
+            for (int opening = 0; opening < orders.size(); ++opening)
+                for (int closing = 0; closing < orders.size(); ++closing)
+                    QTest::addRow("%s, %s by %s", named(orders.at(opening)).constData(),
+                                  named(orders.at(closing)).constData(),
+                                  way == ByChord   ? "chord"
+                                  : way == ByClick ? "click"
+                                                   : "desktop")
+                        << opening << closing << way;
+    }
+
+    void toolsCloseInAnyOrderAndAnyWay() {
+        QFETCH(int, opening);
+        QFETCH(int, closing);
+        QFETCH(int, way);
+        open(allOrders().at(opening), (opening + closing) % 3);
+        const Order order = allOrders().at(closing);
+        for (Kind kind : order) {
+            close(kind, Way(way));
+            m_panel->chord(pen::y);
+            m_panel->moveTo(500, 500);
+        }
+        if (way == ByClick)
+            QVERIFY(ToolPanel::nothingOpen());
+    }
+
+    void screenshotOverOpenTools() {
+        Settings::Key4C = 4;
+        open({Annotation, Blackboard, Held}, 1);
+        for (const int x : {500, 700}) { // over one magnifier, then over two
+            m_panel->chord(pen::d);
+            m_panel->moveTo(x, 500);
+            Drawings drawings(ToolPanel::heldTools().constLast());
+            QTRY_VERIFY(drawings.count > 0); // from its picture
+            m_panel->chord(pen::g);
+        }
+        m_panel->chord(pen::s);
+        m_panel->toggle(false);
+        m_panel->toggle(true);
+    }
 
 private:
-    static void combinations();
-    void everythingWorksAgain();
+    void open(const Order &order, int heldTool) {
+        for (Kind kind : order)
+            kind == Held ? m_panel->openHeldTool(heldTool) : m_panel->toggle(kind == Blackboard);
+        QVERIFY(ToolPanel::form(false) && ToolPanel::form(true));
+        QCOMPARE(ToolPanel::objects(), 3);
+    }
+
+    void close(Kind kind, Way way) {
+        if (way == ByChord)
+            return kind == Held ? m_panel->chord(pen::s) : m_panel->toggle(kind == Blackboard);
+        QWidget *tool = kind == Held ? ToolPanel::heldTool() : ToolPanel::form(kind == Blackboard);
+        if (way == ByDesktop) {
+            tool->close();
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        } else {
+            kind == Held ? ToolPanel::click(tool) : ToolPanel::pressExit(tool);
+        }
+    }
+
+    /// Whatever was open is known to be closed: each tool opens once more, the chords reach it, and it
+    /// closes.
+    void everythingWorksAgain() {
+        QTRY_COMPARE(ToolPanel::objects(), 0);
+        m_panel->chord(pen::y);
+        m_panel->moveTo(500, 500);
+        m_panel->chord(pen::s);
+        for (const bool blackboard : {false, true}) {
+            m_panel->toggle(blackboard);
+            QVERIFY(!ToolPanel::nothingOpen());
+            m_panel->toggle(blackboard);
+            QVERIFY(ToolPanel::nothingOpen());
+        }
+        QTRY_COMPARE(ToolPanel::objects(), 0);
+    }
 
     std::unique_ptr<ToolPanel> m_panel;
 };
-
-void ToolOrderTest::initTestCase() {
-    userfile::clear();
-    m_panel = std::make_unique<ToolPanel>();
-}
-
-void ToolOrderTest::cleanupTestCase() {
-    m_panel.reset();
-    QCOMPARE(ToolPanel::objects(), 0);
-    userfile::clear();
-}
-
-void ToolOrderTest::combinations() {
-    QTest::addColumn<int>("opening");
-    QTest::addColumn<int>("closing");
-    const QList<Order> orders = allOrders();
-    for (int opening = 0; opening < orders.size(); ++opening)
-        for (int closing = 0; closing < orders.size(); ++closing)
-            QTest::addRow("%s, %s", named(orders.at(opening)).constData(),
-                          named(orders.at(closing)).constData())
-                << opening << closing;
-}
-
-/// Whatever was open is known to be closed: each tool opens once more, the chords reach it, and it closes.
-void ToolOrderTest::everythingWorksAgain() {
-    QTRY_COMPARE(ToolPanel::objects(), 0);
-    m_panel->chord(pen::y);
-    m_panel->window.RecvGlobaleMouseMessage(5, 500, 500);
-    m_panel->chord(pen::s);
-    for (Kind kind : {Annotation, Blackboard}) {
-        toggle(*m_panel, kind);
-        QVERIFY(!ToolPanel::nothingOpen());
-        toggle(*m_panel, kind);
-        QVERIFY(ToolPanel::nothingOpen());
-    }
-    QTRY_COMPARE(ToolPanel::objects(), 0);
-}
-
-void ToolOrderTest::closedByChord() {
-    QFETCH(int, opening);
-    QFETCH(int, closing);
-    open(*m_panel, allOrders().at(opening), (opening + closing) % 3);
-    const Order order = allOrders().at(closing);
-    for (Kind kind : order) {
-        if (kind == Held)
-            m_panel->chord(pen::s);
-        else
-            toggle(*m_panel, kind);
-        m_panel->chord(pen::y);
-        m_panel->window.RecvGlobaleMouseMessage(5, 500, 500);
-    }
-    everythingWorksAgain();
-}
-
-void ToolOrderTest::closedByExitButtonAndClick() {
-    QFETCH(int, opening);
-    QFETCH(int, closing);
-    open(*m_panel, allOrders().at(opening), (opening + closing) % 3);
-    const Order order = allOrders().at(closing);
-    for (Kind kind : order) {
-        if (kind == Held)
-            ToolPanel::click(ToolPanel::heldTool());
-        else if (kind == Annotation)
-            ToolPanel::pressExit(ToolPanel::open<PizhuForm>().constFirst());
-        else
-            ToolPanel::pressExit(ToolPanel::open<blackBoardform>().constFirst());
-        m_panel->chord(pen::y);
-        m_panel->window.RecvGlobaleMouseMessage(5, 500, 500);
-    }
-    QVERIFY(ToolPanel::nothingOpen());
-    everythingWorksAgain();
-}
-
-void ToolOrderTest::closedByTheDesktop() {
-    QFETCH(int, opening);
-    QFETCH(int, closing);
-    open(*m_panel, allOrders().at(opening), (opening + closing) % 3);
-    const Order order = allOrders().at(closing);
-    for (Kind kind : order) {
-        if (kind == Held)
-            ToolPanel::heldTool()->close();
-        else if (kind == Annotation)
-            ToolPanel::open<PizhuForm>().constFirst()->close();
-        else
-            ToolPanel::open<blackBoardform>().constFirst()->close();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        m_panel->chord(pen::y);
-        m_panel->window.RecvGlobaleMouseMessage(5, 500, 500);
-    }
-    everythingWorksAgain();
-}
-
-void ToolOrderTest::screenshotOverOpenTools() {
-    Settings::Key4C = 4;
-    open(*m_panel, {Annotation, Blackboard, Held}, 1);
-    m_panel->chord(pen::d);
-    m_panel->window.RecvGlobaleMouseMessage(5, 500, 500);
-    QTest::qWait(100); // the magnifier draws from its picture meanwhile
-    m_panel->chord(pen::d);
-    m_panel->chord(pen::g);
-    m_panel->window.RecvGlobaleMouseMessage(5, 700, 500);
-    QTest::qWait(100);
-    m_panel->chord(pen::s);
-    toggle(*m_panel, Annotation);
-    toggle(*m_panel, Blackboard);
-    everythingWorksAgain();
-}
 
 VEXA_WIDGET_TEST_MAIN(ToolOrderTest)
 #include "ToolOrderTest.moc"

@@ -9,6 +9,7 @@
 #include "overlays/LightPen.h"
 #include "overlays/Magnifie.h"
 #include "overlays/Spolight2.h"
+#include "settings/ZrToolXmlClass.h"
 
 #include <QApplication>
 #include <QPushButton>
@@ -51,6 +52,18 @@ public:
         press(key);
         release(key);
     }
+    /// A held tool by its number in the settings.
+    void openHeldTool(int choice) {
+        ZrToolXmlClass::Key4P = choice;
+        chord(pen::g);
+    }
+    /// Opens or closes the annotation or, with key 3 set to it, the blackboard, whatever was pressed before.
+    void toggle(bool blackboard) {
+        ZrToolXmlClass::Key3P = 3;
+        chord(pen::m);
+        chord(blackboard ? pen::j : pen::i);
+    }
+    void moveTo(int x, int y) { window.RecvGlobaleMouseMessage(kCGEventMouseMoved, x, y); }
 
     /// The windows of that kind that are on the screen.
     template<typename Tool> static QList<Tool *> open() {
@@ -60,20 +73,25 @@ public:
                 found += tool;
         return found;
     }
-    static int openHeldTools() {
-        return open<LightPen>().size() + open<Magnifie>().size() + open<Spolight2>().size();
+    /// The annotation or the blackboard, or null.
+    static vexa::DrawingForm *form(bool blackboard) {
+        if (blackboard)
+            return open<blackBoardform>().value(0);
+        return open<PizhuForm>().value(0);
     }
+    static QList<QWidget *> heldTools() {
+        QList<QWidget *> tools;
+        for (LightPen *tool : open<LightPen>())
+            tools += tool;
+        for (Magnifie *tool : open<Magnifie>())
+            tools += tool;
+        for (Spolight2 *tool : open<Spolight2>())
+            tools += tool;
+        return tools;
+    }
+    static int openHeldTools() { return heldTools().size(); }
     /// One of the held tools that are open.
-    static QWidget *heldTool() {
-        if (!open<LightPen>().isEmpty())
-            return open<LightPen>().constFirst();
-        if (!open<Magnifie>().isEmpty())
-            return open<Magnifie>().constFirst();
-        return open<Spolight2>().constFirst();
-    }
-    static bool nothingOpen() {
-        return openHeldTools() == 0 && open<PizhuForm>().isEmpty() && open<blackBoardform>().isEmpty();
-    }
+    static QWidget *heldTool() { return heldTools().constFirst(); }
     /// Every object of a tool, also of one that is about to go.
     static int objects() {
         int count = 0;
@@ -83,29 +101,53 @@ public:
                      qobject_cast<blackBoardform *>(widget);
         return count;
     }
+    static bool nothingOpen() { return openHeldTools() == 0 && !form(false) && !form(true); }
 
     /// A click on a held tool: its release dismisses it.
     static void click(QWidget *tool) { QTest::mouseClick(tool, Qt::LeftButton, {}, QPoint(300, 300)); }
-    /// A press on the exit button of annotation or blackboard.
-    static void pressExit(QWidget *form) {
-        QTest::mousePress(form->findChild<QPushButton *>(QStringLiteral("pushButton")), Qt::LeftButton);
+    static QPushButton *exitButtonOf(const QWidget *form) {
+        return form->findChild<QPushButton *>(QStringLiteral("pushButton"));
     }
+    /// A press on the exit button of annotation or blackboard.
+    static void pressExit(QWidget *form) { QTest::mousePress(exitButtonOf(form), Qt::LeftButton); }
 };
 
-/// A posted event without what does not matter for its type.
-inline QString told(const vexa::InputEvent &event) {
-    if (event.type == 10 || event.type == 11)
-        return QStringLiteral("%1 key %2 flags %3")
-            .arg(event.type == 10 ? QStringLiteral("down") : QStringLiteral("up"))
-            .arg(event.keyCode)
-            .arg(event.flags);
-    return QStringLiteral("pointer %1 at %2,%3").arg(event.type).arg(event.x).arg(event.y);
+/// The rows of a test that holds for all three held tools.
+inline void heldToolRows() {
+    QTest::addColumn<int>("heldTool");
+    QTest::newRow("spotlight") << 0;
+    QTest::newRow("magnifier") << 1;
+    QTest::newRow("laser") << 2;
 }
 
-/// Everything that was posted.
+/// The rows of a test that holds for everything that the pen opens.
+inline void toolRows() {
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("heldTool");
+    QTest::newRow("annotation") << pen::i << -1;
+    QTest::newRow("blackboard") << pen::j << -1;
+    QTest::newRow("spotlight") << pen::g << 0;
+    QTest::newRow("magnifier") << pen::g << 1;
+    QTest::newRow("laser") << pen::g << 2;
+}
+
+/// The rows of a test that holds for annotation and blackboard.
+inline void drawingFormRows() {
+    QTest::addColumn<bool>("blackboard");
+    QTest::newRow("annotation") << false;
+    QTest::newRow("blackboard") << true;
+}
+
+/// Everything that was posted, each without what does not matter for its type.
 inline QStringList told(const vexa::RecordingBackend &session) {
     QStringList all;
     for (const vexa::InputEvent &event : session.posts())
-        all += told(event);
+        if (event.type == kCGEventKeyDown || event.type == kCGEventKeyUp)
+            all += QStringLiteral("%1 key %2 flags %3")
+                       .arg(event.type == kCGEventKeyDown ? "down" : "up")
+                       .arg(event.keyCode)
+                       .arg(event.flags);
+        else
+            all += QStringLiteral("pointer %1 at %2,%3").arg(event.type).arg(event.x).arg(event.y);
     return all;
 }

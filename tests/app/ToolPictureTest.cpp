@@ -23,11 +23,7 @@ QImage shown() {
 }
 
 QWidget *openTool() {
-    if (!ToolPanel::open<PizhuForm>().isEmpty())
-        return ToolPanel::open<PizhuForm>().constFirst();
-    if (!ToolPanel::open<blackBoardform>().isEmpty())
-        return ToolPanel::open<blackBoardform>().constFirst();
-    return ToolPanel::heldTool();
+    return ToolPanel::form(false) ? ToolPanel::form(false) : ToolPanel::heldTool();
 }
 
 } // namespace
@@ -37,64 +33,58 @@ class ToolPictureTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init();
+    void init() {
+        userfile::startAfresh();
+        QCursor::setPos(600, 400);
+    }
+
     void cleanupTestCase() { userfile::clear(); }
 
-    void everyOpeningFreezesTheScreenOfItsMoment_data();
-    void everyOpeningFreezesTheScreenOfItsMoment();
-    void blackboardHidesTheScreen();
+    void everyOpeningFreezesTheScreenOfItsMoment_data() {
+        QTest::addColumn<int>("key");
+        QTest::addColumn<int>("heldTool");
+        QTest::newRow("annotation") << pen::i << 0;
+        QTest::newRow("spotlight") << pen::g << 0;
+        QTest::newRow("magnifier") << pen::g << 1;
+        QTest::newRow("laser") << pen::g << 2;
+    }
+
+    void everyOpeningFreezesTheScreenOfItsMoment() {
+        QFETCH(int, key);
+        QFETCH(int, heldTool);
+        ToolPanel panel;
+        Settings::Key4P = heldTool;
+        Settings::SportLightTran = 0; // a veil that changes nothing
+        const QImage bare = shown();
+        PatternWindow window;
+        const QImage patterned = pattern(window.size()).copy(apart);
+
+        QVERIFY(window.display());
+        panel.chord(key);
+        QVERIFY(QTest::qWaitForWindowExposed(openTool(), patience));
+        window.hide();
+        QCoreApplication::processEvents();
+        QTRY_COMPARE_WITH_TIMEOUT(shown(), patterned, patience);
+        panel.chord(key == pen::g ? pen::s : key);
+        QTRY_COMPARE_WITH_TIMEOUT(ToolPanel::objects(), 0, patience);
+        QTRY_COMPARE_WITH_TIMEOUT(shown(), bare, patience);
+
+        panel.chord(key);
+        QVERIFY(QTest::qWaitForWindowExposed(openTool(), patience));
+        QTRY_COMPARE_WITH_TIMEOUT(shown(), bare, patience);
+    }
+
+    void blackboardHidesTheScreen() {
+        PatternWindow window;
+        QVERIFY(window.display());
+        ToolPanel panel;
+        Settings::Key3P = 3;
+        panel.chord(pen::j);
+        QImage board(apart.size(), QImage::Format_RGB32);
+        board.fill(QColor(24, 24, 39));
+        QTRY_COMPARE_WITH_TIMEOUT(shown(), board, patience);
+    }
 };
-
-void ToolPictureTest::init() {
-    userfile::clear();
-    userfile::forgetSettings();
-    QCursor::setPos(600, 400);
-}
-
-void ToolPictureTest::everyOpeningFreezesTheScreenOfItsMoment_data() {
-    QTest::addColumn<int>("key");
-    QTest::addColumn<int>("heldTool");
-    QTest::newRow("annotation") << pen::i << 0;
-    QTest::newRow("spotlight") << pen::g << 0;
-    QTest::newRow("magnifier") << pen::g << 1;
-    QTest::newRow("laser") << pen::g << 2;
-}
-
-void ToolPictureTest::everyOpeningFreezesTheScreenOfItsMoment() {
-    QFETCH(int, key);
-    QFETCH(int, heldTool);
-    ToolPanel panel;
-    Settings::Key4P = heldTool;
-    Settings::SportLightTran = 0; // a veil that changes nothing
-    const QImage bare = shown();
-    PatternWindow window;
-    const QImage patterned = pattern(window.size()).copy(apart);
-
-    QVERIFY(window.display());
-    panel.chord(key);
-    QVERIFY(QTest::qWaitForWindowExposed(openTool(), patience));
-    window.hide();
-    QCoreApplication::processEvents();
-    QTRY_COMPARE_WITH_TIMEOUT(shown(), patterned, patience);
-    panel.chord(key == pen::g ? pen::s : key);
-    QTRY_COMPARE_WITH_TIMEOUT(ToolPanel::objects(), 0, patience);
-    QTRY_COMPARE_WITH_TIMEOUT(shown(), bare, patience);
-
-    panel.chord(key);
-    QVERIFY(QTest::qWaitForWindowExposed(openTool(), patience));
-    QTRY_COMPARE_WITH_TIMEOUT(shown(), bare, patience);
-}
-
-void ToolPictureTest::blackboardHidesTheScreen() {
-    PatternWindow window;
-    QVERIFY(window.display());
-    ToolPanel panel;
-    Settings::Key3P = 3;
-    panel.chord(pen::j);
-    QImage board(apart.size(), QImage::Format_RGB32);
-    board.fill(QColor(24, 24, 39));
-    QTRY_COMPARE_WITH_TIMEOUT(shown(), board, patience);
-}
 
 VEXA_WIDGET_TEST_MAIN(ToolPictureTest)
 #include "ToolPictureTest.moc"

@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: MIT
+#include "StatelessPromise.h"
 #include "fakes/RecordingBackend.h"
 #include "input/CKeyboardListenerMac.h"
+#include "support/Thrown.h"
 
 #include <QSignalSpy>
 #include <QtTest>
+
+using namespace vexa::test;
 
 namespace {
 
@@ -42,272 +46,233 @@ class ListenerTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() {
+        m_backend = std::make_unique<vexa::RecordingBackend>();
+        std::promise<CAnyKeyboardKiller> promise;
+        m_killer = promise.get_future();
+        m_listener = std::make_unique<CKeyboardListenerMac>(std::move(promise));
+        m_keys = std::make_unique<QSignalSpy>(m_listener.get(), &CKeyboardListenerMac::signalKeyboardMessage);
+        m_moves = std::make_unique<QSignalSpy>(m_listener.get(), &CKeyboardListenerMac::signalMouseMessage);
+    }
 
-    void theMaskIs7206();
-    void keysGiveTheirCodeAndState();
-    void autoRepeatGivesAPressEachTime();
-    void leftShiftAloneTogglesOnAndOff();
-    void theThreeLeftModifiersToggleIndependently();
-    void otherModifiersHaveStateZero_data();
-    void otherModifiersHaveStateZero();
-    void aReleaseSeenFirstIsCountedAsAChange();
-    void leftClicksGiveNoMessage();
-    void dragsAndOtherTypesGiveNoMessage_data();
-    void dragsAndOtherTypesGiveNoMessage();
-    void positionsAreTruncatedTowardZero_data();
-    void positionsAreTruncatedTowardZero();
-    void everyEventIsReturnedUnchanged();
-    void aDisabledTapIsEnabledAgain();
-    void aStopRequestSentBeforeTheLoopRunsEndsIt();
-    void thePortIsTakenWhileTheListenerLives();
-    void aSecondListenerIsRefusedItsPort();
-    void aRefusedTapThrows();
-    void aPromiseWithoutStateThrowsAndReleasesEverything();
-    void theUnusedSignalIsNeverEmitted();
+    void cleanup() {
+        destroyListener();
+        m_backend.reset();
+    }
+
+    void theMaskIs7206() { QCOMPARE(CKeyboardListenerMac::CreateMask(), CGEventMask{7206}); }
+
+    void keysGiveTheirCodeAndState() {
+        send({kCGEventKeyDown, kVK_ANSI_G});
+        send({kCGEventKeyUp, kVK_ANSI_G});
+        QCOMPARE(keysOf(*m_keys), (QVector<Key>{{kVK_ANSI_G, 1}, {kVK_ANSI_G, 0}}));
+        const auto message = m_keys->first().first().value<CKeyboardMessage>();
+        QVERIFY(message.text.isEmpty());
+        QVERIFY(m_moves->isEmpty());
+    }
+
+    void autoRepeatGivesAPressEachTime() {
+        for (const std::uint32_t type : {kCGEventKeyDown, kCGEventKeyDown, kCGEventKeyDown, kCGEventKeyUp})
+            send({type, 0});
+        QCOMPARE(keysOf(*m_keys),
+                 (QVector<Key>{{kVK_ANSI_A, 1}, {kVK_ANSI_A, 1}, {kVK_ANSI_A, 1}, {kVK_ANSI_A, 0}}));
+    }
+
+    void leftShiftAloneTogglesOnAndOff() {
+        send({kCGEventFlagsChanged, kVK_Shift});
+        send({kCGEventFlagsChanged, kVK_Shift});
+        QCOMPARE(keysOf(*m_keys), (QVector<Key>{{kVK_Shift, 1}, {kVK_Shift, 0}}));
+    }
+
+    void theThreeLeftModifiersToggleIndependently() {
+        for (const CGKeyCode key : std::initializer_list<CGKeyCode>{kVK_Control, kVK_Shift, kVK_Option,
+                                                                    kVK_Shift, kVK_Control, kVK_Option})
+            send({kCGEventFlagsChanged, key});
+        QCOMPARE(keysOf(*m_keys), (QVector<Key>{{kVK_Control, 1},
+                                                {kVK_Shift, 1},
+                                                {kVK_Option, 1},
+                                                {kVK_Shift, 0},
+                                                {kVK_Control, 0},
+                                                {kVK_Option, 0}}));
+    }
+
+    void otherModifiersHaveStateZero_data() {
+        QTest::addColumn<int>("key");
+        for (const int key : {kVK_RightCommand, kVK_Command, kVK_CapsLock, kVK_RightShift, kVK_RightOption,
+                              kVK_RightControl, kVK_Function})
+            QTest::addRow("%d", key) << key;
+    }
+
+    void otherModifiersHaveStateZero() {
+        QFETCH(int, key);
+        send({kCGEventFlagsChanged, CGKeyCode(key)});
+        send({kCGEventFlagsChanged, CGKeyCode(key)});
+        QCOMPARE(keysOf(*m_keys), (QVector<Key>{{key, 0}, {key, 0}}));
+        m_keys->clear();
+        send({kCGEventFlagsChanged, kVK_Shift}); // and no toggle has changed
+        QCOMPARE(keysOf(*m_keys), (QVector<Key>{{kVK_Shift, 1}}));
+    }
+
+    void aReleaseSeenFirstIsCountedAsAChange() {
+        Event release(kCGEventFlagsChanged, kVK_Control);
+        CGEventSetFlags(release.get(), 0); // the flags say released, and are not asked
+        send(release);
+        QCOMPARE(keysOf(*m_keys), (QVector<Key>{{kVK_Control, 1}}));
+    }
+
+    void leftClicksGiveNoMessage() {
+        send({kCGEventLeftMouseDown, CGPointMake(3, 4)});
+        send({kCGEventLeftMouseUp, CGPointMake(3, 4)});
+        QVERIFY(m_keys->isEmpty());
+        QVERIFY(m_moves->isEmpty());
+    }
+
+    void dragsAndOtherTypesGiveNoMessage_data() {
+        QTest::addColumn<uint>("type");
+        for (const uint type : {0u, 3u, 4u, 6u, 7u, 8u, 9u, 13u, 14u, 22u, 64u, 0xFFFFFFFFu})
+            QTest::addRow("%u", type) << type;
+    }
+
+    void dragsAndOtherTypesGiveNoMessage() {
+        QFETCH(uint, type);
+        const Event event(type, CGPointMake(3, 4));
+        QCOMPARE(send(event), event.get());
+        QVERIFY(m_keys->isEmpty());
+        QVERIFY(m_moves->isEmpty());
+    }
+
+    void positionsAreTruncatedTowardZero_data() {
+        QTest::addColumn<double>("x");
+        QTest::addColumn<double>("y");
+        QTest::addColumn<int>("expectedX");
+        QTest::addColumn<int>("expectedY");
+        QTest::newRow("inside") << 100.9 << 0.99 << 100 << 0;
+        QTest::newRow("just left of the screen") << -0.5 << -0.99 << 0 << 0;
+        QTest::newRow("far left") << -1280.7 << 1079.0 << -1280 << 1079;
+    }
+
+    void positionsAreTruncatedTowardZero() {
+        QFETCH(double, x);
+        QFETCH(double, y);
+        send({kCGEventMouseMoved, CGPointMake(x, y)});
+        QCOMPARE(m_moves->size(), 1);
+        const auto message = m_moves->first().first().value<CKeyboardMessage>();
+        QCOMPARE(message.mouseEvent, 5);
+        QTEST(message.mouseX, "expectedX");
+        QTEST(message.mouseY, "expectedY");
+        QVERIFY(m_keys->isEmpty());
+    }
+
+    void everyEventIsReturnedUnchanged() {
+        for (const std::uint32_t type : {kCGEventLeftMouseDown, kCGEventLeftMouseUp, kCGEventMouseMoved,
+                                         kCGEventKeyDown, kCGEventKeyUp, kCGEventFlagsChanged}) {
+            const Event event(type, CGKeyCode(kVK_Shift));
+            QCOMPARE(CKeyboardListenerMac::StaticCallbackFunction(nullptr, event.type(), event.get(),
+                                                                  m_listener.get()),
+                     event.get());
+            QCOMPARE(CGEventGetIntegerValueField(event.get(), kCGKeyboardEventKeycode),
+                     std::int64_t{kVK_Shift});
+        }
+    }
+
+    void aDisabledTapIsEnabledAgain() {
+        for (const std::uint32_t reason : {kCGEventTapDisabledByTimeout, kCGEventTapDisabledByUserInput}) {
+            vexa::InputEvent disabled;
+            disabled.type = reason;
+            m_backend->feed(disabled);
+            m_backend->feedKey(kVK_ANSI_G, true);
+            pump();
+            QCOMPARE(keysOf(*m_keys), (QVector<Key>{{kVK_ANSI_G, 1}}));
+            m_keys->clear();
+        }
+    }
+
+    void aStopRequestSentBeforeTheLoopRunsEndsIt() {
+        m_killer.get().stopListening();
+        QCOMPARE(m_listener->exec(), 0);
+    }
+
+    void thePortIsTakenWhileTheListenerLives() {
+        QCOMPARE(CKeyboardListenerMac::PORT_NAME, CFSTR("KeyboardKillerPort"));
+        QVERIFY(port());
+        destroyListener();
+        QVERIFY(!port());
+        QCOMPARE(m_backend->openSources(), 0);
+    }
+
+    void aSecondListenerIsRefusedItsPort() {
+        std::promise<CAnyKeyboardKiller> promise;
+        auto killer = promise.get_future();
+        QCOMPARE(textThrownBy<std::runtime_error>(
+                     [&] { const CKeyboardListenerMac listener(std::move(promise)); }),
+                 QByteArray("Failed to create messagePort"));
+        QVERIFY_EXCEPTION_THROWN(killer.get(), std::future_error);
+        QCOMPARE(m_backend->openSources(), 1); // the refused one has let go of its tap
+    }
+
+    void aRefusedTapThrows() {
+        m_backend->refuse();
+        QCOMPARE(textThrownBy<std::runtime_error>(
+                     [] { const CKeyboardListenerMac listener{std::promise<CAnyKeyboardKiller>()}; }),
+                 QByteArray("Failed to create eventTap"));
+    }
+
+    void aPromiseWithoutStateThrowsAndReleasesEverything() {
+        destroyListener();
+        QVERIFY(codeThrownBy<std::future_error>([] {
+                    const CKeyboardListenerMac listener(statelessPromise());
+                }) == std::future_errc::no_state);
+        QCOMPARE(m_backend->openSources(), 0);
+        QVERIFY(!port());
+    }
+
+    void theUnusedSignalIsNeverEmitted() {
+        QSignalSpy unused(m_listener.get(), &CKeyboardListenerMac::MysignalKeyboardMessage);
+        send({kCGEventKeyDown, kVK_ANSI_G});
+        send({kCGEventFlagsChanged, kVK_Shift});
+        send({kCGEventMouseMoved, CGPointMake(1, 1)});
+        QVERIFY(unused.isEmpty());
+    }
 
 private:
-    QVector<Key> keysOf(const QSignalSpy &spy) const;
+    void destroyListener() {
+        m_keys.reset();
+        m_moves.reset();
+        m_listener.reset();
+    }
+
+    static CMessagePort port() {
+        return CMessagePort(CFMessagePortCreateRemote(kCFAllocatorDefault, CFSTR("KeyboardKillerPort")));
+    }
+
+    QVector<Key> keysOf(const QSignalSpy &spy) const {
+        QVector<Key> keys;
+        for (const auto &arguments : spy) {
+            const auto message = arguments.first().value<CKeyboardMessage>();
+            keys.append({message.keyCode, message.keyState});
+        }
+        return keys;
+    }
+
     CGEventRef send(const Event &event) { return m_listener->CallbackFunction(event.type(), event.get()); }
-    void pump();
+
+    /// Runs the loop over everything fed so far: sources have their turn in the order they came, and this
+    /// one, which stops the loop, comes after the listener's.
+    void pump() {
+        const CMessagePort local(CFMessagePortCreateLocal(
+            kCFAllocatorDefault, CFSTR("pump"), CKeyboardListenerMac::MessagePortCallback, nullptr, nullptr));
+        const CRunLoopSource source(CFMessagePortCreateRunLoopSource(kCFAllocatorDefault, local.Get(), 0));
+        CFRunLoopAddSource(CFRunLoopGetCurrent(), source.Get(), kCFRunLoopCommonModes);
+        const CMessagePort remote(CFMessagePortCreateRemote(kCFAllocatorDefault, CFSTR("pump")));
+        remote.SendRequest(0, nullptr, 60, 0, nullptr, nullptr);
+        QCOMPARE(m_listener->exec(), 0);
+    }
 
     std::unique_ptr<vexa::RecordingBackend> m_backend;
     std::unique_ptr<CKeyboardListenerMac> m_listener;
     std::future<CAnyKeyboardKiller> m_killer;
     std::unique_ptr<QSignalSpy> m_keys, m_moves;
 };
-
-void ListenerTest::init() {
-    m_backend = std::make_unique<vexa::RecordingBackend>();
-    std::promise<CAnyKeyboardKiller> promise;
-    m_killer = promise.get_future();
-    m_listener = std::make_unique<CKeyboardListenerMac>(std::move(promise));
-    m_keys = std::make_unique<QSignalSpy>(m_listener.get(), &CKeyboardListenerMac::signalKeyboardMessage);
-    m_moves = std::make_unique<QSignalSpy>(m_listener.get(), &CKeyboardListenerMac::signalMouseMessage);
-}
-
-void ListenerTest::cleanup() {
-    m_keys.reset();
-    m_moves.reset();
-    m_listener.reset();
-    m_backend.reset();
-}
-
-/// Runs the loop over everything fed so far: sources have their turn in the order they came, and this one,
-/// which stops the loop, comes after the listener's.
-void ListenerTest::pump() {
-    const CMessagePort local(CFMessagePortCreateLocal(
-        kCFAllocatorDefault, CFSTR("pump"), CKeyboardListenerMac::MessagePortCallback, nullptr, nullptr));
-    const CRunLoopSource source(CFMessagePortCreateRunLoopSource(kCFAllocatorDefault, local.Get(), 0));
-    CFRunLoopAddSource(CFRunLoopGetCurrent(), source.Get(), kCFRunLoopCommonModes);
-    const CMessagePort remote(CFMessagePortCreateRemote(kCFAllocatorDefault, CFSTR("pump")));
-    remote.SendRequest(0, nullptr, 60, 0, nullptr, nullptr);
-    QCOMPARE(m_listener->exec(), 0);
-}
-
-QVector<Key> ListenerTest::keysOf(const QSignalSpy &spy) const {
-    QVector<Key> keys;
-    for (const auto &arguments : spy) {
-        const auto message = arguments.first().value<CKeyboardMessage>();
-        keys.append({message.keyCode, message.keyState});
-    }
-    return keys;
-}
-
-void ListenerTest::theMaskIs7206() {
-    QCOMPARE(CKeyboardListenerMac::CreateMask(), CGEventMask{7206});
-}
-
-void ListenerTest::keysGiveTheirCodeAndState() {
-    send({kCGEventKeyDown, kVK_ANSI_G});
-    send({kCGEventKeyUp, kVK_ANSI_G});
-    QCOMPARE(keysOf(*m_keys), (QVector<Key>{{kVK_ANSI_G, 1}, {kVK_ANSI_G, 0}}));
-    const auto message = m_keys->first().first().value<CKeyboardMessage>();
-    QVERIFY(message.text.isEmpty());
-    QVERIFY(m_moves->isEmpty());
-}
-
-void ListenerTest::autoRepeatGivesAPressEachTime() {
-    for (const std::uint32_t type : {kCGEventKeyDown, kCGEventKeyDown, kCGEventKeyDown, kCGEventKeyUp})
-        send({type, 0});
-    QCOMPARE(keysOf(*m_keys),
-             (QVector<Key>{{kVK_ANSI_A, 1}, {kVK_ANSI_A, 1}, {kVK_ANSI_A, 1}, {kVK_ANSI_A, 0}}));
-}
-
-void ListenerTest::leftShiftAloneTogglesOnAndOff() {
-    send({kCGEventFlagsChanged, kVK_Shift});
-    send({kCGEventFlagsChanged, kVK_Shift});
-    QCOMPARE(keysOf(*m_keys), (QVector<Key>{{kVK_Shift, 1}, {kVK_Shift, 0}}));
-}
-
-void ListenerTest::theThreeLeftModifiersToggleIndependently() {
-    for (const CGKeyCode key : std::initializer_list<CGKeyCode>{kVK_Control, kVK_Shift, kVK_Option, kVK_Shift,
-                                                                kVK_Control, kVK_Option})
-        send({kCGEventFlagsChanged, key});
-    QCOMPARE(keysOf(*m_keys), (QVector<Key>{{kVK_Control, 1},
-                                            {kVK_Shift, 1},
-                                            {kVK_Option, 1},
-                                            {kVK_Shift, 0},
-                                            {kVK_Control, 0},
-                                            {kVK_Option, 0}}));
-}
-
-void ListenerTest::otherModifiersHaveStateZero_data() {
-    QTest::addColumn<int>("key");
-    for (const int key : {kVK_RightCommand, kVK_Command, kVK_CapsLock, kVK_RightShift, kVK_RightOption,
-                          kVK_RightControl, kVK_Function})
-        QTest::addRow("%d", key) << key;
-}
-
-void ListenerTest::otherModifiersHaveStateZero() {
-    QFETCH(int, key);
-    send({kCGEventFlagsChanged, CGKeyCode(key)});
-    send({kCGEventFlagsChanged, CGKeyCode(key)});
-    QCOMPARE(keysOf(*m_keys), (QVector<Key>{{key, 0}, {key, 0}}));
-    m_keys->clear();
-    send({kCGEventFlagsChanged, kVK_Shift}); // and no toggle has changed
-    QCOMPARE(keysOf(*m_keys), (QVector<Key>{{kVK_Shift, 1}}));
-}
-
-void ListenerTest::aReleaseSeenFirstIsCountedAsAChange() {
-    Event release(kCGEventFlagsChanged, kVK_Control);
-    CGEventSetFlags(release.get(), 0); // the flags say released, and are not asked
-    send(release);
-    QCOMPARE(keysOf(*m_keys), (QVector<Key>{{kVK_Control, 1}}));
-}
-
-void ListenerTest::leftClicksGiveNoMessage() {
-    send({kCGEventLeftMouseDown, CGPointMake(3, 4)});
-    send({kCGEventLeftMouseUp, CGPointMake(3, 4)});
-    QVERIFY(m_keys->isEmpty());
-    QVERIFY(m_moves->isEmpty());
-}
-
-void ListenerTest::dragsAndOtherTypesGiveNoMessage_data() {
-    QTest::addColumn<uint>("type");
-    for (const uint type : {0u, 3u, 4u, 6u, 7u, 8u, 9u, 13u, 14u, 22u, 64u, 0xFFFFFFFFu})
-        QTest::addRow("%u", type) << type;
-}
-
-void ListenerTest::dragsAndOtherTypesGiveNoMessage() {
-    QFETCH(uint, type);
-    const Event event(type, CGPointMake(3, 4));
-    QCOMPARE(send(event), event.get());
-    QVERIFY(m_keys->isEmpty());
-    QVERIFY(m_moves->isEmpty());
-}
-
-void ListenerTest::positionsAreTruncatedTowardZero_data() {
-    QTest::addColumn<double>("x");
-    QTest::addColumn<double>("y");
-    QTest::addColumn<int>("expectedX");
-    QTest::addColumn<int>("expectedY");
-    QTest::newRow("inside") << 100.9 << 0.99 << 100 << 0;
-    QTest::newRow("just left of the screen") << -0.5 << -0.99 << 0 << 0;
-    QTest::newRow("far left") << -1280.7 << 1079.0 << -1280 << 1079;
-}
-
-void ListenerTest::positionsAreTruncatedTowardZero() {
-    QFETCH(double, x);
-    QFETCH(double, y);
-    send({kCGEventMouseMoved, CGPointMake(x, y)});
-    QCOMPARE(m_moves->size(), 1);
-    const auto message = m_moves->first().first().value<CKeyboardMessage>();
-    QCOMPARE(message.mouseEvent, 5);
-    QTEST(message.mouseX, "expectedX");
-    QTEST(message.mouseY, "expectedY");
-    QVERIFY(m_keys->isEmpty());
-}
-
-void ListenerTest::everyEventIsReturnedUnchanged() {
-    for (const std::uint32_t type : {kCGEventLeftMouseDown, kCGEventLeftMouseUp, kCGEventMouseMoved,
-                                     kCGEventKeyDown, kCGEventKeyUp, kCGEventFlagsChanged}) {
-        const Event event(type, CGKeyCode(kVK_Shift));
-        QCOMPARE(CKeyboardListenerMac::StaticCallbackFunction(nullptr, event.type(), event.get(),
-                                                              m_listener.get()),
-                 event.get());
-        QCOMPARE(CGEventGetIntegerValueField(event.get(), kCGKeyboardEventKeycode), std::int64_t{kVK_Shift});
-    }
-}
-
-void ListenerTest::aDisabledTapIsEnabledAgain() {
-    for (const std::uint32_t reason : {kCGEventTapDisabledByTimeout, kCGEventTapDisabledByUserInput}) {
-        vexa::InputEvent disabled;
-        disabled.type = reason;
-        m_backend->feed(disabled);
-        m_backend->feedKey(kVK_ANSI_G, true);
-        pump();
-        QCOMPARE(keysOf(*m_keys), (QVector<Key>{{kVK_ANSI_G, 1}}));
-        m_keys->clear();
-    }
-}
-
-void ListenerTest::aStopRequestSentBeforeTheLoopRunsEndsIt() {
-    m_killer.get().stopListening();
-    QCOMPARE(m_listener->exec(), 0);
-}
-
-void ListenerTest::thePortIsTakenWhileTheListenerLives() {
-    const auto port = [] {
-        return CMessagePort(CFMessagePortCreateRemote(kCFAllocatorDefault, CFSTR("KeyboardKillerPort")));
-    };
-    QCOMPARE(CKeyboardListenerMac::PORT_NAME, CFSTR("KeyboardKillerPort"));
-    QVERIFY(port());
-    m_keys.reset();
-    m_moves.reset();
-    m_listener.reset();
-    QVERIFY(!port());
-    QCOMPARE(m_backend->openSources(), 0);
-}
-
-void ListenerTest::aSecondListenerIsRefusedItsPort() {
-    std::promise<CAnyKeyboardKiller> promise;
-    auto killer = promise.get_future();
-    try {
-        CKeyboardListenerMac second(std::move(promise));
-        QFAIL("a second listener was built");
-    } catch (const std::runtime_error &error) {
-        QCOMPARE(error.what(), "Failed to create messagePort");
-    }
-    QVERIFY_EXCEPTION_THROWN(killer.get(), std::future_error);
-    QCOMPARE(m_backend->openSources(), 1); // the refused one has let go of its tap
-}
-
-void ListenerTest::aRefusedTapThrows() {
-    m_backend->refuse();
-    std::promise<CAnyKeyboardKiller> promise;
-    try {
-        CKeyboardListenerMac second(std::move(promise));
-        QFAIL("a listener was built without a tap");
-    } catch (const std::runtime_error &error) {
-        QCOMPARE(error.what(), "Failed to create eventTap");
-    }
-}
-
-void ListenerTest::aPromiseWithoutStateThrowsAndReleasesEverything() {
-    m_keys.reset();
-    m_moves.reset();
-    m_listener.reset();
-    std::promise<CAnyKeyboardKiller> promise;
-    std::promise<CAnyKeyboardKiller> taken(std::move(promise));
-    try {
-        CKeyboardListenerMac listener(std::move(promise));
-        QFAIL("a listener was built on a promise without shared state");
-    } catch (const std::future_error &error) {
-        QCOMPARE(error.code(), std::make_error_code(std::future_errc::no_state));
-    }
-    QCOMPARE(m_backend->openSources(), 0);
-    QVERIFY(!CFMessagePortCreateRemote(kCFAllocatorDefault, CFSTR("KeyboardKillerPort")));
-}
-
-void ListenerTest::theUnusedSignalIsNeverEmitted() {
-    QSignalSpy unused(m_listener.get(), &CKeyboardListenerMac::MysignalKeyboardMessage);
-    send({kCGEventKeyDown, kVK_ANSI_G});
-    send({kCGEventFlagsChanged, kVK_Shift});
-    send({kCGEventMouseMoved, CGPointMake(1, 1)});
-    QVERIFY(unused.isEmpty());
-}
 
 QTEST_GUILESS_MAIN(ListenerTest)
 #include "ListenerTest.moc"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "fakes/RecordingBackend.h"
 #include "input/CKeyboardListenerMac.h"
+#include "support/Thrown.h"
 
 #include <QtTest>
 
@@ -13,25 +14,20 @@ class RemotePortFailureTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void aListenerThatCannotReachItselfThrowsAndReleasesEverything();
-};
-
-void RemotePortFailureTest::aListenerThatCannotReachItselfThrowsAndReleasesEverything() {
-    vexa::RecordingBackend backend;
-    for (int attempt = 0; attempt < 2; ++attempt) { // the second finds the port's name free again
-        std::promise<CAnyKeyboardKiller> promise;
-        auto killer = promise.get_future();
-        try {
-            CKeyboardListenerMac listener(std::move(promise));
-            QFAIL("a listener was built that cannot be stopped");
-        } catch (const std::runtime_error &error) {
-            QCOMPARE(error.what(), "Failed to create killerMessagePort");
+    void aListenerThatCannotReachItselfThrowsAndReleasesEverything() {
+        vexa::RecordingBackend backend;
+        for (int attempt = 0; attempt < 2; ++attempt) { // the second finds the port's name free again
+            std::promise<CAnyKeyboardKiller> promise;
+            auto killer = promise.get_future();
+            QCOMPARE(vexa::test::textThrownBy<std::runtime_error>(
+                         [&] { const CKeyboardListenerMac listener(std::move(promise)); }),
+                     QByteArray("Failed to create killerMessagePort"));
+            QVERIFY_EXCEPTION_THROWN(killer.get(), std::future_error);
+            QCOMPARE(backend.openSources(), 0);
         }
-        QVERIFY_EXCEPTION_THROWN(killer.get(), std::future_error);
-        QCOMPARE(backend.openSources(), 0);
+        QCOMPARE(backend.openedSources(), 2);
     }
-    QCOMPARE(backend.openedSources(), 2);
-}
+};
 
 QTEST_GUILESS_MAIN(RemotePortFailureTest)
 #include "RemotePortFailureTest.moc"

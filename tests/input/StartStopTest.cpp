@@ -19,38 +19,35 @@ class StartStopTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void twoThousandStartsAndStopsLeaveNothingBehind();
-    void failedStartsInBetweenLeaveNothingBehind();
+    void twoThousandStartsAndStopsLeaveNothingBehind() {
+        vexa::RecordingBackend backend;
+        { CKeyboardHandler first; }
+        const int before = openDescriptors();
+        for (int i = 0; i < 2000; ++i) {
+            CKeyboardHandler handler;
+            if (i % 2)
+                backend.feedKey(kVK_ANSI_G, true);
+        }
+        QCOMPARE(backend.openedSources(), 2001);
+        QCOMPARE(backend.openSources(), 0);
+        QCOMPARE(openDescriptors(), before);
+    }
+
+    void failedStartsInBetweenLeaveNothingBehind() {
+        vexa::RecordingBackend backend;
+        { CKeyboardHandler first; }
+        const int before = openDescriptors();
+        for (int i = 0; i < 100; ++i) {
+            backend.refuse();
+            QVERIFY_EXCEPTION_THROWN(CKeyboardHandler(), std::future_error);
+            backend.refuse(false);
+            CKeyboardHandler handler;
+            QVERIFY_EXCEPTION_THROWN(CKeyboardHandler(), std::future_error);
+        }
+        QCOMPARE(backend.openSources(), 0);
+        QCOMPARE(openDescriptors(), before);
+    }
 };
-
-void StartStopTest::twoThousandStartsAndStopsLeaveNothingBehind() {
-    vexa::RecordingBackend backend;
-    { CKeyboardHandler first; }
-    const int before = openDescriptors();
-    for (int i = 0; i < 2000; ++i) {
-        CKeyboardHandler handler;
-        if (i % 2)
-            backend.feedKey(kVK_ANSI_G, true);
-    }
-    QCOMPARE(backend.openedSources(), 2001);
-    QCOMPARE(backend.openSources(), 0);
-    QCOMPARE(openDescriptors(), before);
-}
-
-void StartStopTest::failedStartsInBetweenLeaveNothingBehind() {
-    vexa::RecordingBackend backend;
-    { CKeyboardHandler first; }
-    const int before = openDescriptors();
-    for (int i = 0; i < 100; ++i) {
-        backend.refuse();
-        QVERIFY_EXCEPTION_THROWN(CKeyboardHandler(), std::future_error);
-        backend.refuse(false);
-        CKeyboardHandler handler;
-        QVERIFY_EXCEPTION_THROWN(CKeyboardHandler(), std::future_error);
-    }
-    QCOMPARE(backend.openSources(), 0);
-    QCOMPARE(openDescriptors(), before);
-}
 
 QTEST_GUILESS_MAIN(StartStopTest)
 #include "StartStopTest.moc"

@@ -33,6 +33,15 @@ using All = QVector<Told>;
 inline Told told(std::uint32_t type, int key) {
     return {type, key, 0, 0};
 }
+inline Told pressed(int key) {
+    return told(kCGEventKeyDown, key);
+}
+inline Told released(int key) {
+    return told(kCGEventKeyUp, key);
+}
+inline Told changed(int modifier) {
+    return told(kCGEventFlagsChanged, modifier);
+}
 inline Told toldAt(std::uint32_t type, double x, double y) {
     return {type, 0, x, y};
 }

@@ -15,168 +15,149 @@ private slots:
     void init() { openSession(); }
     void cleanup() { closeSession(); }
 
-    void codesDoNotFollowTheLayout_data();
-    void codesDoNotFollowTheLayout();
-    void aPenChordArrivesWhole();
-    void aModifierHeldByTwoKeyboardsChangesOnce();
-    void aModifierHeldSinceBeforeStartsWithItsNextPress();
-    void aModifierHeldForLongStaysHeld();
-    void aKeyHeldDownIsPressedOnce();
-    void anUnpluggedKeyboardLetsGoOfItsModifiers();
-    void clicksAreToldAndDragsAreNot();
-    void warpsAreToldAsMoves();
-    void keysAreHeardThroughOtherClientsGrabs_data();
-    void keysAreHeardThroughOtherClientsGrabs();
-    void movesAreHeardThroughAPointerGrab();
-    void severalSourcesHearTheSame();
-};
-
-void SessionListeningTest::codesDoNotFollowTheLayout_data() {
-    QTest::addColumn<QString>("layout");
-    QTest::newRow("French") << QStringLiteral("fr");
-    QTest::newRow("Dvorak") << QStringLiteral("us dvorak");
-    QTest::newRow("control on caps lock") << QStringLiteral("us -option ctrl:nocaps");
-}
-
-void SessionListeningTest::codesDoNotFollowTheLayout() {
-    QFETCH(QString, layout);
-    run(QStringLiteral("setxkbmap ") + layout);
-    QCOMPARE(hear([&] {
-                 for (const int key : {letterA, letterG})
-                     m_hand->type({key});
-             }),
-             (All{told(kCGEventKeyDown, kVK_ANSI_A), told(kCGEventKeyUp, kVK_ANSI_A),
-                  told(kCGEventKeyDown, kVK_ANSI_G), told(kCGEventKeyUp, kVK_ANSI_G)}));
-    run(QStringLiteral("setxkbmap us -option ''"));
-}
-
-void SessionListeningTest::aPenChordArrivesWhole() {
-    QCOMPARE(hear([&] {
-                 m_hand->type({control, shift, option, letterG});
-             }),
-             (All{told(kCGEventFlagsChanged, kVK_Control), told(kCGEventFlagsChanged, kVK_Shift),
-                  told(kCGEventFlagsChanged, kVK_Option), told(kCGEventKeyDown, kVK_ANSI_G),
-                  told(kCGEventKeyUp, kVK_ANSI_G), told(kCGEventFlagsChanged, kVK_Option),
-                  told(kCGEventFlagsChanged, kVK_Shift), told(kCGEventFlagsChanged, kVK_Control)}));
-}
-
-void SessionListeningTest::aModifierHeldByTwoKeyboardsChangesOnce() {
-    QCOMPARE(hear([&] {
-                 m_hand->press(control);
-                 m_hand->fakePress(control);
-                 m_hand->release(control);
-                 m_hand->fakeRelease(control);
-             }),
-             (All{told(kCGEventFlagsChanged, kVK_Control), told(kCGEventFlagsChanged, kVK_Control)}));
-}
-
-void SessionListeningTest::aModifierHeldSinceBeforeStartsWithItsNextPress() {
-    m_hand->press(shift);
-    m_source = vexa::inputBackend().open();
-    QCOMPARE(hear([&] { m_hand->release(shift); }), All{});
-    QCOMPARE(hear([&] { m_hand->type({shift}); }),
-             (All{told(kCGEventFlagsChanged, kVK_Shift), told(kCGEventFlagsChanged, kVK_Shift)}));
-}
-
-void SessionListeningTest::aModifierHeldForLongStaysHeld() {
-    InputEvent event;
-    m_hand->press(control);
-    QVERIFY(takeNext(event));
-    // The source wakes now and then to ask the server about the key, and finds it held.
-    for (int wakes = 0; wakes < 3; ++wakes) {
-        pollfd descriptor{m_source->fd(), POLLIN, 0};
-        QCOMPARE(poll(&descriptor, 1, 20000), 1);
-        QVERIFY(!m_source->next(event));
+    void codesDoNotFollowTheLayout_data() {
+        QTest::addColumn<QString>("layout");
+        QTest::newRow("French") << QStringLiteral("fr");
+        QTest::newRow("Dvorak") << QStringLiteral("us dvorak");
+        QTest::newRow("control on caps lock") << QStringLiteral("us -option ctrl:nocaps");
     }
-    QCOMPARE(hear([&] { m_hand->release(control); }), (All{told(kCGEventFlagsChanged, kVK_Control)}));
-}
 
-/// The server's repeats are no presses: each would open a tool.
-void SessionListeningTest::aKeyHeldDownIsPressedOnce() {
-    m_hand->openFocusedWindow();
-    const All heard = hear([&] {
-        m_hand->press(letterA);
-        int given = 0;
-        QTRY_VERIFY((given += int(m_hand->takeGivenKeys().size())) >= 4);
-        m_hand->release(letterA);
-    });
-    QCOMPARE(heard, (All{told(kCGEventKeyDown, kVK_ANSI_A), told(kCGEventKeyUp, kVK_ANSI_A)}));
-}
+    void codesDoNotFollowTheLayout() {
+        QFETCH(QString, layout);
+        run(QStringLiteral("setxkbmap ") + layout);
+        QCOMPARE(hear([&] {
+                     for (const int key : {letterA, letterG})
+                         m_hand->type({key});
+                 }),
+                 (All{pressed(kVK_ANSI_A), released(kVK_ANSI_A), pressed(kVK_ANSI_G), released(kVK_ANSI_G)}));
+        run(QStringLiteral("setxkbmap us -option ''"));
+    }
 
-void SessionListeningTest::anUnpluggedKeyboardLetsGoOfItsModifiers() {
-    InputEvent event;
-    m_hand->press(control);
-    m_hand->press(option);
-    QVERIFY(takeNext(event) && takeNext(event));
-    run(QStringLiteral("xinput disable 'Xvfb keyboard'"));
-    QVector<std::int64_t> released;
-    for (int i = 0; i < 2; ++i) {
+    void aPenChordArrivesWhole() {
+        QCOMPARE(hear([&] {
+                     m_hand->type({control, shift, option, letterG});
+                 }),
+                 (All{changed(kVK_Control), changed(kVK_Shift), changed(kVK_Option), pressed(kVK_ANSI_G),
+                      released(kVK_ANSI_G), changed(kVK_Option), changed(kVK_Shift), changed(kVK_Control)}));
+    }
+
+    void aModifierHeldByTwoKeyboardsChangesOnce() {
+        QCOMPARE(hear([&] {
+                     m_hand->press(control);
+                     m_hand->fakePress(control);
+                     m_hand->release(control);
+                     m_hand->fakeRelease(control);
+                 }),
+                 (All{changed(kVK_Control), changed(kVK_Control)}));
+    }
+
+    void aModifierHeldSinceBeforeStartsWithItsNextPress() {
+        m_hand->press(shift);
+        m_source = vexa::inputBackend().open();
+        QCOMPARE(hear([&] { m_hand->release(shift); }), All{});
+        QCOMPARE(hear([&] { m_hand->type({shift}); }), (All{changed(kVK_Shift), changed(kVK_Shift)}));
+    }
+
+    void aModifierHeldForLongStaysHeld() {
+        InputEvent event;
+        m_hand->press(control);
         QVERIFY(takeNext(event));
-        QCOMPARE(event.type, std::uint32_t{kCGEventFlagsChanged});
-        released.append(event.keyCode);
+        // The source wakes now and then to ask the server about the key, and finds it held.
+        for (int wakes = 0; wakes < 3; ++wakes) {
+            pollfd descriptor{m_source->fd(), POLLIN, 0};
+            QCOMPARE(poll(&descriptor, 1, 20000), 1);
+            QVERIFY(!m_source->next(event));
+        }
+        QCOMPARE(hear([&] { m_hand->release(control); }), (All{changed(kVK_Control)}));
     }
-    std::sort(released.begin(), released.end());
-    QCOMPARE(released, (QVector<std::int64_t>{kVK_Option, kVK_Control}));
-    run(QStringLiteral("xinput enable 'Xvfb keyboard'"));
-    QCOMPARE(hear([] {}), All{});
-}
 
-void SessionListeningTest::clicksAreToldAndDragsAreNot() {
-    QCOMPARE(hear([&] {
-                 m_hand->moveTo(10, 20);
-                 m_hand->button(1, true);
-                 m_hand->moveTo(30, 40);
-                 m_hand->moveTo(50, 60);
-                 m_hand->button(1, false);
-                 m_hand->moveTo(70, 80);
-             }),
-             (All{toldAt(kCGEventMouseMoved, 10, 20), toldAt(kCGEventLeftMouseDown, 10, 20),
-                  toldAt(kCGEventLeftMouseUp, 50, 60), toldAt(kCGEventMouseMoved, 70, 80)}));
-    QCOMPARE(hear([&] {
-                 m_hand->button(3, true);
-                 m_hand->moveTo(10, 10);
-                 m_hand->button(3, false);
-             }),
-             All{});
-}
+    /// The server's repeats are no presses: each would open a tool.
+    void aKeyHeldDownIsPressedOnce() {
+        m_hand->openFocusedWindow();
+        const All heard = hear([&] {
+            m_hand->press(letterA);
+            int given = 0;
+            QTRY_VERIFY((given += int(m_hand->takeGivenKeys().size())) >= 4);
+            m_hand->release(letterA);
+        });
+        QCOMPARE(heard, (All{pressed(kVK_ANSI_A), released(kVK_ANSI_A)}));
+    }
 
-void SessionListeningTest::warpsAreToldAsMoves() {
-    QCOMPARE(hear([&] { m_hand->warpTo(333, 222); }), (All{toldAt(kCGEventMouseMoved, 333, 222)}));
-}
+    void anUnpluggedKeyboardLetsGoOfItsModifiers() {
+        InputEvent event;
+        m_hand->press(control);
+        m_hand->press(option);
+        QVERIFY(takeNext(event) && takeNext(event));
+        run(QStringLiteral("xinput disable 'Xvfb keyboard'"));
+        QVector<std::int64_t> released;
+        for (int i = 0; i < 2; ++i) {
+            QVERIFY(takeNext(event));
+            QCOMPARE(event.type, std::uint32_t{kCGEventFlagsChanged});
+            released.append(event.keyCode);
+        }
+        std::sort(released.begin(), released.end());
+        QCOMPARE(released, (QVector<std::int64_t>{kVK_Option, kVK_Control}));
+        run(QStringLiteral("xinput enable 'Xvfb keyboard'"));
+        QCOMPARE(hear([] {}), All{});
+    }
 
-void SessionListeningTest::keysAreHeardThroughOtherClientsGrabs_data() {
-    QTest::addColumn<bool>("synchronous");
-    QTest::newRow("asynchronous") << false;
-    QTest::newRow("synchronous") << true;
-}
+    void clicksAreToldAndDragsAreNot() {
+        QCOMPARE(hear([&] {
+                     m_hand->moveTo(10, 20);
+                     m_hand->button(1, true);
+                     m_hand->moveTo(30, 40);
+                     m_hand->moveTo(50, 60);
+                     m_hand->button(1, false);
+                     m_hand->moveTo(70, 80);
+                 }),
+                 (All{toldAt(kCGEventMouseMoved, 10, 20), toldAt(kCGEventLeftMouseDown, 10, 20),
+                      toldAt(kCGEventLeftMouseUp, 50, 60), toldAt(kCGEventMouseMoved, 70, 80)}));
+        QCOMPARE(hear([&] {
+                     m_hand->button(3, true);
+                     m_hand->moveTo(10, 10);
+                     m_hand->button(3, false);
+                 }),
+                 All{});
+    }
 
-void SessionListeningTest::keysAreHeardThroughOtherClientsGrabs() {
-    QFETCH(bool, synchronous);
-    m_hand->grabKeyboard(synchronous);
-    m_hand->press(letterG);
-    InputEvent event;
-    QVERIFY(takeNext(event));
-    QCOMPARE(event.keyCode, std::int64_t{kVK_ANSI_G});
-    m_hand->ungrab();
-    m_hand->release(letterG);
-    QVERIFY(takeNext(event));
-    QCOMPARE(event.type, std::uint32_t{kCGEventKeyUp});
-}
+    void warpsAreToldAsMoves() {
+        QCOMPARE(hear([&] { m_hand->warpTo(333, 222); }), (All{toldAt(kCGEventMouseMoved, 333, 222)}));
+    }
 
-void SessionListeningTest::movesAreHeardThroughAPointerGrab() {
-    m_hand->grabPointer();
-    QCOMPARE(hear([&] { m_hand->moveTo(7, 9); }), (All{toldAt(kCGEventMouseMoved, 7, 9)}));
-}
+    void keysAreHeardThroughOtherClientsGrabs_data() {
+        QTest::addColumn<bool>("synchronous");
+        QTest::newRow("asynchronous") << false;
+        QTest::newRow("synchronous") << true;
+    }
 
-void SessionListeningTest::severalSourcesHearTheSame() {
-    auto second = vexa::inputBackend().open();
-    QVERIFY(second);
-    QCOMPARE(hear([&] { m_hand->moveTo(1, 2); }), (All{toldAt(kCGEventMouseMoved, 1, 2)}));
-    std::swap(m_source, second);
-    InputEvent event;
-    QVERIFY(takeNext(event));
-    QCOMPARE((Told{event.type, event.keyCode, event.x, event.y}), toldAt(kCGEventMouseMoved, 1, 2));
-}
+    void keysAreHeardThroughOtherClientsGrabs() {
+        QFETCH(bool, synchronous);
+        m_hand->grabKeyboard(synchronous);
+        m_hand->press(letterG);
+        InputEvent event;
+        QVERIFY(takeNext(event));
+        QCOMPARE(event.keyCode, std::int64_t{kVK_ANSI_G});
+        m_hand->ungrab();
+        m_hand->release(letterG);
+        QVERIFY(takeNext(event));
+        QCOMPARE(event.type, std::uint32_t{kCGEventKeyUp});
+    }
+
+    void movesAreHeardThroughAPointerGrab() {
+        m_hand->grabPointer();
+        QCOMPARE(hear([&] { m_hand->moveTo(7, 9); }), (All{toldAt(kCGEventMouseMoved, 7, 9)}));
+    }
+
+    void severalSourcesHearTheSame() {
+        auto second = vexa::inputBackend().open();
+        QVERIFY(second);
+        QCOMPARE(hear([&] { m_hand->moveTo(1, 2); }), (All{toldAt(kCGEventMouseMoved, 1, 2)}));
+        std::swap(m_source, second);
+        InputEvent event;
+        QVERIFY(takeNext(event));
+        QCOMPARE((Told{event.type, event.keyCode, event.x, event.y}), toldAt(kCGEventMouseMoved, 1, 2));
+    }
+};
 
 QTEST_GUILESS_MAIN(SessionListeningTest)
 #include "SessionListeningTest.moc"

@@ -16,114 +16,110 @@ private slots:
     void init() { openSession(); }
     void cleanup() { closeSession(); }
 
-    void aModifierLetGoDuringAPostStaysReleased_data();
-    void aModifierLetGoDuringAPostStaysReleased();
-    void whatAProgramHoldsStaysHeld();
-    void programsCanFakeModifiersAfterAPost();
-    void nothingSticksWhenModifiersChangeWhilePosting();
-};
-
-void SessionModifiersTest::aModifierLetGoDuringAPostStaysReleased_data() {
-    QTest::addColumn<bool>("heldByAProgramToo");
-    QTest::addColumn<bool>("frozen");
-    QTest::newRow("held on the pen") << false << false;
-    QTest::newRow("held by a program too") << true << false;
-    QTest::newRow("while a program keeps the keys back") << false << true;
-}
-
-void SessionModifiersTest::aModifierLetGoDuringAPostStaysReleased() {
-    QFETCH(bool, heldByAProgramToo);
-    QFETCH(bool, frozen);
-    const auto connection = vexa::x11::Connection::open();
-    m_hand->press(control);
-    m_hand->press(shift);
-    if (heldByAProgramToo)
-        m_hand->fakePress(control);
-    if (frozen)
-        m_hand->grabKeyboard(true);
-    vexa::x11::KeptKeys kept;
-    vexa::x11::ModifierLift lift(*connection, kept);
-    QVERIFY(connection->sync());
-    QCOMPARE(m_hand->isDown(control), frozen);
-    m_hand->release(control); // the server does not tell anybody: the key is up already
-    lift.restore();
-    QVERIFY(connection->sync());
-    m_hand->ungrab();
-    QVERIFY(kept[shift] && kept.count() == 1);
-    QVERIFY(!m_hand->isDown(control));
-    QVERIFY(m_hand->isDown(shift));
-    m_hand->release(shift);
-}
-
-void SessionModifiersTest::whatAProgramHoldsStaysHeld() {
-    m_hand->fakePress(control);
-    for (int i = 0; i < 2; ++i) {
-        QVERIFY(post(keyEvent(kCGEventKeyDown, kVK_Escape)));
-        QVERIFY(m_hand->isDown(control));
+    void aModifierLetGoDuringAPostStaysReleased_data() {
+        QTest::addColumn<bool>("heldByAProgramToo");
+        QTest::addColumn<bool>("frozen");
+        QTest::newRow("held on the pen") << false << false;
+        QTest::newRow("held by a program too") << true << false;
+        QTest::newRow("while a program keeps the keys back") << false << true;
     }
-    QCOMPARE(hear([&] { m_hand->fakeRelease(control); }),
-             (All{told(kCGEventFlagsChanged, kVK_Control), told(kCGEventKeyDown, kVK_Escape),
-                  told(kCGEventKeyUp, kVK_Escape), told(kCGEventKeyDown, kVK_Escape),
-                  told(kCGEventKeyUp, kVK_Escape), told(kCGEventFlagsChanged, kVK_Control)}));
-}
 
-void SessionModifiersTest::programsCanFakeModifiersAfterAPost() {
-    m_hand->openFocusedWindow();
-    for (const int key : penModifiers)
-        m_hand->press(key);
-    QVERIFY(post(keyEvent(kCGEventKeyDown, kVK_Escape)));
-    for (const int key : penModifiers)
-        m_hand->release(key);
-    hear([] {});
-    m_hand->takeGivenKeys();
+    void aModifierLetGoDuringAPostStaysReleased() {
+        QFETCH(bool, heldByAProgramToo);
+        QFETCH(bool, frozen);
+        const auto connection = vexa::x11::Connection::open();
+        m_hand->press(control);
+        m_hand->press(shift);
+        if (heldByAProgramToo)
+            m_hand->fakePress(control);
+        if (frozen)
+            m_hand->grabKeyboard(true);
+        vexa::x11::KeptKeys kept;
+        vexa::x11::ModifierLift lift(*connection, kept);
+        QVERIFY(connection->sync());
+        QCOMPARE(m_hand->isDown(control), frozen);
+        m_hand->release(control); // the server does not tell anybody: the key is up already
+        lift.restore();
+        QVERIFY(connection->sync());
+        m_hand->ungrab();
+        QVERIFY(kept[shift] && kept.count() == 1);
+        QVERIFY(!m_hand->isDown(control));
+        QVERIFY(m_hand->isDown(shift));
+        m_hand->release(shift);
+    }
 
-    m_hand->fakePress(control);
-    m_hand->fakePress(letterC);
-    m_hand->fakeRelease(letterC);
-    m_hand->fakeRelease(control);
-    bool copied = false;
-    for (const auto &given : m_hand->takeGivenKeys())
-        copied = copied || (given.down && given.xKeyCode == letterC && given.modifiers == 4);
-    QVERIFY2(copied, "a faked control+C arrived without its control");
-}
+    void whatAProgramHoldsStaysHeld() {
+        m_hand->fakePress(control);
+        for (int i = 0; i < 2; ++i) {
+            QVERIFY(post(keyEvent(kCGEventKeyDown, kVK_Escape)));
+            QVERIFY(m_hand->isDown(control));
+        }
+        QCOMPARE(hear([&] { m_hand->fakeRelease(control); }),
+                 (All{changed(kVK_Control), pressed(kVK_Escape), released(kVK_Escape), pressed(kVK_Escape),
+                      released(kVK_Escape), changed(kVK_Control)}));
+    }
 
-void SessionModifiersTest::nothingSticksWhenModifiersChangeWhilePosting() {
-    Hand pen;
-    pen.goOnDuringServerGrabs();
-    // In rounds, since the server drops records that it cannot get rid of.
-    for (int round = 0; round < 300; ++round) {
-        std::atomic<bool> posted{true};
-        std::thread session([this, &pen, &posted] {
-            std::thread typing([&pen] {
-                for (int chord = 0; chord < 3; ++chord) {
-                    for (const int key : penModifiers)
-                        pen.press(key);
-                    for (const int key : penModifiers)
-                        pen.release(key);
-                }
+    void programsCanFakeModifiersAfterAPost() {
+        m_hand->openFocusedWindow();
+        for (const int key : penModifiers)
+            m_hand->press(key);
+        QVERIFY(post(keyEvent(kCGEventKeyDown, kVK_Escape)));
+        for (const int key : penModifiers)
+            m_hand->release(key);
+        hear([] {});
+        m_hand->takeGivenKeys();
+
+        m_hand->fakePress(control);
+        m_hand->fakePress(letterC);
+        m_hand->fakeRelease(letterC);
+        m_hand->fakeRelease(control);
+        bool copied = false;
+        for (const auto &given : m_hand->takeGivenKeys())
+            copied = copied || (given.down && given.xKeyCode == letterC && given.modifiers == 4);
+        QVERIFY2(copied, "a faked control+C arrived without its control");
+    }
+
+    void nothingSticksWhenModifiersChangeWhilePosting() {
+        Hand pen;
+        pen.goOnDuringServerGrabs();
+        // In rounds, since the server drops records that it cannot get rid of.
+        for (int round = 0; round < 300; ++round) {
+            std::atomic<bool> posted{true};
+            std::thread session([this, &pen, &posted] {
+                std::thread typing([&pen] {
+                    for (int chord = 0; chord < 3; ++chord) {
+                        for (const int key : penModifiers)
+                            pen.press(key);
+                        for (const int key : penModifiers)
+                            pen.release(key);
+                    }
+                });
+                for (int i = 0; i < 2; ++i)
+                    posted = post(keyEvent(kCGEventKeyDown, kVK_Escape)) && posted;
+                typing.join();
+                mark();
             });
-            for (int i = 0; i < 2; ++i)
-                posted = post(keyEvent(kCGEventKeyDown, kVK_Escape)) && posted;
-            typing.join();
-            mark();
-        });
-        const All heard = hearUpToMarker();
-        session.join();
-        QVERIFY(posted);
-        QCOMPARE(heard.count(told(kCGEventKeyDown, kVK_Escape)), 2);
-        for (const auto &[key, x] :
-             {std::pair{kVK_Control, control}, {kVK_Shift, shift}, {kVK_Option, option}}) {
-            // Each press has its release, and has it now, not only when the modifiers are next looked at: the
-            // listener's toggles end where they began.
-            const int changes = heard.count(told(kCGEventFlagsChanged, key));
-            const QByteArray seen =
-                QStringLiteral("round %1: key %2 changed %3 times").arg(round).arg(key).arg(changes).toUtf8();
-            QVERIFY2(changes > 0, seen.constData());
-            QVERIFY2(changes % 2 == 0, seen.constData());
-            QVERIFY2(!m_hand->isDown(x), seen.constData());
+            const All heard = hearUpToMarker();
+            session.join();
+            QVERIFY(posted);
+            QCOMPARE(heard.count(pressed(kVK_Escape)), 2);
+            for (const auto &[key, x] :
+                 {std::pair{kVK_Control, control}, {kVK_Shift, shift}, {kVK_Option, option}}) {
+                // Each press has its release, and has it now, not only when the modifiers are next looked at:
+                // the listener's toggles end where they began.
+                const int changes = heard.count(changed(key));
+                const QByteArray seen = QStringLiteral("round %1: key %2 changed %3 times")
+                                            .arg(round)
+                                            .arg(key)
+                                            .arg(changes)
+                                            .toUtf8();
+                QVERIFY2(changes > 0, seen.constData());
+                QVERIFY2(changes % 2 == 0, seen.constData());
+                QVERIFY2(!m_hand->isDown(x), seen.constData());
+            }
         }
     }
-}
+};
 
 QTEST_GUILESS_MAIN(SessionModifiersTest)
 #include "SessionModifiersTest.moc"

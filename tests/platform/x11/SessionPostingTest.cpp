@@ -12,120 +12,110 @@ private slots:
     void init() { openSession(); }
     void cleanup() { closeSession(); }
 
-    void commandReturnBecomesF5();
-    void aKeyDownIsAPressAndAReleaseAndTheKeyUpNothing();
-    void keysThatCannotBePostedAreRefused();
-    void aClickMovesFirstAndThePointerStays();
-    void keysArriveWithoutTheModifiersHeld_data();
-    void keysArriveWithoutTheModifiersHeld();
-    void modifiersAreAsBeforeAfterAPost();
-    void clicksArriveWithoutTheModifiersHeld();
-};
+    void commandReturnBecomesF5() {
+        m_hand->openFocusedWindow();
+        QVERIFY(post(keyEvent(kCGEventKeyDown, kVK_Return, kCGEventFlagMaskCommand)));
+        const auto given = m_hand->takeGivenKeys();
+        QCOMPARE(given.size(), std::size_t{2});
+        QCOMPARE(given[0].xKeyCode, f5);
+        QVERIFY(given[0].down && !given[1].down);
+        QCOMPARE(given[0].modifiers, 0);
+        QCOMPARE(hear([] {}), (All{pressed(kVK_F5), released(kVK_F5)})); // comes back like any other key
+    }
 
-void SessionPostingTest::commandReturnBecomesF5() {
-    m_hand->openFocusedWindow();
-    QVERIFY(post(keyEvent(kCGEventKeyDown, kVK_Return, kCGEventFlagMaskCommand)));
-    const auto given = m_hand->takeGivenKeys();
-    QCOMPARE(given.size(), std::size_t{2});
-    QCOMPARE(given[0].xKeyCode, f5);
-    QVERIFY(given[0].down && !given[1].down);
-    QCOMPARE(given[0].modifiers, 0);
-    QCOMPARE(hear([] {}), (All{told(kCGEventKeyDown, kVK_F5),
-                               told(kCGEventKeyUp, kVK_F5)})); // comes back like any other key
-}
+    void aKeyDownIsAPressAndAReleaseAndTheKeyUpNothing() {
+        for (const auto &[key, x] : {std::pair{kVK_Escape, escape},
+                                     {kVK_Space, space},
+                                     {kVK_PageUp, pageUp},
+                                     {kVK_Return, returnKey}}) {
+            QVERIFY(post(keyEvent(10, key)));
+            QVERIFY(!m_hand->isDown(x));
+            QCOMPARE(hear([] {}), (All{pressed(key), released(key)}));
+            QVERIFY(post(keyEvent(11, key)));
+            QCOMPARE(hear([] {}), All{});
+        }
+    }
 
-void SessionPostingTest::aKeyDownIsAPressAndAReleaseAndTheKeyUpNothing() {
-    for (const auto &[key, x] :
-         {std::pair{kVK_Escape, escape}, {kVK_Space, space}, {kVK_PageUp, pageUp}, {kVK_Return, returnKey}}) {
-        QVERIFY(post(keyEvent(10, key)));
-        QVERIFY(!m_hand->isDown(x));
-        QCOMPARE(hear([] {}), (All{told(kCGEventKeyDown, key), told(kCGEventKeyUp, key)}));
-        QVERIFY(post(keyEvent(11, key)));
+    void keysThatCannotBePostedAreRefused() {
+        QVERIFY(!post(keyEvent(kCGEventKeyDown, 127)));
+        QVERIFY(!post(keyEvent(kCGEventKeyDown, -1)));
+        QVERIFY(!post(keyEvent(kCGEventKeyDown, 1000)));
+        QVERIFY(!post(
+            keyEvent(kCGEventKeyDown, kVK_ANSI_A, kCGEventFlagMaskCommand))); // command+A means nothing here
+        QVERIFY(!post(keyEvent(kCGEventFlagsChanged, kVK_Shift)));
+        QVERIFY(!post(mouseEvent(6, 1, 1)));
         QCOMPARE(hear([] {}), All{});
     }
-}
 
-void SessionPostingTest::keysThatCannotBePostedAreRefused() {
-    QVERIFY(!post(keyEvent(kCGEventKeyDown, 127)));
-    QVERIFY(!post(keyEvent(kCGEventKeyDown, -1)));
-    QVERIFY(!post(keyEvent(kCGEventKeyDown, 1000)));
-    QVERIFY(!post(
-        keyEvent(kCGEventKeyDown, kVK_ANSI_A, kCGEventFlagMaskCommand))); // command+A means nothing here
-    QVERIFY(!post(keyEvent(kCGEventFlagsChanged, kVK_Shift)));
-    QVERIFY(!post(mouseEvent(6, 1, 1)));
-    QCOMPARE(hear([] {}), All{});
-}
-
-void SessionPostingTest::aClickMovesFirstAndThePointerStays() {
-    QCOMPARE(
-        hear([&] {
-            for (const std::uint32_t type : {kCGEventMouseMoved, kCGEventLeftMouseDown, kCGEventLeftMouseUp})
-                QVERIFY(post(mouseEvent(type, 120, 130)));
-        }),
-        (All{toldAt(kCGEventMouseMoved, 120, 130), toldAt(kCGEventLeftMouseDown, 120, 130),
-             toldAt(kCGEventLeftMouseUp, 120, 130)}));
-    QCOMPARE(m_hand->pointer().x, 120);
-    QCOMPARE(m_hand->pointer().y, 130);
-    outwaitAClick();
-}
-
-void SessionPostingTest::keysArriveWithoutTheModifiersHeld_data() {
-    QTest::addColumn<bool>("faked");
-    QTest::newRow("held on the pen") << false;
-    QTest::newRow("held by a program") << true;
-}
-
-void SessionPostingTest::keysArriveWithoutTheModifiersHeld() {
-    QFETCH(bool, faked);
-    m_hand->openFocusedWindow();
-    for (const int key : penModifiers)
-        faked ? m_hand->fakePress(key) : m_hand->press(key);
-    m_hand->takeGivenKeys();
-    QVERIFY(post(keyEvent(kCGEventKeyDown, kVK_Escape)));
-    int presses = 0;
-    for (const auto &given : m_hand->takeGivenKeys()) {
-        if (given.xKeyCode != escape)
-            continue;
-        QCOMPARE(given.modifiers, 0);
-        ++presses;
+    void aClickMovesFirstAndThePointerStays() {
+        QCOMPARE(hear([&] {
+                     for (const std::uint32_t type :
+                          {kCGEventMouseMoved, kCGEventLeftMouseDown, kCGEventLeftMouseUp})
+                         QVERIFY(post(mouseEvent(type, 120, 130)));
+                 }),
+                 (All{toldAt(kCGEventMouseMoved, 120, 130), toldAt(kCGEventLeftMouseDown, 120, 130),
+                      toldAt(kCGEventLeftMouseUp, 120, 130)}));
+        QCOMPARE(m_hand->pointer().x, 120);
+        QCOMPARE(m_hand->pointer().y, 130);
+        outwaitAClick();
     }
-    QCOMPARE(presses, 2);
-    for (const int key : penModifiers)
-        faked ? m_hand->fakeRelease(key) : m_hand->release(key);
-}
 
-void SessionPostingTest::modifiersAreAsBeforeAfterAPost() {
-    for (const int key : penModifiers)
-        m_hand->press(key);
-    QCOMPARE(hear([] {}), (All{told(kCGEventFlagsChanged, kVK_Control), told(kCGEventFlagsChanged, kVK_Shift),
-                               told(kCGEventFlagsChanged, kVK_Option)}));
-    QCOMPARE(hear([] { QVERIFY(post(keyEvent(kCGEventKeyDown, kVK_Return, kCGEventFlagMaskCommand))); }),
-             (All{told(kCGEventKeyDown, kVK_F5), told(kCGEventKeyUp, kVK_F5)}));
-    for (const int key : penModifiers)
-        QVERIFY(m_hand->isDown(key));
+    void keysArriveWithoutTheModifiersHeld_data() {
+        QTest::addColumn<bool>("faked");
+        QTest::newRow("held on the pen") << false;
+        QTest::newRow("held by a program") << true;
+    }
 
-    // The release chord of a held tool, as the pen goes on.
-    QCOMPARE(hear([&] {
-                 m_hand->type({letterS});
-                 for (const int key : penModifiers)
-                     m_hand->release(key);
-             }),
-             (All{told(kCGEventKeyDown, kVK_ANSI_S), told(kCGEventKeyUp, kVK_ANSI_S),
-                  told(kCGEventFlagsChanged, kVK_Control), told(kCGEventFlagsChanged, kVK_Shift),
-                  told(kCGEventFlagsChanged, kVK_Option)}));
-}
+    void keysArriveWithoutTheModifiersHeld() {
+        QFETCH(bool, faked);
+        m_hand->openFocusedWindow();
+        for (const int key : penModifiers)
+            faked ? m_hand->fakePress(key) : m_hand->press(key);
+        m_hand->takeGivenKeys();
+        QVERIFY(post(keyEvent(kCGEventKeyDown, kVK_Escape)));
+        int presses = 0;
+        for (const auto &given : m_hand->takeGivenKeys()) {
+            if (given.xKeyCode != escape)
+                continue;
+            QCOMPARE(given.modifiers, 0);
+            ++presses;
+        }
+        QCOMPARE(presses, 2);
+        for (const int key : penModifiers)
+            faked ? m_hand->fakeRelease(key) : m_hand->release(key);
+    }
 
-void SessionPostingTest::clicksArriveWithoutTheModifiersHeld() {
-    m_hand->press(option);
-    QVERIFY(post(mouseEvent(kCGEventLeftMouseDown, 10, 10)));
-    QVERIFY(post(mouseEvent(kCGEventLeftMouseUp, 10, 10)));
-    QVERIFY(m_hand->isDown(option));
-    QCOMPARE(hear([&] { m_hand->release(option); }),
-             (All{told(kCGEventFlagsChanged, kVK_Option), toldAt(kCGEventMouseMoved, 10, 10),
-                  toldAt(kCGEventLeftMouseDown, 10, 10), toldAt(kCGEventLeftMouseUp, 10, 10),
-                  told(kCGEventFlagsChanged, kVK_Option)}));
-    outwaitAClick();
-}
+    void modifiersAreAsBeforeAfterAPost() {
+        for (const int key : penModifiers)
+            m_hand->press(key);
+        QCOMPARE(hear([] {}), (All{changed(kVK_Control), changed(kVK_Shift), changed(kVK_Option)}));
+        QCOMPARE(hear([] { QVERIFY(post(keyEvent(kCGEventKeyDown, kVK_Return, kCGEventFlagMaskCommand))); }),
+                 (All{pressed(kVK_F5), released(kVK_F5)}));
+        for (const int key : penModifiers)
+            QVERIFY(m_hand->isDown(key));
+
+        // The release chord of a held tool, as the pen goes on.
+        QCOMPARE(hear([&] {
+                     m_hand->type({letterS});
+                     for (const int key : penModifiers)
+                         m_hand->release(key);
+                 }),
+                 (All{pressed(kVK_ANSI_S), released(kVK_ANSI_S), changed(kVK_Control), changed(kVK_Shift),
+                      changed(kVK_Option)}));
+    }
+
+    void clicksArriveWithoutTheModifiersHeld() {
+        m_hand->press(option);
+        QVERIFY(post(mouseEvent(kCGEventLeftMouseDown, 10, 10)));
+        QVERIFY(post(mouseEvent(kCGEventLeftMouseUp, 10, 10)));
+        QVERIFY(m_hand->isDown(option));
+        QCOMPARE(hear([&] { m_hand->release(option); }),
+                 (All{changed(kVK_Option), toldAt(kCGEventMouseMoved, 10, 10),
+                      toldAt(kCGEventLeftMouseDown, 10, 10), toldAt(kCGEventLeftMouseUp, 10, 10),
+                      changed(kVK_Option)}));
+        outwaitAClick();
+    }
+};
 
 QTEST_GUILESS_MAIN(SessionPostingTest)
 #include "SessionPostingTest.moc"

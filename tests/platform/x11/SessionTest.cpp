@@ -3,6 +3,7 @@
 
 #include "support/ResidentMemory.h"
 #include "support/Sanitized.h"
+#include "support/Thrown.h"
 
 #include <QFile>
 #include <QProcess>
@@ -21,175 +22,153 @@ class SessionTest : public QObject {
 
 private slots:
     void initTestCase() { m_display = qgetenv("DISPLAY"); }
-    void init();
+    void init() {
+        for (const char *name : {"XDG_SESSION_TYPE", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+            qunsetenv(name);
+    }
+
     void cleanup() { qputenv("DISPLAY", m_display); }
 
-    void aDisplayThatAnswersIsEnough();
-    void sizesTextsInPointsOfOnePixel();
-    void keepsTheWindowsWhereTheInputIs_data();
-    void keepsTheWindowsWhereTheInputIs();
-    void saysThatThePenIsOutOfReach_data();
-    void saysThatThePenIsOutOfReach();
-    void keepsTheToolkitFromABusThatIsNotThere_data();
-    void keepsTheToolkitFromABusThatIsNotThere();
-    void scalesAsTheDesktopDoes_data();
-    void scalesAsTheDesktopDoes();
-    void leavesAScaleThatTheUserHasSet();
-    void freedPicturesGoBackToTheSystem();
-    void withoutADisplayTheTextNamesTheCause_data();
-    void withoutADisplayTheTextNamesTheCause();
+    void aDisplayThatAnswersIsEnough() { vexa::platform::prepareSession(); }
+
+    void sizesTextsInPointsOfOnePixel() {
+        qputenv("QT_FONT_DPI", "120");
+        vexa::platform::prepareSession();
+        QCOMPARE(qgetenv("QT_FONT_DPI"), QByteArray("72"));
+    }
+
+    void keepsTheWindowsWhereTheInputIs_data() {
+        QTest::addColumn<QByteArray>("users");
+        QTest::addColumn<QByteArray>("platform");
+        QTest::addColumn<bool>("isSaid");
+        QTest::newRow("nothing said") << QByteArray() << QByteArray("xcb") << false;
+        QTest::newRow("the same") << QByteArray("xcb") << QByteArray("xcb") << false;
+        QTest::newRow("the same with arguments")
+            << QByteArray("xcb:key=value") << QByteArray("xcb:key=value") << false;
+        QTest::newRow("Wayland") << QByteArray("wayland") << QByteArray("xcb") << true;
+        QTest::newRow("no platform at all") << QByteArray("xcbnonsense") << QByteArray("xcb") << true;
+    }
+
+    void keepsTheWindowsWhereTheInputIs() {
+        QFETCH(QByteArray, users);
+        QFETCH(QByteArray, platform);
+        QFETCH(bool, isSaid);
+        qputenv("QT_QPA_PLATFORM", users);
+        if (isSaid)
+            QTest::ignoreMessage(QtWarningMsg,
+                                 "VexaOrbilo: uses the X server, where the pen is heard, and not "
+                                 "QT_QPA_PLATFORM=" +
+                                     users);
+        vexa::platform::prepareSession();
+        QCOMPARE(qgetenv("QT_QPA_PLATFORM"), platform);
+    }
+
+    void saysThatThePenIsOutOfReach_data() {
+        QTest::addColumn<QByteArray>("variable");
+        QTest::addColumn<QByteArray>("value");
+        QTest::addColumn<bool>("outOfReach");
+        QTest::newRow("X11 session") << QByteArray("XDG_SESSION_TYPE") << QByteArray("x11") << false;
+        QTest::newRow("Wayland session") << QByteArray("XDG_SESSION_TYPE") << QByteArray("wayland") << true;
+        QTest::newRow("Wayland compositor")
+            << QByteArray("WAYLAND_DISPLAY") << QByteArray("wayland-0") << true;
+        QTest::newRow("none") << QByteArray("WAYLAND_DISPLAY") << QByteArray("") << false;
+    }
+
+    void saysThatThePenIsOutOfReach() {
+        QFETCH(QByteArray, variable);
+        QFETCH(QByteArray, value);
+        QFETCH(bool, outOfReach);
+        qputenv(variable.constData(), value);
+        if (outOfReach)
+            QTest::ignoreMessage(QtWarningMsg,
+                                 "VexaOrbilo: this is a Wayland session, in which the pen cannot be heard; "
+                                 "an X11 session is needed");
+        vexa::platform::prepareSession();
+        QCOMPARE(vexa::platform::penOutOfReach(), outOfReach);
+    }
+
+    void keepsTheToolkitFromABusThatIsNotThere_data() {
+        QTest::addColumn<QByteArray>("address");
+        QTest::newRow("nowhere") << QByteArray("unix:path=/nowhere/at/all");
+        QTest::newRow("not set, for which the toolkit would start one") << QByteArray();
+    }
+
+    void keepsTheToolkitFromABusThatIsNotThere() {
+        QFETCH(QByteArray, address);
+        if (address.isNull())
+            qunsetenv("DBUS_SESSION_BUS_ADDRESS");
+        else
+            qputenv("DBUS_SESSION_BUS_ADDRESS", address);
+        vexa::platform::prepareSession();
+        QCOMPARE(qgetenv("DBUS_SESSION_BUS_ADDRESS"), QByteArray("disabled:"));
+    }
+
+    void scalesAsTheDesktopDoes_data() {
+        QTest::addColumn<QByteArray>("resources");
+        QTest::addColumn<QByteArray>("scale");
+        QTest::newRow("nothing said") << QByteArray("Other.thing: 1\n") << QByteArray("1");
+        QTest::newRow("a little more") << QByteArray("Xft.dpi: 120\n") << QByteArray("1.25");
+        QTest::newRow("more than the screen has room for")
+            << QByteArray("Xft.dpi: 192\n") << QByteArray("1.5");
+    }
+
+    void scalesAsTheDesktopDoes() {
+        QFETCH(QByteArray, resources);
+        QFETCH(QByteArray, scale);
+        QProcess xrdb;
+        xrdb.start(QStringLiteral("xrdb"),
+                   {QStringLiteral("-nocpp"), QStringLiteral("-load"), QStringLiteral("-")});
+        xrdb.write(resources);
+        xrdb.closeWriteChannel();
+        QVERIFY(xrdb.waitForFinished(-1));
+        QCOMPARE(xrdb.exitCode(), 0);
+
+        qunsetenv("QT_SCALE_FACTOR");
+        vexa::platform::prepareSession();
+        QCOMPARE(qgetenv("QT_SCALE_FACTOR"), scale);
+    }
+
+    void leavesAScaleThatTheUserHasSet() {
+        qputenv("QT_SCALE_FACTOR", "1.5");
+        vexa::platform::prepareSession();
+        QCOMPARE(qgetenv("QT_SCALE_FACTOR"), QByteArray("1.5"));
+    }
+
+    void freedPicturesGoBackToTheSystem() {
+        vexa::platform::prepareSession();
+        constexpr std::size_t picture = 30 << 20; // bytes
+        using Block = std::vector<char>;
+        auto first = std::make_unique<Block>(picture, 'x');
+        QCOMPARE(first->back(), 'x');
+        first.reset(); // from here on the allocator might keep what is as large
+        const qint64 before = residentBytes();
+        auto second = std::make_unique<Block>(picture, 'x');
+        const Block behindIt(100000, 'x');
+        QVERIFY(residentBytes() - before > qint64(picture) * 9 / 10);
+        second.reset();
+        QVERIFY(addressSanitized || residentBytes() - before < (2 << 20));
+        QCOMPARE(behindIt.back(), 'x');
+    }
+
+    void withoutADisplayTheTextNamesTheCause_data() {
+        QTest::addColumn<QByteArray>("display");
+        QTest::newRow("none") << QByteArray();
+        QTest::newRow("one that is not there") << QByteArray(":98765");
+    }
+
+    void withoutADisplayTheTextNamesTheCause() {
+        QFETCH(QByteArray, display);
+        if (display.isNull())
+            qunsetenv("DISPLAY");
+        else
+            qputenv("DISPLAY", display);
+        QCOMPARE(textThrownBy<std::runtime_error>(vexa::platform::prepareSession),
+                 QByteArray("cannot reach the X server of this session (DISPLAY)"));
+    }
 
 private:
     QByteArray m_display;
 };
-
-void SessionTest::init() {
-    for (const char *name : {"XDG_SESSION_TYPE", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
-        qunsetenv(name);
-}
-
-void SessionTest::aDisplayThatAnswersIsEnough() {
-    vexa::platform::prepareSession();
-}
-
-void SessionTest::sizesTextsInPointsOfOnePixel() {
-    qputenv("QT_FONT_DPI", "120");
-    vexa::platform::prepareSession();
-    QCOMPARE(qgetenv("QT_FONT_DPI"), QByteArray("72"));
-}
-
-void SessionTest::keepsTheWindowsWhereTheInputIs_data() {
-    QTest::addColumn<QByteArray>("users");
-    QTest::addColumn<QByteArray>("platform");
-    QTest::addColumn<bool>("isSaid");
-    QTest::newRow("nothing said") << QByteArray() << QByteArray("xcb") << false;
-    QTest::newRow("the same") << QByteArray("xcb") << QByteArray("xcb") << false;
-    QTest::newRow("the same with arguments")
-        << QByteArray("xcb:key=value") << QByteArray("xcb:key=value") << false;
-    QTest::newRow("Wayland") << QByteArray("wayland") << QByteArray("xcb") << true;
-    QTest::newRow("no platform at all") << QByteArray("xcbnonsense") << QByteArray("xcb") << true;
-}
-
-void SessionTest::keepsTheWindowsWhereTheInputIs() {
-    QFETCH(QByteArray, users);
-    QFETCH(QByteArray, platform);
-    QFETCH(bool, isSaid);
-    qputenv("QT_QPA_PLATFORM", users);
-    if (isSaid)
-        QTest::ignoreMessage(QtWarningMsg, "VexaOrbilo: uses the X server, where the pen is heard, and not "
-                                           "QT_QPA_PLATFORM=" +
-                                               users);
-    vexa::platform::prepareSession();
-    QCOMPARE(qgetenv("QT_QPA_PLATFORM"), platform);
-}
-
-void SessionTest::saysThatThePenIsOutOfReach_data() {
-    QTest::addColumn<QByteArray>("variable");
-    QTest::addColumn<QByteArray>("value");
-    QTest::addColumn<bool>("outOfReach");
-    QTest::newRow("X11 session") << QByteArray("XDG_SESSION_TYPE") << QByteArray("x11") << false;
-    QTest::newRow("Wayland session") << QByteArray("XDG_SESSION_TYPE") << QByteArray("wayland") << true;
-    QTest::newRow("Wayland compositor") << QByteArray("WAYLAND_DISPLAY") << QByteArray("wayland-0") << true;
-    QTest::newRow("none") << QByteArray("WAYLAND_DISPLAY") << QByteArray("") << false;
-}
-
-void SessionTest::saysThatThePenIsOutOfReach() {
-    QFETCH(QByteArray, variable);
-    QFETCH(QByteArray, value);
-    QFETCH(bool, outOfReach);
-    qputenv(variable.constData(), value);
-    if (outOfReach)
-        QTest::ignoreMessage(QtWarningMsg,
-                             "VexaOrbilo: this is a Wayland session, in which the pen cannot be heard; "
-                             "an X11 session is needed");
-    vexa::platform::prepareSession();
-    QCOMPARE(vexa::platform::penOutOfReach(), outOfReach);
-}
-
-void SessionTest::keepsTheToolkitFromABusThatIsNotThere_data() {
-    QTest::addColumn<QByteArray>("address");
-    QTest::newRow("nowhere") << QByteArray("unix:path=/nowhere/at/all");
-    QTest::newRow("not set, for which the toolkit would start one") << QByteArray();
-}
-
-void SessionTest::keepsTheToolkitFromABusThatIsNotThere() {
-    QFETCH(QByteArray, address);
-    if (address.isNull())
-        qunsetenv("DBUS_SESSION_BUS_ADDRESS");
-    else
-        qputenv("DBUS_SESSION_BUS_ADDRESS", address);
-    vexa::platform::prepareSession();
-    QCOMPARE(qgetenv("DBUS_SESSION_BUS_ADDRESS"), QByteArray("disabled:"));
-}
-
-void SessionTest::scalesAsTheDesktopDoes_data() {
-    QTest::addColumn<QByteArray>("resources");
-    QTest::addColumn<QByteArray>("scale");
-    QTest::newRow("nothing said") << QByteArray("Other.thing: 1\n") << QByteArray("1");
-    QTest::newRow("a little more") << QByteArray("Xft.dpi: 120\n") << QByteArray("1.25");
-    QTest::newRow("more than the screen has room for") << QByteArray("Xft.dpi: 192\n") << QByteArray("1.5");
-}
-
-void SessionTest::scalesAsTheDesktopDoes() {
-    QFETCH(QByteArray, resources);
-    QFETCH(QByteArray, scale);
-    QProcess xrdb;
-    xrdb.start(QStringLiteral("xrdb"),
-               {QStringLiteral("-nocpp"), QStringLiteral("-load"), QStringLiteral("-")});
-    xrdb.write(resources);
-    xrdb.closeWriteChannel();
-    QVERIFY(xrdb.waitForFinished(-1));
-    QCOMPARE(xrdb.exitCode(), 0);
-
-    qunsetenv("QT_SCALE_FACTOR");
-    vexa::platform::prepareSession();
-    QCOMPARE(qgetenv("QT_SCALE_FACTOR"), scale);
-}
-
-void SessionTest::leavesAScaleThatTheUserHasSet() {
-    qputenv("QT_SCALE_FACTOR", "1.5");
-    vexa::platform::prepareSession();
-    QCOMPARE(qgetenv("QT_SCALE_FACTOR"), QByteArray("1.5"));
-}
-
-void SessionTest::freedPicturesGoBackToTheSystem() {
-    vexa::platform::prepareSession();
-    constexpr std::size_t picture = 30 << 20; // bytes
-    using Block = std::vector<char>;
-    auto first = std::make_unique<Block>(picture, 'x');
-    QCOMPARE(first->back(), 'x');
-    first.reset(); // from here on the allocator might keep what is as large
-    const qint64 before = residentBytes();
-    auto second = std::make_unique<Block>(picture, 'x');
-    const Block behindIt(100000, 'x');
-    QVERIFY(residentBytes() - before > qint64(picture) * 9 / 10);
-    second.reset();
-    QVERIFY(addressSanitized || residentBytes() - before < (2 << 20));
-    QCOMPARE(behindIt.back(), 'x');
-}
-
-void SessionTest::withoutADisplayTheTextNamesTheCause_data() {
-    QTest::addColumn<QByteArray>("display");
-    QTest::addColumn<QByteArray>("text");
-    const QByteArray text = "cannot reach the X server of this session (DISPLAY)";
-    QTest::newRow("none") << QByteArray() << text;
-    QTest::newRow("one that is not there") << QByteArray(":98765") << text;
-}
-
-void SessionTest::withoutADisplayTheTextNamesTheCause() {
-    QFETCH(QByteArray, display);
-    QFETCH(QByteArray, text);
-    if (display.isNull())
-        qunsetenv("DISPLAY");
-    else
-        qputenv("DISPLAY", display);
-    try {
-        vexa::platform::prepareSession();
-        QFAIL("it was taken for a session");
-    } catch (const std::runtime_error &error) {
-        QCOMPARE(QByteArray(error.what()), text);
-    }
-}
 
 QTEST_APPLESS_MAIN(SessionTest)
 #include "SessionTest.moc"
