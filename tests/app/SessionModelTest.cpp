@@ -70,6 +70,7 @@ private slots:
         userfile::forgetSettings();
         QDir().mkdir(userfile::path()); // then a choice is kept in memory and waits for no disk
         m_random.seed(seed);
+        m_slideShowTimer = m_playPauseTimer = 0;
         m_panel = std::make_unique<ToolPanel>();
         m_model = SessionModel();
         advance(2000); // past the withdrawal of the start
