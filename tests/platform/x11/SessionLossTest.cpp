@@ -26,15 +26,20 @@ class SessionLossTest : public QObject, private vexa::test::SessionFixture {
     Q_OBJECT
 
 private slots:
+    void initTestCase() {
+        const std::set<int> before = sockets();
+        openSession();
+        closeSession();
+        m_posting = openedSince(before);
+        QVERIFY(!m_posting.empty());
+    }
+
     void init() {
         openSession();
         m_source.reset();
         const std::set<int> before = sockets();
         m_source = vexa::inputBackend().open();
-        m_connections.clear();
-        for (const int socket : sockets())
-            if (before.count(socket) == 0)
-                m_connections.push_back(socket);
+        m_connections = openedSince(before);
     }
 
     void cleanup() { closeSession(); }
@@ -47,7 +52,7 @@ private slots:
                      m_hand->press(letterA);
                  }),
                  (All{changed(kVK_Control), changed(kVK_Shift), pressed(kVK_ANSI_A)}));
-        breakConnections(); // before the keys go up, so that nobody tells of it
+        breakConnections(m_connections); // before the keys go up, so that nobody tells of it
         m_hand->release(control);
         m_hand->release(letterA);
         InputEvent event;
@@ -61,19 +66,48 @@ private slots:
     void aConnectionLostForGoodIsTold() {
         const QByteArray display = qgetenv("DISPLAY");
         qputenv("DISPLAY", ":54321");
-        breakConnections();
+        breakConnections(m_connections);
         InputEvent event;
         QVERIFY_EXCEPTION_THROWN(takeNext(event), std::runtime_error);
         qputenv("DISPLAY", display);
     }
 
+    /// What is posted over the new one lifts the modifiers and puts them back without being heard, as before.
+    void aPostingConnectionThatIsLostAloneIsMadeAgain() {
+        const All modifiers{changed(kVK_Control), changed(kVK_Shift), changed(kVK_Option)};
+        QCOMPARE(hear([&] {
+                     for (const int key : penModifiers)
+                         m_hand->press(key);
+                 }),
+                 modifiers);
+        breakConnections(m_posting);
+        for (int time = 0; time < 2; ++time)
+            QCOMPARE(
+                hear([] { QVERIFY(post(keyEvent(kCGEventKeyDown, kVK_Return, kCGEventFlagMaskCommand))); }),
+                (All{pressed(kVK_F5), released(kVK_F5)}));
+        QCOMPARE(hear([&] {
+                     for (const int key : penModifiers)
+                         m_hand->release(key);
+                 }),
+                 modifiers);
+    }
+
 private:
-    void breakConnections() {
-        for (const int connection : m_connections)
+    static std::vector<int> openedSince(const std::set<int> &before) {
+        std::vector<int> opened;
+        for (const int socket : sockets())
+            if (before.count(socket) == 0)
+                opened.push_back(socket);
+        return opened;
+    }
+
+    static void breakConnections(const std::vector<int> &connections) {
+        for (const int connection : connections)
             QCOMPARE(shutdown(connection, SHUT_RDWR), 0);
     }
 
     std::vector<int> m_connections; ///< descriptors of the source's
+    std::vector<int> m_posting;     ///< and of what posts, which all tests share
 };
 
 QTEST_GUILESS_MAIN(SessionLossTest)

@@ -59,11 +59,10 @@ RecordSource::RecordSource(XTestPoster &poster, const SharedPlace &screen)
     , m_poll(epoll_create1(EPOLL_CLOEXEC)) {}
 
 bool RecordSource::listen() {
-    const auto posterClient = m_poster.connect();
+    const bool canPost = m_poster.connect();
     m_control = Connection::open();
     m_data = Connection::open();
-    if (!posterClient || !m_control || !m_data || !m_control->has(xcb_record_id) ||
-        !m_data->has(xcb_record_id))
+    if (!canPost || !m_control || !m_data || !m_control->has(xcb_record_id) || !m_data->has(xcb_record_id))
         return false;
     xcb_connection_t *x = m_control->get();
 
@@ -75,11 +74,10 @@ bool RecordSource::listen() {
 
     const xcb_record_context_t context = xcb_generate_id(x);
     const xcb_record_client_spec_t everybody = XCB_RECORD_CS_ALL_CLIENTS;
-    const xcb_record_range_t events = deviceEvents();
-    const xcb_record_range_t requests = fakeRequests(*m_control);
-    if (!succeeds(*m_control, xcb_record_create_context_checked(x, context, 0, 1, 1, &everybody, &events)) ||
-        !succeeds(*m_control,
-                  xcb_record_register_clients_checked(x, context, 0, 1, 1, &*posterClient, &requests)))
+    // Everybody's requests, as the poster becomes another client when it has to connect again.
+    const xcb_record_range_t ranges[] = {deviceEvents(), fakeRequests(*m_control)};
+    if (!succeeds(*m_control,
+                  xcb_record_create_context_checked(x, context, 0, 1, std::size(ranges), &everybody, ranges)))
         return false;
 
     // The first record says that recording has begun: from here on nothing is missed.
@@ -141,7 +139,8 @@ void RecordSource::readRecords() {
             m_translator.screen = m_screen.get();
             takeDeviceEvents(data, size, m_translator);
         } else if (reply->category == FromClient) {
-            takeFakeRequests(data, size, m_translator);
+            if (m_poster.isClient(reply->xid_base))
+                takeFakeRequests(data, size, m_translator);
         } else if (reply->category == EndOfData) {
             m_recording = false;
         }

@@ -51,23 +51,24 @@ XTestPoster::~XTestPoster() {
         settleKept(static_cast<XKeyCode>(key));
 }
 
-std::optional<std::uint32_t> XTestPoster::connect() {
+bool XTestPoster::connect() {
     const std::lock_guard lock(m_mutex);
-    if (m_connection)
-        m_connection->sync(); // or a server that has gone is not noticed
-    if (!ensureConnection())
-        return std::nullopt;
-    return m_connection->clientId();
+    return ensureConnection();
 }
 
 bool XTestPoster::ensureConnection() {
+    if (m_connection)
+        m_connection->sync(); // or a connection that was ended meanwhile is not noticed
     if (m_connection && !m_connection->isBroken())
         return true;
     m_kept.reset();
     m_connection = Connection::open();
     if (m_connection && !m_connection->has(xcb_test_id))
         m_connection.reset();
-    return m_connection != nullptr;
+    if (!m_connection)
+        return false;
+    m_client = m_connection->clientId();
+    return true;
 }
 
 bool XTestPoster::post(const InputEvent &event, const platform::ScreenPlace &screen) {

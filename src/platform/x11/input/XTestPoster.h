@@ -7,9 +7,9 @@
 #include "platform/x11/input/KeyTable.h"
 #include "platform/x11/input/ModifierLift.h"
 
+#include <atomic>
 #include <memory>
 #include <mutex>
-#include <optional>
 
 namespace vexa::x11 {
 
@@ -18,9 +18,12 @@ class XTestPoster {
 public:
     ~XTestPoster();
 
-    /// Connects, if that has not happened yet. The id of this client on the server; nothing when it cannot
-    /// post.
-    std::optional<std::uint32_t> connect();
+    /// Connects, if that has not happened yet, or the connection was lost. False when it cannot post.
+    bool connect();
+
+    /// Whether a client of the server, by its id there, is this one. A connection that is made anew has
+    /// another id.
+    bool isClient(std::uint32_t id) const { return id == m_client; }
 
     /// Posts at once. A key down is a press and a release, since a key left down would repeat for ever; the
     /// key up that may follow is nothing. The positions are points of that screen.
@@ -40,6 +43,7 @@ private:
     std::mutex m_mutex; ///< guards what follows
     std::unique_ptr<Connection> m_connection;
     KeptKeys m_kept;
+    std::atomic<std::uint32_t> m_client{0}; ///< unguarded: whoever listens shall not wait for a post
 };
 
 } // namespace vexa::x11
