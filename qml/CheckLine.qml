@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick 2.15
+import "."
 
 // A check box with its label: a click on either toggles it.
 Item {
@@ -12,9 +13,9 @@ Item {
     width: label.x + label.implicitWidth
 
     Rectangle {
-        border.color: area.activeFocus || root.checked ? "#FFCC0D" : area.containsMouse ? "#C0C0C0" : "#909090"
+        border.color: area.activeFocus || root.checked ? Look.accent : area.containsMouse ? "#C0C0C0" : "#909090"
         border.width: 1
-        color: root.checked ? "#FFCC0D" : "transparent"
+        color: root.checked ? Look.accent : "transparent"
         height: 16
         radius: 3
         width: 16
@@ -28,14 +29,14 @@ Item {
             width: 10
 
             Rectangle {
-                color: "#333333"
+                color: Look.ground
                 height: 2
                 width: 10
                 y: 4
             }
 
             Rectangle {
-                color: "#333333"
+                color: Look.ground
                 height: 6
                 width: 2
             }

@@ -36,6 +36,11 @@ ValueSet {
         return rgb(value - 1020, 0, 255)
     }
 
+    function take(value) {
+        curValue = value
+        showColor()
+    }
+
     function showColor() {
         curColor = colorOf(curValue)
     }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick 2.15
 import QtQuick.Templates 2.15
+import "."
 
 // A list to choose from. Its rows are changed in place when the texts are given again in another language: a new
 // model would put the choice back to the first row.
@@ -19,7 +20,7 @@ ComboBox {
 
     component RowText: PanelText {
         Accessible.ignored: true
-        color: "#7D7D7D"
+        color: Look.value
         height: root.rowHeight
         leftPadding: 10
         pixelSize: root.font.pixelSize
@@ -27,7 +28,7 @@ ComboBox {
 
     currentIndex: 0
     font.family: "Arial"
-    font.pixelSize: 13
+    font.pixelSize: Look.caption
     height: rowHeight
     leftPadding: 0
     padding: 0
@@ -35,10 +36,12 @@ ComboBox {
     textRole: "label"
     width: 207
 
+    // The toolkit tells of no value of a list.
+    Accessible.description: displayText
     Accessible.name: name
 
     background: Rectangle {
-        border.color: root.visualFocus ? "#FFCC0D" : root.hovered ? Qt.lighter(root.borderColor, 1.3) : root.borderColor
+        border.color: root.visualFocus ? Look.accent : root.hovered ? Qt.lighter(root.borderColor, 1.3) : root.borderColor
         border.width: 1
         color: root.fillColor
         radius: 5
@@ -57,7 +60,7 @@ ComboBox {
         width: root.width - 2
 
         background: Rectangle {
-            border.color: "#FFCC0D"
+            border.color: Look.accent
             border.width: row.highlighted && root.byKeyboard ? 1 : 0
             color: row.hovered ? root.selectFillColor : root.fillColor
             radius: 4

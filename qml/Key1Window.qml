@@ -5,9 +5,10 @@ import QtQuick 2.15
 Rectangle {
     id: root
 
+    signal qmlSignal1(int id, int var1, int var2)
+
     function setvalue(id1, var1, var2) {
-        if (id1 >= 8 && id1 <= 11)
-            pen.setvalue(id1, var1, var2)
+        pen.setvalue(id1, var1, var2)
     }
 
     color: "transparent"
@@ -48,7 +49,7 @@ Rectangle {
         x: 30
         y: 114
 
-        onQmlSignal: (qmlid, var1, var2) => qmlSignal1(qmlid, var1, var2)
+        onQmlSignal: (qmlid, var1, var2) => root.qmlSignal1(qmlid, var1, var2)
     }
 
     Separator {

@@ -7,5 +7,5 @@ KeyDetailWindow {
     clickText: qsTr("上一页")
     frame: "qrc:/frame-key2.png"
     longPressCaption: qsTr("长按")
-    messageId: 12
+    messageId: ViewMessage.Key2P
 }

@@ -7,5 +7,5 @@ KeyDetailWindow {
     clickText: qsTr("下一页")
     frame: "qrc:/frame-key3.png"
     longPressCaption: qsTr("长按")
-    messageId: 13
+    messageId: ViewMessage.Key3P
 }

@@ -1,45 +1,35 @@
 // SPDX-License-Identifier: MIT
 import QtQuick 2.15
+import "."
 
-// The view of key 4: the action of its single press, the tool that its long press holds, and that tool's settings.
+// The view of key 4: the action of its single press, the tool that its long press holds, and that tool's settings. It
+// emits the panel's own qmlSignal1, which it reaches by scope.
 Rectangle {
     id: root
 
-    property string borderColor: "#707070"
+    property string borderColor: Look.line
     property int btnID: 0
     property bool checked: false
     property int tool: 0
+    readonly property var toolViews: [spotlight, magnifier, laser]
 
     function setvalue(id1, var1, var2) {
-        switch (id1) {
-        case 2:
-        case 3:
-            spotlight.setvalue(id1, var1, var2)
-            break
-        case 4:
-        case 5:
-            magnifier.setvalue(id1, var1, var2)
-            break
-        case 6:
-        case 7:
-            laser.setvalue(id1, var1, var2)
-            break
-        case 14:
+        if (id1 === ViewMessage.Key4C) {
             clickList.currentIndex = var1
-            break
-        case 15:
+        } else if (id1 === ViewMessage.Key4P) {
             longPressList.currentIndex = var1
             showTool(var1)
-            break
+        } else {
+            for (const view of toolViews)
+                view.setvalue(id1, var1, var2)
         }
     }
 
     function showTool(code) {
-        const views = [spotlight, magnifier, laser]
-        if (views[code] === undefined)
+        if (!(code in toolViews))
             return
         tool = code
-        views.forEach((view, i) => view.setvalue(15, code, i === code))
+        toolViews.forEach((view, i) => view.setvalue(ViewMessage.Key4P, code, i === code))
     }
 
     color: "transparent"
@@ -68,7 +58,7 @@ Rectangle {
         x: 20
         y: 42
 
-        onActivated: index => qmlSignal1(14, index, 0)
+        onActivated: index => qmlSignal1(ViewMessage.Key4C, index, 0)
     }
 
     Separator {
@@ -93,8 +83,8 @@ Rectangle {
         y: 136
 
         onActivated: index => {
-            root.setvalue(15, index, true)
-            qmlSignal1(15, index, 0)
+            root.setvalue(ViewMessage.Key4P, index, true)
+            qmlSignal1(ViewMessage.Key4P, index, 0)
         }
     }
 

@@ -1,21 +1,16 @@
 // SPDX-License-Identifier: MIT
 import QtQuick 2.15
-import QtQuick.Controls 1.4 as Controls1
 import QtQuick.Window 2.15
 
 // Opens and closes a view. The group it is given to keeps at most one view open.
-Rectangle {
+GroupButton {
     id: root
 
-    property int btnID: 0
-    property bool checked: false
     property int direction: 0 // 0 left, 1 right
-    property Controls1.ExclusiveGroup exclusiveGroup: null
     property string iconleftnormal: "qrc:/icon-left@3x.png"
     property string iconleftsel: "qrc:/icon-left-selected@3x.png"
     property string iconrightnormal: "qrc:/icon-right@3x.png"
     property string iconrightsel: "qrc:/icon-right-selected@3x.png"
-    property string name
     property string seticon: "qrc:/icon-setting@3x.png"
     property int style: 0 // 0 arrow, 1 gear
     property Item view: null // what it opens
@@ -34,19 +29,15 @@ Rectangle {
         return checked ? iconrightsel : iconrightnormal
     }
 
-    function takeFocus() {
-        area.takeFocus()
-    }
-
-    color: "transparent"
     height: 24
+    toggles: true
     width: 24
 
     // Opened with the keyboard, a view takes it; closed, it gives it back.
     onCheckedChanged: {
         if (!view)
             return
-        const hadFocus = checked ? area.activeFocus : isInside(view, Window.activeFocusItem)
+        const hadFocus = isInside(checked ? root : view, Window.activeFocusItem)
         view.visible = checked
         if (!hadFocus)
             return
@@ -55,29 +46,9 @@ Rectangle {
         else
             takeFocus()
     }
-    onExclusiveGroupChanged: {
-        if (exclusiveGroup)
-            exclusiveGroup.bindCheckable(root)
-    }
-
-    Halo {
-        focused: area.activeFocus
-        hovered: area.containsMouse
-        pressed: area.pressed
-    }
 
     Picture {
         fillMode: Image.Pad
         file: root.icon()
-    }
-
-    ClickArea {
-        id: area
-
-        Accessible.checkable: true
-        Accessible.checked: root.checked
-        Accessible.name: root.name
-        Accessible.role: Accessible.Button
-        onTriggered: root.checked = !root.checked
     }
 }

@@ -14,6 +14,8 @@ Rectangle {
     property string longPressCaption
     property int messageId
 
+    signal qmlSignal1(int id, int var1, int var2)
+
     function setvalue(id1, var1, var2) {
         if (id1 === messageId)
             list.currentIndex = var1
@@ -65,6 +67,6 @@ Rectangle {
         x: 20
         y: 136
 
-        onActivated: index => qmlSignal1(root.messageId, index, 0)
+        onActivated: index => root.qmlSignal1(root.messageId, index, 0)
     }
 }

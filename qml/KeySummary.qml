@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 import QtQuick 2.15
+import "."
 
 // What a key of the pen does now: its title, and a caption with a value for the single press and for the long one.
-// Left of the pen lines begin at their x; right of it they end where the key's arrow ends.
+// Left of the pen lines begin at their x; right of it they end with the key's arrow.
 Item {
     id: root
 
@@ -20,17 +21,17 @@ Item {
         property point place
 
         horizontalAlignment: root.endAligned ? Text.AlignRight : Text.AlignLeft
-        width: (root.endAligned ? 703 : 440) - x
+        width: (root.endAligned ? Look.rightEdge : 440) - x
         x: place.x
         y: place.y
     }
     component ValueLine: Line {
-        color: "#7D7D7D"
+        color: Look.value
         y: place.y + 17
     }
 
     Line {
-        pixelSize: 16
+        pixelSize: Look.title
         place: root.titlePosition
         text: root.title
     }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick 2.15
+import "."
 
 // A size whose handle stands out from the track by its shadow.
 SizeSet {
@@ -10,7 +11,7 @@ SizeSet {
         height: root.handle.height
         parent: root.slider
         plainFile: "PlainShadow.qml"
-        properties: ({ color: "#707070", samples: 10, source: root.handle })
+        properties: ({ color: Look.line, samples: 10, source: root.handle })
         width: root.handle.width
         x: root.handle.x
         y: root.handle.y

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick 2.15
 import QtQuick.Controls 1.4 as Controls1
+import "."
 
 // The panel: the pen between its four keys, what each key does, and a view to change it. The root is all that the host
 // knows of the view.
@@ -20,33 +21,24 @@ Rectangle {
     signal qmlSignal(int x, int y, int statrx, int starty)
     signal qmlSignal1(int id, int var1, int var2)
 
-    // The host's one entry point: hands a value to the view that shows it, and to the summary.
+    // The host's one entry point. Every view takes the messages that are its own, and the summary shows their texts.
     function setvalue(id1, var1, var2) {
-        const view = viewOf(id1)
-        if (view)
+        for (const view of [key1Window, key2Window, key3Window, key4Window, setWindow])
             view.setvalue(id1, var1, var2)
         summarise(id1, var1)
-        if (id1 === 1000)
+        if (id1 === ViewMessage.ShowView)
             visible = var1
-    }
-
-    function viewOf(id1) {
-        if (id1 >= 2 && id1 <= 7 || id1 === 14 || id1 === 15)
-            return key4Window
-        if (id1 >= 8 && id1 <= 11)
-            return key1Window
-        return { 12: key2Window, 13: key3Window, 16: setWindow, 17: setWindow }[id1]
     }
 
     // A code without a text leaves the summary as it is.
     function summarise(id1, code) {
-        if (id1 === 12 && code in actionTexts)
+        if (id1 === ViewMessage.Key2P && code in actionTexts)
             key2Action = code
-        else if (id1 === 13 && code in actionTexts)
+        else if (id1 === ViewMessage.Key3P && code in actionTexts)
             key3Action = code
-        else if (id1 === 14 && code in actionTexts)
+        else if (id1 === ViewMessage.Key4C && code in actionTexts)
             key4Action = code
-        else if (id1 === 15 && code in toolTexts)
+        else if (id1 === ViewMessage.Key4P && code in toolTexts)
             key4Tool = code
     }
 
@@ -55,7 +47,7 @@ Rectangle {
         text2 = String2
     }
 
-    color: "#333333"
+    color: Look.ground
     focus: true
     height: 650
     width: 999
@@ -81,7 +73,7 @@ Rectangle {
             if (viewGroup.current && viewGroup.current.checked)
                 viewGroup.current.checked = false
             else
-                root.qmlSignal1(0, 0, 0)
+                root.qmlSignal1(ViewMessage.HidePanel, 0, 0)
         }
     }
 
@@ -154,6 +146,8 @@ Rectangle {
         visible: false
         x: 712
         y: 87
+
+        onQmlSignal1: (id, var1, var2) => root.qmlSignal1(id, var1, var2)
     }
 
     KeyButton {
@@ -174,6 +168,8 @@ Rectangle {
         visible: false
         x: 30
         y: 321
+
+        onQmlSignal1: (id, var1, var2) => root.qmlSignal1(id, var1, var2)
     }
 
     KeyButton {
@@ -195,6 +191,8 @@ Rectangle {
         visible: false
         x: 712
         y: 87
+
+        onQmlSignal1: (id, var1, var2) => root.qmlSignal1(id, var1, var2)
     }
 
     KeyButton {
@@ -239,6 +237,8 @@ Rectangle {
         width: 247
         x: 722
         y: 207
+
+        onQmlSignal1: (id, var1, var2) => root.qmlSignal1(id, var1, var2)
     }
 
     TitleButton {
@@ -247,7 +247,7 @@ Rectangle {
         x: 919
         y: 12
 
-        onClicked: root.qmlSignal1(0, 0, 0)
+        onClicked: root.qmlSignal1(ViewMessage.HidePanel, 0, 0)
     }
 
     TitleButton {
@@ -256,6 +256,6 @@ Rectangle {
         x: 955
         y: 12
 
-        onClicked: root.qmlSignal1(0, 0, 0)
+        onClicked: root.qmlSignal1(ViewMessage.HidePanel, 0, 0)
     }
 }

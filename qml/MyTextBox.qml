@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 import QtQuick 2.15
+import "."
 
 Rectangle {
     id: root
 
-    property string borderColor: "#707070"
+    property string borderColor: Look.line
     property string fillColor: "transparent"
     property string showtext: "page up"
 
@@ -16,7 +17,7 @@ Rectangle {
     width: 207
 
     PanelText {
-        color: "#7D7D7D"
+        color: Look.value
         height: parent.height
         text: root.showtext
         width: parent.width - 2 * x

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 import QtQuick 2.15
+import "."
 
 // A line of the panel, elided where it is too long for its place. Its height is that of the Latin line, around whose
 // middle every script is drawn: the fonts of other scripts have taller lines and would sit lower.
 Text {
     property bool bold: false
-    property int pixelSize: 13
+    property int pixelSize: Look.caption
     property bool underline: false
 
     color: "white"

@@ -1,15 +1,11 @@
 // SPDX-License-Identifier: MIT
 import QtQuick 2.15
-import QtQuick.Controls 1.4 as Controls1
+import "."
 
 // A pen width to choose, shown as a dot of that width.
-Item {
+GroupButton {
     id: root
 
-    property int btnID: 0
-    property bool checked: false
-    property Controls1.ExclusiveGroup exclusiveGroup: null
-    property string name
     property string normalBorderColor: "white"
     property string selBorderColor: "#FFCD36"
     property int son2width: 2
@@ -30,29 +26,14 @@ Item {
         return btnID
     }
 
-    function takeFocus() {
-        area.takeFocus()
-    }
-
     height: 32
     width: 32
-
-    onExclusiveGroupChanged: {
-        if (exclusiveGroup)
-            exclusiveGroup.bindCheckable(root)
-    }
-
-    Halo {
-        focused: area.activeFocus
-        hovered: area.containsMouse
-        pressed: area.pressed
-    }
 
     Rectangle {
         anchors.fill: parent
         border.color: root.checked ? root.selBorderColor : root.normalBorderColor
         border.width: 1
-        color: "#333333"
+        color: Look.ground
         radius: 16
 
         Rectangle {
@@ -62,15 +43,5 @@ Item {
             radius: width / 2
             width: root.son2width
         }
-    }
-
-    ClickArea {
-        id: area
-
-        Accessible.checkable: true
-        Accessible.checked: root.checked
-        Accessible.name: root.name
-        Accessible.role: Accessible.RadioButton
-        onTriggered: root.checked = true
     }
 }

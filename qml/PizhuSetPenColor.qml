@@ -27,18 +27,14 @@ Rectangle {
     signal qmlSignal(int qmlid, int var1, int var2)
 
     function setvalue(id1, var1, var2) {
-        if (id1 === 11) {
-            if (var1 >= 0 && var1 < widths.count)
-                widths.itemAt(var1).checked = true
-            return
-        }
-        if (id1 < 8 || id1 > 10)
-            return
+        if (id1 === ViewMessage.PenThickness && var1 >= 0 && var1 < widths.count)
+            widths.itemAt(var1).checked = true
+        const slot = slots.itemAt(id1 - ViewMessage.PenColor0)
         const color = getColorString(var1)
-        if (color !== undefined)
-            root["pencolor" + (id1 - 8)] = color
-        if (id1 === 8)
-            slots.itemAt(0).checked = true
+        if (slot && color !== undefined)
+            root["pencolor" + slot.btnID] = color
+        if (id1 === ViewMessage.PenColor0)
+            slot.checked = true
     }
 
     function getColorString(color) {
@@ -59,7 +55,7 @@ Rectangle {
     }
 
     function takeColor(swatch) {
-        qmlSignal(curpenColorID + 8, swatch.btnID, 0)
+        qmlSignal(ViewMessage.PenColor0 + curpenColorID, swatch.btnID, 0)
         root["pencolor" + curpenColorID] = swatch.btncolor
     }
 
@@ -183,7 +179,7 @@ Rectangle {
             Keys.onRightPressed: root.step(widths, index, 1)
             onCheckedChanged: {
                 if (checked)
-                    root.qmlSignal(11, btnID, 0)
+                    root.qmlSignal(ViewMessage.PenThickness, btnID, 0)
             }
         }
     }

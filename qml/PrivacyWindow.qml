@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick 2.15
+import "."
 
 // The guide: which permissions of the system the program needs. The button says whether to show it again.
 Rectangle {
@@ -31,7 +32,7 @@ Rectangle {
     }
 
     PanelText {
-        pixelSize: 16
+        pixelSize: Look.title
         fontSizeMode: Text.Fit // the English sentence takes two lines
         minimumPixelSize: 9
         height: 33
@@ -108,7 +109,7 @@ Rectangle {
             id: confirmText
 
             anchors.fill: parent
-            color: "#333333"
+            color: Look.ground
             horizontalAlignment: Text.AlignHCenter
             text: qsTr("确定")
         }

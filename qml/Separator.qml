@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 import QtQuick 2.15
+import "."
 
 Rectangle {
-    color: "#707070"
+    color: Look.line
     height: 1
     width: 206
 }

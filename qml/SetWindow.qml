@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick 2.15
+import "."
 
 // The settings that belong to no key: start at login and language; and who made this.
 Rectangle {
@@ -12,17 +13,19 @@ Rectangle {
         x: 20
     }
     component SmallPrint: PanelText {
-        color: "#7D7D7D"
+        color: Look.value
         pixelSize: 9
         horizontalAlignment: Text.AlignHCenter
         width: 210
         x: 19
     }
 
+    signal qmlSignal1(int id, int var1, int var2)
+
     function setvalue(id1, var1, var2) {
-        if (id1 === 16)
+        if (id1 === ViewMessage.Language)
             set_language_combox.currentIndex = var1
-        else if (id1 === 17)
+        else if (id1 === ViewMessage.AutoStart)
             rootswitch.myChecked = var1
     }
 
@@ -37,7 +40,7 @@ Rectangle {
 
     PanelText {
         bold: true
-        pixelSize: 16
+        pixelSize: Look.title
         text: qsTr("设置")
         width: 207
         x: 20
@@ -62,7 +65,7 @@ Rectangle {
         x: 189
         y: 74
 
-        onClicked: qmlSignal1(17, !myChecked, 0)
+        onClicked: root.qmlSignal1(ViewMessage.AutoStart, !myChecked, 0)
     }
 
     SeparatorLine {
@@ -95,7 +98,7 @@ Rectangle {
             if (canChangeIndex) {
                 canChangeIndex = false
                 oldIndex = currentIndex
-                qmlSignal1(16, currentIndex, 0)
+                root.qmlSignal1(ViewMessage.Language, currentIndex, 0)
                 language_switch_timer.start()
             } else {
                 currentIndex = oldIndex
@@ -125,7 +128,7 @@ Rectangle {
     }
 
     PanelText {
-        color: "#7D7D7D"
+        color: Look.value
         horizontalAlignment: Text.AlignRight
         text: qsTr("2.0.0.0")
         width: 100

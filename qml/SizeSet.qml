@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick 2.15
+import "."
 
 // A size, chosen on a track that is filled up to the handle and glows under the pointer.
 ValueSet {
@@ -18,7 +19,7 @@ ValueSet {
             anchors.fill: filled
             file: "ShadowEffect.qml"
             plainFile: "PlainShadow.qml"
-            properties: ({ color: "#FFCC0D", samples: 8, source: filled })
+            properties: ({ color: Look.accent, samples: 8, source: filled })
             visible: root.slider.hovered || root.slider.pressed
         }
 
@@ -26,7 +27,7 @@ ValueSet {
             id: filled
 
             anchors.verticalCenter: parent.verticalCenter
-            color: "#FFCC0D"
+            color: Look.accent
             height: 4
             radius: 2
             width: root.handle.x + root.handle.width / 2

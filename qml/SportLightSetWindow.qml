@@ -6,23 +6,16 @@ ToolSetWindow {
 
     signal qmlSignal_spo(int id, int var1, int var2)
 
-    function setvalue(id1, var1, var2) {
-        if (id1 === 2) {
-            darknessSet.curValue = var1
-        } else if (id1 === 3) {
-            sizeSet.curValue = var1
-            showSize()
-        } else if (id1 === 15) {
-            visible = var2
-        }
-    }
-
-    function showSize() {
-        light.width = sizeSet.slider.value / 3.5
-    }
-
     firstCaption: qsTr("透明度")
+    firstMessage: ViewMessage.SportLightTran
+    firstSet: darknessSet
     secondCaption: qsTr("大小")
+    secondMessage: ViewMessage.SportLightSize
+    secondSet: sizeSet
+    shownSize: 60
+    sizeDivisor: 3.5
+
+    onReported: (id, value) => root.qmlSignal_spo(id, value, 0)
 
     Rectangle {
         anchors.fill: root.preview
@@ -36,7 +29,7 @@ ToolSetWindow {
         id: light
 
         height: width
-        width: 60
+        width: root.shownSize
         x: Math.round(root.preview.x + (root.preview.width - width) / 2)
         y: Math.round(root.preview.y + (root.preview.height - height) / 2)
 
@@ -48,10 +41,10 @@ ToolSetWindow {
             visible: false
 
             Picture {
+                file: root.preview.file
                 fillMode: Image.PreserveAspectCrop
                 height: root.preview.height
                 inSight: root.visible && !mask.plain // for the mask, which draws what is not visible itself
-                file: root.preview.file
                 width: root.preview.width
                 x: root.preview.x - light.x
                 y: root.preview.y - light.y
@@ -106,7 +99,7 @@ ToolSetWindow {
         x: 16
         y: 176
 
-        onQmlSignal: root.qmlSignal_spo(2, curValue, 0)
+        onQmlSignal: root.reportFirst()
     }
 
     LightLevelSet {
@@ -121,9 +114,6 @@ ToolSetWindow {
         x: 16
         y: 228
 
-        onQmlSignal: {
-            root.showSize()
-            root.qmlSignal_spo(3, curValue, 0)
-        }
+        onQmlSignal: root.reportSecond()
     }
 }

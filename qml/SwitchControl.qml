@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick 2.15
+import "."
 
 // A switch that only shows a state: whoever answers its click decides what it shows next.
 Rectangle {
@@ -10,7 +11,7 @@ Rectangle {
 
     signal clicked
 
-    border.color: area.activeFocus ? "#FFCC0D" : area.containsMouse ? "#909090" : "#707070"
+    border.color: area.activeFocus ? Look.accent : area.containsMouse ? "#909090" : Look.line
     border.width: 1
     color: myChecked ? "#2F2F2F" : "#4D4D4D"
     height: 20
@@ -18,7 +19,7 @@ Rectangle {
     width: 38
 
     Rectangle {
-        color: root.myChecked ? "#FFCC0D" : "#999999"
+        color: root.myChecked ? Look.accent : "#999999"
         height: 18
         radius: 9
         width: 18

@@ -13,12 +13,11 @@ Item {
     height: 32
     width: 32
 
-    Rectangle {
-        anchors.fill: parent
-        border.color: "#FFCC0D"
-        border.width: area.activeFocus ? 1 : 0
-        color: area.pressed ? "#38FFFFFF" : area.containsMouse ? "#1CFFFFFF" : "transparent"
+    Halo {
+        area: area
+        height: parent.height
         radius: 6
+        width: parent.width
     }
 
     Picture {

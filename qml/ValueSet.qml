@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick 2.15
 import QtQuick.Templates 2.15
+import "."
 
 // A setting chosen with a slider. A value given from outside moves the slider; whatever moves the slider is reported,
 // and so is a click that leaves it where it is. A value beyond an end moves the slider to that end; one that stands
@@ -19,6 +20,11 @@ Rectangle {
     property alias track: slider.background
 
     signal qmlSignal
+
+    // A value from the host.
+    function take(value) {
+        curValue = value
+    }
 
     color: "#444444"
     height: 80
@@ -57,6 +63,9 @@ Rectangle {
     Slider {
         id: slider
 
+        // What the toolkit's bridge to screen readers calls the ends
+        readonly property real maximumValue: to
+        readonly property real minimumValue: from
         property bool moved: false
 
         anchors.verticalCenter: parent.verticalCenter
@@ -72,7 +81,7 @@ Rectangle {
         Accessible.name: root.name
 
         handle: Rectangle {
-            border.color: "#FFCC0D"
+            border.color: Look.accent
             border.width: slider.visualFocus ? 2 : 0
             color: slider.pressed ? "#E0E0E0" : "white"
             height: 12
