@@ -14,50 +14,42 @@ class MissingViewTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init() {
-        userfile::clear();
-        userfile::forgetSettings();
-    }
+    void init() { userfile::startAfresh(); }
     void cleanupTestCase() { userfile::clear(); }
 
-    void windowOpensWithAnEmptyArea();
-    void messagesToTheViewAreLost();
-    void settingsAreStillStored();
-    void missingCatalogueTakesTheOldOneAway();
+    void windowOpensWithAnEmptyArea() {
+        MainWindow window;
+        QVERIFY(!window.findChild<QQuickWidget *>(QStringLiteral("quickWidget"))->rootObject());
+        window.show();
+        QVERIFY(window.isVisible());
+        QCOMPARE(window.findChild<QQuickWidget *>(QStringLiteral("quickWidget"))->geometry(),
+                 QRect(0, 0, 999, 650));
+        QTRY_VERIFY(window.isHidden());
+    }
+
+    void messagesToTheViewAreLost() {
+        MainWindow window;
+        window.Qml_Init();
+        window.SetValue(nullptr, 2, 3, 0);
+        QObject withoutTheFunction;
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("No such method.*setvalue")));
+        window.SetValue(&withoutTheFunction, 2, 3, 0);
+    }
+
+    void settingsAreStillStored() {
+        MainWindow window;
+        window.recvQmlMessage1(7, 33, 0);
+        QCOMPARE(ZrToolXmlClass::LaserPenSize, 33);
+        QVERIFY(userfile::read().contains("<LaserPenSize>33</LaserPenSize>"));
+    }
+
+    void missingCatalogueTakesTheOldOneAway() {
+        MainWindow window;
+        window.recvQmlMessage1(16, 2, 0);
+        QCOMPARE(ZrToolXmlClass::Language, 2);
+        QCOMPARE(QCoreApplication::translate("SetWindow", "设置"), QStringLiteral("设置"));
+    }
 };
-
-void MissingViewTest::windowOpensWithAnEmptyArea() {
-    MainWindow window;
-    QVERIFY(!window.findChild<QQuickWidget *>(QStringLiteral("quickWidget"))->rootObject());
-    window.show();
-    QVERIFY(window.isVisible());
-    QCOMPARE(window.findChild<QQuickWidget *>(QStringLiteral("quickWidget"))->geometry(),
-             QRect(0, 0, 999, 650));
-    QTRY_VERIFY(window.isHidden());
-}
-
-void MissingViewTest::messagesToTheViewAreLost() {
-    MainWindow window;
-    window.Qml_Init();
-    window.SetValue(nullptr, 2, 3, 0);
-    QObject withoutTheFunction;
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("No such method.*setvalue")));
-    window.SetValue(&withoutTheFunction, 2, 3, 0);
-}
-
-void MissingViewTest::settingsAreStillStored() {
-    MainWindow window;
-    window.recvQmlMessage1(7, 33, 0);
-    QCOMPARE(ZrToolXmlClass::LaserPenSize, 33);
-    QVERIFY(userfile::read().contains("<LaserPenSize>33</LaserPenSize>"));
-}
-
-void MissingViewTest::missingCatalogueTakesTheOldOneAway() {
-    MainWindow window;
-    window.recvQmlMessage1(16, 2, 0);
-    QCOMPARE(ZrToolXmlClass::Language, 2);
-    QCOMPARE(QCoreApplication::translate("SetWindow", "设置"), QStringLiteral("设置"));
-}
 
 VEXA_WIDGET_TEST_MAIN(MissingViewTest)
 #include "MissingViewTest.moc"

@@ -63,22 +63,143 @@ class PictureWriterTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init();
-    void writesThePictureInTheFormatOfItsSuffix();
-    void compressesHalfway();
-    void laterPictureOfTheSamePathReplacesTheEarlierOne();
-    void writesInTheOrderInWhichItWasGiven();
-    void returnsWhilePicturesAreBeingWritten();
-    void endOfTheWriterWaitsForAllFiles();
+    void init() {
+        m_folder = std::make_unique<QTemporaryDir>();
+        QVERIFY(m_folder->isValid());
+    }
+
+    void writesThePictureInTheFormatOfItsSuffix() {
+        PictureWriter writer;
+        const QImage picture = noise(61, 43);
+        writer.write(file("a.png"), picture);
+        writer.flush();
+        QCOMPARE(files(), QStringList{QStringLiteral("a.png")});
+        QFile written(file("a.png"));
+        QVERIFY(written.open(QIODevice::ReadOnly));
+        QCOMPARE(written.read(8), QByteArray("\x89PNG\r\n\x1a\n"));
+        QCOMPARE(QImage(file("a.png")).convertToFormat(QImage::Format_RGB32), picture);
+    }
+
+    void compressesHalfway() {
+        PictureWriter writer;
+        const QImage picture = plain(Qt::red).scaled(500, 400);
+        writer.write(file("a.png"), picture);
+        writer.flush();
+        QVERIFY(picture.save(file("quality 50.png"), "PNG", 50));
+        QFile ours(file("a.png"));
+        QFile expected(file("quality 50.png"));
+        QVERIFY(ours.open(QIODevice::ReadOnly) && expected.open(QIODevice::ReadOnly));
+        QCOMPARE(ours.readAll(), expected.readAll());
+    }
+
+    void laterPictureOfTheSamePathReplacesTheEarlierOne() {
+        PictureWriter writer;
+        for (const QColor colour : {Qt::red, Qt::green, Qt::blue})
+            writer.write(file("same.png"), plain(colour));
+        writer.flush();
+        QCOMPARE(files(), QStringList{QStringLiteral("same.png")});
+        QCOMPARE(QImage(file("same.png")).pixelColor(3, 3), QColor(Qt::blue));
+    }
+
+    void writesInTheOrderInWhichItWasGiven() {
+        PictureWriter writer;
+        // A large one first: with more than one thread, the small ones would overtake it.
+        writer.write(file("0.png"), noise(1000, 1000));
+        for (const char *name : {"1.png", "2.png", "3.png"})
+            writer.write(file(name), plain(Qt::red));
+        writer.flush();
+        QCOMPARE(files().size(), 4);
+        for (int i = 1; i < 4; ++i)
+            QVERIFY(QFileInfo(m_folder->filePath(QStringLiteral("%1.png").arg(i - 1))).lastModified() <=
+                    QFileInfo(m_folder->filePath(QStringLiteral("%1.png").arg(i))).lastModified());
+    }
+
+    void returnsWhilePicturesAreBeingWritten() {
+        PictureWriter writer;
+        const QImage large = noise(3840, 2160);
+        for (const char *name : {"a.png", "b.png", "c.png", "d.png"})
+            writer.write(file(name), large);
+        bool answered = false;
+        QTimer::singleShot(0, this, [&answered] { answered = true; });
+        QCoreApplication::processEvents();
+        QVERIFY(answered);
+        QVERIFY(!QFileInfo::exists(file("d.png")));
+        writer.flush();
+        QCOMPARE(files().size(), 4);
+    }
+
+    void endOfTheWriterWaitsForAllFiles() {
+        {
+            PictureWriter writer;
+            for (const char *name : {"a.png", "b.png", "c.png"})
+                writer.write(file(name), noise(800, 600));
+        }
+        QCOMPARE(files().size(), 3);
+        for (const QString &name : files())
+            QCOMPARE(QImage(m_folder->filePath(name)).size(), QSize(800, 600));
+    }
+
     void fullDiskLeavesNoHalfFile_data() { pictures(); }
-    void fullDiskLeavesNoHalfFile();
+    void fullDiskLeavesNoHalfFile() {
+        QFETCH(QImage, picture);
+        QFETCH(int, space);
+        const Listener listener;
+        {
+            const disk::Full full(space);
+            PictureWriter writer;
+            writer.write(file("a.png"), picture);
+        }
+        QCOMPARE(files(), QStringList());
+        QCOMPARE(Listener::lines.load(), 0);
+    }
+
     void fullDiskLeavesTheFileThatWasThere_data() { pictures(); }
-    void fullDiskLeavesTheFileThatWasThere();
-    void folderThatCannotBeWrittenGetsNoFile();
-    void missingFolderGetsNoFile();
+    void fullDiskLeavesTheFileThatWasThere() {
+        QFETCH(QImage, picture);
+        QFETCH(int, space);
+        PictureWriter writer;
+        writer.write(file("a.png"), plain(Qt::red));
+        writer.flush();
+        {
+            const disk::Full full(space);
+            writer.write(file("a.png"), picture);
+            writer.flush();
+        }
+        QCOMPARE(files(), QStringList{QStringLiteral("a.png")});
+        QCOMPARE(QImage(file("a.png")).pixelColor(3, 3), QColor(Qt::red));
+    }
+
+    void folderThatCannotBeWrittenGetsNoFile() {
+        const Listener listener;
+        QCOMPARE(chmod(QFile::encodeName(m_folder->path()).constData(), 0555), 0);
+        {
+            const disk::OrdinaryUser user;
+            PictureWriter writer;
+            writer.write(file("a.png"), plain(Qt::red));
+        }
+        QCOMPARE(files(), QStringList());
+        QCOMPARE(Listener::lines.load(), 0);
+        QCOMPARE(chmod(QFile::encodeName(m_folder->path()).constData(), 0755), 0);
+    }
+
+    void missingFolderGetsNoFile() {
+        const Listener listener;
+        PictureWriter writer;
+        writer.write(file("missing/a.png"), plain(Qt::red));
+        writer.flush();
+        QVERIFY(!QFileInfo::exists(file("missing")));
+        QCOMPARE(Listener::lines.load(), 0);
+    }
 
 private:
-    static void pictures();
+    /// A small one fits into the buffer of the file that it is written to.
+    static void pictures() {
+        QTest::addColumn<QImage>("picture");
+        QTest::addColumn<int>("space");
+        QTest::newRow("large") << noise(800, 600) << 20000;
+        QTest::newRow("small") << plain(Qt::blue) << 100;
+    }
+
     QString file(const char *name) const { return m_folder->filePath(QLatin1String(name)); }
     QStringList files() const {
         return QDir(m_folder->path()).entryList(QDir::Files | QDir::Hidden, QDir::Name);
@@ -86,140 +207,6 @@ private:
 
     std::unique_ptr<QTemporaryDir> m_folder;
 };
-
-void PictureWriterTest::init() {
-    m_folder = std::make_unique<QTemporaryDir>();
-    QVERIFY(m_folder->isValid());
-}
-
-void PictureWriterTest::writesThePictureInTheFormatOfItsSuffix() {
-    PictureWriter writer;
-    const QImage picture = noise(61, 43);
-    writer.write(file("a.png"), picture);
-    writer.flush();
-    QCOMPARE(files(), QStringList{QStringLiteral("a.png")});
-    QFile written(file("a.png"));
-    QVERIFY(written.open(QIODevice::ReadOnly));
-    QCOMPARE(written.read(8), QByteArray("\x89PNG\r\n\x1a\n"));
-    QCOMPARE(QImage(file("a.png")).convertToFormat(QImage::Format_RGB32), picture);
-}
-
-void PictureWriterTest::compressesHalfway() {
-    PictureWriter writer;
-    const QImage picture = plain(Qt::red).scaled(500, 400);
-    writer.write(file("a.png"), picture);
-    writer.flush();
-    QVERIFY(picture.save(file("quality 50.png"), "PNG", 50));
-    QFile ours(file("a.png"));
-    QFile expected(file("quality 50.png"));
-    QVERIFY(ours.open(QIODevice::ReadOnly) && expected.open(QIODevice::ReadOnly));
-    QCOMPARE(ours.readAll(), expected.readAll());
-}
-
-void PictureWriterTest::laterPictureOfTheSamePathReplacesTheEarlierOne() {
-    PictureWriter writer;
-    for (const QColor colour : {Qt::red, Qt::green, Qt::blue})
-        writer.write(file("same.png"), plain(colour));
-    writer.flush();
-    QCOMPARE(files(), QStringList{QStringLiteral("same.png")});
-    QCOMPARE(QImage(file("same.png")).pixelColor(3, 3), QColor(Qt::blue));
-}
-
-void PictureWriterTest::writesInTheOrderInWhichItWasGiven() {
-    PictureWriter writer;
-    // A large one first: with more than one thread, the small ones would overtake it.
-    writer.write(file("0.png"), noise(1000, 1000));
-    for (const char *name : {"1.png", "2.png", "3.png"})
-        writer.write(file(name), plain(Qt::red));
-    writer.flush();
-    QCOMPARE(files().size(), 4);
-    for (int i = 1; i < 4; ++i)
-        QVERIFY(QFileInfo(m_folder->filePath(QStringLiteral("%1.png").arg(i - 1))).lastModified() <=
-                QFileInfo(m_folder->filePath(QStringLiteral("%1.png").arg(i))).lastModified());
-}
-
-void PictureWriterTest::returnsWhilePicturesAreBeingWritten() {
-    PictureWriter writer;
-    const QImage large = noise(3840, 2160);
-    for (const char *name : {"a.png", "b.png", "c.png", "d.png"})
-        writer.write(file(name), large);
-    bool answered = false;
-    QTimer::singleShot(0, this, [&answered] { answered = true; });
-    QCoreApplication::processEvents();
-    QVERIFY(answered);
-    QVERIFY(!QFileInfo::exists(file("d.png")));
-    writer.flush();
-    QCOMPARE(files().size(), 4);
-}
-
-void PictureWriterTest::endOfTheWriterWaitsForAllFiles() {
-    {
-        PictureWriter writer;
-        for (const char *name : {"a.png", "b.png", "c.png"})
-            writer.write(file(name), noise(800, 600));
-    }
-    QCOMPARE(files().size(), 3);
-    for (const QString &name : files())
-        QCOMPARE(QImage(m_folder->filePath(name)).size(), QSize(800, 600));
-}
-
-/// A small one fits into the buffer of the file that it is written to.
-void PictureWriterTest::pictures() {
-    QTest::addColumn<QImage>("picture");
-    QTest::addColumn<int>("space");
-    QTest::newRow("large") << noise(800, 600) << 20000;
-    QTest::newRow("small") << plain(Qt::blue) << 100;
-}
-
-void PictureWriterTest::fullDiskLeavesNoHalfFile() {
-    QFETCH(QImage, picture);
-    QFETCH(int, space);
-    const Listener listener;
-    {
-        const disk::Full full(space);
-        PictureWriter writer;
-        writer.write(file("a.png"), picture);
-    }
-    QCOMPARE(files(), QStringList());
-    QCOMPARE(Listener::lines.load(), 0);
-}
-
-void PictureWriterTest::fullDiskLeavesTheFileThatWasThere() {
-    QFETCH(QImage, picture);
-    QFETCH(int, space);
-    PictureWriter writer;
-    writer.write(file("a.png"), plain(Qt::red));
-    writer.flush();
-    {
-        const disk::Full full(space);
-        writer.write(file("a.png"), picture);
-        writer.flush();
-    }
-    QCOMPARE(files(), QStringList{QStringLiteral("a.png")});
-    QCOMPARE(QImage(file("a.png")).pixelColor(3, 3), QColor(Qt::red));
-}
-
-void PictureWriterTest::folderThatCannotBeWrittenGetsNoFile() {
-    const Listener listener;
-    QCOMPARE(chmod(QFile::encodeName(m_folder->path()).constData(), 0555), 0);
-    {
-        const disk::OrdinaryUser user;
-        PictureWriter writer;
-        writer.write(file("a.png"), plain(Qt::red));
-    }
-    QCOMPARE(files(), QStringList());
-    QCOMPARE(Listener::lines.load(), 0);
-    QCOMPARE(chmod(QFile::encodeName(m_folder->path()).constData(), 0755), 0);
-}
-
-void PictureWriterTest::missingFolderGetsNoFile() {
-    const Listener listener;
-    PictureWriter writer;
-    writer.write(file("missing/a.png"), plain(Qt::red));
-    writer.flush();
-    QVERIFY(!QFileInfo::exists(file("missing")));
-    QCOMPARE(Listener::lines.load(), 0);
-}
 
 QTEST_GUILESS_MAIN(PictureWriterTest)
 #include "PictureWriterTest.moc"

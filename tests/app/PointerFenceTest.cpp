@@ -25,55 +25,50 @@ class PointerFenceTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void aPointerThatWasKeptInNeedsNoKeepingIn_data();
-    void aPointerThatWasKeptInNeedsNoKeepingIn();
-    void aPointerOnTheScreenIsHeldThere();
-    void aPointerOnAnotherScreenIsFreeUntilItComesOver();
-};
+    /// Or each correction would call for the next one, for ever.
+    void aPointerThatWasKeptInNeedsNoKeepingIn_data() {
+        QTest::addColumn<double>("scale");
+        for (int sixteenths = 8; sixteenths <= 48; ++sixteenths)
+            QTest::addRow("%d/16", sixteenths) << sixteenths / 16.0;
+        for (const double scale : {0.3, 0.9, 1.1, 1.3, 1.35, 1.6, 1.8, 2.3})
+            QTest::addRow("%.2f", scale) << scale;
+    }
 
-/// Or each correction would call for the next one, for ever.
-void PointerFenceTest::aPointerThatWasKeptInNeedsNoKeepingIn_data() {
-    QTest::addColumn<double>("scale");
-    for (int sixteenths = 8; sixteenths <= 48; ++sixteenths)
-        QTest::addRow("%d/16", sixteenths) << sixteenths / 16.0;
-    for (const double scale : {0.3, 0.9, 1.1, 1.3, 1.35, 1.6, 1.8, 2.3})
-        QTest::addRow("%.2f", scale) << scale;
-}
-
-void PointerFenceTest::aPointerThatWasKeptInNeedsNoKeepingIn() {
-    QFETCH(double, scale);
-    const ScreenPlace screen{{1920, -100}, pixels, scale};
-    const QSize size(qRound(pixels.x / scale), qRound(pixels.y / scale)); // as the toolkit rounds it
-    for (int x = -5; x < pixels.x + 5; ++x) {
-        for (const int y : {-3, 0, 5, 400, pixels.y - 5, pixels.y - 1, pixels.y + 3}) {
-            const QPoint pushedTo = told(screen, {1920 + x, -100 + y});
-            const QPoint kept = vexa::withinMargin(pushedTo, size);
-            const Pixels sentTo = screen.toPixels({double(kept.x()), double(kept.y())});
-            const QPoint arrived = told(screen, sentTo);
-            if (kept != pushedTo)
-                QCOMPARE(vexa::withinMargin(arrived, size), arrived);
-            QVERIFY(screen.contains(sentTo));
+    void aPointerThatWasKeptInNeedsNoKeepingIn() {
+        QFETCH(double, scale);
+        const ScreenPlace screen{{1920, -100}, pixels, scale};
+        const QSize size(qRound(pixels.x / scale), qRound(pixels.y / scale)); // as the toolkit rounds it
+        for (int x = -5; x < pixels.x + 5; ++x) {
+            for (const int y : {-3, 0, 5, 400, pixels.y - 5, pixels.y - 1, pixels.y + 3}) {
+                const QPoint pushedTo = told(screen, {1920 + x, -100 + y});
+                const QPoint kept = vexa::withinMargin(pushedTo, size);
+                const Pixels sentTo = screen.toPixels({double(kept.x()), double(kept.y())});
+                const QPoint arrived = told(screen, sentTo);
+                if (kept != pushedTo)
+                    QCOMPARE(vexa::withinMargin(arrived, size), arrived);
+                QVERIFY(screen.contains(sentTo));
+            }
         }
     }
-}
 
-void PointerFenceTest::aPointerOnTheScreenIsHeldThere() {
-    PointerFence fence;
-    fence.raise(false);
-    QVERIFY(fence.holds(true)); // it has left too fast for a place in between to be told
-    QVERIFY(fence.holds(false));
-}
+    void aPointerOnTheScreenIsHeldThere() {
+        PointerFence fence;
+        fence.raise(false);
+        QVERIFY(fence.holds(true)); // it has left too fast for a place in between to be told
+        QVERIFY(fence.holds(false));
+    }
 
-void PointerFenceTest::aPointerOnAnotherScreenIsFreeUntilItComesOver() {
-    PointerFence fence;
-    fence.raise(true);
-    QVERIFY(!fence.holds(true));
-    QVERIFY(!fence.holds(true));
-    QVERIFY(fence.holds(false));
-    QVERIFY(fence.holds(true));
-    fence.raise(true);
-    QVERIFY(!fence.holds(true));
-}
+    void aPointerOnAnotherScreenIsFreeUntilItComesOver() {
+        PointerFence fence;
+        fence.raise(true);
+        QVERIFY(!fence.holds(true));
+        QVERIFY(!fence.holds(true));
+        QVERIFY(fence.holds(false));
+        QVERIFY(fence.holds(true));
+        fence.raise(true);
+        QVERIFY(!fence.holds(true));
+    }
+};
 
 QTEST_APPLESS_MAIN(PointerFenceTest)
 #include "PointerFenceTest.moc"

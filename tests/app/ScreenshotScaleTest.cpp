@@ -11,20 +11,18 @@ class ScreenshotScaleTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void thePictureHasThePixelsOfTheScreen();
+    void thePictureHasThePixelsOfTheScreen() {
+        QVERIFY(QGuiApplication::primaryScreen()->devicePixelRatio() > 1);
+        const QTemporaryDir home;
+        qputenv("HOME", QFile::encodeName(home.path()));
+        vexa::Screenshots screenshots;
+        screenshots.take();
+        screenshots.flush();
+        QDirIterator files(home.path(), QDir::Files, QDirIterator::Subdirectories);
+        QVERIFY(files.hasNext());
+        QCOMPARE(QImage(files.next()).size(), QSize(1366, 768));
+    }
 };
-
-void ScreenshotScaleTest::thePictureHasThePixelsOfTheScreen() {
-    QVERIFY(QGuiApplication::primaryScreen()->devicePixelRatio() > 1);
-    const QTemporaryDir home;
-    qputenv("HOME", QFile::encodeName(home.path()));
-    vexa::Screenshots screenshots;
-    screenshots.take();
-    screenshots.flush();
-    QDirIterator files(home.path(), QDir::Files, QDirIterator::Subdirectories);
-    QVERIFY(files.hasNext());
-    QCOMPARE(QImage(files.next()).size(), QSize(1366, 768));
-}
 
 VEXA_WIDGET_TEST_MAIN(ScreenshotScaleTest)
 #include "ScreenshotScaleTest.moc"

@@ -9,18 +9,6 @@
 using namespace std::chrono_literals;
 using vexa::runInShell;
 
-class ShellTest : public QObject {
-    Q_OBJECT
-
-private slots:
-    void theExitCodeDecides();
-    void aCommandThatIsNoneHasFailed();
-    void eventsAreHandledMeanwhile();
-    void theLimitEndsTheCommandAndWhatItHasStarted();
-    void aTerminalsInterruptIsTheProgramsAlone();
-    void theProgramsEndEndsIt(); // the last: no event loop runs after that
-};
-
 namespace {
 
 bool isAlive(pid_t process) {
@@ -35,47 +23,52 @@ pid_t processIn(const QString &name) {
 
 } // namespace
 
-void ShellTest::theExitCodeDecides() {
-    QVERIFY(runInShell(QStringLiteral("exit 0"), 60s));
-    QVERIFY(!runInShell(QStringLiteral("exit 3"), 60s));
-    QVERIFY(!runInShell(QStringLiteral("kill -KILL $$"), 60s));
-    QVERIFY(runInShell(QStringLiteral("test 'a b' = \"a $(echo b)\""), 60s));
-}
+class ShellTest : public QObject {
+    Q_OBJECT
 
-void ShellTest::aCommandThatIsNoneHasFailed() {
-    QVERIFY(!runInShell(QStringLiteral("/nowhere/at/all 2>/dev/null"), 60s));
-}
+private slots:
+    void theExitCodeDecides() {
+        QVERIFY(runInShell(QStringLiteral("exit 0"), 60s));
+        QVERIFY(!runInShell(QStringLiteral("exit 3"), 60s));
+        QVERIFY(!runInShell(QStringLiteral("kill -KILL $$"), 60s));
+        QVERIFY(runInShell(QStringLiteral("test 'a b' = \"a $(echo b)\""), 60s));
+    }
 
-void ShellTest::eventsAreHandledMeanwhile() {
-    QTemporaryDir folder;
-    const QString flag = folder.filePath(QStringLiteral("go on"));
-    // The command ends because an event is handled while it runs.
-    QTimer::singleShot(0, this, [&flag] { QVERIFY(QFile(flag).open(QIODevice::WriteOnly)); });
-    QVERIFY(runInShell(QStringLiteral("until [ -e '%1' ]; do sleep 0.01; done").arg(flag), 60s));
-}
+    void aCommandThatIsNoneHasFailed() {
+        QVERIFY(!runInShell(QStringLiteral("/nowhere/at/all 2>/dev/null"), 60s));
+    }
 
-void ShellTest::theLimitEndsTheCommandAndWhatItHasStarted() {
-    QTemporaryDir folder;
-    const QString name = folder.filePath(QStringLiteral("child"));
-    // The command itself ends with its last words: its child is what keeps it.
-    QVERIFY(!runInShell(QStringLiteral("sleep 1000 & echo $! > '%1'; wait").arg(name), 300ms));
-    const pid_t child = processIn(name);
-    QVERIFY(child > 0);
-    QTRY_VERIFY(!isAlive(child));
-}
+    void eventsAreHandledMeanwhile() {
+        QTemporaryDir folder;
+        const QString flag = folder.filePath(QStringLiteral("go on"));
+        // The command ends because an event is handled while it runs.
+        QTimer::singleShot(0, this, [&flag] { QVERIFY(QFile(flag).open(QIODevice::WriteOnly)); });
+        QVERIFY(runInShell(QStringLiteral("until [ -e '%1' ]; do sleep 0.01; done").arg(flag), 60s));
+    }
 
-void ShellTest::theProgramsEndEndsIt() {
-    QTimer::singleShot(0, QCoreApplication::instance(), &QCoreApplication::quit);
-    QVERIFY(!runInShell(QStringLiteral("sleep 1000"), 1000s)); // or the test would take its time
-}
+    void theLimitEndsTheCommandAndWhatItHasStarted() {
+        QTemporaryDir folder;
+        const QString name = folder.filePath(QStringLiteral("child"));
+        // The command itself ends with its last words: its child is what keeps it.
+        QVERIFY(!runInShell(QStringLiteral("sleep 1000 & echo $! > '%1'; wait").arg(name), 300ms));
+        const pid_t child = processIn(name);
+        QVERIFY(child > 0);
+        QTRY_VERIFY(!isAlive(child));
+    }
 
-void ShellTest::aTerminalsInterruptIsTheProgramsAlone() {
-    QTemporaryDir folder;
-    const QString name = folder.filePath(QStringLiteral("group"));
-    QVERIFY(runInShell(QStringLiteral("cut -d ' ' -f 5 /proc/$$/stat > '%1'").arg(name), 60s));
-    QVERIFY(processIn(name) > 0);
-    QVERIFY(processIn(name) != getpgrp());
-}
+    void aTerminalsInterruptIsTheProgramsAlone() {
+        QTemporaryDir folder;
+        const QString name = folder.filePath(QStringLiteral("group"));
+        QVERIFY(runInShell(QStringLiteral("cut -d ' ' -f 5 /proc/$$/stat > '%1'").arg(name), 60s));
+        QVERIFY(processIn(name) > 0);
+        QVERIFY(processIn(name) != getpgrp());
+    }
+
+    void theProgramsEndEndsIt() {
+        QTimer::singleShot(0, QCoreApplication::instance(), &QCoreApplication::quit);
+        QVERIFY(!runInShell(QStringLiteral("sleep 1000"), 1000s)); // or the test would take its time
+    }
+};
 
 QTEST_GUILESS_MAIN(ShellTest)
 #include "ShellTest.moc"

@@ -20,9 +20,30 @@ class ToolScaleTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void aHeldToolGetsAWholeNumberOfPixelsToAPoint_data();
-    void aHeldToolGetsAWholeNumberOfPixelsToAPoint();
-    void theAnnotationGetsTheScreenAsItIs();
+    void aHeldToolGetsAWholeNumberOfPixelsToAPoint_data() {
+        QTest::addColumn<Open>("open");
+        QTest::addColumn<Picture>("picture");
+        QTest::newRow("spotlight") << &OpenTools::openSpotlight << &pictureOf<Spolight2>;
+        QTest::newRow("magnifier") << &OpenTools::openMagnifier << &pictureOf<Magnifie>;
+        QTest::newRow("laser") << &OpenTools::openLaser << &pictureOf<LightPen>;
+    }
+
+    void aHeldToolGetsAWholeNumberOfPixelsToAPoint() {
+        QFETCH(Open, open);
+        QFETCH(Picture, picture);
+        QCOMPARE(QGuiApplication::primaryScreen()->devicePixelRatio(), 1.5);
+        OpenTools tools;
+        (tools.*open)();
+        QCOMPARE(picture().size(), QSize(400, 260) * 2);
+        QCOMPARE(picture().devicePixelRatio(), 2.0);
+    }
+
+    void theAnnotationGetsTheScreenAsItIs() {
+        OpenTools tools;
+        tools.openAnnotation();
+        QCOMPARE(pictureOf<PizhuForm>().size(), QSize(600, 390));
+        QCOMPARE(pictureOf<PizhuForm>().devicePixelRatio(), 1.5);
+    }
 
 private:
     template<typename Tool> static QPixmap pictureOf() {
@@ -32,31 +53,6 @@ private:
         return {};
     }
 };
-
-void ToolScaleTest::aHeldToolGetsAWholeNumberOfPixelsToAPoint_data() {
-    QTest::addColumn<Open>("open");
-    QTest::addColumn<Picture>("picture");
-    QTest::newRow("spotlight") << &OpenTools::openSpotlight << &pictureOf<Spolight2>;
-    QTest::newRow("magnifier") << &OpenTools::openMagnifier << &pictureOf<Magnifie>;
-    QTest::newRow("laser") << &OpenTools::openLaser << &pictureOf<LightPen>;
-}
-
-void ToolScaleTest::aHeldToolGetsAWholeNumberOfPixelsToAPoint() {
-    QFETCH(Open, open);
-    QFETCH(Picture, picture);
-    QCOMPARE(QGuiApplication::primaryScreen()->devicePixelRatio(), 1.5);
-    OpenTools tools;
-    (tools.*open)();
-    QCOMPARE(picture().size(), QSize(400, 260) * 2);
-    QCOMPARE(picture().devicePixelRatio(), 2.0);
-}
-
-void ToolScaleTest::theAnnotationGetsTheScreenAsItIs() {
-    OpenTools tools;
-    tools.openAnnotation();
-    QCOMPARE(pictureOf<PizhuForm>().size(), QSize(600, 390));
-    QCOMPARE(pictureOf<PizhuForm>().devicePixelRatio(), 1.5);
-}
 
 VEXA_WIDGET_TEST_MAIN(ToolScaleTest)
 #include "ToolScaleTest.moc"

@@ -4,6 +4,7 @@
 #include "e2e/WindowWatch.h"
 #include "support/Patience.h"
 #include "support/RealInput.h"
+#include "support/StoredSettings.h"
 #include "support/TestMain.h"
 
 #include <QDir>
@@ -108,28 +109,11 @@ private slots:
     void aRejectedGuideLeavesTheFileAsItWas() {
         e2e::Program program(withGuide());
         // As the program itself writes it: whatever else is saved, by the panel that follows, it shows.
-        QByteArray before =
-            "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<PenSetting FirstRun=\"1\">\n    <Setting>\n";
-        const std::pair<const char *, int> settings[] = {{"Key2P", 1},
-                                                         {"Key3P", 3},
-                                                         {"PenColor0", 2},
-                                                         {"PenColor1", 1},
-                                                         {"PenColor2", 0},
-                                                         {"PenThickness", 1},
-                                                         {"SportLightSize", 183},
-                                                         {"SportLightTran", 132},
-                                                         {"MagnifierSize", 177},
-                                                         {"MagnifierColor", 890},
-                                                         {"LaserPenSize", 13},
-                                                         {"LaserPenColor", 22},
-                                                         {"Key4C", 4},
-                                                         {"Key4P", 0},
-                                                         {"AutoStart", 0},
-                                                         {"Language", 2},
-                                                         {"ShowPrivacyWindow", 1}};
-        for (const auto &[name, value] : settings)
-            before += QByteArray("        <") + name + '>' + QByteArray::number(value) + "</" + name + ">\n";
-        before += "    </Setting>\n</PenSetting>\n";
+        const QByteArray before = savedFile([](const StoredSetting &setting) {
+            const bool otherwise =
+                setting.value == &ZrToolXmlClass::AutoStart || setting.value == &ZrToolXmlClass::Language;
+            return otherwise ? setting.atStart : setting.shipped;
+        });
         QVERIFY(bytes(before)(program.settingsPath()));
         e2e::WindowWatch watch;
         QVERIFY(program.start());

@@ -69,6 +69,7 @@ private slots:
     }
 
     void cleanup() { userfile::clear(); }
+
     void whatIsNotWellFormedChangesNothingAndIsKept_data() {
         QTest::addColumn<QByteArray>("bytes");
         QTest::newRow("empty") << QByteArray("");

@@ -76,85 +76,75 @@ class BandedFirstFrameTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() {
+        m_overlay = std::make_unique<Overlay>();
+        vexa::platform::showOverPrimaryScreen(*m_overlay);
+        QVERIFY(QTest::qWaitForWindowExposed(m_overlay.get(), patience));
+        QCOMPARE(m_overlay->findChild<vexa::platform::BandedFirstFrame *>() != nullptr,
+                 ScreenBands::instance() != nullptr);
+    }
+
+    void cleanup() { m_overlay.reset(); }
 
     void everyPixelIsTheToolkits() { QVERIFY(isOnScreen(*m_overlay)); }
-    void onlyWhatChangesIsPaintedAfterwards();
-    void whatWasCoveredComesBack();
-    void aHiddenWindowComesBack();
-    void aNewSizeIsPaintedWhole();
-    void aFrameNeedsNoMemoryForTheWholeWindow();
+
+    void onlyWhatChangesIsPaintedAfterwards() {
+        QVERIFY(isOnScreen(*m_overlay));
+        m_overlay->setDot({500, 100});
+        m_overlay->label().setText(QStringLiteral("another"));
+        QVERIFY(isOnScreen(*m_overlay));
+    }
+
+    void whatWasCoveredComesBack() {
+        QVERIFY(isOnScreen(*m_overlay));
+        {
+            const int ratio = int(screenRatio());
+            ForeignWindow cover(ForeignWindow::Kind::Unmanaged,
+                                QRect(90 * ratio, 70 * ratio, 250 * ratio, 250 * ratio), Qt::green);
+            QTRY_VERIFY_WITH_TIMEOUT(cover.isViewable(), patience);
+            QTRY_VERIFY_WITH_TIMEOUT(differences(shownOnScreen(), asTheToolkitPaints(*m_overlay)) > 1000,
+                                     patience);
+            m_overlay->setDot({140, 150});
+            QCoreApplication::processEvents();
+        }
+        QVERIFY(isOnScreen(*m_overlay));
+    }
+
+    void aHiddenWindowComesBack() {
+        QVERIFY(isOnScreen(*m_overlay));
+        m_overlay->hide();
+        m_overlay->setDot({200, 200});
+        m_overlay->show();
+        QVERIFY(isOnScreen(*m_overlay));
+    }
+
+    void aNewSizeIsPaintedWhole() {
+        QVERIFY(isOnScreen(*m_overlay));
+        const QSize size = screenPoints();
+        m_overlay->resize(size - QSize(20, 20));
+        QCoreApplication::processEvents();
+        m_overlay->resize(size);
+        QVERIFY(isOnScreen(*m_overlay));
+    }
+
+    void aFrameNeedsNoMemoryForTheWholeWindow() {
+        if (!ScreenBands::instance() || addressSanitized || screenRatio() != qRound(screenRatio()))
+            QSKIP("here the toolkit paints by itself, or pages are not the program's alone");
+        const long pagesOfTheWindow = long(asTheToolkitPaints(*m_overlay).sizeInBytes() / 4096);
+        m_overlay = std::make_unique<Overlay>();
+        const long before = pagesFetched();
+        vexa::platform::showOverPrimaryScreen(*m_overlay);
+        QVERIFY(QTest::qWaitForWindowExposed(m_overlay.get(), patience));
+        QCoreApplication::processEvents();
+        const long fetched = pagesFetched() - before;
+        QVERIFY(isOnScreen(*m_overlay));
+        QVERIFY2(fetched < pagesOfTheWindow / 2,
+                 qPrintable(QStringLiteral("%1 of %2").arg(fetched).arg(pagesOfTheWindow)));
+    }
 
 private:
     std::unique_ptr<Overlay> m_overlay;
 };
-
-void BandedFirstFrameTest::init() {
-    m_overlay = std::make_unique<Overlay>();
-    vexa::platform::showOverPrimaryScreen(*m_overlay);
-    QVERIFY(QTest::qWaitForWindowExposed(m_overlay.get(), patience));
-    QCOMPARE(m_overlay->findChild<vexa::platform::BandedFirstFrame *>() != nullptr,
-             ScreenBands::instance() != nullptr);
-}
-
-void BandedFirstFrameTest::cleanup() {
-    m_overlay.reset();
-}
-
-void BandedFirstFrameTest::onlyWhatChangesIsPaintedAfterwards() {
-    QVERIFY(isOnScreen(*m_overlay));
-    m_overlay->setDot({500, 100});
-    m_overlay->label().setText(QStringLiteral("another"));
-    QVERIFY(isOnScreen(*m_overlay));
-}
-
-void BandedFirstFrameTest::whatWasCoveredComesBack() {
-    QVERIFY(isOnScreen(*m_overlay));
-    {
-        const int ratio = int(screenRatio());
-        ForeignWindow cover(ForeignWindow::Kind::Unmanaged,
-                            QRect(90 * ratio, 70 * ratio, 250 * ratio, 250 * ratio), Qt::green);
-        QTRY_VERIFY_WITH_TIMEOUT(cover.isViewable(), patience);
-        QTRY_VERIFY_WITH_TIMEOUT(differences(shownOnScreen(), asTheToolkitPaints(*m_overlay)) > 1000,
-                                 patience);
-        m_overlay->setDot({140, 150});
-        QCoreApplication::processEvents();
-    }
-    QVERIFY(isOnScreen(*m_overlay));
-}
-
-void BandedFirstFrameTest::aHiddenWindowComesBack() {
-    QVERIFY(isOnScreen(*m_overlay));
-    m_overlay->hide();
-    m_overlay->setDot({200, 200});
-    m_overlay->show();
-    QVERIFY(isOnScreen(*m_overlay));
-}
-
-void BandedFirstFrameTest::aNewSizeIsPaintedWhole() {
-    QVERIFY(isOnScreen(*m_overlay));
-    const QSize size = screenPoints();
-    m_overlay->resize(size - QSize(20, 20));
-    QCoreApplication::processEvents();
-    m_overlay->resize(size);
-    QVERIFY(isOnScreen(*m_overlay));
-}
-
-void BandedFirstFrameTest::aFrameNeedsNoMemoryForTheWholeWindow() {
-    if (!ScreenBands::instance() || addressSanitized || screenRatio() != qRound(screenRatio()))
-        QSKIP("here the toolkit paints by itself, or pages are not the program's alone");
-    const long pagesOfTheWindow = long(asTheToolkitPaints(*m_overlay).sizeInBytes() / 4096);
-    m_overlay = std::make_unique<Overlay>();
-    const long before = pagesFetched();
-    vexa::platform::showOverPrimaryScreen(*m_overlay);
-    QVERIFY(QTest::qWaitForWindowExposed(m_overlay.get(), patience));
-    QCoreApplication::processEvents();
-    const long fetched = pagesFetched() - before;
-    QVERIFY(isOnScreen(*m_overlay));
-    QVERIFY2(fetched < pagesOfTheWindow / 2,
-             qPrintable(QStringLiteral("%1 of %2").arg(fetched).arg(pagesOfTheWindow)));
-}
 
 VEXA_WIDGET_TEST_MAIN(BandedFirstFrameTest)
 #include "BandedFirstFrameTest.moc"

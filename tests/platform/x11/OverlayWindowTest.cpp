@@ -64,8 +64,12 @@ bool isScreenBare() {
 /// A presentation: green, over the whole screen, with the focus.
 class SlideShow : public ForeignWindow {
 public:
-    SlideShow() : ForeignWindow(Kind::FullScreen, wholeScreen(), QColor(green)) {}
+    /// Presents when it returns, or fails the test.
+    SlideShow() : ForeignWindow(Kind::FullScreen, wholeScreen(), QColor(green)) {
+        QTRY_VERIFY_WITH_TIMEOUT(isPresenting(), patience);
+    }
 
+private:
     bool isPresenting() {
         if (!isViewable())
             return false;
@@ -74,6 +78,11 @@ public:
         return hasFocus() && shownAt(cardRect.center()) == green;
     }
 };
+
+/// Waits until the card, or what is on it, has the colour.
+void awaitColour(QRgb colour) {
+    QTRY_COMPARE_WITH_TIMEOUT(shownAt(cardRect.center()), colour, patience);
+}
 
 /// Waits without an event loop, so that nothing is sent but by what was called before.
 bool comesTrue(const std::function<bool()> &condition) {
@@ -106,258 +115,230 @@ class OverlayWindowTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init();
-    void anOverlayStandsAboveASlideShowThatKeepsTheFocus();
-    void anOverlayCoversPanels();
-    void anOverlayClickedOnLeavesTheFocusToo();
-    void everyCoverIsTheWholeScreenAndTheWidgetsState_data();
-    void everyCoverIsTheWholeScreenAndTheWidgetsState();
-    void theWidgetsFlagsStay();
-    void aCardStandsAboveASlideShowThatKeepsTheFocus();
-    void theWindowShownLastIsOnTop();
-    void theMousePassesThroughACard();
-    void anInvisibleCardIsNeitherSeenNorClicked_data();
-    void anInvisibleCardIsNeitherSeenNorClicked();
-    void aCardInvisibleBeforeItIsShownIsNeverSeen();
-    void aCardComesBack();
-    void aCardShownInvisibleComesAtOnce();
-    void everyStepOfAFadeReachesTheServer();
-    void aStepOfAFadeIsOneRequest();
-    void aStepThatChangesNothingSendsNothing();
-    void aFadeIsSeenWhereItCanBe();
-};
-
-/// A compositing manager paints what has gone a moment later: no test may take an earlier one's windows for
-/// its own.
-void OverlayWindowTest::init() {
-    moveMouse({5, 5});
-    QTRY_VERIFY_WITH_TIMEOUT(isScreenBare(), patience);
-}
-
-void OverlayWindowTest::anOverlayStandsAboveASlideShowThatKeepsTheFocus() {
-    SlideShow show;
-    QTRY_VERIFY_WITH_TIMEOUT(show.isPresenting(), patience);
-    Card overlay(QRect(0, 0, 10, 10));
-    showOverPrimaryScreen(overlay);
-    QTRY_COMPARE_WITH_TIMEOUT(shownAt(cardRect.center()), red, patience);
-    const QImage screen = shownOnScreen();
-    for (const QPoint &corner : {wholeScreen().topLeft(), wholeScreen().topRight(),
-                                 wholeScreen().bottomLeft(), wholeScreen().bottomRight()})
-        QCOMPARE(screen.pixel(corner), red);
-    QVERIFY(show.hasFocus());
-    QVERIFY(!overlay.isActiveWindow());
-    overlay.close();
-    QTRY_COMPARE_WITH_TIMEOUT(shownAt(cardRect.center()), green, patience);
-    QVERIFY(show.hasFocus());
-}
-
-void OverlayWindowTest::anOverlayCoversPanels() {
-    ForeignWindow panel(ForeignWindow::Kind::Panel,
-                        {0, wholeScreen().bottom() - 29, screenPoints().width(), 30}, QColor(green));
-    const QPoint onPanel(300, wholeScreen().bottom() - 10);
-    QTRY_COMPARE_WITH_TIMEOUT(shownAt(onPanel), green, patience);
-    Card overlay;
-    showOverPrimaryScreen(overlay);
-    QTRY_COMPARE_WITH_TIMEOUT(shownAt(onPanel), red, patience);
-}
-
-void OverlayWindowTest::anOverlayClickedOnLeavesTheFocusToo() {
-    SlideShow show;
-    QTRY_VERIFY_WITH_TIMEOUT(show.isPresenting(), patience);
-    Card overlay;
-    showOverPrimaryScreen(overlay);
-    QTRY_COMPARE_WITH_TIMEOUT(shownAt(cardRect.center()), red, patience);
-    clickAt(cardRect.center());
-    QTRY_COMPARE_WITH_TIMEOUT(overlay.presses, 1, patience);
-    QVERIFY(show.hasFocus());
-    QCOMPARE(show.presses(), 0);
-}
-
-void OverlayWindowTest::everyCoverIsTheWholeScreenAndTheWidgetsState_data() {
-    QTest::addColumn<Cover>("cover");
-    QTest::newRow("full screen") << Cover::FullScreen;
-    QTest::newRow("maximised") << Cover::Maximized;
-}
-
-void OverlayWindowTest::everyCoverIsTheWholeScreenAndTheWidgetsState() {
-    QFETCH(Cover, cover);
-    SlideShow show;
-    QTRY_VERIFY_WITH_TIMEOUT(show.isPresenting(), patience);
-    Card overlay;
-    showOverPrimaryScreen(overlay, cover);
-    QTRY_COMPARE_WITH_TIMEOUT(shownAt(wholeScreen().bottomRight()), red, patience);
-    QCOMPARE(shownAt(wholeScreen().topLeft()), red);
-    QVERIFY(QTest::qWaitForWindowExposed(&overlay, patience));
-    QCOMPARE(overlay.geometry(), wholeScreen());
-    QCOMPARE(overlay.isFullScreen(), cover == Cover::FullScreen);
-    QCOMPARE(overlay.isMaximized(), cover == Cover::Maximized);
-    QVERIFY(isUnmanagedOnServer(overlay.internalWinId()));
-    QVERIFY(show.hasFocus());
-}
-
-void OverlayWindowTest::theWidgetsFlagsStay() {
-    Card overlay;
-    Card card;
-    showOverPrimaryScreen(overlay);
-    setOverlayOpacity(card, 0.5);
-    showAboveAll(card);
-    setOverlayOpacity(card, 0.0);
-    for (const Card *widget : {&overlay, &card}) {
-        QCOMPARE(widget->windowFlags(), cardFlags);
-        QVERIFY(isUnmanagedOnServer(widget->internalWinId()));
-        QVERIFY(isToldToHaveNoShadow(widget->internalWinId()));
+    /// A compositing manager paints what has gone a moment later: no test may take an earlier one's windows
+    /// for its own.
+    void init() {
+        moveMouse({5, 5});
+        QTRY_VERIFY_WITH_TIMEOUT(isScreenBare(), patience);
     }
-    QCOMPARE(card.geometry(), cardRect);
-}
 
-void OverlayWindowTest::aCardStandsAboveASlideShowThatKeepsTheFocus() {
-    SlideShow show;
-    QTRY_VERIFY_WITH_TIMEOUT(show.isPresenting(), patience);
-    Card card;
-    showAboveAll(card);
-    QTRY_COMPARE_WITH_TIMEOUT(shownAt(cardRect.center()), red, patience);
-    QCOMPARE(shownAt(cardRect.topLeft() - QPoint(1, 1)), green);
-    QVERIFY(show.hasFocus());
-}
+    void anOverlayStandsAboveASlideShowThatKeepsTheFocus() {
+        SlideShow show;
+        Card overlay(QRect(0, 0, 10, 10));
+        showOverPrimaryScreen(overlay);
+        awaitColour(red);
+        const QImage screen = shownOnScreen();
+        for (const QPoint &corner : {wholeScreen().topLeft(), wholeScreen().topRight(),
+                                     wholeScreen().bottomLeft(), wholeScreen().bottomRight()})
+            QCOMPARE(screen.pixel(corner), red);
+        QVERIFY(show.hasFocus());
+        QVERIFY(!overlay.isActiveWindow());
+        overlay.close();
+        awaitColour(green);
+        QVERIFY(show.hasFocus());
+    }
 
-void OverlayWindowTest::theWindowShownLastIsOnTop() {
-    Card card;
-    card.setPalette(QColor(Qt::blue));
-    showAboveAll(card);
-    QTRY_COMPARE_WITH_TIMEOUT(shownAt(cardRect.center()), QColor(Qt::blue).rgb(), patience);
-    Card overlay;
-    showOverPrimaryScreen(overlay);
-    QTRY_COMPARE_WITH_TIMEOUT(shownAt(cardRect.center()), red, patience);
-    showAboveAll(card); // which is shown already
-    QTRY_COMPARE_WITH_TIMEOUT(shownAt(cardRect.center()), QColor(Qt::blue).rgb(), patience);
-}
+    void anOverlayCoversPanels() {
+        ForeignWindow panel(ForeignWindow::Kind::Panel,
+                            {0, wholeScreen().bottom() - 29, screenPoints().width(), 30}, QColor(green));
+        const QPoint onPanel(300, wholeScreen().bottom() - 10);
+        QTRY_COMPARE_WITH_TIMEOUT(shownAt(onPanel), green, patience);
+        Card overlay;
+        showOverPrimaryScreen(overlay);
+        QTRY_COMPARE_WITH_TIMEOUT(shownAt(onPanel), red, patience);
+    }
 
-void OverlayWindowTest::theMousePassesThroughACard() {
-    SlideShow show;
-    QTRY_VERIFY_WITH_TIMEOUT(show.isPresenting(), patience);
-    Card card;
-    showAboveAll(card);
-    QTRY_COMPARE_WITH_TIMEOUT(shownAt(cardRect.center()), red, patience);
-    clickAt(cardRect.center());
-    QTRY_COMPARE_WITH_TIMEOUT(show.presses(), 1, patience);
-    setOverlayOpacity(card, 0.0);
-    setOverlayOpacity(card, 0.5);
-    clickAt(cardRect.center());
-    QTRY_COMPARE_WITH_TIMEOUT(show.presses(), 2, patience);
-    QCOMPARE(card.presses, 0);
-}
+    void anOverlayClickedOnLeavesTheFocusToo() {
+        SlideShow show;
+        Card overlay;
+        showOverPrimaryScreen(overlay);
+        awaitColour(red);
+        clickAt(cardRect.center());
+        QTRY_COMPARE_WITH_TIMEOUT(overlay.presses, 1, patience);
+        QVERIFY(show.hasFocus());
+        QCOMPARE(show.presses(), 0);
+    }
 
-void OverlayWindowTest::anInvisibleCardIsNeitherSeenNorClicked_data() {
-    QTest::addColumn<double>("opacity");
-    QTest::newRow("zero") << 0.0;
-    QTest::newRow("below") << -0.05;
-    QTest::newRow("far below") << -100.0;
-    QTest::newRow("what twenty steps of 0.05 leave of 1") << 4e-16;
-}
+    void everyCoverIsTheWholeScreenAndTheWidgetsState_data() {
+        QTest::addColumn<Cover>("cover");
+        QTest::newRow("full screen") << Cover::FullScreen;
+        QTest::newRow("maximised") << Cover::Maximized;
+    }
 
-void OverlayWindowTest::anInvisibleCardIsNeitherSeenNorClicked() {
-    QFETCH(double, opacity);
-    SlideShow show;
-    QTRY_VERIFY_WITH_TIMEOUT(show.isPresenting(), patience);
-    Card card;
-    showAboveAll(card);
-    QTRY_COMPARE_WITH_TIMEOUT(shownAt(cardRect.center()), red, patience);
-    setOverlayOpacity(card, opacity);
-    QTRY_COMPARE_WITH_TIMEOUT(shownAt(cardRect.center()), green, patience);
-    clickAt(cardRect.center());
-    QTRY_COMPARE_WITH_TIMEOUT(show.presses(), 1, patience);
-    QCOMPARE(card.presses, 0);
-    QVERIFY(card.isVisible());
-}
+    void everyCoverIsTheWholeScreenAndTheWidgetsState() {
+        QFETCH(Cover, cover);
+        SlideShow show;
+        Card overlay;
+        showOverPrimaryScreen(overlay, cover);
+        QTRY_COMPARE_WITH_TIMEOUT(shownAt(wholeScreen().bottomRight()), red, patience);
+        QCOMPARE(shownAt(wholeScreen().topLeft()), red);
+        QVERIFY(QTest::qWaitForWindowExposed(&overlay, patience));
+        QCOMPARE(overlay.geometry(), wholeScreen());
+        QCOMPARE(overlay.isFullScreen(), cover == Cover::FullScreen);
+        QCOMPARE(overlay.isMaximized(), cover == Cover::Maximized);
+        QVERIFY(isUnmanagedOnServer(overlay.internalWinId()));
+        QVERIFY(show.hasFocus());
+    }
 
-void OverlayWindowTest::aCardInvisibleBeforeItIsShownIsNeverSeen() {
-    SlideShow show;
-    QTRY_VERIFY_WITH_TIMEOUT(show.isPresenting(), patience);
-    Card card;
-    setOverlayOpacity(card, 0.0);
-    QVERIFY(!hasAreaOnServer(card.internalWinId()));
-    showAboveAll(card);
-    QVERIFY(card.isVisible());
-    QVERIFY(!hasAreaOnServer(card.internalWinId()));
-    QCOMPARE(shownAt(cardRect.center()), green);
-    clickAt(cardRect.center());
-    QTRY_COMPARE_WITH_TIMEOUT(show.presses(), 1, patience);
-}
-
-void OverlayWindowTest::aCardComesBack() {
-    SlideShow show;
-    QTRY_VERIFY_WITH_TIMEOUT(show.isPresenting(), patience);
-    Card card;
-    showAboveAll(card);
-    for (int round = 0; round < 3; ++round) {
+    void theWidgetsFlagsStay() {
+        Card overlay;
+        Card card;
+        showOverPrimaryScreen(overlay);
+        setOverlayOpacity(card, 0.5);
+        showAboveAll(card);
         setOverlayOpacity(card, 0.0);
-        QTRY_COMPARE_WITH_TIMEOUT(shownAt(cardRect.center()), green, patience);
-        card.resize(cardRect.size() + QSize(round, round));
+        for (const Card *widget : {&overlay, &card}) {
+            QCOMPARE(widget->windowFlags(), cardFlags);
+            QVERIFY(isUnmanagedOnServer(widget->internalWinId()));
+            QVERIFY(isToldToHaveNoShadow(widget->internalWinId()));
+        }
+        QCOMPARE(card.geometry(), cardRect);
+    }
+
+    void aCardStandsAboveASlideShowThatKeepsTheFocus() {
+        SlideShow show;
+        Card card;
+        showAboveAll(card);
+        awaitColour(red);
+        QCOMPARE(shownAt(cardRect.topLeft() - QPoint(1, 1)), green);
+        QVERIFY(show.hasFocus());
+    }
+
+    void theWindowShownLastIsOnTop() {
+        Card card;
+        card.setPalette(QColor(Qt::blue));
+        showAboveAll(card);
+        awaitColour(QColor(Qt::blue).rgb());
+        Card overlay;
+        showOverPrimaryScreen(overlay);
+        awaitColour(red);
+        showAboveAll(card); // which is shown already
+        awaitColour(QColor(Qt::blue).rgb());
+    }
+
+    void theMousePassesThroughACard() {
+        SlideShow show;
+        Card card;
+        showAboveAll(card);
+        awaitColour(red);
+        clickAt(cardRect.center());
+        QTRY_COMPARE_WITH_TIMEOUT(show.presses(), 1, patience);
+        setOverlayOpacity(card, 0.0);
+        setOverlayOpacity(card, 0.5);
+        clickAt(cardRect.center());
+        QTRY_COMPARE_WITH_TIMEOUT(show.presses(), 2, patience);
+        QCOMPARE(card.presses, 0);
+    }
+
+    void anInvisibleCardIsNeitherSeenNorClicked_data() {
+        QTest::addColumn<double>("opacity");
+        QTest::newRow("zero") << 0.0;
+        QTest::newRow("below") << -0.05;
+        QTest::newRow("far below") << -100.0;
+        QTest::newRow("what twenty steps of 0.05 leave of 1") << 4e-16;
+    }
+
+    void anInvisibleCardIsNeitherSeenNorClicked() {
+        QFETCH(double, opacity);
+        SlideShow show;
+        Card card;
+        showAboveAll(card);
+        awaitColour(red);
+        setOverlayOpacity(card, opacity);
+        awaitColour(green);
+        clickAt(cardRect.center());
+        QTRY_COMPARE_WITH_TIMEOUT(show.presses(), 1, patience);
+        QCOMPARE(card.presses, 0);
+        QVERIFY(card.isVisible());
+    }
+
+    void aCardInvisibleBeforeItIsShownIsNeverSeen() {
+        SlideShow show;
+        Card card;
+        setOverlayOpacity(card, 0.0);
+        QVERIFY(!hasAreaOnServer(card.internalWinId()));
+        showAboveAll(card);
+        QVERIFY(card.isVisible());
+        QVERIFY(!hasAreaOnServer(card.internalWinId()));
+        QCOMPARE(shownAt(cardRect.center()), green);
+        clickAt(cardRect.center());
+        QTRY_COMPARE_WITH_TIMEOUT(show.presses(), 1, patience);
+    }
+
+    void aCardComesBack() {
+        SlideShow show;
+        Card card;
+        showAboveAll(card);
+        for (int round = 0; round < 3; ++round) {
+            setOverlayOpacity(card, 0.0);
+            awaitColour(green);
+            card.resize(cardRect.size() + QSize(round, round));
+            setOverlayOpacity(card, 1.0);
+            awaitColour(red);
+            QCOMPARE(shownAt(cardRect.topLeft()), red);
+        }
+        QVERIFY(show.hasFocus());
+    }
+
+    void aCardShownInvisibleComesAtOnce() {
+        Card card;
+        setOverlayOpacity(card, 0.0);
+        showAboveAll(card);
         setOverlayOpacity(card, 1.0);
-        QTRY_COMPARE_WITH_TIMEOUT(shownAt(cardRect.center()), red, patience);
-        QCOMPARE(shownAt(cardRect.topLeft()), red);
+        awaitColour(red);
     }
-    QVERIFY(show.hasFocus());
-}
 
-void OverlayWindowTest::aCardShownInvisibleComesAtOnce() {
-    Card card;
-    setOverlayOpacity(card, 0.0);
-    showAboveAll(card);
-    setOverlayOpacity(card, 1.0);
-    QTRY_COMPARE_WITH_TIMEOUT(shownAt(cardRect.center()), red, patience);
-}
-
-void OverlayWindowTest::everyStepOfAFadeReachesTheServer() {
-    Card card;
-    showAboveAll(card);
-    const WId window = card.internalWinId();
-    const auto shows = [window](double opacity, bool area) {
-        return comesTrue([=] {
-            return std::abs(opacityOnServer(window) - opacity) < 0.01 && hasAreaOnServer(window) == area;
-        });
-    };
-    for (int step = 19; step >= 1; --step) {
-        setOverlayOpacity(card, step * 0.05);
-        QVERIFY(shows(step * 0.05, true));
+    void everyStepOfAFadeReachesTheServer() {
+        Card card;
+        showAboveAll(card);
+        const WId window = card.internalWinId();
+        const auto shows = [window](double opacity, bool area) {
+            return comesTrue([=] {
+                return std::abs(opacityOnServer(window) - opacity) < 0.01 && hasAreaOnServer(window) == area;
+            });
+        };
+        for (int step = 19; step >= 1; --step) {
+            setOverlayOpacity(card, step * 0.05);
+            QVERIFY(shows(step * 0.05, true));
+        }
+        setOverlayOpacity(card, 0.0);
+        QVERIFY(shows(0.0, false));
+        setOverlayOpacity(card, 1.0);
+        QVERIFY(shows(1.0, true));
     }
-    setOverlayOpacity(card, 0.0);
-    QVERIFY(shows(0.0, false));
-    setOverlayOpacity(card, 1.0);
-    QVERIFY(shows(1.0, true));
-}
 
-void OverlayWindowTest::aStepOfAFadeIsOneRequest() {
-    Card card;
-    showAboveAll(card);
-    for (const double opacity : {0.95, 0.9, 0.5})
-        QCOMPARE(requestsOf([&] { setOverlayOpacity(card, opacity); }), 1U);
-}
-
-void OverlayWindowTest::aStepThatChangesNothingSendsNothing() {
-    Card card;
-    showAboveAll(card);
-    for (const double opacity : {1.0, 0.5, 0.0}) {
-        setOverlayOpacity(card, opacity);
-        QCOMPARE(requestsOf([&] { setOverlayOpacity(card, opacity); }), 0U);
+    void aStepOfAFadeIsOneRequest() {
+        Card card;
+        showAboveAll(card);
+        for (const double opacity : {0.95, 0.9, 0.5})
+            QCOMPARE(requestsOf([&] { setOverlayOpacity(card, opacity); }), 1U);
     }
-    for (const double faded : {-0.05, -0.1, -7.0, 4e-16})
-        QCOMPARE(requestsOf([&] { setOverlayOpacity(card, faded); }), 0U);
-}
 
-void OverlayWindowTest::aFadeIsSeenWhereItCanBe() {
-    SlideShow show;
-    QTRY_VERIFY_WITH_TIMEOUT(show.isPresenting(), patience);
-    Card card;
-    showAboveAll(card);
-    QTRY_COMPARE_WITH_TIMEOUT(shownAt(cardRect.center()), red, patience);
-    const bool compositing = QX11Info::isCompositingManagerRunning();
-    for (const double opacity : {0.75, 0.5, 0.25}) {
-        setOverlayOpacity(card, opacity);
-        const QRgb blend = qRgb(qRound(255 * opacity), qRound(255 * (1 - opacity)), 0);
-        QTRY_VERIFY_WITH_TIMEOUT(alike(shownAt(cardRect.center()), compositing ? blend : red, 3), patience);
+    void aStepThatChangesNothingSendsNothing() {
+        Card card;
+        showAboveAll(card);
+        for (const double opacity : {1.0, 0.5, 0.0}) {
+            setOverlayOpacity(card, opacity);
+            QCOMPARE(requestsOf([&] { setOverlayOpacity(card, opacity); }), 0U);
+        }
+        for (const double faded : {-0.05, -0.1, -7.0, 4e-16})
+            QCOMPARE(requestsOf([&] { setOverlayOpacity(card, faded); }), 0U);
     }
-}
+
+    void aFadeIsSeenWhereItCanBe() {
+        SlideShow show;
+        Card card;
+        showAboveAll(card);
+        awaitColour(red);
+        const bool compositing = QX11Info::isCompositingManagerRunning();
+        for (const double opacity : {0.75, 0.5, 0.25}) {
+            setOverlayOpacity(card, opacity);
+            const QRgb blend = qRgb(qRound(255 * opacity), qRound(255 * (1 - opacity)), 0);
+            QTRY_VERIFY_WITH_TIMEOUT(alike(shownAt(cardRect.center()), compositing ? blend : red, 3),
+                                     patience);
+        }
+    }
+};
 
 VEXA_WIDGET_TEST_MAIN(OverlayWindowTest)
 #include "OverlayWindowTest.moc"

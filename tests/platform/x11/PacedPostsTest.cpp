@@ -69,103 +69,94 @@ class PacedPostsTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void withoutAClickEverythingLeavesAtOnce();
-    void aClickLeavesAtOnceAndTheKeyBehindItWaits();
-    void whatIsPostedBehindAWaitingKeyWaitsToo();
-    void aWaitingKeyLeavesByItselfAfterThePause();
-    void aPressAloneLetsNoKeyWait();
-    void whatWaitsAtTheEndLeavesFirst();
-    void aRefusalIsTold();
-    void withoutAThreadToWaitOnAKeyLeavesAtOnce();
-};
+    void withoutAClickEverythingLeavesAtOnce() {
+        Session session;
+        PacedPosts posts(session.post(), {1h, 0ms});
+        const Types all{kCGEventKeyDown, kCGEventKeyUp, kCGEventMouseMoved, kCGEventKeyDown};
+        for (const std::uint32_t type : all)
+            QVERIFY(post(posts, type));
+        QCOMPARE(session.types(), all);
+    }
 
-void PacedPostsTest::withoutAClickEverythingLeavesAtOnce() {
-    Session session;
-    PacedPosts posts(session.post(), {1h, 0ms});
-    const Types all{kCGEventKeyDown, kCGEventKeyUp, kCGEventMouseMoved, kCGEventKeyDown};
-    for (const std::uint32_t type : all)
-        QVERIFY(post(posts, type));
-    QCOMPARE(session.types(), all);
-}
-
-void PacedPostsTest::aClickLeavesAtOnceAndTheKeyBehindItWaits() {
-    Session session;
-    PacedPosts posts(session.post(), {1h, 0ms});
-    postClick(posts);
-    QVERIFY(post(posts, kCGEventMouseMoved));
-    QVERIFY(post(posts, kCGEventKeyDown)); // and this returns
-    QCOMPARE(session.types(), click + Types{kCGEventMouseMoved});
-}
-
-void PacedPostsTest::whatIsPostedBehindAWaitingKeyWaitsToo() {
-    Session session;
-    {
+    void aClickLeavesAtOnceAndTheKeyBehindItWaits() {
+        Session session;
         PacedPosts posts(session.post(), {1h, 0ms});
         postClick(posts);
-        for (const std::uint32_t type : {kCGEventKeyDown, kCGEventKeyUp, kCGEventMouseMoved})
-            QVERIFY(post(posts, type));
-        QCOMPARE(session.types(), click);
+        QVERIFY(post(posts, kCGEventMouseMoved));
+        QVERIFY(post(posts, kCGEventKeyDown)); // and this returns
+        QCOMPARE(session.types(), click + Types{kCGEventMouseMoved});
     }
-    QCOMPARE(session.types(), (click + Types{kCGEventKeyDown, kCGEventKeyUp, kCGEventMouseMoved}));
-}
 
-void PacedPostsTest::aWaitingKeyLeavesByItselfAfterThePause() {
-    Session session;
-    PacedPosts posts(session.post(), {50ms, 0ms});
-    for (int round = 0; round < 3; ++round) {
-        postClick(posts);
-        post(posts, kCGEventKeyDown);
-    }
-    QTRY_COMPARE(session.types().size(), std::size_t{12});
-    const auto times = session.times();
-    for (std::size_t key = 3; key < times.size(); key += 4) {
-        QCOMPARE(session.types()[key], std::uint32_t{kCGEventKeyDown});
-        QVERIFY(times[key] - times[key - 1] >= 50ms);
-    }
-}
-
-void PacedPostsTest::aPressAloneLetsNoKeyWait() {
-    Session session;
-    PacedPosts posts(session.post(), {1h, 0ms});
-    QVERIFY(post(posts, kCGEventLeftMouseDown));
-    QVERIFY(post(posts, kCGEventKeyDown));
-    QCOMPARE(session.types(), (Types{kCGEventLeftMouseDown, kCGEventKeyDown}));
-}
-
-void PacedPostsTest::whatWaitsAtTheEndLeavesFirst() {
-    for (const PacedPosts::Pace pace : {PacedPosts::Pace{30ms, 1h}, PacedPosts::Pace{1h, 30ms}}) {
+    void whatIsPostedBehindAWaitingKeyWaitsToo() {
         Session session;
         {
-            PacedPosts posts(session.post(), pace);
+            PacedPosts posts(session.post(), {1h, 0ms});
+            postClick(posts);
+            for (const std::uint32_t type : {kCGEventKeyDown, kCGEventKeyUp, kCGEventMouseMoved})
+                QVERIFY(post(posts, type));
+            QCOMPARE(session.types(), click);
+        }
+        QCOMPARE(session.types(), (click + Types{kCGEventKeyDown, kCGEventKeyUp, kCGEventMouseMoved}));
+    }
+
+    void aWaitingKeyLeavesByItselfAfterThePause() {
+        Session session;
+        PacedPosts posts(session.post(), {50ms, 0ms});
+        for (int round = 0; round < 3; ++round) {
             postClick(posts);
             post(posts, kCGEventKeyDown);
         }
-        QCOMPARE(session.types(), click + Types{kCGEventKeyDown});
-        QVERIFY(session.times()[3] - session.times()[2] >= 30ms); // in its time, or when there is no more
+        QTRY_COMPARE(session.types().size(), std::size_t{12});
+        const auto times = session.times();
+        for (std::size_t key = 3; key < times.size(); key += 4) {
+            QCOMPARE(session.types()[key], std::uint32_t{kCGEventKeyDown});
+            QVERIFY(times[key] - times[key - 1] >= 50ms);
+        }
     }
-}
 
-void PacedPostsTest::aRefusalIsTold() {
-    Session session;
-    session.refuses = true;
-    PacedPosts posts(session.post(), {1h, 0ms});
-    QVERIFY(!post(posts, kCGEventKeyDown));
-}
+    void aPressAloneLetsNoKeyWait() {
+        Session session;
+        PacedPosts posts(session.post(), {1h, 0ms});
+        QVERIFY(post(posts, kCGEventLeftMouseDown));
+        QVERIFY(post(posts, kCGEventKeyDown));
+        QCOMPARE(session.types(), (Types{kCGEventLeftMouseDown, kCGEventKeyDown}));
+    }
 
-void PacedPostsTest::withoutAThreadToWaitOnAKeyLeavesAtOnce() {
-    pthread_attr_t usual, impossible;
-    QCOMPARE(pthread_getattr_default_np(&usual), 0);
-    QCOMPARE(pthread_attr_init(&impossible), 0);
-    QCOMPARE(pthread_attr_setstacksize(&impossible, std::size_t{1} << 47), 0); // nobody has that much
-    QCOMPARE(pthread_setattr_default_np(&impossible), 0);
-    Session session;
-    PacedPosts posts(session.post(), {1h, 0ms});
-    postClick(posts);
-    const bool posted = post(posts, kCGEventKeyDown);
-    QCOMPARE(pthread_setattr_default_np(&usual), 0);
-    QVERIFY(posted);
-    QCOMPARE(session.types(), click + Types{kCGEventKeyDown});
-}
+    void whatWaitsAtTheEndLeavesFirst() {
+        for (const PacedPosts::Pace pace : {PacedPosts::Pace{30ms, 1h}, PacedPosts::Pace{1h, 30ms}}) {
+            Session session;
+            {
+                PacedPosts posts(session.post(), pace);
+                postClick(posts);
+                post(posts, kCGEventKeyDown);
+            }
+            QCOMPARE(session.types(), click + Types{kCGEventKeyDown});
+            QVERIFY(session.times()[3] - session.times()[2] >= 30ms); // in its time, or when there is no more
+        }
+    }
+
+    void aRefusalIsTold() {
+        Session session;
+        session.refuses = true;
+        PacedPosts posts(session.post(), {1h, 0ms});
+        QVERIFY(!post(posts, kCGEventKeyDown));
+    }
+
+    void withoutAThreadToWaitOnAKeyLeavesAtOnce() {
+        pthread_attr_t usual, impossible;
+        QCOMPARE(pthread_getattr_default_np(&usual), 0);
+        QCOMPARE(pthread_attr_init(&impossible), 0);
+        QCOMPARE(pthread_attr_setstacksize(&impossible, std::size_t{1} << 47), 0); // nobody has that much
+        QCOMPARE(pthread_setattr_default_np(&impossible), 0);
+        Session session;
+        PacedPosts posts(session.post(), {1h, 0ms});
+        postClick(posts);
+        const bool posted = post(posts, kCGEventKeyDown);
+        QCOMPARE(pthread_setattr_default_np(&usual), 0);
+        QVERIFY(posted);
+        QCOMPARE(session.types(), click + Types{kCGEventKeyDown});
+    }
+};
 
 QTEST_GUILESS_MAIN(PacedPostsTest)
 #include "PacedPostsTest.moc"

@@ -22,55 +22,50 @@ class PictureMemoryTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void aPictureIsClearAndWritable_data();
-    void aPictureIsClearAndWritable();
-    void aPictureWithoutAreaIsNull();
-    void memoryGoesBackWithTheLastCopyOnAnyThread();
+    void aPictureIsClearAndWritable_data() {
+        QTest::addColumn<QSize>("size");
+        QTest::addColumn<QImage::Format>("format");
+        QTest::newRow("pixel") << QSize(1, 1) << QImage::Format_RGB32;
+        QTest::newRow("screen") << QSize(1920, 1080) << QImage::Format_ARGB32_Premultiplied;
+        QTest::newRow("odd bytes") << QSize(37, 11) << QImage::Format_Alpha8;
+        QTest::newRow("whole large pages") << QSize(1024, 1024) << QImage::Format_RGB32;
+    }
+
+    void aPictureIsClearAndWritable() {
+        QFETCH(QSize, size);
+        QFETCH(QImage::Format, format);
+        QImage picture = clearPicture(size, format);
+        QImage expected(size, format);
+        expected.fill(0);
+        QCOMPARE(picture.bytesPerLine(), expected.bytesPerLine());
+        QVERIFY(picture == expected);
+
+        const uchar *memory = picture.constBits();
+        picture.fill(0xFFFFFFFF);
+        QVERIFY2(picture.constBits() == memory, "writing has copied it");
+        expected.fill(0xFFFFFFFF);
+        QVERIFY(picture == expected);
+    }
+
+    void aPictureWithoutAreaIsNull() {
+        QVERIFY(clearPicture({}, QImage::Format_RGB32).isNull());
+        QVERIFY(clearPicture({0, 5}, QImage::Format_RGB32).isNull());
+        QVERIFY(clearPicture({5, -1}, QImage::Format_RGB32).isNull());
+    }
+
+    void memoryGoesBackWithTheLastCopyOnAnyThread() {
+        std::thread([] {}).join(); // with what the first thread needs itself
+        const long before = mappedMemory();
+        QImage picture = clearPicture({4000, 4000}, QImage::Format_RGB32);
+        constexpr long size = 4000 * 4000 * 4 / 1024;
+        QVERIFY(mappedMemory() - before >= size);
+        QImage copy = picture;
+        picture = QImage();
+        QVERIFY(mappedMemory() - before >= size);
+        std::thread([last = std::move(copy)]() mutable { last = QImage(); }).join();
+        QVERIFY2(mappedMemory() - before < size / 10, qPrintable(QString::number(mappedMemory() - before)));
+    }
 };
-
-void PictureMemoryTest::aPictureIsClearAndWritable_data() {
-    QTest::addColumn<QSize>("size");
-    QTest::addColumn<QImage::Format>("format");
-    QTest::newRow("pixel") << QSize(1, 1) << QImage::Format_RGB32;
-    QTest::newRow("screen") << QSize(1920, 1080) << QImage::Format_ARGB32_Premultiplied;
-    QTest::newRow("odd bytes") << QSize(37, 11) << QImage::Format_Alpha8;
-    QTest::newRow("whole large pages") << QSize(1024, 1024) << QImage::Format_RGB32;
-}
-
-void PictureMemoryTest::aPictureIsClearAndWritable() {
-    QFETCH(QSize, size);
-    QFETCH(QImage::Format, format);
-    QImage picture = clearPicture(size, format);
-    QImage expected(size, format);
-    expected.fill(0);
-    QCOMPARE(picture.bytesPerLine(), expected.bytesPerLine());
-    QVERIFY(picture == expected);
-
-    const uchar *memory = picture.constBits();
-    picture.fill(0xFFFFFFFF);
-    QVERIFY2(picture.constBits() == memory, "writing has copied it");
-    expected.fill(0xFFFFFFFF);
-    QVERIFY(picture == expected);
-}
-
-void PictureMemoryTest::aPictureWithoutAreaIsNull() {
-    QVERIFY(clearPicture({}, QImage::Format_RGB32).isNull());
-    QVERIFY(clearPicture({0, 5}, QImage::Format_RGB32).isNull());
-    QVERIFY(clearPicture({5, -1}, QImage::Format_RGB32).isNull());
-}
-
-void PictureMemoryTest::memoryGoesBackWithTheLastCopyOnAnyThread() {
-    std::thread([] {}).join(); // with what the first thread needs itself
-    const long before = mappedMemory();
-    QImage picture = clearPicture({4000, 4000}, QImage::Format_RGB32);
-    constexpr long size = 4000 * 4000 * 4 / 1024;
-    QVERIFY(mappedMemory() - before >= size);
-    QImage copy = picture;
-    picture = QImage();
-    QVERIFY(mappedMemory() - before >= size);
-    std::thread([last = std::move(copy)]() mutable { last = QImage(); }).join();
-    QVERIFY2(mappedMemory() - before < size / 10, qPrintable(QString::number(mappedMemory() - before)));
-}
 
 QTEST_GUILESS_MAIN(PictureMemoryTest)
 #include "PictureMemoryTest.moc"

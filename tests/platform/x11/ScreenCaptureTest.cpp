@@ -43,106 +43,97 @@ class ScreenCaptureTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
+    void initTestCase() {
+        m_wall = new QWidget;
+        m_wall->resize(screenPoints());
+        paintWall(screenWall());
+        vexa::platform::showOverPrimaryScreen(*m_wall);
+        QTRY_VERIFY_WITH_TIMEOUT(toolkitsPicture().pixel(200, 100) != toolkitsPicture().pixel(201, 100),
+                                 patience);
+        // Something of which the server keeps no opaque pixels of its own.
+        auto *veil = new QWidget(m_wall, Qt::Window | Qt::BypassWindowManagerHint | Qt::FramelessWindowHint);
+        veil->setAttribute(Qt::WA_TranslucentBackground);
+        veil->setGeometry(30, 40, 50, 60);
+        veil->show();
+        QVERIFY(QTest::qWaitForWindowExposed(veil, patience));
+    }
+
     void cleanupTestCase() { delete m_wall; }
 
-    void everyPixelIsTheToolkits();
+    void everyPixelIsTheToolkits() {
+        const QPixmap picture = capturePrimaryScreen();
+        const QImage expected = toolkitsPicture();
+        QCOMPARE(picture.devicePixelRatio(), expected.devicePixelRatio());
+        QCOMPARE(picture.toImage().format(), expected.format());
+        // With the fourth byte, which a comparison of images leaves out.
+        QVERIFY(bytesOf(picture.toImage()) == bytesOf(expected));
+    }
+
     void bandsAreUsedWhereTheyCan() { QCOMPARE(ScreenBands::instance() != nullptr, serverSharesMemory()); }
-    void aPictureStaysWhenTheScreenChanges();
-    void drawingOnAPictureChangesNoOther();
-    void aPartOfTheScreenIsThatPart();
-    void nothingOutsideTheScreenCanBeTaken();
-    void nobodyElseWaitsForTheServerAfterwards();
+
+    void aPictureStaysWhenTheScreenChanges() {
+        const QImage before = toolkitsPicture();
+        const QPixmap picture = capturePrimaryScreen();
+        paintWall(Qt::darkGreen);
+        QTRY_VERIFY_WITH_TIMEOUT(toolkitsPicture() != before, patience);
+        const QPixmap later = capturePrimaryScreen();
+        QVERIFY(picture.toImage() == before);
+        QVERIFY(later.toImage() == toolkitsPicture());
+        paintWall(screenWall());
+        QTRY_VERIFY_WITH_TIMEOUT(toolkitsPicture() == before, patience);
+    }
+
+    void drawingOnAPictureChangesNoOther() {
+        const QImage expected = toolkitsPicture();
+        const QPixmap picture = capturePrimaryScreen();
+        QPixmap copy = picture;
+        copy.fill(Qt::red);
+        QVERIFY(picture.toImage() == expected);
+    }
+
+    void aPartOfTheScreenIsThatPart() {
+        if (!serverSharesMemory())
+            QSKIP("this server shares no memory");
+        QImage expected = toolkitsPicture();
+        expected.setDevicePixelRatio(1);
+        // One row, one column, rows that fill no band, and many bands.
+        for (const QRect &part : {QRect(0, 0, 1, 1), QRect(5, 9, 700, 1), QRect(9, 5, 1, 500),
+                                  QRect(31, 17, 203, 99), QRect(1, 1, 799, 598)})
+            QVERIFY(bytesOf(ScreenBands::instance()->take(part)) == bytesOf(expected.copy(part)));
+    }
+
+    void nothingOutsideTheScreenCanBeTaken() {
+        if (!serverSharesMemory())
+            QSKIP("this server shares no memory");
+        const ScreenBands &bands = *ScreenBands::instance();
+        QVERIFY(bands.take({}).isNull());
+        QVERIFY(bands.take(screenPixels().adjusted(0, 0, 1, 0)).isNull());
+        QVERIFY(bands.take(screenPixels().translated(-1, 0)).isNull());
+        QVERIFY(bands.take(screenPixels().translated(0, 1)).isNull());
+        QVERIFY(!bands.take(screenPixels()).isNull());
+    }
+
+    void nobodyElseWaitsForTheServerAfterwards() {
+        const QPixmap picture = capturePrimaryScreen();
+        QCOMPARE(picture.isNull(), false);
+        if (serverSharesMemory())
+            QVERIFY(ScreenBands::instance()->take(screenPixels().adjusted(0, 0, 1, 0)).isNull());
+        // Another client is answered without a word more from this one.
+        const ForeignWindow other(ForeignWindow::Kind::Unmanaged, QRect(0, 0, 10, 10), Qt::green);
+        QVERIFY(other.isViewable());
+    }
 
 private:
-    void paintWall(const QBrush &brush);
+    void paintWall(const QBrush &brush) {
+        QPalette palette;
+        palette.setBrush(QPalette::Window, brush);
+        m_wall->setPalette(palette);
+        m_wall->repaint();
+        QCoreApplication::processEvents();
+    }
 
     QWidget *m_wall = nullptr;
 };
-
-void ScreenCaptureTest::initTestCase() {
-    m_wall = new QWidget;
-    m_wall->resize(screenPoints());
-    paintWall(screenWall());
-    vexa::platform::showOverPrimaryScreen(*m_wall);
-    QTRY_VERIFY_WITH_TIMEOUT(toolkitsPicture().pixel(200, 100) != toolkitsPicture().pixel(201, 100),
-                             patience);
-    // Something of which the server keeps no opaque pixels of its own.
-    auto *veil = new QWidget(m_wall, Qt::Window | Qt::BypassWindowManagerHint | Qt::FramelessWindowHint);
-    veil->setAttribute(Qt::WA_TranslucentBackground);
-    veil->setGeometry(30, 40, 50, 60);
-    veil->show();
-    QVERIFY(QTest::qWaitForWindowExposed(veil, patience));
-}
-
-void ScreenCaptureTest::paintWall(const QBrush &brush) {
-    QPalette palette;
-    palette.setBrush(QPalette::Window, brush);
-    m_wall->setPalette(palette);
-    m_wall->repaint();
-    QCoreApplication::processEvents();
-}
-
-void ScreenCaptureTest::everyPixelIsTheToolkits() {
-    const QPixmap picture = capturePrimaryScreen();
-    const QImage expected = toolkitsPicture();
-    QCOMPARE(picture.devicePixelRatio(), expected.devicePixelRatio());
-    QCOMPARE(picture.toImage().format(), expected.format());
-    // With the fourth byte, which a comparison of images leaves out.
-    QVERIFY(bytesOf(picture.toImage()) == bytesOf(expected));
-}
-
-void ScreenCaptureTest::aPictureStaysWhenTheScreenChanges() {
-    const QImage before = toolkitsPicture();
-    const QPixmap picture = capturePrimaryScreen();
-    paintWall(Qt::darkGreen);
-    QTRY_VERIFY_WITH_TIMEOUT(toolkitsPicture() != before, patience);
-    const QPixmap later = capturePrimaryScreen();
-    QVERIFY(picture.toImage() == before);
-    QVERIFY(later.toImage() == toolkitsPicture());
-    paintWall(screenWall());
-    QTRY_VERIFY_WITH_TIMEOUT(toolkitsPicture() == before, patience);
-}
-
-void ScreenCaptureTest::drawingOnAPictureChangesNoOther() {
-    const QImage expected = toolkitsPicture();
-    const QPixmap picture = capturePrimaryScreen();
-    QPixmap copy = picture;
-    copy.fill(Qt::red);
-    QVERIFY(picture.toImage() == expected);
-}
-
-void ScreenCaptureTest::aPartOfTheScreenIsThatPart() {
-    if (!serverSharesMemory())
-        QSKIP("this server shares no memory");
-    QImage expected = toolkitsPicture();
-    expected.setDevicePixelRatio(1);
-    // One row, one column, rows that fill no band, and many bands.
-    for (const QRect &part : {QRect(0, 0, 1, 1), QRect(5, 9, 700, 1), QRect(9, 5, 1, 500),
-                              QRect(31, 17, 203, 99), QRect(1, 1, 799, 598)})
-        QVERIFY(bytesOf(ScreenBands::instance()->take(part)) == bytesOf(expected.copy(part)));
-}
-
-void ScreenCaptureTest::nothingOutsideTheScreenCanBeTaken() {
-    if (!serverSharesMemory())
-        QSKIP("this server shares no memory");
-    const ScreenBands &bands = *ScreenBands::instance();
-    QVERIFY(bands.take({}).isNull());
-    QVERIFY(bands.take(screenPixels().adjusted(0, 0, 1, 0)).isNull());
-    QVERIFY(bands.take(screenPixels().translated(-1, 0)).isNull());
-    QVERIFY(bands.take(screenPixels().translated(0, 1)).isNull());
-    QVERIFY(!bands.take(screenPixels()).isNull());
-}
-
-void ScreenCaptureTest::nobodyElseWaitsForTheServerAfterwards() {
-    const QPixmap picture = capturePrimaryScreen();
-    QCOMPARE(picture.isNull(), false);
-    if (serverSharesMemory())
-        QVERIFY(ScreenBands::instance()->take(screenPixels().adjusted(0, 0, 1, 0)).isNull());
-    // Another client is answered without a word more from this one.
-    const ForeignWindow other(ForeignWindow::Kind::Unmanaged, QRect(0, 0, 10, 10), Qt::green);
-    QVERIFY(other.isViewable());
-}
 
 VEXA_WIDGET_TEST_MAIN(ScreenCaptureTest)
 #include "ScreenCaptureTest.moc"

@@ -33,27 +33,21 @@ public:
     QStringList before = ofInterest(QProcess::systemEnvironment());
 
 private slots:
-    void theWindowsAreOnTheXServer();
-    void aPointOfTextIsAPixel();
-    void childrenInheritTheUsersEnvironment();
+    void theWindowsAreOnTheXServer() { QCOMPARE(QGuiApplication::platformName(), QStringLiteral("xcb")); }
+
+    void aPointOfTextIsAPixel() {
+        QCOMPARE(QFontInfo(QFont(QStringLiteral("Arial"), 30)).pixelSize(), 30);
+        QCOMPARE(QGuiApplication::primaryScreen()->devicePixelRatio(), 1.0);
+    }
+
+    void childrenInheritTheUsersEnvironment() {
+        QVERIFY(before.contains(QStringLiteral("QT_QPA_PLATFORM=wayland")));
+        QProcess child;
+        child.start(QStringLiteral("env"), QStringList());
+        QVERIFY(child.waitForFinished(-1));
+        QCOMPARE(ofInterest(QString::fromLocal8Bit(child.readAll()).split('\n')), before);
+    }
 };
-
-void SessionEnvironmentTest::theWindowsAreOnTheXServer() {
-    QCOMPARE(QGuiApplication::platformName(), QStringLiteral("xcb"));
-}
-
-void SessionEnvironmentTest::aPointOfTextIsAPixel() {
-    QCOMPARE(QFontInfo(QFont(QStringLiteral("Arial"), 30)).pixelSize(), 30);
-    QCOMPARE(QGuiApplication::primaryScreen()->devicePixelRatio(), 1.0);
-}
-
-void SessionEnvironmentTest::childrenInheritTheUsersEnvironment() {
-    QVERIFY(before.contains(QStringLiteral("QT_QPA_PLATFORM=wayland")));
-    QProcess child;
-    child.start(QStringLiteral("env"), QStringList());
-    QVERIFY(child.waitForFinished(-1));
-    QCOMPARE(ofInterest(QString::fromLocal8Bit(child.readAll()).split('\n')), before);
-}
 
 int main(int argc, char *argv[]) {
     qputenv("QT_QPA_PLATFORM", "wayland"); // for which there is no plug-in here: the toolkit would abort
