@@ -52,6 +52,7 @@ MainWindow::MainWindow(QWidget *parent)
     connect(this, &MainWindow::signalExitWindow, &m_tools, &vexa::OpenTools::leave);
     connect(&m_tools, &vexa::OpenTools::reported, this, &MainWindow::RecvWindowMessage);
     connect(&m_tools, &vexa::OpenTools::formerReported, this, &MainWindow::refocusSoon);
+    connect(&m_tools, &vexa::OpenTools::allGone, &m_memoryReturn, &vexa::MemoryReturn::soon);
     vexa::Language::chooseFace(Settings::Language);
     dressWindow();
     loadView();
@@ -108,6 +109,7 @@ QString MainWindow::mkMutiDir(const QString &path) {
 
 void MainWindow::FullScreenShot() {
     m_screenshots.take();
+    m_memoryReturn.soon();
 }
 
 void MainWindow::SetPptFullScreen() {
@@ -272,6 +274,11 @@ void MainWindow::RecvGlobaleMouseMessage(int event, int x, int y) {
 void MainWindow::closeEvent(QCloseEvent *event) {
     hide();
     event->ignore();
+}
+
+void MainWindow::hideEvent(QHideEvent *event) {
+    QMainWindow::hideEvent(event);
+    m_memoryReturn.soon();
 }
 
 void MainWindow::changeEvent(QEvent *event) {

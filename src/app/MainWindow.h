@@ -3,6 +3,7 @@
 
 #include "app/AnnouncedShot.h"
 #include "app/Language.h"
+#include "app/MemoryReturn.h"
 #include "app/OpenTools.h"
 #include "app/PageNavigation.h"
 #include "app/PenChords.h"
@@ -91,6 +92,7 @@ public slots:
 protected:
     void closeEvent(QCloseEvent *event) override;
     void changeEvent(QEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
@@ -115,6 +117,7 @@ private:
     vexa::WindowDrag m_drag;
     vexa::Language m_language;
     vexa::PenChords m_chords;
+    vexa::MemoryReturn m_memoryReturn;
     vexa::OpenTools m_tools;
     vexa::Screenshots m_screenshots;
     std::unique_ptr<PromptWindow> m_screenshotPrompt;

@@ -36,7 +36,15 @@ template<typename Tool> void OpenTools::attach(QPointer<Tool> &place, void (Tool
         else
             emit reported(which);
     });
-    connect(this, &QObject::destroyed, tool, [tool] { delete tool; });
+    ++m_alive;
+    connect(tool, &QObject::destroyed, this, [this] {
+        if (--m_alive == 0)
+            emit allGone();
+    });
+    connect(this, &QObject::destroyed, tool, [this, tool] {
+        tool->disconnect(this);
+        delete tool;
+    });
 }
 
 template<typename Tool> void OpenTools::openHeldTool(QPointer<Tool> &place) {

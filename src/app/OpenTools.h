@@ -57,6 +57,8 @@ signals:
     void reported(int which);
     /// A tool that a newer one of its kind has replaced reports that it closes. It no longer counts as open.
     void formerReported();
+    /// The last tool is gone, with those that were no longer fed.
+    void allGone();
 
 private:
     template<typename Tool> void attach(QPointer<Tool> &place, void (Tool::*report)(int));
@@ -64,6 +66,7 @@ private:
     template<typename Action> void withHeldTool(HeldToolChoice tool, Action act);
     platform::Cover heldToolCover() const;
 
+    int m_alive = 0; ///< tools that have not been deleted yet
     QPointer<PizhuForm> m_annotation;
     QPointer<blackBoardform> m_blackboard;
     QPointer<Spolight2> m_spotlight;

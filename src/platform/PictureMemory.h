@@ -11,4 +11,8 @@ namespace vexa::platform {
 /// thread.
 QImage clearPicture(const QSize &pixels, QImage::Format format);
 
+/// Gives the system back what was freed, by whatever part of the program, and is still kept at hand. Takes
+/// about a millisecond. Any thread.
+void returnFreedMemory();
+
 } // namespace vexa::platform

@@ -10,4 +10,7 @@ QImage clearPicture(const QSize &pixels, QImage::Format format) {
     return picture;
 }
 
+// The system's allocator gives it back by itself when the system needs it.
+void returnFreedMemory() {}
+
 } // namespace vexa::platform

@@ -2,6 +2,7 @@
 #include "platform/PictureMemory.h"
 
 #include <cstdint>
+#include <malloc.h>
 #include <memory>
 #include <sys/mman.h>
 
@@ -56,6 +57,12 @@ QImage clearPicture(const QSize &pixels, QImage::Format format) {
         return {};
     return {data,   pixels.width(), pixels.height(),         int(bytesPerLine),
             format, unmap,          new Mapping{data, bytes}};
+}
+
+void returnFreedMemory() {
+#ifdef __GLIBC__
+    malloc_trim(0);
+#endif
 }
 
 } // namespace vexa::platform

@@ -14,7 +14,6 @@
 #include <QScreen>
 #include <QtDebug>
 
-#include <malloc.h>
 #include <stdexcept>
 
 namespace vexa::platform {
@@ -22,18 +21,6 @@ namespace vexa::platform {
 namespace {
 
 constexpr std::chrono::seconds busPatience{2};
-
-/// Pictures of the screen come and go. Left to itself the allocator raises these limits to the size of the
-/// first one that goes, and from then on a picture or two stay with the process, or not, as it happens. The
-/// first limit is above a picture of a usual screen, which is then made in memory that is at hand: fresh
-/// pages cost a third of the time from the key to the dot. Larger ones, and what is too much, go back to the
-/// system.
-void giveFreedPicturesBackToTheSystem() {
-#ifdef __GLIBC__
-    mallopt(M_MMAP_THRESHOLD, 16 << 20); // bytes
-    mallopt(M_TRIM_THRESHOLD, 32 << 20);
-#endif
-}
 
 /// The pen is heard through the X server, so the windows belong there too, whatever session offers itself to
 /// the toolkit. It aborts with a core dump where it is told to use a platform that it has no plug-in for.
@@ -71,8 +58,6 @@ void prepareSession() {
     // Looked at first, since the toolkit aborts with a core dump where there is no display.
     if (const std::string obstacle = sessionInputObstacle(); !obstacle.empty())
         throw std::runtime_error(obstacle);
-
-    giveFreedPicturesBackToTheSystem();
 
     if (penOutOfReach())
         qWarning("VexaOrbilo: this is a Wayland session, in which the pen cannot be heard; an X11 session is "

@@ -1,11 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "platform/PictureMemory.h"
 
+#include "support/ResidentMemory.h"
+#include "support/Sanitized.h"
+
 #include <QFile>
 #include <QtTest>
 
 #include <thread>
+#include <vector>
 
+using namespace vexa::test;
 using vexa::platform::clearPicture;
 
 namespace {
@@ -64,6 +69,21 @@ private slots:
         QVERIFY(mappedMemory() - before >= size);
         std::thread([last = std::move(copy)]() mutable { last = QImage(); }).join();
         QVERIFY2(mappedMemory() - before < size / 10, qPrintable(QString::number(mappedMemory() - before)));
+    }
+
+    void whatTheAllocatorKeepsGoesBackWhenAsked() {
+        constexpr std::size_t count = 300, size = 100000; // below what is mapped by itself
+        vexa::platform::returnFreedMemory();              // what the other tests have left
+        std::vector<std::vector<char>> blocks(count);
+        const qint64 before = residentBytes();
+        for (auto &block : blocks)
+            block.assign(size, 'x');
+        const std::vector<char> behindThem(size, 'x');
+        QVERIFY(residentBytes() - before > qint64(count * size) * 9 / 10);
+        blocks.clear();
+        vexa::platform::returnFreedMemory();
+        QVERIFY(addressSanitized || residentBytes() - before < (2 << 20));
+        QCOMPARE(behindThem.back(), 'x');
     }
 };
 

@@ -1,18 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Session.h"
 
-#include "support/ResidentMemory.h"
-#include "support/Sanitized.h"
 #include "support/Thrown.h"
 
 #include <QFile>
 #include <QProcess>
 #include <QtTest>
 
-#include <memory>
 #include <stdexcept>
 #include <unistd.h>
-#include <vector>
 
 using namespace vexa::test;
 
@@ -132,22 +128,6 @@ private slots:
         qputenv("QT_SCALE_FACTOR", "1.5");
         vexa::platform::prepareSession();
         QCOMPARE(qgetenv("QT_SCALE_FACTOR"), QByteArray("1.5"));
-    }
-
-    void freedPicturesGoBackToTheSystem() {
-        vexa::platform::prepareSession();
-        constexpr std::size_t picture = 30 << 20; // bytes
-        using Block = std::vector<char>;
-        auto first = std::make_unique<Block>(picture, 'x');
-        QCOMPARE(first->back(), 'x');
-        first.reset(); // from here on the allocator might keep what is as large
-        const qint64 before = residentBytes();
-        auto second = std::make_unique<Block>(picture, 'x');
-        const Block behindIt(100000, 'x');
-        QVERIFY(residentBytes() - before > qint64(picture) * 9 / 10);
-        second.reset();
-        QVERIFY(addressSanitized || residentBytes() - before < (2 << 20));
-        QCOMPARE(behindIt.back(), 'x');
     }
 
     void withoutADisplayTheTextNamesTheCause_data() {
