@@ -8,6 +8,7 @@
 #include "Median.h"
 #include "app/QuickViews.h"
 #include "platform/GraphicsCard.h"
+#include "platform/Session.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -194,8 +195,9 @@ void measureFrames() {
 } // namespace
 
 int main(int argc, char *argv[]) {
-    qputenv("QT_FONT_DPI", "72");
+    vexa::platform::prepareSession();
     QApplication application(argc, argv);
+    vexa::platform::releaseEnvironment();
     vexa::chooseRenderer(vexa::platform::graphicsCardDraws());
     if (argc == 2)
         return showOnce(QString::fromLocal8Bit(argv[1]));
