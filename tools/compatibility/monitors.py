@@ -134,7 +134,7 @@ def draws_and_has_its_controls(primary):
     """Title and buttons at their places and in their size, which the pointer finds; ink under the pointer."""
     points = primary.width / primary.scale
     middle = int(points - 60) // 2 + 30 - points / 2
-    lit = lambda screen, offset: screen.at(*primary.at(points / 2 + offset - 18, -84))[0] > 200  # yellow, not grey
+    lit = lambda screen, offset: screen.at(*primary.at(points / 2 + offset - 21, -70))[0] > 200  # yellow, not grey
     screen = Screen()
     title = [screen.at(*primary.at(points / 2 + x, 20)) for x in (-143, -134, 134, 143)]
     placed = title[0] == title[3] != title[1] and title[2] != title[3]

@@ -107,6 +107,20 @@ unsigned requestsOf(const std::function<void()> &calls) {
     return mark() - before - 1;
 }
 
+/// Keeps the places at which native windows are made.
+class Births : public QObject {
+public:
+    Births() { QCoreApplication::instance()->installEventFilter(this); }
+    QVector<QRect> places;
+
+    bool eventFilter(QObject *watched, QEvent *event) override {
+        const auto *window = qobject_cast<QWindow *>(watched);
+        if (window && event->type() == QEvent::PlatformSurface)
+            places += window->geometry();
+        return false;
+    }
+};
+
 } // namespace
 
 Q_DECLARE_METATYPE(vexa::platform::Cover)
@@ -120,6 +134,14 @@ private slots:
     void init() {
         moveMouse({5, 5});
         QTRY_VERIFY_WITH_TIMEOUT(isScreenBare(), patience);
+    }
+
+    /// On another screen it would begin with that one's scale.
+    void anOverlayIsMadeOnThePrimaryScreen() {
+        const Births births;
+        Card overlay({-300, -200, 180, 100});
+        showOverPrimaryScreen(overlay);
+        QCOMPARE(births.places, QVector<QRect>{wholeScreen()});
     }
 
     void anOverlayStandsAboveASlideShowThatKeepsTheFocus() {
