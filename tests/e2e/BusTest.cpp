@@ -9,6 +9,7 @@
 
 #include <csignal>
 #include <optional>
+#include <random>
 
 using namespace vexa::test;
 
@@ -59,6 +60,37 @@ private slots:
         m_bus->kill();
         QVERIFY(m_bus->start());
         verifyThatActivationWorks();
+    }
+
+    void aThousandOddCallsAreOutlived() {
+        QVERIFY(m_bus->start());
+        startProgram();
+        QTRY_VERIFY_WITH_TIMEOUT(m_bus->knowsTheProgram(), patience);
+        const QStringList methods{QStringLiteral("Activate"),       QStringLiteral("Open"),
+                                  QStringLiteral("ActivateAction"), QStringLiteral("activate"),
+                                  QStringLiteral("Quit"),           QStringLiteral("Get")};
+        const QVariantList values{0,
+                                  -1.5,
+                                  true,
+                                  QString(),
+                                  QStringLiteral("Quit?"),
+                                  QString(100000, QLatin1Char('x')),
+                                  QByteArray(1000, '\0'),
+                                  QStringList{QStringLiteral("/etc/passwd"), QStringLiteral("file:///")},
+                                  QVariantList{1, QStringLiteral("two")},
+                                  QVariantMap{{QStringLiteral("desktop-startup-id"), 3}}};
+        std::mt19937 random(1);
+        for (int call = 0; call < 1000; ++call) {
+            QVariantList arguments;
+            for (auto left = random() % 4; left > 0; --left)
+                arguments += values[int(random() % unsigned(values.size()))];
+            m_bus->call(methods[int(random() % unsigned(methods.size()))], arguments);
+        }
+        verifyThatActivationWorks(); // some of the calls have shown the panel, too
+        e2e::askToClose(e2e::panelOf(m_program->pid()));
+        QTRY_VERIFY_WITH_TIMEOUT(!e2e::panelOf(m_program->pid()).id, patience);
+        verifyThatActivationWorks();
+        QCOMPARE(endProgram(), QByteArray());
     }
 
     void theActionsOfTheDesktopEntryWork() {

@@ -12,6 +12,7 @@
 #include <QtTest>
 
 #include <cmath>
+#include <functional>
 
 using namespace vexa::test;
 
@@ -105,33 +106,34 @@ private:
             !await("panel", [=] { return e2e::panelOf(pid).id != 0; }))
             return false;
         const QPoint panel = e2e::panelOf(pid).geometry.topLeft();
-        const bool chosen =
-            press("settings", panel + QPoint(960, 607)) && press("languages", panel + QPoint(875, 352)) &&
-            press("language", panel + QPoint(875, 382 + 30 * (round % 3))) &&
-            await("saved language", [=] { return saved("Language", round % 3); }) &&
-            press("key 4", panel + QPoint(308, 208)) && press("tools", panel + QPoint(130, 238)) &&
-            press("tool", panel + QPoint(130, 268 + 30 * (round % 3))) &&
-            await("saved tool", [=] { return saved("Key4P", round % 3); });
+        const QPoint tools = panel + QPoint(130, 238);
+        const QPoint languages = panel + QPoint(875, 352);
+        const bool chosen = press("key 4", panel + QPoint(308, 208), tools) &&
+                            choose("Key4P", tools, round % 3) &&
+                            press("settings", panel + QPoint(960, 607), languages) &&
+                            choose("Language", languages, round % 3);
         clickAt(panel + QPoint(974, 24));
         return chosen && await("hidden panel", [=] { return e2e::panelOf(pid).id == 0; });
     }
 
-    /// Clicks, and waits for an answer there; elsewhere a prompt may fade. What is under the pointer may look
-    /// different by that alone.
-    bool press(const char *what, const QPoint &place) {
-        moveMouse(place);
+    /// Clicks, and waits for an answer at another place, where neither the pointer nor a prompt changes
+    /// anything.
+    bool press(const char *what, const QPoint &place, const QPoint &answer) {
         const auto look = [&] {
-            return e2e::grabScreen().copy(QRect(place - QPoint(50, 30), QSize(100, 60)));
+            return e2e::grabScreen().copy(QRect(answer - QPoint(40, 10), QSize(80, 20)));
         };
-        QImage before = look();
-        const auto isStill = [&] {
-            const QImage now = look();
-            return std::exchange(before, now) == now;
-        };
-        if (!await("rest", isStill))
-            return false;
-        click();
+        const QImage before = look();
+        clickAt(place);
         return await(what, [&] { return look() != before; });
+    }
+
+    /// Opens a list and chooses one of its rows.
+    bool choose(const char *setting, const QPoint &list, int value) {
+        const QPoint row = list + QPoint(0, 30 * (value + 1));
+        if (!press("list", list, row))
+            return false;
+        clickAt(row);
+        return await(setting, [=] { return saved(setting, value); });
     }
 
     bool saved(const char *name, int value) const {
