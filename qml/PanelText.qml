@@ -11,9 +11,10 @@ Text {
 
     color: "white"
     elide: Text.ElideRight
-    // Made anew with each translation: a new font takes the application's families, which follow the language.
+    // Made anew with each translation: a new font takes the application's families, which follow the language. Hinted to
+    // whole rows of pixels, where glyphs are drawn without OpenGL: blurred, grey text looks disabled.
     font: Qt.font({ family: "Arial", pixelSize: pixelSize, bold: bold, underline: underline,
-                    hintingPreference: Font.PreferNoHinting })
+                    hintingPreference: Font.PreferVerticalHinting })
     height: pixelSize + 2
     renderType: Text.QtRendering
     verticalAlignment: Text.AlignVCenter
