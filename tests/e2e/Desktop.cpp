@@ -110,7 +110,9 @@ Wishes wishesOf(const Window &window) {
     const auto decorations = numbers("_MOTIF_WM_HINTS"); // flags, functions, decorations, ...
     constexpr std::uint32_t hasDecorations = 1 << 1;
     wishes.frame = decorations.size() < 3 || !(decorations[0] & hasDecorations) || decorations[2] != 0;
-    wishes.icon = !property(window.id, "_NET_WM_ICON").isEmpty();
+    const auto icons = numbers("_NET_WM_ICON"); // width, height, pixels; again
+    for (int i = 0; i + 1 < icons.size(); i += 2 + int(icons[i] * icons[i + 1]))
+        wishes.iconSizes.insert(int(icons[i]));
     return wishes;
 }
 

@@ -4,6 +4,7 @@
 #include <QImage>
 #include <QPoint>
 #include <QRect>
+#include <QSet>
 #include <QSize>
 #include <QString>
 #include <QStringList>
@@ -32,7 +33,7 @@ QVector<Window> visibleWindowsOf(qint64 pid);
 struct Wishes {
     QSize smallest, largest;
     bool frame = true;
-    bool icon = false;
+    QSet<int> iconSizes; // of squares, in pixels
 };
 Wishes wishesOf(const Window &window);
 

@@ -170,7 +170,7 @@ private slots:
         QCOMPARE(wishes.smallest, panelSize);
         QCOMPARE(wishes.largest, panelSize);
         QVERIFY(!wishes.frame);
-        QVERIFY(wishes.icon);
+        QCOMPARE(wishes.iconSizes, (QSet<int>{16, 24, 32, 48, 64, 128, 256}));
     }
 
     void aWaylandSessionIsNamedAndRunsAllTheSame() {

@@ -32,8 +32,10 @@ inline xcb_atom_t atom(xcb_connection_t *connection, const char *name) {
     return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
+// At most 4 MiB of it.
 inline QByteArray property(xcb_connection_t *connection, xcb_window_t window, xcb_atom_t name) {
-    const auto request = xcb_get_property(connection, 0, window, name, XCB_ATOM_ANY, 0, 1024);
+    constexpr std::uint32_t mostWords = 1 << 20;
+    const auto request = xcb_get_property(connection, 0, window, name, XCB_ATOM_ANY, 0, mostWords);
     const auto reply = owned(xcb_get_property_reply(connection, request, nullptr));
     if (!reply)
         return {};

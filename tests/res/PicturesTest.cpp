@@ -102,6 +102,8 @@ private slots:
                                  "icon-eraser-selected.png", "icon-exit.png"})
             QTest::newRow(name) << QSize(60, 60) * 2 << int(Shaped);
         QTest::newRow("appicon.png") << QSize(32, 32) * 2 << int(Shaped);
+        for (const int size : {16, 24, 32, 48, 128, 256})
+            QTest::addRow("appicon-%d.png", size) << QSize(size, size) << int(Shaped);
         QTest::newRow("icon-X.png") << QSize(16, 16) * 2 << int(Shaped);
         QTest::newRow("icon-minus.png") << QSize(16, 16) * 2 << int(Shaped);
         QTest::newRow("icon-left.png") << QSize(24, 24) * 2 << int(Shaped);

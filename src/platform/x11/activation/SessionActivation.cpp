@@ -99,8 +99,12 @@ void setupDockClickHandler() {
     using namespace vexa::platform;
     if (!claimed)
         return;
-    // On other systems the icon comes with the program's bundle.
-    QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/appicon.png")));
+    // On other systems the icon comes with the program's bundle. A window manager takes the size that it
+    // shows.
+    QIcon icon(QStringLiteral(":/appicon.png"));
+    for (const int size : {16, 24, 32, 48, 128, 256})
+        icon.addFile(QStringLiteral(":/appicon-%1.png").arg(size));
+    QGuiApplication::setWindowIcon(icon);
     reach = std::make_unique<Reach>(std::move(claimed));
     qAddPostRoutine([] { reach.reset(); }); // its windows must be destroyed before the application object
 }
