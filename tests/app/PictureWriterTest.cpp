@@ -116,7 +116,7 @@ private slots:
 
     void returnsWhilePicturesAreBeingWritten() {
         PictureWriter writer;
-        const QImage large = noise(3840, 2160);
+        const QImage large = noise(1920, 1080);
         for (const char *name : {"a.png", "b.png", "c.png", "d.png"})
             writer.write(file(name), large);
         bool answered = false;

@@ -41,7 +41,7 @@ private slots:
     }
 
     void aKillLeavesTheOldOrTheNewContent() {
-        for (int kill = 0; kill < 200; ++kill) {
+        for (int kill = 0; kill < 100; ++kill) {
             QProcess saver;
             saver.start(m_saver, QStringList());
             QByteArray dots; // the next save is under way when one of them comes
