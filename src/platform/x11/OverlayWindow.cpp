@@ -3,6 +3,7 @@
 
 #include "platform/x11/BandedFirstFrame.h"
 
+#include <QBackingStore>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QWidget>
@@ -30,12 +31,27 @@ void refuseShadow(WId window) {
                     PropModeReplace, reinterpret_cast<const unsigned char *>(noWidths), 4);
 }
 
+/// What a window is painted in has a size in points, and stays as it is in pixels when the window comes to a
+/// screen of another scale: of a larger one it would cover the first quarter.
+void followScale(QWidget &widget) {
+    constexpr auto mark = "followsScale";
+    if (widget.property(mark).toBool())
+        return;
+    widget.setProperty(mark, true);
+    QObject::connect(widget.windowHandle(), &QWindow::screenChanged, &widget, [&widget] {
+        if (QBackingStore *store = widget.backingStore())
+            store->resize(widget.size());
+        widget.update();
+    });
+}
+
 /// Makes it a window that the window manager neither places nor focuses. Only the native window is told: to
 /// the widget these would be other window flags.
 void takeFromWindowManager(QWidget &widget, Qt::WindowFlags more = {}) {
     widget.winId();
     QWindow *window = widget.windowHandle();
     window->setFlags(window->flags() | Qt::BypassWindowManagerHint | Qt::WindowDoesNotAcceptFocus | more);
+    followScale(widget);
     refuseShadow(widget.winId());
 }
 
