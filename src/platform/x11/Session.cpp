@@ -52,6 +52,14 @@ void keepToolkitFromOpenGlWithoutACard() {
         tellToolkitUnlessUserDoes("QT_XCB_GL_INTEGRATION", "none");
 }
 
+/// With more the toolkit asks for windows that no server can have, and crashes; it takes nonsense for none.
+bool userHasUsableScale() {
+    constexpr double largest = 10;
+    bool isNumber = false;
+    const double scale = qgetenv("QT_SCALE_FACTOR").toDouble(&isNumber);
+    return isNumber && scale > 0 && scale <= largest;
+}
+
 } // namespace
 
 void prepareSession() {
@@ -69,7 +77,8 @@ void prepareSession() {
     // The toolkit then no longer sees the desktop's own resolution, by which it would enlarge everything.
     tellToolkit("QT_FONT_DPI", "72");
     tellToolkit("QT_DPI_ADJUSTMENT_POLICY", "AdjustDpi");
-    tellToolkitUnlessUserDoes("QT_SCALE_FACTOR", QByteArray::number(desktopScale()));
+    if (!userHasUsableScale())
+        tellToolkit("QT_SCALE_FACTOR", QByteArray::number(desktopScale()));
 }
 
 void releaseEnvironment() {

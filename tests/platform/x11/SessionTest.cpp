@@ -111,17 +111,19 @@ private slots:
     void scalesAsTheDesktopDoes() {
         QFETCH(QByteArray, resources);
         QFETCH(QByteArray, scale);
-        QProcess xrdb;
-        xrdb.start(QStringLiteral("xrdb"),
-                   {QStringLiteral("-nocpp"), QStringLiteral("-load"), QStringLiteral("-")});
-        xrdb.write(resources);
-        xrdb.closeWriteChannel();
-        QVERIFY(xrdb.waitForFinished(-1));
-        QCOMPARE(xrdb.exitCode(), 0);
-
+        loadResources(resources);
         qunsetenv("QT_SCALE_FACTOR");
         vexa::platform::prepareSession();
         QCOMPARE(qgetenv("QT_SCALE_FACTOR"), scale);
+    }
+
+    void takesAnUnusableScaleOfTheUserForNone() {
+        loadResources("Xft.dpi: 120\n");
+        for (const char *scale : {"100", "1e9", "0", "-2", "nan", "inf", "abc", ""}) {
+            qputenv("QT_SCALE_FACTOR", scale);
+            vexa::platform::prepareSession();
+            QCOMPARE(qgetenv("QT_SCALE_FACTOR"), QByteArray("1.25"));
+        }
     }
 
     void leavesAScaleThatTheUserHasSet() {
@@ -147,6 +149,16 @@ private slots:
     }
 
 private:
+    static void loadResources(const QByteArray &resources) {
+        QProcess xrdb;
+        xrdb.start(QStringLiteral("xrdb"),
+                   {QStringLiteral("-nocpp"), QStringLiteral("-load"), QStringLiteral("-")});
+        xrdb.write(resources);
+        xrdb.closeWriteChannel();
+        QVERIFY(xrdb.waitForFinished(-1));
+        QCOMPARE(xrdb.exitCode(), 0);
+    }
+
     QByteArray m_display;
 };
 
