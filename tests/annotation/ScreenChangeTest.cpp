@@ -74,9 +74,7 @@ void ScreenChangeTest::initTestCase() {
 void ScreenChangeTest::heldToolsFollow_data() {
     QTest::addColumn<HeldToolKind>("kind");
     QTest::addColumn<QSize>("size");
-    for (const auto &kind :
-         {heldToolKind<LightPen>("LightPen", 4, true), heldToolKind<Spolight2>("Spolight2", 2, false),
-          heldToolKind<Magnifie>("Magnifie", 3, true)}) {
+    for (const auto &kind : {laser, spotlight, magnifier}) {
         QTest::addRow("%s, smaller", kind.name) << kind << small;
         QTest::addRow("%s, larger", kind.name) << kind << large;
     }
@@ -85,10 +83,8 @@ void ScreenChangeTest::heldToolsFollow_data() {
 void ScreenChangeTest::heldToolsFollow() {
     QFETCH(HeldToolKind, kind);
     QFETCH(QSize, size);
-    ZrToolXmlClass::LaserPenSize = 20;
+    setToolSizes(20);
     ZrToolXmlClass::LaserPenColor = 1275; // white
-    ZrToolXmlClass::MagnifierSize = 20;
-    ZrToolXmlClass::SportLightSize = 20;
     ZrToolXmlClass::SportLightTran = 256; // no veil
     if (size == large)
         setResolution(small);
@@ -101,14 +97,15 @@ void ScreenChangeTest::heldToolsFollow() {
     kind.move(tool, nearCorner);
     QTRY_COMPARE_WITH_TIMEOUT(tool->geometry(), QRect(QPoint(), size), patience);
     QVERIFY(tool->isFullScreen());
-    if (kind.code == 2) {
+    if (kind.code == spotlight.code) {
         ZrToolXmlClass::SportLightTran = 255;
         QTRY_COMPARE_WITH_TIMEOUT(shownAt(nearCorner.x() - 30, nearCorner.y()), 0xff000000, patience);
         QTRY_COMPARE_WITH_TIMEOUT(shownAt(nearCorner.x(), nearCorner.y()), 0xff0000ff, patience);
         QTRY_COMPARE_WITH_TIMEOUT(shownAt(20, 20), 0xff000000, patience);
     } else {
-        QTRY_VERIFY_WITH_TIMEOUT(
-            shownAt(nearCorner.x(), nearCorner.y()) == (kind.code == 4 ? 0xffffffff : 0xff0000ff), patience);
+        QTRY_VERIFY_WITH_TIMEOUT(shownAt(nearCorner.x(), nearCorner.y()) ==
+                                     (kind.code == laser.code ? 0xffffffff : 0xff0000ff),
+                                 patience);
         QTRY_VERIFY_WITH_TIMEOUT(shownAt(nearCorner.x() + 21, nearCorner.y() - 30) == 0xff0000ff, patience);
         kind.move(tool, {20, 20});
         QTRY_VERIFY_WITH_TIMEOUT(halvesFillTheScreen(), patience);

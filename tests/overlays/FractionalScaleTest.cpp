@@ -35,28 +35,6 @@ QImage places(const QSize &pixels) {
     return image;
 }
 
-QImage plainImage(const QPixmap &picture) {
-    QImage image = picture.toImage().convertToFormat(QImage::Format_RGB32);
-    image.setDevicePixelRatio(1);
-    return image;
-}
-
-double toCentre(const QPoint &pixel, const QPointF &place) {
-    const QPointF way = QPointF(pixel) + QPointF(0.5, 0.5) - place;
-    return std::hypot(way.x(), way.y());
-}
-
-/// Whether each pixel of the image is as `expected(pixel)` says, which may leave it open.
-template<typename Expected> bool isAll(const QImage &image, const Expected &expected) {
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x) {
-            const std::optional<QRgb> colour = expected(QPoint(x, y));
-            if (colour && image.pixel(x, y) != *colour)
-                return false;
-        }
-    return true;
-}
-
 const QVector<QPoint> walk{{200, 130}, {201, 131}, {203, 130}, {30, 40}, {333, 7}};
 
 } // namespace
@@ -68,9 +46,7 @@ private slots:
     void init() {
         ZrToolXmlClass::LaserPenColor = 510;
         ZrToolXmlClass::MagnifierColor = 510;
-        ZrToolXmlClass::LaserPenSize = 60;
-        ZrToolXmlClass::SportLightSize = 60;
-        ZrToolXmlClass::MagnifierSize = 60;
+        setToolSizes(60);
         ZrToolXmlClass::SportLightTran = 256; // no veil
         QVERIFY2(screenRatio() != std::floor(screenRatio()), "not at a fractional scale");
     }
@@ -111,7 +87,7 @@ private slots:
         for (const QPoint &at : walk) {
             kind.move(tool, at);
             const auto expected = [&](const QPoint &pixel) -> std::optional<QRgb> {
-                if (toCentre(pixel, QPointF(at) * screenRatio()) < touched || !inner.contains(pixel))
+                if (distance(pixel, QPointF(at) * screenRatio()) < touched || !inner.contains(pixel))
                     return std::nullopt;
                 return before.pixel(pixel);
             };
@@ -124,12 +100,11 @@ private slots:
         ZrToolXmlClass::SportLightTran = 255;
         QPixmap background = vexa::atWholeScale(sharpWall(), screenPoints());
         const QImage before = plainImage(sharpWall());
-        const auto kind = heldToolKind<Spolight2>("Spolight2", 2, false);
-        const QPointer<QWidget> tool(kind.open(&background));
+        const QPointer<QWidget> tool(spotlight.open(&background));
         for (const QPoint &at : walk) {
-            kind.move(tool, at);
+            spotlight.move(tool, at);
             const auto expected = [&](const QPoint &pixel) -> std::optional<QRgb> {
-                const double outside = toCentre(pixel, QPointF(at) * screenRatio()) - 60 * screenRatio();
+                const double outside = distance(pixel, QPointF(at) * screenRatio()) - 60 * screenRatio();
                 if (std::abs(outside) < 2)
                     return std::nullopt;
                 return outside < 0 ? before.pixel(pixel) : black;
@@ -144,10 +119,9 @@ private slots:
         picture.setDevicePixelRatio(screenRatio());
         QPixmap background = vexa::atWholeScale(picture, screenPoints());
         const QImage before = plainImage(picture);
-        const auto kind = heldToolKind<Magnifie>("Magnifie", 3, true);
-        const QPointer<QWidget> tool(kind.open(&background));
+        const QPointer<QWidget> tool(magnifier.open(&background));
         for (const QPoint &at : {QPoint(200, 130), QPoint(301, 141), QPoint(110, 93)}) {
-            kind.move(tool, at);
+            magnifier.move(tool, at);
             const QPointF pixel = QPointF(at) * screenRatio();
             const auto isEnlarged = [&] {
                 const QImage shown = shownOnScreen();

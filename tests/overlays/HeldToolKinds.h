@@ -5,6 +5,7 @@
 #include "overlays/Magnifie.h"
 #include "overlays/Spolight2.h"
 #include "platform/OverlayWindow.h"
+#include "settings/ZrToolXmlClass.h"
 #include "support/ScreenProbe.h"
 
 #include <QtTest>
@@ -47,6 +48,17 @@ template<typename Tool> HeldToolKind heldToolKind(const char *name, int code, bo
             name};
 }
 
+inline const HeldToolKind laser = heldToolKind<LightPen>("LightPen", 4, true);
+inline const HeldToolKind spotlight = heldToolKind<Spolight2>("Spolight2", 2, false);
+inline const HeldToolKind magnifier = heldToolKind<Magnifie>("Magnifie", 3, true);
+
+/// Gives the tools of this size all at once, in points.
+inline void setToolSizes(int size) {
+    for (std::int32_t *setting :
+         {&ZrToolXmlClass::LaserPenSize, &ZrToolXmlClass::SportLightSize, &ZrToolXmlClass::MagnifierSize})
+        *setting = size;
+}
+
 /// Asks a tool to leave.
 inline void leave(QWidget *tool) {
     QMetaObject::invokeMethod(tool, "ExitWindow");
@@ -61,9 +73,7 @@ namespace vexa::test {
 /// The rows of a test that holds for all three.
 inline void allHeldTools() {
     QTest::addColumn<HeldToolKind>("kind");
-    for (const HeldToolKind &kind :
-         {heldToolKind<LightPen>("LightPen", 4, true), heldToolKind<Spolight2>("Spolight2", 2, false),
-          heldToolKind<Magnifie>("Magnifie", 3, true)})
+    for (const HeldToolKind &kind : {laser, spotlight, magnifier})
         QTest::newRow(kind.name) << kind;
 }
 

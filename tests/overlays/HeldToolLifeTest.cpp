@@ -61,6 +61,12 @@ public:
     bool isPainted() const {
         return waitFor([&] { return ticks.quickTicks() >= 3 && ticks.paints() >= 1; });
     }
+    /// Moves it, and returns when the screen shows something else than before.
+    void showsOtherThan(const QImage &before, const QPoint &at) const {
+        kind.move(tool, at);
+        QVERIFY(ticksOn(3));
+        QTRY_VERIFY_WITH_TIMEOUT(differences(shownOnScreen(), before) > 500, patience);
+    }
     bool isDeleted() const {
         return waitFor([&] { return tool.isNull(); });
     }
@@ -87,11 +93,9 @@ class HeldToolLifeTest : public QObject {
 private slots:
     void initTestCase_data() { allHeldTools(); }
     void init() {
-        ZrToolXmlClass::LaserPenSize = 40;
+        setToolSizes(40);
         ZrToolXmlClass::LaserPenColor = 510;
-        ZrToolXmlClass::SportLightSize = 40;
         ZrToolXmlClass::SportLightTran = 255;
-        ZrToolXmlClass::MagnifierSize = 40;
         ZrToolXmlClass::MagnifierColor = 510;
         m_picture = screenWall();
         moveMouse(QPoint(200, 150) * screenRatio());
@@ -191,28 +195,23 @@ private slots:
     }
 
     void twoExitsReportOnce() {
-        const OpenTool open(&m_picture);
-        leave(open.tool);
-        leave(open.tool);
-        QVERIFY(open.isDeleted());
-        QCOMPARE(open.reports.size(), 1);
-    }
-
-    void twoExitsAfterItsTimeReportOnce() {
-        const OpenTool open(&m_picture);
-        QVERIFY(open.reachesGuardTick(guardTicks));
-        leave(open.tool);
-        if (open.tool)
+        for (const int age : {0, guardTicks}) {
+            const OpenTool open(&m_picture);
+            if (age > 0)
+                QVERIFY(open.reachesGuardTick(age));
             leave(open.tool);
-        QVERIFY(open.isDeleted());
-        QCOMPARE(open.reports.size(), 1);
+            if (open.tool)
+                leave(open.tool);
+            QVERIFY(open.isDeleted());
+            QCOMPARE(open.reports.size(), 1);
+        }
     }
 
     void aClickDismissesItSilently() {
         const OpenTool open(&m_picture);
         QVERIFY(open.isExposed());
         pressMouse();
-        QTest::qWait(0);
+        QTRY_COMPARE_WITH_TIMEOUT(open.ticks.presses(), 1, patience);
         QVERIFY2(open.tool && open.tool->isVisible(), "the press alone dismissed it");
         releaseMouse();
         QVERIFY(open.isDeleted());
@@ -251,11 +250,7 @@ private slots:
     void theLastPictureStaysUntilItCloses() {
         OpenTool open(&m_picture);
         open.ticks.keptYoung = true; // or it would close at once
-        QImage wallOnly = m_picture.toImage();
-        wallOnly.setDevicePixelRatio(1);
-        open.kind.move(open.tool, {120, 120});
-        QVERIFY(open.ticksOn(3));
-        QTRY_VERIFY_WITH_TIMEOUT(differences(shownOnScreen(), wallOnly) > 500, patience);
+        open.showsOtherThan(plainImage(m_picture), {120, 120});
         open.ticks.held = true; // or its time might be over before the look at it
         const QImage last = shownOnScreen();
         leave(open.tool);
@@ -269,23 +264,17 @@ private slots:
     void theLastPictureIsThereWhole() {
         OpenTool open(&m_picture);
         open.ticks.keptYoung = true;
-        QImage wallOnly = m_picture.toImage();
-        wallOnly.setDevicePixelRatio(1);
         QVERIFY(open.isPainted());
-        open.kind.move(open.tool, {120, 120});
-        QVERIFY(open.ticksOn(3));
-        QTRY_VERIFY_WITH_TIMEOUT(differences(shownOnScreen(), wallOnly) > 500, patience);
+        open.showsOtherThan(plainImage(m_picture), {120, 120});
         const QImage expected = shownOnScreen();
-        open.kind.move(open.tool, {250, 220});
-        QVERIFY(open.ticksOn(3));
-        QTRY_VERIFY_WITH_TIMEOUT(differences(shownOnScreen(), expected) > 500, patience);
+        open.showsOtherThan(expected, {250, 220});
 
         open.kind.move(open.tool, {120, 120});
         open.ticks.tick(open.tool); // which asks for a paint that has not come when it leaves
         open.ticks.held = true;
         leave(open.tool);
         QCoreApplication::processEvents();
-        QTRY_COMPARE(differences(shownOnScreen(), expected), 0);
+        QVERIFY(screenBecomes(expected));
         open.ticks.keptYoung = open.ticks.held = false;
         QVERIFY(open.isDeleted());
     }
@@ -339,35 +328,26 @@ private slots:
         QTRY_COMPARE_WITH_TIMEOUT(after.presses(), 1, patience);
     }
 
-    void aDragFromBeforeItOpenedStaysWithItsWindow() {
-        PressedWindow other;
-        QVERIFY(QTest::qWaitForWindowExposed(&other, patience));
-        moveMouse(other.geometry().center() * screenRatio());
-        pressMouse();
-        QTRY_COMPARE_WITH_TIMEOUT(other.presses, 1, patience);
-        releaseMouse(); // which waits to be handled while the tool opens
-        const OpenTool open(&m_picture);
-        QTRY_COMPARE_WITH_TIMEOUT(other.releases, 1, patience);
-        QVERIFY(open.isExposed());
-        QVERIFY(open.ticksOn(2));
-        QVERIFY(open.tool && open.tool->isVisible());
-        QCOMPARE(QWidget::mouseGrabber() == open.tool, open.kind.takesMouse);
-        clickAt(other.geometry().center() * screenRatio());
-        QVERIFY(open.isDeleted());
-        QCOMPARE(other.presses, 1);
-    }
-
-    void aClickFromBeforeItOpenedStaysWithItsWindow() {
-        PressedWindow other;
-        QVERIFY(QTest::qWaitForWindowExposed(&other, patience));
-        clickAt(other.geometry().center() * screenRatio());
-        const OpenTool open(&m_picture);
-        QTRY_COMPARE_WITH_TIMEOUT(other.releases, 1, patience);
-        QVERIFY(open.isExposed());
-        QVERIFY(open.ticksOn(2));
-        QVERIFY(open.tool && open.tool->isVisible());
-        QCOMPARE(QWidget::mouseGrabber() == open.tool, open.kind.takesMouse);
-        open.tool->close();
+    void aPressFromBeforeItOpenedStaysWithItsWindow() {
+        for (const bool handledBefore : {true, false}) {
+            PressedWindow other;
+            const QPoint middle = other.geometry().center() * screenRatio();
+            QVERIFY(QTest::qWaitForWindowExposed(&other, patience));
+            moveMouse(middle);
+            pressMouse();
+            if (handledBefore)
+                QTRY_COMPARE_WITH_TIMEOUT(other.presses, 1, patience);
+            releaseMouse(); // which waits to be handled while the tool opens
+            const OpenTool open(&m_picture);
+            QTRY_COMPARE_WITH_TIMEOUT(other.releases, 1, patience);
+            QVERIFY(open.isExposed());
+            QVERIFY(open.ticksOn(2));
+            QVERIFY(open.tool && open.tool->isVisible());
+            QCOMPARE(QWidget::mouseGrabber() == open.tool, open.kind.takesMouse);
+            clickAt(middle);
+            QVERIFY(open.isDeleted());
+            QCOMPARE(other.presses, 1);
+        }
     }
 
     void withoutAPictureItWorksToo() {

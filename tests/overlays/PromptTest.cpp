@@ -18,6 +18,7 @@ using namespace vexa::test;
 namespace {
 
 constexpr int stepsOfAFade = 20;
+constexpr QRgb green = 0xFF00FF00;
 
 struct First : PromptWindow {
     int slot() const { return m_colourSlot; }
@@ -62,18 +63,22 @@ private slots:
         ZrToolXmlClass::PenColor0 = 2;
         ZrToolXmlClass::PenColor1 = 1;
         ZrToolXmlClass::PenColor2 = 0;
+        QFETCH_GLOBAL(Kind, kind);
+        m_kind = kind;
+        m_prompt.reset(kind.make());
+        m_ticks = std::make_unique<Ticks>(m_prompt.get());
+    }
+    void cleanup() {
+        m_prompt.reset();
+        m_ticks.reset();
     }
 
     void theTextCanBeSet() {
-        QFETCH_GLOBAL(Kind, kind);
-        const std::unique_ptr<vexa::PromptCard> prompt(kind.make());
-        prompt->setText(QStringLiteral("截屏已保存"));
-        QCOMPARE(label(*prompt, "label")->text(), QStringLiteral("截屏已保存"));
+        m_prompt->setText(QStringLiteral("截屏已保存"));
+        QCOMPARE(label(*m_prompt, "label")->text(), QStringLiteral("截屏已保存"));
     }
 
     void everyPenColourHasItsSwatch() {
-        QFETCH_GLOBAL(Kind, kind);
-        const std::unique_ptr<vexa::PromptCard> prompt(kind.make());
         const char *const colours[] = {"#000000", "#FFFFFF", "#FF0000", "#009EF8",
                                        "#82FF20", "#FFCC0D", "#ED18FF", "#9C1FFF"};
         std::int32_t *const pens[] = {&ZrToolXmlClass::PenColor0, &ZrToolXmlClass::PenColor1,
@@ -83,126 +88,107 @@ private slots:
                 if (slot == 2 && index == 3)
                     continue; // the second prompt's exception
                 *pens[slot] = index;
-                prompt->setCurcolor(slot);
-                QCOMPARE(swatch(*prompt), kind.style.arg(QLatin1String(colours[index])));
-                QCOMPARE(kind.slot(prompt.get()), slot);
+                m_prompt->setCurcolor(slot);
+                QCOMPARE(swatch(*m_prompt), m_kind.style.arg(QLatin1String(colours[index])));
+                QCOMPARE(m_kind.slot(m_prompt.get()), slot);
             }
         }
     }
 
     void aSlotOutsideTheThreeIsOnlyNoted() {
-        QFETCH_GLOBAL(Kind, kind);
-        const std::unique_ptr<vexa::PromptCard> prompt(kind.make());
-        prompt->setCurcolor(1);
-        const QString before = swatch(*prompt);
+        m_prompt->setCurcolor(1);
+        const QString before = swatch(*m_prompt);
         for (const int slot : {3, -1, 1000}) {
-            prompt->setCurcolor(slot);
-            QCOMPARE(swatch(*prompt), before);
-            QCOMPARE(kind.slot(prompt.get()), slot);
+            m_prompt->setCurcolor(slot);
+            QCOMPARE(swatch(*m_prompt), before);
+            QCOMPARE(m_kind.slot(m_prompt.get()), slot);
         }
     }
 
     void aColourOutsideThePaletteChangesNothing() {
-        QFETCH_GLOBAL(Kind, kind);
-        const std::unique_ptr<vexa::PromptCard> prompt(kind.make());
-        prompt->setCurcolor(0);
-        const QString before = swatch(*prompt);
+        m_prompt->setCurcolor(0);
+        const QString before = swatch(*m_prompt);
         for (const int index : {8, -1, 100000}) {
             ZrToolXmlClass::PenColor2 = index;
-            prompt->setCurcolor(2);
-            QCOMPARE(swatch(*prompt), before);
-            QCOMPARE(kind.slot(prompt.get()), 2);
+            m_prompt->setCurcolor(2);
+            QCOMPARE(swatch(*m_prompt), before);
+            QCOMPARE(m_kind.slot(m_prompt.get()), 2);
         }
     }
 
     void itShowsInTheMiddleAndFades() {
-        QFETCH_GLOBAL(Kind, kind);
         const ForeignWindow wall(ForeignWindow::Kind::Unmanaged, {QPoint(), screenPoints()}, Qt::green);
-        QTRY_COMPARE_WITH_TIMEOUT(shownOnScreen().pixel(bareSpot()), QColor(Qt::green).rgb(), patience);
-        const std::unique_ptr<vexa::PromptCard> prompt(kind.make());
-        Ticks ticks(prompt.get());
-        prompt->showWithTimer();
-        QVERIFY(prompt->isVisible());
-        QCOMPARE(prompt->geometry(), centred(380, 180));
-        QCOMPARE(prompt->windowOpacity(), 1.0);
-        QCOMPARE(coarseTimersOf(prompt.get()), QVector<int>{60});
-        ticks.held = true;
-        QTRY_VERIFY_WITH_TIMEOUT(shownOnScreen().pixel(bareSpot()) != QColor(Qt::green).rgb(), patience);
-        ticks.held = false;
-        QTRY_VERIFY_WITH_TIMEOUT(ticks.count >= 10, patience);
-        QVERIFY(prompt->windowOpacity() < 0.6);
-        QTRY_VERIFY_WITH_TIMEOUT(ticks.count >= stepsOfAFade, patience);
-        QCOMPARE(ticks.timers.size(), 1);
-        QCOMPARE(prompt->windowOpacity(), 0.0);
-        QTRY_COMPARE_WITH_TIMEOUT(shownOnScreen().pixel(bareSpot()), QColor(Qt::green).rgb(), patience);
+        QTRY_COMPARE_WITH_TIMEOUT(seen(), green, patience);
+        m_prompt->showWithTimer();
+        QVERIFY(m_prompt->isVisible());
+        QCOMPARE(m_prompt->geometry(), centred(380, 180));
+        QCOMPARE(m_prompt->windowOpacity(), 1.0);
+        QCOMPARE(coarseTimersOf(m_prompt.get()), QVector<int>{60});
+        m_ticks->held = true;
+        QTRY_VERIFY_WITH_TIMEOUT(seen() != green, patience);
+        m_ticks->held = false;
+        QTRY_VERIFY_WITH_TIMEOUT(m_ticks->count >= 10, patience);
+        QVERIFY(m_prompt->windowOpacity() < 0.6);
+        QTRY_VERIFY_WITH_TIMEOUT(m_ticks->count >= stepsOfAFade, patience);
+        QCOMPARE(m_ticks->timers.size(), 1);
+        QCOMPARE(m_prompt->windowOpacity(), 0.0);
+        QTRY_COMPARE_WITH_TIMEOUT(seen(), green, patience);
     }
 
     void afterAFadeItIsStillShownAndStillTicks() {
-        QFETCH_GLOBAL(Kind, kind);
         ForeignWindow wall(ForeignWindow::Kind::Unmanaged, {QPoint(), screenPoints()}, Qt::green);
         QTRY_VERIFY_WITH_TIMEOUT(wall.isViewable(), patience);
-        const std::unique_ptr<vexa::PromptCard> prompt(kind.make());
-        Ticks ticks(prompt.get());
-        prompt->showWithTimer();
-        QTRY_VERIFY_WITH_TIMEOUT(ticks.count >= stepsOfAFade + 5, patience);
-        QCOMPARE(ticks.timers.size(), 1);
-        QCOMPARE(coarseTimersOf(prompt.get()), QVector<int>{60});
-        QVERIFY(prompt->isVisible());
-        QCOMPARE(prompt->windowOpacity(), 0.0);
+        m_prompt->showWithTimer();
+        QTRY_VERIFY_WITH_TIMEOUT(m_ticks->count >= stepsOfAFade + 5, patience);
+        QCOMPARE(m_ticks->timers.size(), 1);
+        QCOMPARE(coarseTimersOf(m_prompt.get()), QVector<int>{60});
+        QVERIFY(m_prompt->isVisible());
+        QCOMPARE(m_prompt->windowOpacity(), 0.0);
         clickAt(bareSpot());
         QTRY_COMPARE_WITH_TIMEOUT(wall.presses(), 1, patience);
     }
 
     void aShowDuringAFadeBeginsAnewWithOneTimer() {
-        QFETCH_GLOBAL(Kind, kind);
-        const std::unique_ptr<vexa::PromptCard> prompt(kind.make());
-        Ticks ticks(prompt.get());
-        prompt->showWithTimer();
-        QTRY_VERIFY_WITH_TIMEOUT(ticks.count >= 5, patience);
-        QVERIFY(prompt->windowOpacity() < 0.9);
-        prompt->showWithTimer();
-        QCOMPARE(prompt->windowOpacity(), 1.0);
-        QCOMPARE(coarseTimersOf(prompt.get()), QVector<int>{60});
-        ticks.restart();
-        QTRY_VERIFY_WITH_TIMEOUT(ticks.count >= 5, patience);
-        QCOMPARE(ticks.timers.size(), 1);
+        m_prompt->showWithTimer();
+        QTRY_VERIFY_WITH_TIMEOUT(m_ticks->count >= 5, patience);
+        QVERIFY(m_prompt->windowOpacity() < 0.9);
+        m_prompt->showWithTimer();
+        QCOMPARE(m_prompt->windowOpacity(), 1.0);
+        QCOMPARE(coarseTimersOf(m_prompt.get()), QVector<int>{60});
+        m_ticks->restart();
+        QTRY_VERIFY_WITH_TIMEOUT(m_ticks->count >= 5, patience);
+        QCOMPARE(m_ticks->timers.size(), 1);
         // As many steps as ticks: not two timers at work.
-        QVERIFY(qAbs(prompt->windowOpacity() - (1.0 - 0.05 * ticks.count)) < 0.01);
+        QVERIFY(hasFadedFor(m_ticks->count));
     }
 
     void shownTransparentItIsThereButNotSeenNorClicked() {
-        QFETCH_GLOBAL(Kind, kind);
         ForeignWindow wall(ForeignWindow::Kind::Unmanaged, {QPoint(), screenPoints()}, Qt::green);
-        QTRY_COMPARE_WITH_TIMEOUT(shownOnScreen().pixel(bareSpot()), QColor(Qt::green).rgb(), patience);
-        const std::unique_ptr<vexa::PromptCard> prompt(kind.make());
-        Ticks ticks(prompt.get());
-        prompt->showWithTransperent();
-        QVERIFY(prompt->isVisible());
-        QCOMPARE(prompt->geometry(), centred(380, 180));
-        QCOMPARE(prompt->windowOpacity(), 0.0);
+        QTRY_COMPARE_WITH_TIMEOUT(seen(), green, patience);
+        m_prompt->showWithTransperent();
+        QVERIFY(m_prompt->isVisible());
+        QCOMPARE(m_prompt->geometry(), centred(380, 180));
+        QCOMPARE(m_prompt->windowOpacity(), 0.0);
         clickAt(bareSpot());
         QTRY_COMPARE_WITH_TIMEOUT(wall.presses(), 1, patience);
-        QCOMPARE(shownOnScreen().pixel(bareSpot()), QColor(Qt::green).rgb());
-        QCOMPARE(ticks.count, 0);
+        QCOMPARE(seen(), green);
+        QCOMPARE(m_ticks->count, 0);
         // And seen when it is shown next.
-        ticks.held = true;
-        prompt->showWithTimer();
-        QTRY_VERIFY_WITH_TIMEOUT(shownOnScreen().pixel(bareSpot()) != QColor(Qt::green).rgb(), patience);
+        m_ticks->held = true;
+        m_prompt->showWithTimer();
+        QTRY_VERIFY_WITH_TIMEOUT(seen() != green, patience);
     }
 
     void hiddenItEndsItsFadeAndStays() {
-        QFETCH_GLOBAL(Kind, kind);
-        const std::unique_ptr<vexa::PromptCard> prompt(kind.make());
-        Ticks ticks(prompt.get());
-        prompt->showWithTimer();
-        QTRY_VERIFY_WITH_TIMEOUT(ticks.count >= 2, patience);
-        prompt->hideWindow();
-        QVERIFY(coarseTimersOf(prompt.get()).isEmpty());
-        QCOMPARE(prompt->windowOpacity(), 0.0);
-        QVERIFY(prompt->isVisible());
-        prompt->hideWindow(); // again, with nothing to end
-        prompt->showWithTimer();
-        QCOMPARE(prompt->windowOpacity(), 1.0);
+        m_prompt->showWithTimer();
+        QTRY_VERIFY_WITH_TIMEOUT(m_ticks->count >= 2, patience);
+        m_prompt->hideWindow();
+        QVERIFY(coarseTimersOf(m_prompt.get()).isEmpty());
+        QCOMPARE(m_prompt->windowOpacity(), 0.0);
+        QVERIFY(m_prompt->isVisible());
+        m_prompt->hideWindow(); // again, with nothing to end
+        m_prompt->showWithTimer();
+        QCOMPARE(m_prompt->windowOpacity(), 1.0);
     }
 
     void hiddenWhileItIsHeldBackItStaysHidden() {
@@ -218,41 +204,44 @@ private slots:
     }
 
     void theDelayedShowComesAfterItsDelay() {
-        QFETCH_GLOBAL(Kind, kind);
-        const std::unique_ptr<vexa::PromptCard> prompt(kind.make());
-        Ticks ticks(prompt.get());
-        prompt->delayShow();
-        QCOMPARE(coarseTimersOf(prompt.get()), QVector<int>{kind.delay});
-        QVERIFY(!prompt->isVisible());
-        QTRY_VERIFY_WITH_TIMEOUT(prompt->isVisible(), patience);
-        QCOMPARE(ticks.count, 1);
-        QCOMPARE(coarseTimersOf(prompt.get()), QVector<int>{60});
-        QCOMPARE(prompt->windowOpacity(), 1.0);
-        QTRY_VERIFY_WITH_TIMEOUT(ticks.count >= 4, patience);
-        QVERIFY(prompt->windowOpacity() < 1.0);
+        m_prompt->delayShow();
+        QCOMPARE(coarseTimersOf(m_prompt.get()), QVector<int>{m_kind.delay});
+        QVERIFY(!m_prompt->isVisible());
+        QTRY_VERIFY_WITH_TIMEOUT(m_prompt->isVisible(), patience);
+        QCOMPARE(m_ticks->count, 1);
+        QCOMPARE(coarseTimersOf(m_prompt.get()), QVector<int>{60});
+        QCOMPARE(m_prompt->windowOpacity(), 1.0);
+        QTRY_VERIFY_WITH_TIMEOUT(m_ticks->count >= 4, patience);
+        QVERIFY(m_prompt->windowOpacity() < 1.0);
     }
 
     void aSecondDelayedShowReplacesTheFirst() {
-        QFETCH_GLOBAL(Kind, kind);
-        const std::unique_ptr<vexa::PromptCard> prompt(kind.make());
-        Ticks ticks(prompt.get());
-        prompt->delayShow();
-        prompt->delayShow();
-        QTRY_VERIFY_WITH_TIMEOUT(prompt->isVisible(), patience);
-        QTRY_VERIFY_WITH_TIMEOUT(ticks.count >= 6, patience);
+        m_prompt->delayShow();
+        m_prompt->delayShow();
+        QTRY_VERIFY_WITH_TIMEOUT(m_prompt->isVisible(), patience);
+        QTRY_VERIFY_WITH_TIMEOUT(m_ticks->count >= 6, patience);
         // The first tick showed it; every other is a step.
-        QVERIFY(qAbs(prompt->windowOpacity() - (1.0 - 0.05 * (ticks.count - 1))) < 0.01);
+        QVERIFY(hasFadedFor(m_ticks->count - 1));
     }
 
     void shownTransparentItEndsItsFade() {
-        QFETCH_GLOBAL(Kind, kind);
-        const std::unique_ptr<vexa::PromptCard> prompt(kind.make());
-        prompt->showWithTimer();
-        prompt->showWithTransperent();
-        QVERIFY(coarseTimersOf(prompt.get()).isEmpty());
-        QVERIFY(prompt->isVisible());
-        QCOMPARE(prompt->windowOpacity(), 0.0);
+        m_prompt->showWithTimer();
+        m_prompt->showWithTransperent();
+        QVERIFY(coarseTimersOf(m_prompt.get()).isEmpty());
+        QVERIFY(m_prompt->isVisible());
+        QCOMPARE(m_prompt->windowOpacity(), 0.0);
     }
+
+private:
+    /// What can be seen where the card has nothing but its background; green is the wall.
+    static QRgb seen() { return shownOnScreen().pixel(bareSpot()); }
+    bool hasFadedFor(int steps) const {
+        return qAbs(m_prompt->windowOpacity() - (1.0 - 0.05 * steps)) < 0.01;
+    }
+
+    Kind m_kind;
+    std::unique_ptr<vexa::PromptCard> m_prompt;
+    std::unique_ptr<Ticks> m_ticks;
 };
 
 VEXA_WIDGET_TEST_MAIN(PromptTest)

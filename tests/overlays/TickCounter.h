@@ -9,9 +9,9 @@
 
 namespace vexa::test {
 
-/// Counts the ticks of a held tool's two timers, so that tests can wait for a tick instead of a time. The
-/// quick one is the one that ticks first. While held, the tool does not get its ticks; while kept young, not
-/// the slow ones.
+/// Counts the ticks of a held tool's two timers, its paints and the presses of a button on it, so that tests
+/// can wait for a tick instead of a time. The quick one is the one that ticks first. While held, the tool
+/// does not get its ticks; while kept young, not the slow ones.
 class TickCounter : public QObject {
 public:
     explicit TickCounter(QObject *tool) { tool->installEventFilter(this); }
@@ -24,6 +24,7 @@ public:
         return all - quickTicks();
     }
     int paints() const { return m_paints; }
+    int presses() const { return m_presses; }
     bool held = false;
     bool keptYoung = false;
 
@@ -44,6 +45,8 @@ public:
         }
         if (event->type() == QEvent::Paint)
             ++m_paints;
+        if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick)
+            ++m_presses;
         return false;
     }
 
@@ -51,6 +54,7 @@ private:
     QMap<int, int> m_ticks;
     int m_quick = 0;
     int m_paints = 0;
+    int m_presses = 0; // of mouse buttons
 };
 
 } // namespace vexa::test

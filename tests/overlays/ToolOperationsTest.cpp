@@ -14,9 +14,8 @@ class ToolOperationsTest : public QObject {
 
 private slots:
     void init() {
-        ZrToolXmlClass::LaserPenSize = 40;
+        setToolSizes(40);
         ZrToolXmlClass::LaserPenColor = 510; // red
-        ZrToolXmlClass::MagnifierSize = 40;
         ZrToolXmlClass::MagnifierColor = 510;
         m_picture = screenWall();
         moveMouse(QPoint(200, 150) * screenRatio());
@@ -44,10 +43,8 @@ private slots:
         QTest::addColumn<bool>("argument");
         QTest::addColumn<QPoint>("red"); // where the tool is that colour, or nearly, drawn at the pointer
         for (const bool argument : {true, false}) {
-            QTest::addRow("laser, %d", argument)
-                << heldToolKind<LightPen>("LightPen", 4, true) << argument << QPoint(200, 150);
-            QTest::addRow("magnifier, %d", argument)
-                << heldToolKind<Magnifie>("Magnifie", 3, true) << argument << QPoint(200 + 41, 150);
+            QTest::addRow("laser, %d", argument) << laser << argument << QPoint(200, 150);
+            QTest::addRow("magnifier, %d", argument) << magnifier << argument << QPoint(200 + 41, 150);
         }
     }
     void itIsDrawnOncePressedWhateverTheArgument() {

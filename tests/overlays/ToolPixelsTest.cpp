@@ -11,6 +11,7 @@
 #include "support/TestMain.h"
 
 #include <cmath>
+#include <optional>
 
 using namespace vexa::test;
 
@@ -58,15 +59,18 @@ template<typename Tool> QImage screenWith(Tool &tool, QPixmap background, const 
     return shownOnScreen();
 }
 
-/// The distance of a pixel's middle from a place given in points, in pixels.
-double distance(int x, int y, const QPoint &at) {
-    return std::hypot(x + 0.5 - at.x() * screenRatio(), y + 0.5 - at.y() * screenRatio());
-}
-
-QImage pictureOf(const QPixmap &pixmap) {
-    QImage image = pixmap.toImage();
-    image.setDevicePixelRatio(1);
-    return image;
+/// Whether the screen shows the blocks enlarged by a quarter within a distance of the pointer, but for what
+/// is near the edge of a block. `from` tells what place of the picture, in pixels, a pixel shows.
+template<typename From> bool isEnlarged(const QImage &screen, const QPoint &at, const From &from) {
+    int looked = 0;
+    const auto expected = [&](const QPoint &pixel) -> std::optional<QRgb> {
+        const QPointF place = from(QPointF(pixel) + QPointF(0.5, 0.5));
+        if (distance(pixel, at * screenRatio()) > 100 * screenRatio() - 3 || !isInBlock(place.x(), place.y()))
+            return std::nullopt;
+        ++looked;
+        return blockColour(int(place.x()) / block, int(place.y()) / block);
+    };
+    return isAll(screen, expected, 2) && looked > 1000;
 }
 
 void positions() {
@@ -97,19 +101,16 @@ private slots:
         ZrToolXmlClass::LaserPenSize = 13;
         ZrToolXmlClass::LaserPenColor = 22;
         LightPen laser;
-        const QImage wallOnly = pictureOf(screenWall());
+        const QImage wallOnly = plainImage(screenWall());
         const QImage screen = screenWith(laser, screenWall(), at);
         QCOMPARE(screen.pixel(at * screenRatio()), qRgb(255, 22, 0));
         const double radius = 13 * screenRatio();
-        for (int y = 0; y < screen.height(); ++y) {
-            for (int x = 0; x < screen.width(); ++x) {
-                const double far = distance(x, y, at);
-                const bool soft = far >= radius - 1 && far <= radius + 1;
-                const QRgb expected = far < radius ? qRgb(255, 22, 0) : wallOnly.pixel(x, y);
-                if (!soft && screen.pixel(x, y) != expected)
-                    QFAIL(qPrintable(QStringLiteral("%1, %2").arg(x).arg(y)));
-            }
-        }
+        QVERIFY(isAll(screen, [&](const QPoint &pixel) -> std::optional<QRgb> {
+            const double far = distance(pixel, at * screenRatio());
+            if (far >= radius - 1 && far <= radius + 1)
+                return std::nullopt; // its soft edge
+            return far < radius ? qRgb(255, 22, 0) : wallOnly.pixel(pixel);
+        }));
     }
 
     void theLasersColourIsThatOfTheSlider() {
@@ -152,26 +153,26 @@ private slots:
         ZrToolXmlClass::SportLightSize = 100;
         ZrToolXmlClass::SportLightTran = alpha;
         Spolight2 spotlight;
-        const QImage wallOnly = pictureOf(screenWall());
+        const QImage wallOnly = plainImage(screenWall());
         const QImage screen = screenWith(spotlight, screenWall(), at);
         const double radius = 100 * screenRatio();
         const QRect insideOutline = screen.rect().adjusted(1, 1, -1, -1);
-        for (int y = 0; y < screen.height(); ++y) {
-            for (int x = 0; x < screen.width(); ++x) {
-                const double far = distance(x, y, at);
-                const QRgb plain = wallOnly.pixel(x, y);
-                if (far < radius - 1.5) {
-                    if (screen.pixel(x, y) != plain)
-                        QFAIL(qPrintable(QStringLiteral("%1, %2").arg(x).arg(y)));
-                } else if (far > radius + 1.5 && insideOutline.contains(x, y)) {
-                    const QRgb veiled =
-                        qRgb(qRed(plain) * (255 - alpha) / 255, qGreen(plain) * (255 - alpha) / 255,
-                             qBlue(plain) * (255 - alpha) / 255);
-                    if (!alike(screen.pixel(x, y), veiled, 1))
-                        QFAIL(qPrintable(QStringLiteral("%1, %2").arg(x).arg(y)));
-                }
-            }
-        }
+        const auto expected = [&](const QPoint &pixel) -> std::optional<QRgb> {
+            const double outside = distance(pixel, at * screenRatio()) - radius;
+            const QRgb plain = wallOnly.pixel(pixel);
+            if (outside < -1.5)
+                return plain;
+            if (outside <= 1.5 || !insideOutline.contains(pixel))
+                return std::nullopt;
+            return qRgb(qRed(plain) * (255 - alpha) / 255, qGreen(plain) * (255 - alpha) / 255,
+                        qBlue(plain) * (255 - alpha) / 255);
+        };
+        QVERIFY(isAll(screen, expected, 1));
+        const double inside = radius - 1.5;
+        QVERIFY(isAll(screen, [&](const QPoint &pixel) {
+            return distance(pixel, at * screenRatio()) < inside ? std::optional(wallOnly.pixel(pixel))
+                                                                : std::nullopt;
+        }));
     }
 
     void theVeilHasAnOutlineAtTheScreensEdge() {
@@ -205,7 +206,8 @@ private slots:
         const QRect inside(QPoint(1, 1), screenPoints() * screenRatio() - QSize(2, 2));
         const QImage screen = screenWith(spotlight, screenWall(), {200, 150});
         QVERIFY(!screen.isNull());
-        QVERIFY(screen.copy(inside) == pictureOf(screenWall()).convertToFormat(screen.format()).copy(inside));
+        QVERIFY(screen.copy(inside) ==
+                plainImage(screenWall()).convertToFormat(screen.format()).copy(inside));
     }
 
     void theMagnifierEnlargesByAQuarter_data() {
@@ -222,23 +224,9 @@ private slots:
         ZrToolXmlClass::MagnifierSize = 100;
         ZrToolXmlClass::MagnifierColor = 890;
         Magnifie magnifier;
-        const QImage screen = screenWith(magnifier, blocks(), at);
-        int looked = 0;
-        for (int y = 0; y < screen.height(); ++y) {
-            for (int x = 0; x < screen.width(); ++x) {
-                if (distance(x, y, at) > 100 * screenRatio() - 3)
-                    continue;
-                const double fromX = at.x() * screenRatio() + (x + 0.5 - at.x() * screenRatio()) / 1.25;
-                const double fromY = at.y() * screenRatio() + (y + 0.5 - at.y() * screenRatio()) / 1.25;
-                if (!isInBlock(fromX, fromY))
-                    continue;
-                ++looked;
-                const QRgb expected = blockColour(int(fromX) / block, int(fromY) / block);
-                if (!alike(screen.pixel(x, y), expected, 2))
-                    QFAIL(qPrintable(QStringLiteral("%1, %2").arg(x).arg(y)));
-            }
-        }
-        QVERIFY(looked > 1000);
+        const QPointF pixel = QPointF(at) * screenRatio();
+        QVERIFY(isEnlarged(screenWith(magnifier, blocks(), at), at,
+                           [&](const QPointF &shown) { return pixel + (shown - pixel) / 1.25; }));
     }
 
     void nearTheTopLeftTheMagnifiersPictureStartsAtTheCorner() {
@@ -246,21 +234,8 @@ private slots:
         Magnifie magnifier;
         // The piece begins 30 points outside and is cut there; its disc begins at -40, and the lens stands in
         // the corner: what is shown at s is what stood at s / 1.25, in a disc around the pointer.
-        const QImage screen = screenWith(magnifier, blocks(), {50, 50});
-        int looked = 0;
-        for (int y = 0; y < 150 * screenRatio(); ++y) {
-            for (int x = 0; x < 150 * screenRatio(); ++x) {
-                const double fromX = (x + 0.5) / 1.25;
-                const double fromY = (y + 0.5) / 1.25;
-                if (distance(x, y, {50, 50}) > 100 * screenRatio() - 3 || !isInBlock(fromX, fromY))
-                    continue;
-                ++looked;
-                const QRgb expected = blockColour(int(fromX) / block, int(fromY) / block);
-                if (!alike(screen.pixel(x, y), expected, 2))
-                    QFAIL(qPrintable(QStringLiteral("%1, %2").arg(x).arg(y)));
-            }
-        }
-        QVERIFY(looked > 1000);
+        QVERIFY(isEnlarged(screenWith(magnifier, blocks(), {50, 50}), {50, 50},
+                           [](const QPointF &shown) { return shown / 1.25; }));
     }
 
     void theMagnifiersRingIsThreePixelsWide() {
@@ -296,12 +271,12 @@ private slots:
         QFETCH(QPoint, at);
         ZrToolXmlClass::MagnifierSize = 100;
         Magnifie magnifier;
-        const QImage wallOnly = pictureOf(screenWall());
+        const QImage wallOnly = plainImage(screenWall());
         const QImage screen = screenWith(magnifier, screenWall(), at);
-        for (int y = 0; y < screen.height(); ++y)
-            for (int x = 0; x < screen.width(); ++x)
-                if (distance(x, y, at) > 103.5 * screenRatio() && screen.pixel(x, y) != wallOnly.pixel(x, y))
-                    QFAIL(qPrintable(QStringLiteral("%1, %2").arg(x).arg(y)));
+        QVERIFY(isAll(screen, [&](const QPoint &pixel) {
+            const bool outside = distance(pixel, at * screenRatio()) > 103.5 * screenRatio();
+            return outside ? std::optional(wallOnly.pixel(pixel)) : std::nullopt;
+        }));
     }
 };
 

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
+#include "qml/PanelPlaces.h"
 #include "qml/PanelView.h"
 #include "support/TestMain.h"
 
 #include <QAbstractEventDispatcher>
 #include <QQuickWindow>
+
+using namespace places;
 
 /// A panel that is out of sight costs nothing.
 class HiddenPanelTest : public QObject {
@@ -21,7 +24,7 @@ private slots:
     void hiddenPanelDrawsNothing() {
         PanelView view;
         QVERIFY(QTest::qWaitForWindowExposed(&view.widget()));
-        view.click({296 + 12, 196 + 12});
+        view.click(key4Button);
         view.widget().hide();
         QCoreApplication::processEvents();
         QSignalSpy frames(view.widget().quickWindow(), &QQuickWindow::afterRendering);
@@ -39,7 +42,7 @@ private slots:
     void hiddenPanelRunsNoTimerAndNoAnimation() {
         PanelView view;
         QVERIFY(QTest::qWaitForWindowExposed(&view.widget()));
-        view.click({951 + 9, 598 + 9});
+        view.click(settingsButton);
         view.push(16, 2); // starts the guard's timer, which ends by itself
         view.widget().hide();
         QTRY_COMPARE(timersUnder(&view.widget()) + timersUnder(view.widget().quickWindow()) +
@@ -53,7 +56,7 @@ private slots:
     void panelShownAgainShowsWhatWasPushedMeanwhile() {
         PanelView view;
         QVERIFY(QTest::qWaitForWindowExposed(&view.widget()));
-        view.click({951 + 9, 598 + 9});
+        view.click(settingsButton);
         view.push(17, 0);
         view.widget().hide();
         view.push(17, 1);

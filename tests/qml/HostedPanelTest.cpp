@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/MainWindow.h"
 #include "qml/PanelView.h"
+#include "qml/Sliders.h"
 #include "settings/ZrToolXmlClass.h"
 #include "support/TestMain.h"
 #include "support/UserFile.h"
@@ -8,29 +9,23 @@
 #include <QDomDocument>
 
 using namespace vexa::test;
+using namespace places;
 
 using Settings = ZrToolXmlClass;
 
 namespace {
-
-const QPoint key1Button(679 + 12, 457 + 12);
-const QPoint key2Button(296 + 12, 457 + 12);
-const QPoint key3Button(679 + 12, 196 + 12);
-const QPoint key4Button(296 + 12, 196 + 12);
-const QPoint settingsButton(951 + 9, 598 + 9);
-const QPoint languageBox(722 + 87, 207 + 129);
-const QPoint firstSlider(30 + 20 + 16, 87 + 208 + 176);
-const QPoint secondSlider(30 + 20 + 16, 87 + 208 + 228);
-const QPoint penPage(712 + 30, 87 + 114);
 
 /// What the settings file says, or -1 where it says nothing.
 int stored(const char *element) {
     QDomDocument document;
     if (!document.setContent(userfile::read()))
         return -1;
-    const QDomNodeList found = document.elementsByTagName(QString::fromLatin1(element));
+    const QDomNodeList found = document.elementsByTagName(QString(element));
     return found.isEmpty() ? -1 : found.at(0).toElement().text().toInt();
 }
+
+/// What key 2's long press says that it does, in each language.
+const QStringList slideShow{"PPT放映：开始/结束", "PPT放映：開始/結束", "PPT Slide on/off"};
 
 QPoint end(const QPoint &slider) {
     return slider + QPoint(174, 3);
@@ -54,7 +49,7 @@ private slots:
     }
 
     void windowStandsOnItsPicture() {
-        const QImage picture(QStringLiteral(":/bg.png"));
+        const QImage picture(QString(":/bg.png"));
         QCOMPARE(picture.size(), QSize(999, 650));
         QCOMPARE(
             m_window->palette().brush(QPalette::Window).texture().toImage().convertToFormat(picture.format()),
@@ -63,63 +58,53 @@ private slots:
 
     void choicesOfTheKeysAreStored() {
         m_view->click(key2Button);
-        m_view->pick({30 + 20, 321 + 136}, 4);
+        m_view->pick(key2List, 4);
         QCOMPARE(stored("Key2P"), 4);
         m_view->click(key3Button);
-        m_view->pick({712 + 20, 87 + 136}, 2);
-        QCOMPARE(stored("Key3P"), 2);
-        QCOMPARE(textAt({506, 171}), QStringLiteral("播放器：暂停/播放"));
-        m_view->pick({712 + 20, 87 + 136}, 3);
-        QCOMPARE(stored("Key3P"), 3);
+        for (const int action : {2, 3}) {
+            m_view->pick(key3List, action);
+            QCOMPARE(stored("Key3P"), action);
+            QCOMPARE(m_view->textAt(key3Value), QString(action == 2 ? "播放器：暂停/播放" : "黑板"));
+        }
         m_view->click(key4Button);
-        m_view->pick({30 + 20, 87 + 42}, 0);
+        m_view->pick(clickList, 0);
         QCOMPARE(stored("Key4C"), 0);
-        m_view->pick({30 + 20, 87 + 136}, 1);
+        m_view->pick(longPressList, 1);
         QCOMPARE(stored("Key4P"), 1);
     }
 
     void choicesOfThePenAreStored() {
-        // A fresh installation: slots red, white, black, and the second width.
+        // A fresh installation: slots red, white, black, and the second width. Each slot is chosen, then its
+        // colour.
         m_view->click(key1Button);
-        m_view->click(penPage + QPoint(33 + 13, 143 + 13));
-        QCOMPARE(stored("PenColor0"), 4);
-        m_view->click(penPage + QPoint(91 + 13, 40 + 13));
-        m_view->click(penPage + QPoint(73 + 13, 143 + 13));
-        QCOMPARE(stored("PenColor1"), 5);
-        m_view->click(penPage + QPoint(151 + 13, 40 + 13));
-        m_view->click(penPage + QPoint(113 + 13, 143 + 13));
-        QCOMPARE(stored("PenColor2"), 6);
-        m_view->click(penPage + QPoint(167 + 11, 228 + 11));
-        QCOMPARE(stored("PenThickness"), 3);
+        const struct {
+            const char *element;
+            QPoint slot, choice;
+            int value;
+        } rows[] = {{"PenColor0", {31, 40}, {33, 143}, 4},
+                    {"PenColor1", {91, 40}, {73, 143}, 5},
+                    {"PenColor2", {151, 40}, {113, 143}, 6},
+                    {"PenThickness", {151, 40}, {167, 228}, 3}};
+        for (const auto &row : rows) {
+            m_view->click(penPage + row.slot + QPoint(11, 11));
+            m_view->click(penPage + row.choice + QPoint(11, 11));
+            QCOMPARE(stored(row.element), row.value);
+        }
         QCOMPARE(stored("PenColor0"), 4);
     }
 
-    void valuesOfTheToolsAreStored_data() {
-        QTest::addColumn<int>("tool");
-        QTest::addColumn<QPoint>("slider");
-        QTest::addColumn<QByteArray>("element");
-        QTest::addColumn<int>("most");
-        QTest::newRow("darkness") << 0 << firstSlider << QByteArray("SportLightTran") << 255;
-        QTest::newRow("light") << 0 << secondSlider << QByteArray("SportLightSize") << 250;
-        QTest::newRow("ring") << 1 << firstSlider << QByteArray("MagnifierColor") << 1275;
-        QTest::newRow("lens") << 1 << secondSlider << QByteArray("MagnifierSize") << 250;
-        QTest::newRow("colour") << 2 << firstSlider << QByteArray("LaserPenColor") << 1275;
-        QTest::newRow("dot") << 2 << secondSlider << QByteArray("LaserPenSize") << 25;
-    }
+    void valuesOfTheToolsAreStored_data() { sliders::everySlider(); }
     void valuesOfTheToolsAreStored() {
-        QFETCH(int, tool);
-        QFETCH(QPoint, slider);
-        QFETCH(QByteArray, element);
-        QFETCH(int, most);
+        QFETCH(sliders::Slider, slider);
         m_view->click(key4Button);
-        m_view->pick({30 + 20, 87 + 136}, tool);
-        m_view->click(end(slider));
-        QCOMPARE(stored(element.constData()), most);
+        m_view->pick(longPressList, slider.tool);
+        m_view->click(end(slider.corner));
+        QCOMPARE(stored(slider.element), slider.most);
     }
 
     void laserSizeAtItsEndIsStoredAtOnce() {
         m_view->click(key4Button);
-        m_view->pick({30 + 20, 87 + 136}, 2);
+        m_view->pick(longPressList, 2);
         m_view->press(end(secondSlider)); // not yet released
         QCOMPARE(Settings::LaserPenSize, 25);
         QCOMPARE(stored("LaserPenSize"), 25);
@@ -128,7 +113,7 @@ private slots:
 
     void clickThatMovesNothingStoresTheSameValue() {
         m_view->click(key4Button);
-        m_view->pick({30 + 20, 87 + 136}, 2);
+        m_view->pick(longPressList, 2);
         m_view->click(end(secondSlider));
         userfile::clear();
         m_view->click(end(secondSlider));
@@ -137,13 +122,15 @@ private slots:
 
     void choosingALanguageStoresItAndNeverBounces() {
         m_view->click(settingsButton);
-        const QStringList titles{"设置", "設置", "Setting"};
         for (const int language : {2, 1, 2, 0}) {
+            m_view->push(12, 0); // which the refill that follows the switch takes back
             m_view->messages.clear();
             m_view->pick(languageBox, language);
-            QTRY_COMPARE(textAt({722 + 20, 207 + 23}), titles.at(language));
-            QTest::qWait(300); // the refill comes 200 ms after the switch
-            QCOMPARE(box(languageBox)->property("currentIndex").toInt(), language);
+            QTRY_COMPARE(m_view->textAt(settingsTitle),
+                         QStringList({"设置", "設置", "Setting"}).at(language));
+            QTRY_COMPARE(m_view->textAt(key2Value), slideShow.at(language));
+            QTRY_VERIFY(m_view->list(languageBox)->property("canChangeIndex").toBool());
+            QCOMPARE(m_view->shown("ComboxControl", languageBox, "currentIndex"), QVariant(language));
             QCOMPARE(stored("Language"), language);
             QCOMPARE(m_view->messages.count({16, language, 0}), 1);
             for (const Message &message : qAsConst(m_view->messages))
@@ -154,23 +141,24 @@ private slots:
     void languageByMessageNeverBounces() {
         m_view->click(settingsButton);
         m_view->pick(languageBox, 2);
-        QTRY_COMPARE(textAt({722 + 20, 207 + 23}), QStringLiteral("Setting"));
-        QTRY_VERIFY(box(languageBox)->property("canChangeIndex").toBool());
+        QTRY_COMPARE(m_view->textAt(settingsTitle), QString("Setting"));
+        QTRY_VERIFY(m_view->list(languageBox)->property("canChangeIndex").toBool());
         m_window->recvQmlMessage1(16, 1, 0);
-        QTRY_COMPARE(box(languageBox)->property("currentIndex").toInt(), 1);
-        QTest::qWait(300); // what might still come of it
-        QCOMPARE(textAt({722 + 20, 207 + 23}), QStringLiteral("設置"));
-        QCOMPARE(box(languageBox)->property("currentIndex").toInt(), 1);
+        m_view->push(12, 0);
+        QTRY_COMPARE(m_view->textAt(key2Value), slideShow.at(1));
+        QTRY_VERIFY(m_view->list(languageBox)->property("canChangeIndex").toBool());
+        QCOMPARE(m_view->textAt(settingsTitle), QString("設置"));
+        QCOMPARE(m_view->shown("ComboxControl", languageBox, "currentIndex"), QVariant(1));
         QCOMPARE(stored("Language"), 1);
     }
 
     void unknownLanguageShowsTheSourceTexts() {
         m_view->click(settingsButton);
         m_window->recvQmlMessage1(16, 2, 0);
-        QTRY_COMPARE(textAt({722 + 20, 207 + 23}), QStringLiteral("Setting"));
+        QTRY_COMPARE(m_view->textAt(settingsTitle), QString("Setting"));
         m_window->recvQmlMessage1(16, 5, 0);
-        QTRY_COMPARE(textAt({722 + 20, 207 + 23}), QStringLiteral("设置"));
-        QCOMPARE(textAt({722 + 127, 207 + 199}), QStringLiteral("2.0.0.0"));
+        QTRY_COMPARE(m_view->textAt(settingsTitle), QString("设置"));
+        QCOMPARE(m_view->textAt({722 + 127, 207 + 199}), QString("2.0.0.0"));
         QCOMPARE(stored("Language"), 5);
     }
 
@@ -187,8 +175,8 @@ private slots:
         for (const auto &[element, value] : values)
             QVERIFY2(stored(element) == value, element);
         m_view->click(key4Button);
-        QCOMPARE(box({30 + 20, 87 + 42})->property("displayText").toString(), QStringLiteral("Pause/Play"));
-        QCOMPARE(m_view->items(QStringLiteral("MagnifierSetWindow")).size(), 1);
+        QCOMPARE(m_view->list(clickList)->property("displayText").toString(), QString("Pause/Play"));
+        QCOMPARE(m_view->items("MagnifierSetWindow").size(), 1);
     }
 
     void valuesOutOfRangeSurviveAStartAsFarAsNothingMoves_data() {
@@ -236,23 +224,22 @@ private slots:
     }
 
     void aSwitchThatTheSystemRefusesGoesBack() {
-        QFile script(QCoreApplication::applicationDirPath() + QStringLiteral("/setAutoStartClose.sh"));
+        QFile script(QCoreApplication::applicationDirPath() + QString("/setAutoStartClose.sh"));
         QVERIFY(script.open(QIODevice::WriteOnly));
         script.write("#!/bin/sh\ntouch \"$0.ran\"; exit 1\n");
         script.close();
         QVERIFY(script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
         restartWith({{"AutoStart", 1}});
         m_view->click(settingsButton);
-        m_view->click({722 + 189 + 19, 207 + 74 + 10});
-        QVERIFY(QFile::remove(script.fileName() + QStringLiteral(".ran")));
+        m_view->click(autoStart + QPoint(19, 10));
+        QVERIFY(QFile::remove(script.fileName() + QString(".ran")));
         QCOMPARE(stored("AutoStart"), 1);
-        QCOMPARE(m_view->items(QStringLiteral("SwitchControl")).constFirst()->property("myChecked"),
-                 QVariant(true));
+        QCOMPARE(m_view->items("SwitchControl").constFirst()->property("myChecked"), QVariant(true));
         QVERIFY(script.remove());
     }
 
     void closeIconHidesTheWindow() {
-        m_view->click({955 + 16, 12 + 16});
+        m_view->click(closeButton);
         QVERIFY(!m_window->isVisible());
     }
 
@@ -264,9 +251,9 @@ private slots:
 
     void stormOfChangesSavesEach() {
         m_view->click(key4Button);
-        m_view->pick({30 + 20, 87 + 136}, 2);
-        QQuickItem *slider = m_view->item(QStringLiteral("ColorSet"), firstSlider);
-        QVERIFY(slider != nullptr);
+        m_view->pick(longPressList, 2);
+        QQuickItem *slider = m_view->item("ColorSet", firstSlider);
+        QVERIFY(slider);
         for (int value = 1; value <= 1000; ++value) {
             slider->setProperty("curValue", value);
             QCOMPARE(stored("LaserPenColor"), value);
@@ -296,19 +283,12 @@ private:
         QTRY_VERIFY(!m_window->isVisible());
         m_window->show();
         QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
-        m_view =
-            std::make_unique<PanelView>(*m_window->findChild<QQuickWidget *>(QStringLiteral("quickWidget")));
+        m_view = std::make_unique<PanelView>(*m_window->findChild<QQuickWidget *>(QString("quickWidget")));
     }
     void close() {
         m_view.reset();
         m_window.reset();
     }
-    QQuickItem *box(const QPoint &corner) { return m_view->item(QStringLiteral("ComboxControl"), corner); }
-    QString textAt(const QPoint &corner) {
-        const QQuickItem *item = m_view->text(corner);
-        return item != nullptr ? item->property("text").toString() : QString();
-    }
-
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<PanelView> m_view;
 };

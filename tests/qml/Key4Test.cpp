@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "qml/PanelView.h"
+#include "qml/PanelTest.h"
 #include "support/TestMain.h"
 
 #include <QTemporaryDir>
 
-namespace {
+using namespace places;
 
-const QPoint button(296 + 12, 196 + 12);
-const QPoint clickList(30 + 20, 87 + 42);
-const QPoint longPressList(30 + 20, 87 + 136);
-const QPoint heading(30 + 20, 87 + 188);
+namespace {
 
 /// A host that hears the view but, unlike the panel, does not hand messages back to it.
 const char deafHost[] = "import QtQuick 2.15\n"
@@ -23,21 +20,20 @@ const char deafHost[] = "import QtQuick 2.15\n"
 } // namespace
 
 /// The view of key 4: its two lists, and the settings of the tool that its long press holds.
-class Key4Test : public QObject {
+class Key4Test : public PanelTest {
     Q_OBJECT
 
 private slots:
     void init() {
-        m_view = std::make_unique<PanelView>();
-        m_view->click(button);
-        m_heading = heading;
+        PanelTest::init();
+        m_view->click(key4Button);
+        m_heading = toolHeading;
         m_shownWhenSent.clear();
     }
-    void cleanup() { m_view.reset(); }
 
     void listsOfferActionsAndTools() {
-        QCOMPARE(m_view->item(QStringLiteral("ComboxControl"), clickList)->property("count").toInt(), 5);
-        QQuickItem *tools = m_view->item(QStringLiteral("ComboxControl"), longPressList);
+        QCOMPARE(m_view->list(clickList)->property("count").toInt(), 5);
+        QQuickItem *tools = m_view->list(longPressList);
         const QStringList names{"聚光灯", "放大镜", "数字激光点"};
         QCOMPARE(tools->property("count").toInt(), names.size());
         for (int row = 0; row < names.size(); ++row) {
@@ -48,7 +44,7 @@ private slots:
 
     void pickingAnActionSendsItsCode() {
         m_view->pick(clickList, 2);
-        QCOMPARE(m_view->messages, QList<Message>({{14, 2, 0}}));
+        QCOMPARE(m_view->messages, Messages({{14, 2, 0}}));
     }
 
     void pickingTheMagnifierShowsItsSettingsBeforeTheMessageLeaves() {
@@ -56,62 +52,42 @@ private slots:
         connect(m_view->root(), SIGNAL(qmlSignal1(int, int, int)), this,
                 SLOT(noteWhatIsShown(int, int, int)));
         m_view->pick(longPressList, 1);
-        QCOMPARE(m_view->messages, QList<Message>({{15, 1, 0}}));
-        QCOMPARE(m_shownWhenSent, QStringLiteral("MagnifierSetWindow 放大镜设置"));
+        QCOMPARE(m_view->messages, Messages({{15, 1, 0}}));
+        QCOMPARE(m_shownWhenSent, QString("MagnifierSetWindow 放大镜设置"));
     }
 
     void viewItselfAppliesAPickedTool() {
         const QTemporaryDir folder;
-        QFile file(folder.filePath(QStringLiteral("Host.qml")));
+        QFile file(folder.filePath(QString("Host.qml")));
         QVERIFY(file.open(QIODevice::WriteOnly));
         file.write(deafHost);
         file.close();
         m_view = std::make_unique<PanelView>(QUrl::fromLocalFile(file.fileName()).toString());
         QVERIFY(m_view->root() != nullptr);
         m_heading = QPoint(20, 188);
-        QVERIFY(QMetaObject::invokeMethod(m_view->root()->findChild<QObject *>(QStringLiteral("view")),
-                                          "setvalue", Q_ARG(QVariant, 15), Q_ARG(QVariant, 0),
-                                          Q_ARG(QVariant, 0)));
+        QVERIFY(QMetaObject::invokeMethod(m_view->root()->findChild<QObject *>(QString("view")), "setvalue",
+                                          Q_ARG(QVariant, 15), Q_ARG(QVariant, 0), Q_ARG(QVariant, 0)));
         connect(m_view->root(), SIGNAL(qmlSignal1(int, int, int)), this,
                 SLOT(noteWhatIsShown(int, int, int)));
         m_view->pick({20, 136}, 1);
-        QCOMPARE(m_view->messages, QList<Message>({{15, 1, 0}}));
-        QCOMPARE(m_shownWhenSent, QStringLiteral("MagnifierSetWindow 放大镜设置"));
+        QCOMPARE(m_view->messages, Messages({{15, 1, 0}}));
+        QCOMPARE(m_shownWhenSent, QString("MagnifierSetWindow 放大镜设置"));
     }
 
-    void eachToolHasItsHeadingAndItsSettings_data() {
-        QTest::addColumn<int>("code");
-        QTest::addColumn<QString>("words");
-        QTest::addColumn<QString>("type");
-        QTest::newRow("spotlight") << 0 << QStringLiteral("聚光灯设置")
-                                   << QStringLiteral("SportLightSetWindow");
-        QTest::newRow("magnifier") << 1 << QStringLiteral("放大镜设置")
-                                   << QStringLiteral("MagnifierSetWindow");
-        QTest::newRow("laser") << 2 << QStringLiteral("数字激光笔设置")
-                               << QStringLiteral("LightpenSetWindow");
-    }
     void eachToolHasItsHeadingAndItsSettings() {
-        QFETCH(int, code);
-        QFETCH(QString, words);
-        QFETCH(QString, type);
-        m_view->push(15, (code + 1) % 3);
-        m_view->push(15, code);
-        QCOMPARE(textAt(heading), words);
-        QCOMPARE(shownTool(), type);
-    }
-
-    void unknownToolLeavesHeadingAndSettings_data() {
-        QTest::addColumn<int>("code");
-        for (int code : {3, -1, 1275})
-            QTest::addRow("%d", code) << code;
-    }
-    void unknownToolLeavesHeadingAndSettings() {
-        QFETCH(int, code);
-        m_view->push(15, 2);
-        QCOMPARE(shownTool(), QStringLiteral("LightpenSetWindow"));
-        m_view->push(15, code);
-        QCOMPARE(shownTool(), QStringLiteral("LightpenSetWindow"));
-        QCOMPARE(textAt(heading), QStringLiteral("数字激光笔设置"));
+        const struct {
+            int code;
+            const char *shown;
+        } rows[] = {{1, "MagnifierSetWindow 放大镜设置"},
+                    {3, "MagnifierSetWindow 放大镜设置"}, // unknown ones leave what is shown
+                    {0, "SportLightSetWindow 聚光灯设置"},
+                    {-1, "SportLightSetWindow 聚光灯设置"},
+                    {2, "LightpenSetWindow 数字激光笔设置"},
+                    {1275, "LightpenSetWindow 数字激光笔设置"}};
+        for (const auto &row : rows) {
+            m_view->push(15, row.code);
+            QCOMPARE(shownTool() + ' ' + m_view->textAt(toolHeading), QString(row.shown));
+        }
     }
 
     void pushesAreNotSent() {
@@ -120,7 +96,9 @@ private slots:
         QVERIFY(m_view->messages.isEmpty());
     }
 
-    void headingIsTheSpotlightsBeforeAnyPush() { QCOMPARE(textAt(heading), QStringLiteral("聚光灯设置")); }
+    void headingIsTheSpotlightsBeforeAnyPush() {
+        QCOMPARE(m_view->textAt(toolHeading), QString("聚光灯设置"));
+    }
 
     void spotlightSizeReachesTheHostAsItsIdentifier() {
         m_view->push(15, 0);
@@ -134,23 +112,18 @@ private slots:
 public slots:
     void noteWhatIsShown(int id, int, int) {
         if (id == 15)
-            m_shownWhenSent = shownTool() + ' ' + textAt(m_heading);
+            m_shownWhenSent = shownTool() + ' ' + m_view->textAt(m_heading);
     }
 
 private:
-    QString textAt(const QPoint &corner) {
-        const QQuickItem *item = m_view->text(corner);
-        return item != nullptr ? item->property("text").toString() : QString();
-    }
     QString shownTool() {
         QStringList shown;
         for (const char *type : {"SportLightSetWindow", "MagnifierSetWindow", "LightpenSetWindow"})
-            if (!m_view->items(QString::fromLatin1(type)).isEmpty())
-                shown.append(QString::fromLatin1(type));
+            if (!m_view->items(QString(type)).isEmpty())
+                shown.append(QString(type));
         return shown.join('+');
     }
 
-    std::unique_ptr<PanelView> m_view;
     QPoint m_heading;
     QString m_shownWhenSent;
 };

@@ -1,111 +1,95 @@
 // SPDX-License-Identifier: MIT
-#include "qml/PanelView.h"
+#include "qml/PanelTest.h"
 #include "support/TestMain.h"
 
+using namespace places;
+
 /// The panel without a mouse.
-class KeyboardTest : public QObject {
+class KeyboardTest : public PanelTest {
     Q_OBJECT
 
 private slots:
     void init() {
-        m_view = std::make_unique<PanelView>();
-        m_view->widget().activateWindow();
-        QTRY_VERIFY(m_view->widget().isActiveWindow());
+        PanelTest::init();
+        m_view->activate();
     }
-    void cleanup() { m_view.reset(); }
 
     void escapeClosesTheViewThenThePanel() {
-        m_view->click({296 + 12, 457 + 12});
-        QCOMPARE(m_view->items(QStringLiteral("Key2Window")).size(), 1);
-        press(Qt::Key_Escape);
-        QCOMPARE(m_view->items(QStringLiteral("Key2Window")).size(), 0);
-        QCOMPARE(m_view->messages, QList<Message>());
-        press(Qt::Key_Escape);
-        QCOMPARE(m_view->messages, QList<Message>({{0, 0, 0}}));
+        m_view->click(key2Button);
+        QVERIFY(m_view->has("Key2Window"));
+        m_view->type(Qt::Key_Escape);
+        QVERIFY(!m_view->has("Key2Window"));
+        QCOMPARE(m_view->messages, Messages());
+        m_view->type(Qt::Key_Escape);
+        QCOMPARE(m_view->messages, Messages({{0, 0, 0}}));
     }
 
     void viewOpenedWithTheKeyboardTakesItAndGivesItBack_data() {
-        QTest::addColumn<QByteArray>("name");
+        QTest::addColumn<QString>("button");
         QTest::addColumn<QString>("view");
-        QTest::newRow("key 1") << QByteArray("key1Button") << QStringLiteral("Key1Window");
-        QTest::newRow("key 2") << QByteArray("key2Button") << QStringLiteral("Key2Window");
-        QTest::newRow("key 3") << QByteArray("key3Button") << QStringLiteral("Key3Window");
-        QTest::newRow("key 4") << QByteArray("key4Button") << QStringLiteral("Key4Window");
-        QTest::newRow("settings") << QByteArray("setButton") << QStringLiteral("SetWindow");
+        QTest::newRow("key 1") << "key1Button"
+                               << "Key1Window";
+        QTest::newRow("key 2") << "key2Button"
+                               << "Key2Window";
+        QTest::newRow("key 3") << "key3Button"
+                               << "Key3Window";
+        QTest::newRow("key 4") << "key4Button"
+                               << "Key4Window";
+        QTest::newRow("settings") << "setButton"
+                                  << "SetWindow";
     }
     void viewOpenedWithTheKeyboardTakesItAndGivesItBack() {
-        QFETCH(QByteArray, name);
+        QFETCH(QString, button);
         QFETCH(QString, view);
-        QVERIFY(QMetaObject::invokeMethod(button(name), "takeFocus"));
+        QVERIFY(QMetaObject::invokeMethod(m_view->root()->findChild<QObject *>(button), "takeFocus"));
         const QQuickItem *before = focused();
-        press(Qt::Key_Space);
+        m_view->type(Qt::Key_Space);
         QCOMPARE(m_view->items(view).size(), 1);
-        QVERIFY(isInside(m_view->items(view).first()));
-        press(Qt::Key_Escape);
-        QCOMPARE(m_view->items(view).size(), 0);
+        QVERIFY(m_view->items(view).first()->isAncestorOf(focused()) ||
+                m_view->items(view).first() == focused());
+        m_view->type(Qt::Key_Escape);
+        QVERIFY(!m_view->has(view));
         QCOMPARE(focused(), before);
     }
 
     void viewOpenedWithTheMouseLeavesTheFocus() {
         const QQuickItem *before = focused();
-        m_view->click({296 + 12, 457 + 12});
+        m_view->click(key2Button);
         QCOMPARE(focused(), before);
     }
 
     void escapeInAnOpenListClosesTheList() {
-        const QPoint corner(30 + 20, 321 + 136);
-        m_view->click({296 + 12, 457 + 12});
-        QQuickItem *list = m_view->item(QStringLiteral("ComboxControl"), corner);
-        QVERIFY(list != nullptr);
-        auto *popup = list->property("popup").value<QObject *>();
-        m_view->click(corner + QPoint(20, 15));
-        QTRY_VERIFY(popup->property("opened").toBool());
-        press(Qt::Key_Escape);
+        m_view->click(key2Button);
+        const QObject *popup = m_view->openList(key2List);
+        m_view->type(Qt::Key_Escape);
         QTRY_VERIFY(!popup->property("visible").toBool());
-        QCOMPARE(m_view->items(QStringLiteral("Key2Window")).size(), 1);
+        QVERIFY(m_view->has("Key2Window"));
     }
 
     void arrowsChooseAmongTheWidths() {
-        m_view->click({679 + 12, 457 + 12});
-        const QPoint widths(712 + 30, 87 + 114 + 228);
-        QVERIFY(QMetaObject::invokeMethod(
-            m_view->item(QStringLiteral("PizhuSetButton2"), widths + QPoint(16, 0)), "takeFocus"));
-        press(Qt::Key_Right);
-        press(Qt::Key_Right);
-        press(Qt::Key_Left);
-        press(Qt::Key_Left);
-        press(Qt::Key_Left); // from the first to the last
-        QCOMPARE(m_view->messages,
-                 QList<Message>({{11, 1, 0}, {11, 2, 0}, {11, 1, 0}, {11, 0, 0}, {11, 3, 0}}));
+        m_view->click(key1Button);
+        takeFocus("PizhuSetButton2", penPage + QPoint(16, 228));
+        // To the right, back, and from the first to the last.
+        for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Right, Qt::Key_Left, Qt::Key_Left, Qt::Key_Left})
+            m_view->type(key);
+        QCOMPARE(m_view->messages, Messages({{11, 1, 0}, {11, 2, 0}, {11, 1, 0}, {11, 0, 0}, {11, 3, 0}}));
     }
 
     void arrowsChooseInThePalette() {
-        m_view->click({679 + 12, 457 + 12});
+        m_view->click(key1Button);
         m_view->push(8, 3);
         m_view->messages.clear();
-        const QPoint blue(712 + 30 + 153, 87 + 114 + 100);
-        QVERIFY(
-            QMetaObject::invokeMethod(m_view->item(QStringLiteral("PizhuSetButton1"), blue), "takeFocus"));
-        press(Qt::Key_Down);
-        press(Qt::Key_Left);
-        press(Qt::Key_Up);
-        QCOMPARE(m_view->messages, QList<Message>({{8, 7, 0}, {8, 6, 0}, {8, 2, 0}}));
+        takeFocus("PizhuSetButton1", penPage + QPoint(153, 100)); // blue
+        for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Left, Qt::Key_Up})
+            m_view->type(key);
+        QCOMPARE(m_view->messages, Messages({{8, 7, 0}, {8, 6, 0}, {8, 2, 0}}));
     }
 
 private:
-    void press(Qt::Key key) { QTest::keyClick(&m_view->widget(), key); }
     QQuickItem *focused() { return m_view->root()->window()->activeFocusItem(); }
-    bool isInside(const QQuickItem *view) {
-        const QQuickItem *item = focused();
-        while (item != nullptr && item != view)
-            item = item->parentItem();
-        return item != nullptr;
+    void takeFocus(const char *type, const QPoint &corner) {
+        QVERIFY(QMetaObject::invokeMethod(m_view->item(type, corner), "takeFocus"));
     }
-    QObject *button(const char *name) {
-        return m_view->root()->findChild<QObject *>(QString::fromLatin1(name));
-    }
-
-    std::unique_ptr<PanelView> m_view;
 };
 
 VEXA_WIDGET_TEST_MAIN(KeyboardTest)

@@ -1,21 +1,16 @@
 // SPDX-License-Identifier: MIT
-#include "qml/PanelView.h"
+#include "qml/PanelTest.h"
 #include "support/TestMain.h"
 
 #include <QAccessible>
 #include <QFont>
 #include <QTranslator>
 
+using namespace places;
+
 namespace {
 
-const QPoint settingsButton(951 + 9, 598 + 9);
-const QPoint key1Button(679 + 12, 457 + 12);
-const QPoint key2Button(296 + 12, 457 + 12);
-const QPoint key3Button(679 + 12, 196 + 12);
-const QPoint key4Button(296 + 12, 196 + 12);
 const QList<QPoint> buttons{settingsButton, key1Button, key2Button, key3Button, key4Button};
-const QPoint languageBox(722 + 87, 207 + 129);
-const QPoint clickList(30 + 20, 87 + 42);
 const QStringList catalogues{"Cn", "Tw", "En"};
 
 bool hasHan(const QString &text) {
@@ -41,43 +36,37 @@ QRectF ink(const QQuickItem *text) {
 } // namespace
 
 /// The panel in its three languages, switched while it runs by a host that does what the program's does.
-class PanelLanguageTest : public QObject {
+class PanelLanguageTest : public PanelTest {
     Q_OBJECT
 
 private slots:
     void init() {
-        m_view = std::make_unique<PanelView>();
+        PanelTest::init();
         connect(m_view->root(), SIGNAL(qmlSignal1(int, int, int)), this, SLOT(host(int, int, int)));
     }
     void cleanup() {
-        m_view.reset();
+        PanelTest::cleanup();
         m_translator.reset();
     }
 
     void pickingALanguageSwitchesEveryTextAndKeepsEveryChoice() {
-        const QList<int> values{132, 183, 890, 177, 22, 13, 3, 1, 2, 1, 4, 2, 3, 1, 0, 1};
-        for (int i = 0; i < values.size(); ++i)
-            m_view->push(2 + i, values.at(i));
+        m_view->pushAll({132, 183, 890, 177, 22, 13, 3, 1, 2, 1, 4, 2, 3, 1, 0, 1});
         m_view->click(settingsButton);
         m_view->messages.clear();
         m_view->pick(languageBox, 2);
-        QTRY_COMPARE(titleOfSettings(), QStringLiteral("Setting"));
+        QTRY_COMPARE(m_view->textAt(settingsTitle), QString("Setting"));
         for (const QPoint &button : buttons) {
             m_view->click(button);
             for (const QString &text : m_view->visibleTexts())
                 QVERIFY2(!hasHan(text), qPrintable(text));
         }
-        QCOMPARE(m_view->messages, QList<Message>({{16, 2, 0}}));
+        QCOMPARE(m_view->messages, Messages({{16, 2, 0}}));
         m_view->click(settingsButton);
-        QCOMPARE(
-            m_view->item(QStringLiteral("ComboxControl"), languageBox)->property("displayText").toString(),
-            QStringLiteral("English"));
+        QCOMPARE(m_view->list(languageBox)->property("displayText").toString(), QString("English"));
         m_view->click(key4Button);
-        QCOMPARE(m_view->item(QStringLiteral("ComboxControl"), clickList)->property("displayText").toString(),
-                 QStringLiteral("Black Board"));
-        QCOMPARE(m_view->item(QStringLiteral("ComboxControl"), clickList)->property("currentIndex").toInt(),
-                 3);
-        QCOMPARE(m_view->items(QStringLiteral("MagnifierSetWindow")).size(), 1);
+        QCOMPARE(m_view->list(clickList)->property("displayText").toString(), QString("Black Board"));
+        QCOMPARE(m_view->list(clickList)->property("currentIndex").toInt(), 3);
+        QCOMPARE(m_view->items("MagnifierSetWindow").size(), 1);
     }
 
     void pickingEveryLanguageInTurnNeverBounces() {
@@ -86,13 +75,9 @@ private slots:
         int picks = 0;
         for (const int language : {2, 1, 0, 1, 2, 0}) {
             m_view->pick(languageBox, language);
-            QTRY_COMPARE(titleOfSettings(), titles.at(language));
-            QTRY_VERIFY(m_view->item(QStringLiteral("ComboxControl"), languageBox)
-                            ->property("canChangeIndex")
-                            .toBool());
-            QCOMPARE(
-                m_view->item(QStringLiteral("ComboxControl"), languageBox)->property("currentIndex").toInt(),
-                language);
+            QTRY_COMPARE(m_view->textAt(settingsTitle), titles.at(language));
+            QTRY_VERIFY(m_view->list(languageBox)->property("canChangeIndex").toBool());
+            QCOMPARE(m_view->list(languageBox)->property("currentIndex").toInt(), language);
             QCOMPARE(m_view->messages.size(), ++picks);
             QCOMPARE(m_view->messages.last(), Message({16, language, 0}));
         }
@@ -100,35 +85,33 @@ private slots:
 
     void switchByMessageNeverBounces() {
         m_view->click(settingsButton);
-        QQuickItem *box = m_view->item(QStringLiteral("ComboxControl"), languageBox);
+        QQuickItem *box = m_view->list(languageBox);
         m_view->pick(languageBox, 2);
         QTRY_VERIFY(box->property("canChangeIndex").toBool());
         m_view->messages.clear();
         // The host changes the language on its own, and only then tells the view.
         speak(1);
-        QTRY_COMPARE(titleOfSettings(), QStringLiteral("設置"));
+        QTRY_COMPARE(m_view->textAt(settingsTitle), QString("設置"));
         QCOMPARE(box->property("currentIndex").toInt(), 2);
-        QCOMPARE(m_view->messages, QList<Message>());
+        QCOMPARE(m_view->messages, Messages());
         m_view->push(16, 1);
         settle();
         QCOMPARE(box->property("currentIndex").toInt(), 1);
-        QCOMPARE(m_view->messages, QList<Message>({{16, 1, 0}}));
-        QCOMPARE(titleOfSettings(), QStringLiteral("設置"));
+        QCOMPARE(m_view->messages, Messages({{16, 1, 0}}));
+        QCOMPARE(m_view->textAt(settingsTitle), QString("設置"));
     }
 
     void textsOfTheKeysInEnglish() {
         speak(2);
-        QTRY_COMPARE(m_view->text({296, 116})->property("text").toString(), QStringLiteral("Click"));
-        QCOMPARE(m_view->text({296, 154})->property("text").toString(), QStringLiteral("Long Press"));
-        QCOMPARE(m_view->text({296, 535})->property("text").toString(), QStringLiteral("Page Up"));
+        QTRY_COMPARE(m_view->textAt({296, 116}), QString("Click"));
+        QCOMPARE(m_view->textAt({296, 154}), QString("Long Press"));
+        QCOMPARE(m_view->textAt({296, 535}), QString("Page Up"));
         const QStringList actions{"No Action", "PPT Slide on/off", "Pause/Play", "Black Board", "Screenshot"};
         m_view->click(key4Button);
         for (int code = 0; code < actions.size(); ++code) {
             m_view->push(14, code);
-            QCOMPARE(m_view->text({296, 133})->property("text").toString(), actions.at(code));
-            QCOMPARE(
-                m_view->item(QStringLiteral("ComboxControl"), clickList)->property("displayText").toString(),
-                actions.at(code));
+            QCOMPARE(m_view->textAt(key4ClickValue), actions.at(code));
+            QCOMPARE(m_view->list(clickList)->property("displayText").toString(), actions.at(code));
         }
     }
 
@@ -143,12 +126,12 @@ private slots:
         settle();
         m_view->push(16, language);
         const auto check = [this] {
-            for (const QQuickItem *text : m_view->items(QStringLiteral("QQuickText"))) {
+            for (const QQuickItem *text : m_view->items("QQuickText")) {
                 const QByteArray words = text->property("text").toString().toUtf8();
                 QVERIFY2(!text->property("truncated").toBool(), words.constData());
                 QVERIFY2(text->property("contentWidth").toReal() <= text->width(), words.constData());
             }
-            const QList<QQuickItem *> texts = m_view->items(QStringLiteral("QQuickText"));
+            const QList<QQuickItem *> texts = m_view->items("QQuickText");
             for (int i = 0; i < texts.size(); ++i) {
                 for (int j = i + 1; j < texts.size(); ++j) {
                     const QString both = texts.at(i)->property("text").toString() + " and " +
@@ -236,13 +219,12 @@ public slots:
 private:
     void speak(int language) {
         m_translator = std::make_unique<QTranslator>();
-        if (m_translator->load(QStringLiteral(":/language_qm/lang_%1.qm").arg(catalogues.at(language))))
+        if (m_translator->load(QString(":/language_qm/lang_%1.qm").arg(catalogues.at(language))))
             QCoreApplication::installTranslator(m_translator.get());
         m_port = std::make_unique<QTranslator>();
-        if (m_port->load(QStringLiteral(":/language_qm/port_%1.qm").arg(catalogues.at(language))))
+        if (m_port->load(QString(":/language_qm/port_%1.qm").arg(catalogues.at(language))))
             QCoreApplication::installTranslator(m_port.get());
     }
-    QString titleOfSettings() { return m_view->text({722 + 20, 207 + 23})->property("text").toString(); }
     /// What a screen reader calls the controls that the keyboard reaches, sorted, without those names that
     /// must be there as well.
     QStringList namesBeside(const QStringList &expected) {
@@ -265,7 +247,6 @@ private:
         QCoreApplication::processEvents();
     }
 
-    std::unique_ptr<PanelView> m_view;
     std::unique_ptr<QTranslator> m_translator;
     std::unique_ptr<QTranslator> m_port;
 };

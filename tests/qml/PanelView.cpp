@@ -2,10 +2,13 @@
 #include "qml/PanelView.h"
 
 #include <QImage>
+#include <QQmlProperty>
 #include <QQuickWindow>
 #include <QtTest>
 
 namespace {
+
+constexpr int boxHeight = 30;
 
 QtMessageHandler testsHandler = nullptr;
 
@@ -76,19 +79,31 @@ void PanelView::release(const QPoint &place) {
     QTest::mouseRelease(m_widget.window()->windowHandle(), Qt::LeftButton, {}, place);
 }
 
-void PanelView::pick(const QPoint &box, int row) {
-    constexpr int boxHeight = 30;
-    constexpr int rowHeight = 30;
-    QQuickItem *list = item(QStringLiteral("ComboxControl"), box);
-    QVERIFY(list != nullptr);
-    auto *popup = list->property("popup").value<QObject *>();
-    QVERIFY(popup != nullptr);
+QObject *PanelView::openList(const QPoint &box) {
+    auto *popup = list(box) ? list(box)->property("popup").value<QObject *>() : nullptr;
     click(box + QPoint(20, boxHeight / 2));
-    QTRY_VERIFY(popup->property("opened").toBool());
+    if (!popup || !QTest::qWaitFor([popup] { return popup->property("opened").toBool(); }))
+        QTest::qFail("no list opens", __FILE__, __LINE__);
+    return popup;
+}
+
+void PanelView::pick(const QPoint &box, int row) {
+    constexpr int rowHeight = 30;
+    const QObject *popup = openList(box);
+    QVERIFY(popup != nullptr);
     const QPoint place = box + QPoint(20, boxHeight + 1 + row * rowHeight + rowHeight / 2);
     QTRY_VERIFY(rowAt(place) != nullptr); // rows come with the next frame
     click(place);
     QTRY_VERIFY(!popup->property("visible").toBool());
+}
+
+void PanelView::activate() {
+    m_widget.activateWindow();
+    QTRY_VERIFY(m_widget.isActiveWindow());
+}
+
+void PanelView::type(Qt::Key key) {
+    QTest::keyClick(&m_widget, key);
 }
 
 QQuickItem *PanelView::rowAt(const QPoint &place) {
@@ -107,7 +122,16 @@ QQuickItem *PanelView::item(const QString &type, const QPointF &corner) {
 }
 
 QQuickItem *PanelView::text(const QPointF &corner) {
-    return item(QStringLiteral("PanelText"), corner);
+    return item("PanelText", corner);
+}
+
+QString PanelView::textAt(const QPointF &corner) {
+    return shown("PanelText", corner, "text").toString();
+}
+
+QVariant PanelView::shown(const char *type, const QPointF &corner, const char *property) {
+    const QQuickItem *found = item(type, corner);
+    return found ? found->property(property) : QVariant();
 }
 
 QList<QQuickItem *> PanelView::items(const QString &type) {
@@ -157,4 +181,22 @@ QList<QQuickItem *> qml::tree(QQuickItem *top) {
 
 QPointF qml::corner(const QQuickItem *item) {
     return item->mapToScene({});
+}
+
+bool qml::is(QObject *object, const QString &expected) {
+    for (const QString &property : expected.split("; ")) {
+        const QString name = property.section(": ", 0, 0);
+        const QString value = property.section(": ", 1);
+        const QVariant actual = object ? QQmlProperty::read(object, name) : QVariant();
+        bool isNumber = false;
+        const double number = value.toDouble(&isNumber);
+        const bool same = actual.type() == QVariant::Color ? actual.value<QColor>() == QColor(value)
+                          : isNumber                       ? actual.toDouble() == number
+                                                           : actual.toString() == value;
+        if (!actual.isValid() || !same) {
+            qWarning() << name << "is" << actual;
+            return false;
+        }
+    }
+    return true;
 }

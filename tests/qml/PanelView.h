@@ -9,6 +9,7 @@
 #include <QStringList>
 
 #include <memory>
+#include <utility>
 
 /// A settings message of the view, as its host receives it.
 struct Message {
@@ -20,6 +21,8 @@ struct Message {
         return id == other.id && var1 == other.var1 && var2 == other.var2;
     }
 };
+
+using Messages = QList<Message>;
 
 /// The panel's view as it stands on the screen, without a host: what a user can do to it and see of it, and
 /// what it says. All places are points from the view's top left corner.
@@ -50,21 +53,35 @@ public:
     void release(const QPoint &place);
     /// Moves to a place even when the pointer is there already, for what has come to lie under it since.
     void jiggle(const QPoint &place);
-    /// Opens the list in the box at this place and clicks a row.
+    /// Opens the list in the box at this place; its popup.
+    QObject *openList(const QPoint &box);
+    /// Opens it and clicks a row.
     void pick(const QPoint &box, int row);
+
+    /// Gives the panel the keyboard.
+    void activate();
+    void type(Qt::Key key);
 
     /// The visible item of a QML type whose corner is at this place, or null.
     QQuickItem *item(const QString &type, const QPointF &corner);
-    /// The visible text item whose corner is at this place, or null.
+    /// The visible text item whose corner is at this place, or null; and its words, none without it.
     QQuickItem *text(const QPointF &corner);
+    QString textAt(const QPointF &corner);
+    /// What the visible item of this type and place has of a property; invalid without it.
+    QVariant shown(const char *type, const QPointF &corner, const char *property);
+    /// The list in the box at this place, or null.
+    QQuickItem *list(const QPointF &box) { return item("ComboxControl", box); }
     /// All visible items of a QML type, in drawing order.
     QList<QQuickItem *> items(const QString &type);
+    bool has(const QString &type) { return !items(type).isEmpty(); }
     QStringList visibleTexts();
 
     /// The colour that is drawn at this place.
     QColor pixel(const QPoint &place);
 
-    QList<Message> messages;
+    Messages messages;
+    /// Those so far, which are gone then.
+    Messages takeMessages() { return std::exchange(messages, {}); }
 
 private:
     Q_SLOT void record(int id, int var1, int var2);
@@ -88,5 +105,9 @@ bool isOfType(const QQuickItem *item, const QString &type);
 QList<QQuickItem *> tree(QQuickItem *top);
 /// Where the item's top left corner is in the view.
 QPointF corner(const QQuickItem *item);
+
+/// Whether the object is there and its properties have these values, which are written as in QML:
+/// "width: 26; border.color: #ffcc0d". Warns of the first that has another.
+bool is(QObject *object, const QString &expected);
 
 } // namespace qml

@@ -48,55 +48,42 @@ private slots:
     void init() {
         userfile::clear();
         userfile::forgetSettings();
-        ZrToolXmlClass::Language = 0;
-        ZrToolXmlClass::ZrXmlWrite();
+        speak(0);
     }
     void cleanup() { userfile::clear(); }
 
-    void confirmingWithoutTheTickGives0() {
-        QCOMPARE(run([](PrivacyprivilegesWindow &guide) { click(guide, confirmButton); }), 0);
+    void theAnswerIsWhetherItWasTicked_data() {
+        QTest::addColumn<QList<QPoint>>("clicks");
+        QTest::addColumn<int>("answer");
+        QTest::newRow("confirmed") << QList<QPoint>{confirmButton} << 0;
+        QTest::newRow("ticked and confirmed") << QList<QPoint>{tick, confirmButton} << 1;
+        QTest::newRow("tick taken back") << QList<QPoint>{tickLabel, tick, confirmButton} << 0;
+    }
+    void theAnswerIsWhetherItWasTicked() {
+        QFETCH(QList<QPoint>, clicks);
+        QTEST(run([&clicks](auto &guide) { click(guide, clicks); }), "answer");
         userfile::forgetSettings();
         ZrToolXmlClass::ZrXmlRead();
-        QCOMPARE(ZrToolXmlClass::ShowPrivacyWindow, 1);
-    }
-
-    void confirmingWithTheTickGives1() {
-        QCOMPARE(run([](PrivacyprivilegesWindow &guide) {
-                     click(guide, tick);
-                     click(guide, confirmButton);
-                 }),
-                 1);
-    }
-
-    void tickCanBeTakenBack() {
-        QCOMPARE(run([](PrivacyprivilegesWindow &guide) {
-                     click(guide, tickLabel);
-                     click(guide, tick);
-                     click(guide, confirmButton);
-                 }),
-                 0);
+        QCOMPARE(ZrToolXmlClass::ShowPrivacyWindow, 1); // whatever it was, the guide stores nothing itself
     }
 
     void clicksInOneGoAreAllHeard() {
         for (int round = 0; round < 30; ++round) {
-            const int ticks = 1 + round % 3;
-            QCOMPARE(run([ticks](PrivacyprivilegesWindow &guide) {
-                         for (int i = 0; i < ticks; ++i)
-                             click(guide, tick);
-                         for (int i = 0; i < 3; ++i)
-                             click(guide, confirmButton); // the second and third find it closing
-                     }),
-                     ticks % 2);
+            QList<QPoint> clicks;
+            for (int i = 0; i < 1 + round % 3; ++i)
+                clicks += tick;
+            clicks += {confirmButton, confirmButton, confirmButton}; // the second and third find it closing
+            QCOMPARE(run([&clicks](auto &guide) { click(guide, clicks); }), (1 + round % 3) % 2);
         }
     }
 
     void escapeGives0() {
-        QCOMPARE(run([](PrivacyprivilegesWindow &guide) { press(guide, Qt::Key_Escape); }), 0);
+        QCOMPARE(run([](auto &guide) { press(guide, Qt::Key_Escape); }), 0);
     }
 
     void returnIsNoAnswer() {
         for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space})
-            QCOMPARE(run([key](PrivacyprivilegesWindow &guide) {
+            QCOMPARE(run([key](auto &guide) {
                          press(guide, key);
                          press(guide, Qt::Key_Escape);
                      }),
@@ -104,7 +91,7 @@ private slots:
     }
 
     void closingGives0() {
-        QCOMPARE(run([](PrivacyprivilegesWindow &guide) { guide.close(); }), 0);
+        QCOMPARE(run([](auto &guide) { guide.close(); }), 0);
     }
 
     void unknownMessagesAreIgnored() {
@@ -122,12 +109,9 @@ private slots:
         const QByteArray before =
             "<PenSetting><Setting><ShowPrivacyWindow>1</ShowPrivacyWindow></Setting></PenSetting>";
         QVERIFY(userfile::write(before));
-        run([](PrivacyprivilegesWindow &guide) {
-            click(guide, tick);
-            click(guide, confirmButton);
-        });
-        run([](PrivacyprivilegesWindow &guide) { click(guide, confirmButton); });
-        run([](PrivacyprivilegesWindow &guide) { press(guide, Qt::Key_Escape); });
+        run([](auto &guide) { click(guide, {tick, confirmButton}); });
+        run([](auto &guide) { click(guide, {confirmButton}); });
+        run([](auto &guide) { press(guide, Qt::Key_Escape); });
         QCOMPARE(userfile::read(), before);
         QCOMPARE(ZrToolXmlClass::ShowPrivacyWindow, 1);
     }
@@ -135,40 +119,22 @@ private slots:
     void elementsStandAtTheirPlaces() {
         PrivacyprivilegesWindow guide;
         QCOMPARE(guide.size(), QSize(494, 300));
-        QQuickItem *view = root(guide);
-        QCOMPARE(view->size(), QSizeF(494, 300));
-        QCOMPARE(view->property("color").value<QColor>().alpha(), 0);
-        struct Picture {
-            QPoint corner;
-            QSize size;
-            const char *source;
-        };
-        const QList<Picture> pictures{{{0, 0}, {494, 300}, "qrc:/pri_bg@3x.png"},
-                                      {{17, 25}, {54, 54}, "qrc:/setting@3x.png"},
-                                      {{20, 86}, {454, 122}, "qrc:/pri_frame@3x.png"},
-                                      {{386, 248}, {88, 32}, "qrc:/button@3x.png"}};
-        for (const Picture &picture : pictures) {
-            const QQuickItem *item = find(view, QStringLiteral("QQuickImage"), picture.corner);
-            QVERIFY2(item != nullptr, picture.source);
-            QCOMPARE(item->size(), QSizeF(picture.size));
-            QCOMPARE(item->property("source").toString(), QString::fromLatin1(picture.source));
-        }
+        QVERIFY(qml::is(root(guide), "width: 494; height: 300; color: transparent"));
+        const std::pair<QPoint, const char *> pictures[] = {
+            {{0, 0}, "width: 494; height: 300; source: qrc:/pri_bg@3x.png"},
+            {{17, 25}, "width: 54; height: 54; source: qrc:/setting@3x.png"},
+            {{20, 86}, "width: 454; height: 122; source: qrc:/pri_frame@3x.png"},
+            {{386, 248}, "width: 88; height: 32; source: qrc:/button@3x.png"}};
+        for (const auto &[corner, looks] : pictures)
+            QVERIFY(qml::is(find(guide, "QQuickImage", corner), looks));
         for (const Line &line : lines) {
-            const QQuickItem *item = find(view, QStringLiteral("PanelText"), line.corner);
-            QVERIFY2(item != nullptr, line.english);
-            const auto font = item->property("font").value<QFont>();
-            QCOMPARE(font.family(), QStringLiteral("Arial"));
-            QCOMPARE(item->property("color").value<QColor>(), QColor(Qt::white));
-            if (line.pixels != 0)
-                QCOMPARE(font.pixelSize(), line.pixels);
+            const QString size = line.pixels ? QString("; font.pixelSize: %1").arg(line.pixels) : QString();
+            QVERIFY(
+                qml::is(find(guide, "PanelText", line.corner), "font.family: Arial; color: white" + size));
         }
-        QCOMPARE(find(view, QStringLiteral("PanelText"), {79, 39})->size(), QSizeF(291, 33));
-        const QQuickItem *box = find(view, QStringLiteral("QQuickRectangle"), {20, 256});
-        QVERIFY(box != nullptr);
-        QCOMPARE(box->size(), QSizeF(16, 16));
-        const QQuickItem *confirm = find(view, QStringLiteral("PanelText"), {386, 248});
-        QVERIFY(confirm != nullptr);
-        QCOMPARE(confirm->property("color").value<QColor>(), QColor(0x33, 0x33, 0x33));
+        QVERIFY(qml::is(find(guide, "PanelText", {79, 39}), "width: 291; height: 33"));
+        QVERIFY(qml::is(find(guide, "QQuickRectangle", {20, 256}), "width: 16; height: 16"));
+        QVERIFY(qml::is(find(guide, "PanelText", {386, 248}), "color: #333333"));
     }
 
     void textsSpeakTheStoredLanguage_data() {
@@ -182,58 +148,51 @@ private slots:
     void textsSpeakTheStoredLanguage() {
         QFETCH(int, language);
         QFETCH(bool, english);
-        ZrToolXmlClass::Language = language;
-        ZrToolXmlClass::ZrXmlWrite();
+        speak(language);
         PrivacyprivilegesWindow guide;
-        for (const Line &line : lines) {
-            const QQuickItem *item = find(root(guide), QStringLiteral("PanelText"), line.corner);
-            QVERIFY2(item != nullptr, line.english);
-            QCOMPARE(item->property("text").toString(),
-                     QString::fromUtf8(english ? line.english : line.chinese));
-        }
-        const QString confirm = english ? QStringLiteral("Confirm") : QStringLiteral("确定");
-        QCOMPARE(find(root(guide), QStringLiteral("PanelText"), {386, 248})->property("text").toString(),
-                 confirm);
-        QCOMPARE(guide.findChild<QPushButton *>(QStringLiteral("pushButton"))->text(), confirm);
-        QCOMPARE(guide.findChild<QPushButton *>(QStringLiteral("pushButton_2"))->text(),
-                 QStringLiteral("下次不再显示"));
+        const QString confirm = english ? "Confirm" : "确定";
+        for (const Line &line : lines)
+            QVERIFY(qml::is(find(guide, "PanelText", line.corner),
+                            QString("text: ") + (english ? line.english : line.chinese)));
+        QVERIFY(qml::is(find(guide, "PanelText", {386, 248}), "text: " + confirm));
+        QCOMPARE(guide.findChild<QPushButton *>("pushButton")->text(), confirm);
+        QCOMPARE(guide.findChild<QPushButton *>("pushButton_2")->text(), QString("下次不再显示"));
     }
 
     void formHasItsPieces() {
         PrivacyprivilegesWindow guide;
-        const auto *first = guide.findChild<QPushButton *>(QStringLiteral("pushButton"));
-        const auto *second = guide.findChild<QPushButton *>(QStringLiteral("pushButton_2"));
-        const auto *view = guide.findChild<QQuickWidget *>(QStringLiteral("quickWidget"));
-        QVERIFY(first != nullptr && second != nullptr && view != nullptr);
+        auto *first = guide.findChild<QPushButton *>("pushButton");
+        auto *second = guide.findChild<QPushButton *>("pushButton_2");
+        const auto *view = guide.findChild<QQuickWidget *>("quickWidget");
+        QVERIFY(first != nullptr && second != nullptr && view);
         QCOMPARE(first->geometry(), QRect(60, 220, 130, 51));
         QCOMPARE(second->geometry(), QRect(260, 220, 130, 51));
         QCOMPARE(view->geometry(), QRect(0, 0, 494, 300));
-        QCOMPARE(first->text(), QStringLiteral("确定"));
-        QCOMPARE(second->text(), QStringLiteral("下次不再显示"));
-        QCOMPARE(guide.windowTitle(), QStringLiteral("Form"));
+        QCOMPARE(first->text(), QString("确定"));
+        QCOMPARE(second->text(), QString("下次不再显示"));
+        QCOMPARE(guide.windowTitle(), QString("Form"));
         QCOMPARE(static_cast<int>(guide.windowFlags() & ~Qt::WindowType_Mask), 0x40800);
         QVERIFY(guide.autoFillBackground());
         QCOMPARE(guide.palette().color(QPalette::Window).alpha(), 0);
         QSignalSpy finished(&guide, &QDialog::finished);
-        const_cast<QPushButton *>(first)->click();
+        first->click();
         QCOMPARE(finished.takeFirst(), QVariantList{1});
-        const_cast<QPushButton *>(second)->click();
+        second->click();
         QCOMPARE(finished.takeFirst(), QVariantList{0});
     }
 
     void leavesNoCatalogueBehind() {
         { PrivacyprivilegesWindow().changeLanguage(2); }
-        QCOMPARE(QCoreApplication::translate("PrivacyWindow", "确定"), QStringLiteral("确定"));
+        QCOMPARE(QCoreApplication::translate("PrivacyWindow", "确定"), QString("确定"));
     }
 
     void nothingIsClippedInEnglish() {
-        ZrToolXmlClass::Language = 2;
-        ZrToolXmlClass::ZrXmlWrite();
+        speak(2);
         PrivacyprivilegesWindow guide;
         guide.show();
         QVERIFY(QTest::qWaitForWindowExposed(&guide));
         for (const QQuickItem *item : qml::tree(root(guide))) {
-            if (!qml::isOfType(item, QStringLiteral("QQuickText")))
+            if (!qml::isOfType(item, "QQuickText"))
                 continue;
             const QByteArray words = item->property("text").toString().toUtf8();
             QVERIFY2(!item->property("truncated").toBool(), words.constData());
@@ -246,15 +205,14 @@ private slots:
     void controlsHaveNamesInTheStoredLanguage() {
         QFETCH(int, language);
         QFETCH(bool, english);
-        ZrToolXmlClass::Language = language;
-        ZrToolXmlClass::ZrXmlWrite();
+        speak(language);
         PrivacyprivilegesWindow guide;
         QStringList names;
         for (QQuickItem *item : qml::tree(root(guide))) {
             if (!item->activeFocusOnTab())
                 continue;
             const QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(item);
-            QVERIFY(accessible != nullptr);
+            QVERIFY(accessible);
             names.append(accessible->text(QAccessible::Name));
         }
         QCOMPARE(names, english ? QStringList({"Never ask me again", "Confirm"})
@@ -264,7 +222,7 @@ private slots:
     void keyboardTicksAndConfirms() {
         QCOMPARE(run([](PrivacyprivilegesWindow &guide) {
                      QTRY_VERIFY(guide.isActiveWindow());
-                     auto *view = guide.findChild<QQuickWidget *>(QStringLiteral("quickWidget"));
+                     auto *view = guide.findChild<QQuickWidget *>(QString("quickWidget"));
                      view->setFocus();
                      QTest::keyClick(view, Qt::Key_Tab);
                      QTest::keyClick(view, Qt::Key_Space);
@@ -288,14 +246,20 @@ private:
         QTRY_VERIFY(guide.isActiveWindow());
         QTest::keyClick(guide.windowHandle(), key);
     }
-    static void click(PrivacyprivilegesWindow &guide, const QPoint &place) {
-        QTest::mouseClick(guide.windowHandle(), Qt::LeftButton, {}, place);
+    static void click(PrivacyprivilegesWindow &guide, const QList<QPoint> &places) {
+        for (const QPoint &place : places)
+            QTest::mouseClick(guide.windowHandle(), Qt::LeftButton, {}, place);
+    }
+    static void speak(int language) {
+        ZrToolXmlClass::Language = language;
+        ZrToolXmlClass::ZrXmlWrite();
     }
     static QQuickItem *root(const PrivacyprivilegesWindow &guide) {
-        return guide.findChild<QQuickWidget *>(QStringLiteral("quickWidget"))->rootObject();
+        return guide.findChild<QQuickWidget *>(QString("quickWidget"))->rootObject();
     }
-    static QQuickItem *find(QQuickItem *top, const QString &type, const QPointF &corner) {
-        for (QQuickItem *item : qml::tree(top))
+    static QQuickItem *find(const PrivacyprivilegesWindow &guide, const QString &type,
+                            const QPointF &corner) {
+        for (QQuickItem *item : qml::tree(root(guide)))
             if (qml::isOfType(item, type) && qml::corner(item) == corner)
                 return item;
         return nullptr;

@@ -1,40 +1,31 @@
 // SPDX-License-Identifier: MIT
-#include "qml/PanelView.h"
+#include "qml/PanelTest.h"
 #include "support/TestMain.h"
 
 #include <QDesktopServices>
 #include <QTranslator>
 
-namespace {
-
-const QPoint view(722, 207);
-const QPoint languageBox = view + QPoint(87, 129);
-const QPoint switchMiddle = view + QPoint(189 + 19, 74 + 10);
-
-} // namespace
+using namespace places;
 
 /// The settings view: start at login, language with its guard, and the link.
-class SettingsViewTest : public QObject {
+class SettingsViewTest : public PanelTest {
     Q_OBJECT
 
 private slots:
     void init() {
-        m_view = std::make_unique<PanelView>();
-        m_view->click({951 + 9, 598 + 9});
-        m_box = m_view->item(QStringLiteral("ComboxControl"), languageBox);
-        QVERIFY(m_box != nullptr);
+        PanelTest::init();
+        m_view->click(settingsButton);
+        m_box = m_view->list(languageBox);
+        QVERIFY(m_box);
     }
-    void cleanup() { m_view.reset(); }
 
     void guardIsOpenAtFirst() {
-        QCOMPARE(m_box->property("canChangeIndex"), QVariant(true));
-        QCOMPARE(m_box->property("oldIndex"), QVariant(0));
-        QCOMPARE(m_box->property("currentIndex"), QVariant(0));
+        QVERIFY(qml::is(m_box, "canChangeIndex: true; oldIndex: 0; currentIndex: 0"));
     }
 
     void pickingEnglishSendsItRecordsItAndStartsTheGuard() {
         m_view->pick(languageBox, 2);
-        QCOMPARE(m_view->messages, QList<Message>({{16, 2, 0}}));
+        QCOMPARE(m_view->messages, Messages({{16, 2, 0}}));
         QCOMPARE(m_box->property("oldIndex"), QVariant(2));
         QVERIFY(timer()->property("running").toBool());
         QTRY_VERIFY(!timer()->property("running").toBool());
@@ -46,9 +37,8 @@ private slots:
         m_box->setProperty("currentIndex", 2);
         QCOMPARE(m_box->property("canChangeIndex"), QVariant(false));
         m_box->setProperty("currentIndex", 0);
-        QCOMPARE(m_box->property("currentIndex"), QVariant(2));
-        QCOMPARE(m_box->property("oldIndex"), QVariant(2));
-        QCOMPARE(m_view->messages, QList<Message>({{16, 2, 0}}));
+        QVERIFY(qml::is(m_box, "currentIndex: 2; oldIndex: 2"));
+        QCOMPARE(m_view->messages, Messages({{16, 2, 0}}));
     }
 
     void guardOpensAgain() {
@@ -56,31 +46,26 @@ private slots:
         QCOMPARE(m_box->property("canChangeIndex"), QVariant(false));
         QTRY_COMPARE(m_box->property("canChangeIndex"), QVariant(true));
         m_box->setProperty("currentIndex", 1);
-        QCOMPARE(m_view->messages, QList<Message>({{16, 2, 0}, {16, 1, 0}}));
+        QCOMPARE(m_view->messages, Messages({{16, 2, 0}, {16, 1, 0}}));
     }
 
     void timerHasItsForm() {
-        QVERIFY(timer() != nullptr);
-        QCOMPARE(timer()->property("interval"), QVariant(100));
-        QCOMPARE(timer()->property("triggeredOnStart"), QVariant(true));
-        QCOMPARE(timer()->property("repeat"), QVariant(false));
-        QCOMPARE(timer()->property("running"), QVariant(false));
+        QVERIFY(qml::is(timer(), "interval: 100; triggeredOnStart: true; repeat: false; running: false"));
     }
 
     void keyboardChoosesALanguage() {
-        m_view->widget().activateWindow();
-        QTRY_VERIFY(m_view->widget().isActiveWindow());
+        m_view->activate();
         m_box->forceActiveFocus(Qt::TabFocusReason);
-        QTest::keyClick(&m_view->widget(), Qt::Key_Down);
-        QCOMPARE(m_view->messages, QList<Message>({{16, 1, 0}}));
+        m_view->type(Qt::Key_Down);
+        QCOMPARE(m_view->messages, Messages({{16, 1, 0}}));
     }
 
     void pushedLanguageIsShown() {
+        const QStringList names{"简体中文", "繁体中文", "英语"};
         for (const int language : {1, 2, 0}) {
             QTRY_VERIFY(m_box->property("canChangeIndex").toBool());
             m_view->push(16, language);
             QCOMPARE(m_box->property("currentIndex"), QVariant(language));
-            const QStringList names{"简体中文", "繁体中文", "英语"};
             QCOMPARE(m_box->property("displayText").toString(), names.at(language));
         }
     }
@@ -88,57 +73,51 @@ private slots:
     void firstPushIsShownAtOnce() {
         PanelView fresh;
         fresh.push(16, 2);
-        fresh.click({951 + 9, 598 + 9});
-        QCOMPARE(fresh.item(QStringLiteral("ComboxControl"), languageBox)->property("currentIndex"),
-                 QVariant(2));
+        fresh.click(settingsButton);
+        QVERIFY(qml::is(fresh.list(languageBox), "currentIndex: 2"));
     }
 
     void switchSendsTheOtherStateAndShowsItAtOnce() {
         m_view->push(17, 0);
-        m_view->click(switchMiddle);
-        QCOMPARE(m_view->messages, QList<Message>({{17, 1, 0}}));
-        QVERIFY(switchShows());
-        m_view->click(switchMiddle);
-        QCOMPARE(m_view->messages, QList<Message>({{17, 1, 0}, {17, 0, 0}}));
-        QVERIFY(!switchShows());
+        for (const bool on : {true, false}) {
+            m_view->click(autoStart + QPoint(19, 10));
+            QCOMPARE(m_view->takeMessages(), Messages({{17, on, 0}}));
+            QCOMPARE(switchShows(), on);
+        }
     }
 
     void switchFollowsWhatTheHostReports() {
         m_view->push(17, 0);
-        m_view->click(switchMiddle);
-        m_view->push(17, 0, false);
-        QVERIFY(!switchShows());
-        m_view->push(17, 1, true);
-        QVERIFY(switchShows());
-        QCOMPARE(m_view->messages, QList<Message>({{17, 1, 0}}));
+        m_view->click(autoStart + QPoint(19, 10));
+        QCOMPARE(m_view->takeMessages(), Messages({{17, 1, 0}}));
+        for (const bool on : {false, true}) {
+            m_view->push(17, on, on);
+            QCOMPARE(switchShows(), on);
+        }
+        QCOMPARE(m_view->messages, Messages());
     }
 
     void linkOpensTheWebSiteWhereverItIsClicked() {
-        QDesktopServices::setUrlHandler(QStringLiteral("https"), this, "openUrl");
-        const QPoint link = view + QPoint(19, 326);
+        QDesktopServices::setUrlHandler(QString("https"), this, "openUrl");
+        const QPoint link = settingsView + QPoint(19, 326);
         for (const QPoint &place : {QPoint(1, 1), QPoint(105, 6), QPoint(208, 10)})
             m_view->click(link + place);
-        QDesktopServices::unsetUrlHandler(QStringLiteral("https"));
-        const QUrl site(QStringLiteral("https://www.vexa.example/"));
+        QDesktopServices::unsetUrlHandler(QString("https"));
+        const QUrl site(QString("https://www.vexa.example/"));
         QCOMPARE(m_opened, QList<QUrl>({site, site, site}));
     }
 
-    void versionComesFromTheCatalogues_data() {
-        QTest::addColumn<QString>("catalogue");
-        QTest::addColumn<QString>("version");
-        for (const char *name : {"Cn", "Tw", "En"})
-            QTest::newRow(name) << QString::fromLatin1(name) << QStringLiteral("2.1.0.210527");
-        QTest::newRow("none") << QString() << QStringLiteral("2.0.0.0");
-    }
     void versionComesFromTheCatalogues() {
-        QFETCH(QString, catalogue);
-        QFETCH(QString, version);
-        QTranslator translator;
-        if (!catalogue.isEmpty()) {
-            QVERIFY(translator.load(QStringLiteral(":/language_qm/lang_%1.qm").arg(catalogue)));
+        const QPoint number = settingsView + QPoint(127, 199);
+        QCOMPARE(m_view->textAt(number), QString("2.0.0.0"));
+        for (const char *catalogue : {"Cn", "Tw", "En"}) {
+            QTranslator translator;
+            QVERIFY(translator.load(QString(":/language_qm/lang_%1.qm").arg(catalogue)));
             QVERIFY(QCoreApplication::installTranslator(&translator));
+            QTRY_COMPARE(m_view->textAt(number), QString("2.1.0.210527"));
+            QVERIFY(QCoreApplication::removeTranslator(&translator));
+            QTRY_COMPARE(m_view->textAt(number), QString("2.0.0.0"));
         }
-        QTRY_COMPARE(m_view->text(view + QPoint(127, 199))->property("text").toString(), version);
     }
 
 public slots:
@@ -147,15 +126,12 @@ public slots:
 private:
     QObject *timer() {
         for (QObject *object : m_view->root()->findChildren<QObject *>())
-            if (qstrcmp(object->metaObject()->className(), "QQmlTimer") == 0)
+            if (object->inherits("QQmlTimer"))
                 return object;
         return nullptr;
     }
-    bool switchShows() {
-        return m_view->items(QStringLiteral("SwitchControl")).first()->property("myChecked").toBool();
-    }
+    bool switchShows() { return m_view->items("SwitchControl").first()->property("myChecked").toBool(); }
 
-    std::unique_ptr<PanelView> m_view;
     QQuickItem *m_box = nullptr;
     QList<QUrl> m_opened;
 };

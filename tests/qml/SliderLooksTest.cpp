@@ -1,71 +1,50 @@
 // SPDX-License-Identifier: MIT
-#include "qml/PanelView.h"
+#include "qml/PanelTest.h"
+#include "qml/Sliders.h"
+#include "support/Table.h"
 #include "support/TestMain.h"
 
 #include <QQuickWindow>
 #include <QSGRendererInterface>
 
-#include <cmath>
-#include <tuple>
-
-namespace {
-
-constexpr int spotlight = 0;
-constexpr int laser = 2;
-const QPoint view(30 + 20, 87 + 208);
-const QPoint firstSlider = view + QPoint(16, 176);
-const QPoint secondSlider = view + QPoint(16, 228);
-constexpr int sliderWidth = 175;
-constexpr int handle = 12;
-constexpr int middleOfTrack = 3;
-
-} // namespace
+using namespace places;
+using namespace sliders;
 
 /// The looks of the sliders: their tracks, their handles, and how both answer the pointer.
-class SliderLooksTest : public QObject {
+class SliderLooksTest : public PanelTest {
     Q_OBJECT
+
+    using Defaults = vexa::test::Table<QString, int, int, int>;
 
 private slots:
     void init() {
-        m_view = std::make_unique<PanelView>();
-        m_view->click({296 + 12, 196 + 12});
+        PanelTest::init();
+        m_view->click(key4Button);
     }
-    void cleanup() { m_view.reset(); }
 
     void sharedSlidersHaveTheirDefaults_data() {
-        QTest::addColumn<QString>("file");
-        QTest::addColumn<int>("most");
-        QTest::addColumn<int>("first");
-        QTest::newRow("color") << QStringLiteral("ColorSet") << 1275 << 0;
-        QTest::newRow("size") << QStringLiteral("SizeSet") << 30 << 5;
-        QTest::newRow("level") << QStringLiteral("LightLevelSet") << 30 << 5;
+        Defaults::begin();
+        QTest::newRow("color") << "ColorSet" << 1275 << 0 << 4;
+        QTest::newRow("size") << "SizeSet" << 30 << 5 << 80;
+        QTest::newRow("level") << "LightLevelSet" << 30 << 5 << 80;
     }
     void sharedSlidersHaveTheirDefaults() {
-        QFETCH(QString, file);
-        QFETCH(int, most);
-        QFETCH(int, first);
-        PanelView alone(QStringLiteral("qrc:/%1.qml").arg(file));
+        const auto [file, most, first, height] = Defaults::row();
+        PanelView alone(QString("qrc:/%1.qml").arg(file));
         QQuickItem *root = alone.root();
-        QVERIFY(root != nullptr);
-        QCOMPARE(QSizeF(root->implicitWidth() + root->width(), root->height()), QSizeF(640, 80));
-        QCOMPARE(root->property("color").value<QColor>(), QColor(0x44, 0x44, 0x44));
-        QCOMPARE(root->property("minsize").toInt(), 5);
-        QCOMPARE(root->property("maxsize").toInt(), most);
-        QCOMPARE(root->property("curValue").toInt(), first);
-        QCOMPARE(root->property("tickFrequency").toInt(), 1);
+        QVERIFY(root);
+        QCOMPARE(root->implicitWidth() + root->width(), 640.0);
+        QVERIFY(qml::is(
+            root,
+            QString("height: 80; color: #444444; minsize: 5; maxsize: %1; curValue: %2; tickFrequency: 1")
+                .arg(most)
+                .arg(first)));
         auto *slider = root->property("slider").value<QQuickItem *>();
-        QCOMPARE(slider->property("value").toInt(), 5);
-        QCOMPARE(slider->property("stepSize").toReal(), 1.0);
-        auto *knob = slider->property("handle").value<QQuickItem *>();
-        QCOMPARE(knob->size(), QSizeF(12, 12));
-        QCOMPARE(knob->property("radius").toReal(), 6.0);
-        QCOMPARE(knob->property("color").value<QColor>(), QColor(Qt::white));
-        if (file == QStringLiteral("ColorSet")) {
-            QCOMPARE(root->property("curColor").value<QColor>(), QColor(0x00, 0xff, 0x9b));
-            QCOMPARE(slider->height(), 4.0);
-        } else {
-            QCOMPARE(slider->height(), 80.0);
-        }
+        QVERIFY(qml::is(slider, QString("value: 5; stepSize: 1; height: %1").arg(height)));
+        QVERIFY(qml::is(slider->property("handle").value<QQuickItem *>(),
+                        "width: 12; height: 12; radius: 6; color: white"));
+        if (file == "ColorSet")
+            QVERIFY(qml::is(root, "curColor: #00ff9b"));
         QSignalSpy reports(root, SIGNAL(qmlSignal()));
         root->setProperty("curValue", 20);
         QCOMPARE(reports.size(), 1);
@@ -86,9 +65,7 @@ private slots:
         m_view->moveTo(at(secondSlider, 0.2));
         QTRY_COMPARE((m_view->jiggle(at(secondSlider, 0.2)), shadows().size()), 1);
         QTRY_VERIFY(m_view->pixel(besideTheTrack).red() > still.red() + 10);
-        const QQuickItem *glow = shadows().first();
-        QCOMPARE(glow->property("color").value<QColor>(), QColor(0xff, 0xcc, 0x0d));
-        QCOMPARE(glow->property("samples").toInt(), 8);
+        QVERIFY(qml::is(shadows().first(), "color: #ffcc0d; samples: 8"));
     }
 
     void sizeTrackIsFilledUpToTheHandle() {
@@ -113,16 +90,14 @@ private slots:
         m_view->moveTo({500, 300});
         m_view->push(15, spotlight);
         QTRY_COMPARE((m_view->jiggle({500, 300}), shadows().size()), 2);
-        for (const QQuickItem *edge : shadows()) {
-            QCOMPARE(edge->property("color").value<QColor>(), QColor(0x70, 0x70, 0x70));
-            QCOMPARE(edge->property("samples").toInt(), 10);
-            const auto *knob = edge->property("source").value<QQuickItem *>();
-            QVERIFY(knob != nullptr);
-            QCOMPARE(knob->size(), QSizeF(handle, handle));
-            QCOMPARE(qml::corner(edge), qml::corner(knob));
+        for (QQuickItem *shadow : shadows()) {
+            QVERIFY(qml::is(shadow, "color: #707070; samples: 10"));
+            auto *knob = shadow->property("source").value<QQuickItem *>();
+            QVERIFY(qml::is(knob, QString("width: %1; height: %2").arg(handle).arg(handle)));
+            QCOMPARE(qml::corner(shadow), qml::corner(knob));
         }
         m_view->push(3, 150);
-        const QPoint above = secondSlider + QPoint(sliderWidth / 2, middleOfTrack - handle / 2 - 1);
+        const QPoint above = secondSlider + QPoint(width / 2, middleOfTrack - handle / 2 - 1);
         const QColor plain = m_view->pixel(above - QPoint(30, 0));
         QVERIFY(m_view->pixel(above).lightness() > plain.lightness());
     }
@@ -139,7 +114,7 @@ private slots:
             {0.66, "#0000FF"}, {0.83, "#FF00FF"}, {1.0, "#000000"},
         };
         for (const auto &[share, color] : stops) {
-            const int x = std::min(static_cast<int>(share * sliderWidth), sliderWidth - 1);
+            const int x = std::min(static_cast<int>(share * width), width - 1);
             const QColor seen =
                 (share < 0.5 ? handleRight : handleLeft).pixelColor(firstSlider + QPoint(x, middleOfTrack));
             // The next pixel may be a tenth of the way to the next stop.
@@ -169,20 +144,12 @@ private slots:
     }
 
 private:
-    /// The place of a slider where it takes this share of its range.
-    static QPoint at(const QPoint &slider, double share) {
-        return slider + QPoint(static_cast<int>(std::lround(handle / 2.0 + share * (sliderWidth - handle))),
-                               middleOfTrack);
-    }
-
     /// The shadows that can be seen.
     QList<QQuickItem *> shadows() {
         const bool software = m_view->widget().quickWindow()->rendererInterface()->graphicsApi() ==
                               QSGRendererInterface::Software;
-        return m_view->items(software ? QStringLiteral("PlainShadow") : QStringLiteral("DropShadow"));
+        return m_view->items(software ? "PlainShadow" : "DropShadow");
     }
-
-    std::unique_ptr<PanelView> m_view;
 };
 
 VEXA_WIDGET_TEST_MAIN(SliderLooksTest)

@@ -1,123 +1,74 @@
 // SPDX-License-Identifier: MIT
-#include "qml/PanelView.h"
+#include "qml/PanelTest.h"
+#include "qml/Sliders.h"
+#include "support/Table.h"
 #include "support/TestMain.h"
 
-#include <cmath>
+using namespace places;
+using namespace sliders;
 
 namespace {
 
-constexpr int spotlight = 0;
-constexpr int magnifier = 1;
-constexpr int laser = 2;
-const QPoint view(30 + 20, 87 + 208);
-const QPoint firstSlider = view + QPoint(16, 176);
-const QPoint secondSlider = view + QPoint(16, 228);
-const QPointF middleOfPreview = QPointF(view) + QPointF(16 + 175 / 2.0, 34 + 99 / 2.0);
-constexpr int sliderWidth = 175;
-constexpr int handle = 12;
-constexpr int middleOfTrack = 3;
+const QPointF middleOfPreview = QPointF(toolSettings) + QPointF(16 + 175 / 2.0, 34 + 99 / 2.0);
 
 } // namespace
 
 /// The settings of the three tools: sliders, previews and messages.
-class ToolSettingsTest : public QObject {
+class ToolSettingsTest : public PanelTest {
     Q_OBJECT
+
+    using Sizes = vexa::test::Table<int, int, int>; // of dot, lens and light
 
 private slots:
     void init() {
-        m_view = std::make_unique<PanelView>();
-        m_view->click({296 + 12, 196 + 12});
+        PanelTest::init();
+        m_view->click(key4Button);
     }
-    void cleanup() { m_view.reset(); }
 
-    void slidersHaveTheirRanges_data() {
-        QTest::addColumn<int>("tool");
-        QTest::addColumn<QPoint>("slider");
-        QTest::addColumn<int>("least");
-        QTest::addColumn<int>("most");
-        QTest::newRow("laser color") << laser << firstSlider << 0 << 1275;
-        QTest::newRow("laser size") << laser << secondSlider << 5 << 25;
-        QTest::newRow("magnifier color") << magnifier << firstSlider << 0 << 1275;
-        QTest::newRow("magnifier size") << magnifier << secondSlider << 50 << 250;
-        QTest::newRow("spotlight darkness") << spotlight << firstSlider << 80 << 255;
-        QTest::newRow("spotlight size") << spotlight << secondSlider << 50 << 250;
-    }
+    void slidersHaveTheirRanges_data() { everySlider(); }
     void slidersHaveTheirRanges() {
-        QFETCH(int, tool);
-        QFETCH(QPoint, slider);
-        QFETCH(int, least);
-        QFETCH(int, most);
-        m_view->push(15, tool);
-        const QQuickItem *item = sliderAt(slider);
-        QVERIFY(item != nullptr);
-        QCOMPARE(item->property("minsize").toInt(), least);
-        QCOMPARE(item->property("maxsize").toInt(), most);
-        m_view->click(at(slider, 1));
-        QCOMPARE(item->property("curValue").toInt(), most);
-        m_view->click(at(slider, 0));
-        QCOMPARE(item->property("curValue").toInt(), least);
+        QFETCH(Slider, slider);
+        m_view->push(15, slider.tool);
+        QQuickItem *item = sliderAt(slider.corner);
+        QVERIFY(qml::is(item, QString("minsize: %1; maxsize: %2").arg(slider.least).arg(slider.most)));
+        m_view->click(at(slider.corner, 1));
+        QCOMPARE(item->property("curValue").toInt(), slider.most);
+        m_view->click(at(slider.corner, 0));
+        QCOMPARE(item->property("curValue").toInt(), slider.least);
     }
 
-    void slidersReportUnderTheirIdentifier_data() {
-        QTest::addColumn<int>("tool");
-        QTest::addColumn<QPoint>("slider");
-        QTest::addColumn<int>("id");
-        QTest::addColumn<int>("middle");
-        QTest::newRow("spotlight darkness") << spotlight << firstSlider << 2 << 168;
-        QTest::newRow("spotlight size") << spotlight << secondSlider << 3 << 150;
-        QTest::newRow("magnifier color") << magnifier << firstSlider << 4 << 638;
-        QTest::newRow("magnifier size") << magnifier << secondSlider << 5 << 150;
-        QTest::newRow("laser color") << laser << firstSlider << 6 << 638;
-        QTest::newRow("laser size") << laser << secondSlider << 7 << 15;
-    }
+    void slidersReportUnderTheirIdentifier_data() { everySlider(); }
     void slidersReportUnderTheirIdentifier() {
-        QFETCH(int, tool);
-        QFETCH(QPoint, slider);
-        QFETCH(int, id);
-        QFETCH(int, middle);
-        m_view->push(15, tool);
+        QFETCH(Slider, slider);
+        m_view->push(15, slider.tool);
         m_view->messages.clear();
-        m_view->click(at(slider, 0.5));
+        m_view->click(at(slider.corner, 0.5));
         QCOMPARE(m_view->messages.size(), 1);
-        const Message message = m_view->messages.first();
-        QCOMPARE(message.id, id);
-        QCOMPARE(message.var2, 0);
+        const int value = m_view->messages.first().var1;
+        QCOMPARE(m_view->messages.first(), Message({slider.id, value, 0}));
         // A point of the screen is several steps of a long range.
-        const int range =
-            sliderAt(slider)->property("maxsize").toInt() - sliderAt(slider)->property("minsize").toInt();
-        QVERIFY(std::abs(message.var1 - middle) <= 1 + range / (sliderWidth - handle));
-        QCOMPARE(sliderAt(slider)->property("curValue").toInt(), message.var1);
+        const double step = 1 + (slider.most - slider.least) / double(width - handle);
+        QVERIFY(std::abs(value - (slider.least + slider.most) / 2.0) <= step);
+        QCOMPARE(sliderAt(slider.corner)->property("curValue").toInt(), value);
     }
 
     void laserSizeSliderAtItsEndIs25() {
         m_view->push(15, laser);
         m_view->click(at(secondSlider, 1));
-        QCOMPARE(m_view->messages, QList<Message>({{7, 25, 0}}));
+        QCOMPARE(m_view->messages, Messages({{7, 25, 0}}));
     }
 
     void clickThatDoesNotMoveTheSliderReportsItsValueAgain() {
         m_view->push(15, laser);
-        m_view->push(7, 15);
-        m_view->messages.clear();
-        m_view->click(at(secondSlider, 0.5));
-        QCOMPARE(m_view->messages, QList<Message>({{7, 15, 0}}));
-        m_view->push(6, 1275);
-        m_view->messages.clear();
-        m_view->click(at(firstSlider, 1));
-        QCOMPARE(m_view->messages, QList<Message>({{6, 1275, 0}}));
+        reportsAfterAPush(7, 15, at(secondSlider, 0.5), 15);
+        reportsAfterAPush(6, 1275, at(firstSlider, 1), 1275);
     }
 
     void wholeHandleCanBeGrabbed() {
         m_view->push(15, laser);
-        for (const int y : {-6, 5}) {
-            m_view->push(7, 15);
-            m_view->messages.clear();
-            m_view->click(at(secondSlider, 1) + QPoint(0, y));
-            QCOMPARE(m_view->messages, QList<Message>({{7, 25, 0}}));
-            m_view->push(6, 0);
-            m_view->messages.clear();
-            m_view->click(at(firstSlider, 1) + QPoint(0, y));
-            QCOMPARE(m_view->messages, QList<Message>({{6, 1275, 0}}));
+        for (const QPoint &offTheMiddle : {QPoint(0, -6), QPoint(0, 5)}) {
+            reportsAfterAPush(7, 15, at(secondSlider, 1) + offTheMiddle, 25);
+            reportsAfterAPush(6, 0, at(firstSlider, 1) + offTheMiddle, 1275);
         }
     }
 
@@ -138,95 +89,62 @@ private slots:
         m_view->push(15, laser);
         m_view->push(7, 10);
         m_view->messages.clear();
-        m_view->widget().activateWindow();
-        QTRY_VERIFY(m_view->widget().isActiveWindow());
+        m_view->activate();
         auto *slider = sliderAt(secondSlider)->property("slider").value<QQuickItem *>();
-        QVERIFY(slider != nullptr);
         slider->forceActiveFocus(Qt::TabFocusReason);
-        QTest::keyClick(&m_view->widget(), Qt::Key_Right);
+        m_view->type(Qt::Key_Right);
         QCOMPARE(m_view->messages.first(), Message({7, 11, 0}));
     }
 
-    void colorSliderMapsValuesAsTheToolsDo_data() {
-        QTest::addColumn<int>("value");
-        QTest::addColumn<QColor>("color");
-        const auto row = [](int value, int red, int green, int blue) {
-            QTest::addRow("%d", value) << value << QColor(red, green, blue);
-        };
-        row(1, 255, 1, 0);
-        row(255, 255, 255, 0);
-        row(256, 1, 0, 0);
-        row(510, 255, 0, 0);
-        row(511, 0, 255, 1);
-        row(765, 0, 255, 255);
-        row(766, 0, 1, 255);
-        row(1020, 0, 255, 255);
-        row(1021, 1, 0, 255);
-        row(1274, 254, 0, 255);
-        row(1275, 255, 255, 255);
-        row(0, 0, 0, 0);
-    }
     void colorSliderMapsValuesAsTheToolsDo() {
-        QFETCH(int, value);
-        QFETCH(QColor, color);
+        const std::pair<int, QColor> rows[] = {
+            {1, {255, 1, 0}},    {255, {255, 255, 0}},  {256, {1, 0, 0}},        {510, {255, 0, 0}},
+            {511, {0, 255, 1}},  {765, {0, 255, 255}},  {766, {0, 1, 255}},      {1020, {0, 255, 255}},
+            {1021, {1, 0, 255}}, {1274, {254, 0, 255}}, {1275, {255, 255, 255}}, {0, {0, 0, 0}}};
         for (const auto &[tool, id] : {std::pair(laser, 6), std::pair(magnifier, 4)}) {
             m_view->push(15, tool);
-            m_view->push(id, value);
-            QCOMPARE(sliderAt(firstSlider)->property("curColor").value<QColor>(), color);
+            for (const auto &[value, color] : rows) {
+                m_view->push(id, value);
+                QCOMPARE(sliderAt(firstSlider)->property("curColor").value<QColor>(), color);
+            }
         }
     }
 
     void previewsShowColorAndSizeAfterAPush_data() {
-        QTest::addColumn<int>("size");
-        QTest::addColumn<double>("laserDiameter");
-        QTest::addColumn<double>("lensDiameter");
-        QTest::addColumn<double>("lightDiameter");
-        QTest::newRow("least") << 0 << 5.0 << 50 / 4.0 << 50 / 3.5;
-        QTest::newRow("middle") << 1 << 13.0 << 177 / 4.0 << 183 / 3.5;
-        QTest::newRow("most") << 2 << 25.0 << 250 / 4.0 << 250 / 3.5;
+        Sizes::begin();
+        QTest::newRow("least") << 5 << 50 << 50;
+        QTest::newRow("middle") << 13 << 177 << 183;
+        QTest::newRow("most") << 25 << 250 << 250;
     }
     void previewsShowColorAndSizeAfterAPush() {
-        QFETCH(int, size);
-        QFETCH(double, laserDiameter);
-        QFETCH(double, lensDiameter);
-        QFETCH(double, lightDiameter);
-        const QList<int> laserSizes{5, 13, 25};
-        const QList<int> lensSizes{50, 177, 250};
-        const QList<int> lightSizes{50, 183, 250};
-
+        const auto [dotSize, lensSize, lightSize] = Sizes::row();
         m_view->push(15, laser);
         m_view->push(6, 22);
-        m_view->push(7, laserSizes.at(size));
-        const QQuickItem *dot = shape(QStringLiteral("QQuickRectangle"));
-        QVERIFY(dot != nullptr);
-        QCOMPARE(dot->width(), laserDiameter);
-        QCOMPARE(dot->property("color").value<QColor>(), QColor(255, 22, 0));
+        m_view->push(7, dotSize);
+        QVERIFY(qml::is(shape("QQuickRectangle"), QString("width: %1; color: #ff1600").arg(dotSize)));
         QCOMPARE(m_view->pixel(middleOfPreview.toPoint()), QColor(255, 22, 0));
 
         m_view->push(15, magnifier);
         m_view->push(4, 890);
-        m_view->push(5, lensSizes.at(size));
-        const QQuickItem *ring = shape(QStringLiteral("QQuickRectangle"));
-        QVERIFY(ring != nullptr);
-        QCOMPARE(ring->width(), lensDiameter);
-        QCOMPARE(ring->property("color").value<QColor>().alpha(), 0);
-        QCOMPARE(ring->property("border").value<QObject *>()->property("width").toInt(), 2);
-        QCOMPARE(m_view->pixel((middleOfPreview - QPointF(lensDiameter / 2 - 1, 0)).toPoint()),
+        m_view->push(5, lensSize);
+        QVERIFY(qml::is(shape("QQuickRectangle"),
+                        QString("width: %1; color: transparent; border.width: 2").arg(lensSize / 4.0)));
+        QCOMPARE(m_view->pixel((middleOfPreview - QPointF(lensSize / 8.0 - 1, 0)).toPoint()),
                  QColor(0, 125, 255));
 
         m_view->push(15, spotlight);
-        m_view->push(3, lightSizes.at(size));
-        const QQuickItem *light = shape(QStringLiteral("QQuickItem"));
-        QVERIFY(light != nullptr);
-        QCOMPARE(light->width(), lightDiameter);
+        m_view->push(3, lightSize);
+        const QQuickItem *light = shape("QQuickItem");
+        QVERIFY(light);
+        QCOMPARE(light->width(), lightSize / 3.5);
     }
 
     void previewsBeginAtTheirFirstSizes() {
-        QCOMPARE(shape(QStringLiteral("QQuickItem"))->width(), 60.0);
+        QCOMPARE(shape("QQuickItem")->width(), 60.0);
         m_view->push(15, magnifier);
-        QCOMPARE(shape(QStringLiteral("QQuickRectangle"))->width(), 10.0);
+        QCOMPARE(shape("QQuickRectangle")->width(), 10.0);
         m_view->push(15, laser);
-        QCOMPARE(shape(QStringLiteral("QQuickRectangle"))->width(), 10.0);
+        QCOMPARE(shape("QQuickRectangle")->width(), 10.0);
     }
 
     void spotlightPreviewVeilsAllButTheCircle() {
@@ -241,8 +159,8 @@ private slots:
         const QPoint middle = middleOfPreview.toPoint();
         int inside = 0;
         int outside = 0;
-        for (int y = view.y() + 36; y < view.y() + 34 + 97; ++y) {
-            for (int x = view.x() + 18; x < view.x() + 16 + 173; ++x) {
+        for (int y = toolSettings.y() + 36; y < toolSettings.y() + 34 + 97; ++y) {
+            for (int x = toolSettings.x() + 18; x < toolSettings.x() + 16 + 173; ++x) {
                 const double distance = std::hypot(x - middle.x(), y - middle.y());
                 const QColor before = plain.pixelColor(x, y);
                 const QColor after = veiled.pixelColor(x, y);
@@ -265,7 +183,7 @@ private slots:
              {std::pair(spotlight, "SportLightSetWindow"), std::pair(magnifier, "MagnifierSetWindow"),
               std::pair(laser, "LightpenSetWindow")}) {
             m_view->push(15, tool);
-            QQuickItem *item = m_view->items(QString::fromLatin1(type)).first();
+            QQuickItem *item = m_view->items(QString(type)).first();
             for (const bool shown : {false, true}) {
                 QVERIFY(QMetaObject::invokeMethod(item, "setvalue", Q_ARG(QVariant, 15),
                                                   Q_ARG(QVariant, tool), Q_ARG(QVariant, shown)));
@@ -275,12 +193,14 @@ private slots:
     }
 
 private:
-    QQuickItem *sliderAt(const QPoint &corner) { return m_view->item(QStringLiteral("ValueSet"), corner); }
-    /// The place of a slider where it takes this share of its range.
-    static QPoint at(const QPoint &slider, double share) {
-        return slider + QPoint(static_cast<int>(std::lround(handle / 2.0 + share * (sliderWidth - handle))),
-                               middleOfTrack);
+    /// A click, once the slider stands at a value, reports another.
+    void reportsAfterAPush(int id, int pushed, const QPoint &click, int reported) {
+        m_view->push(id, pushed);
+        m_view->messages.clear();
+        m_view->click(click);
+        QCOMPARE(m_view->messages, Messages({{id, reported, 0}}));
     }
+    QQuickItem *sliderAt(const QPoint &corner) { return m_view->item("ValueSet", corner); }
     /// The round piece in the middle of the preview, of this type.
     QQuickItem *shape(const QString &type) {
         for (QQuickItem *item : m_view->items(type)) {
@@ -290,8 +210,6 @@ private:
         }
         return nullptr;
     }
-
-    std::unique_ptr<PanelView> m_view;
 };
 
 VEXA_WIDGET_TEST_MAIN(ToolSettingsTest)

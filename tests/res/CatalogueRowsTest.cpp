@@ -7,8 +7,6 @@
 
 namespace {
 
-const QVector<Catalogue> everyCatalogue{Catalogue::English, Catalogue::Simplified, Catalogue::Traditional};
-
 QVector<TsRow> rowsOf(Catalogue catalogue) {
     return readTsFile(QStringLiteral(CATALOGUE_DIR "/lang_%1.ts").arg(catalogueName(catalogue)));
 }
@@ -24,12 +22,6 @@ QStringList sorted(const QVector<TsRow> &rows) {
         lines.append(row.context + " | " + row.source + " | " + row.translation);
     lines.sort();
     return lines;
-}
-
-void addCatalogues() {
-    QTest::addColumn<int>("catalogue");
-    for (Catalogue catalogue : everyCatalogue)
-        QTest::newRow(qPrintable(catalogueName(catalogue))) << int(catalogue);
 }
 
 } // namespace
@@ -51,7 +43,7 @@ private slots:
         QFETCH(QString, context);
         QFETCH(QVector<int>, expected);
         QVector<int> actual;
-        for (Catalogue catalogue : everyCatalogue) {
+        for (Catalogue catalogue : catalogues) {
             const QVector<TsRow> rows = rowsOf(catalogue);
             actual.append(context.isEmpty() ? rows.size() : rowsOfContext(rows, context));
         }
@@ -63,37 +55,27 @@ private slots:
         for (const Count &count : counts())
             known.insert(count.context);
         QCOMPARE(known.size(), 33);
-        for (Catalogue catalogue : everyCatalogue)
+        for (Catalogue catalogue : catalogues)
             for (const TsRow &row : rowsOf(catalogue))
                 QVERIFY2(known.contains(row.context), qPrintable(row.context));
     }
 
-    void theCatalogueHasExactlyTheAgreedRows_data() { addCatalogues(); }
+    void theCatalogueHasExactlyTheAgreedRows_data() { everyCatalogue(); }
     void theCatalogueHasExactlyTheAgreedRows() {
         QFETCH(int, catalogue);
         QCOMPARE(sorted(rowsOf(Catalogue(catalogue))), sorted(expectedRows(Catalogue(catalogue))));
     }
 
     void noRowIsUnfinished() {
-        for (Catalogue catalogue : everyCatalogue)
+        for (const Catalogue catalogue : catalogues)
             for (const TsRow &row : rowsOf(catalogue))
                 QVERIFY2(row.type.isEmpty(), qPrintable(row.context + ": " + row.source + " is " + row.type));
-    }
-
-    void noRowStandsTwice() {
-        for (Catalogue catalogue : everyCatalogue) {
-            const QVector<TsRow> rows = rowsOf(catalogue);
-            QSet<QPair<QString, QString>> keys;
-            for (const TsRow &row : rows)
-                keys.insert({row.context, row.source});
-            QCOMPARE(keys.size(), rows.size());
-        }
     }
 
     void thereAre433RowsOf73Texts() {
         int rowCount = 0;
         QSet<QString> texts;
-        for (Catalogue catalogue : everyCatalogue) {
+        for (Catalogue catalogue : catalogues) {
             for (const TsRow &row : rowsOf(catalogue)) {
                 ++rowCount;
                 texts.insert(row.source);
@@ -101,23 +83,6 @@ private slots:
         }
         QCOMPARE(rowCount, 433);
         QCOMPARE(texts.size(), 73);
-    }
-
-    void theTraditionalCatalogueHasNoRowsOfTheGuide() {
-        const QVector<TsRow> rows = rowsOf(Catalogue::Traditional);
-        QVERIFY(!rows.isEmpty());
-        QCOMPARE(rowsOfContext(rows, "PrivacyWindow"), 0);
-        QCOMPARE(rowsOfContext(rows, "PrivacyprivilegesWindow"), 0);
-    }
-
-    void theVersionStandsInEachCatalogue() {
-        for (Catalogue catalogue : everyCatalogue) {
-            QStringList versions;
-            for (const TsRow &row : rowsOf(catalogue))
-                if (row.context == "SetWindow" && row.source == "2.0.0.0")
-                    versions.append(row.translation);
-            QCOMPARE(versions, QStringList{"2.1.0.210527"});
-        }
     }
 };
 

@@ -5,6 +5,7 @@
 
 #include <QPair>
 #include <QSet>
+#include <QtTest>
 
 namespace {
 
@@ -60,13 +61,11 @@ QVector<TsRow> expectedRows(Catalogue catalogue) {
 }
 
 QString catalogueName(Catalogue catalogue) {
-    switch (catalogue) {
-    case Catalogue::English:
-        return "En";
-    case Catalogue::Simplified:
-        return "Cn";
-    case Catalogue::Traditional:
-        return "Tw";
-    }
-    return {};
+    return QStringList{"En", "Cn", "Tw"}.at(int(catalogue));
+}
+
+void everyCatalogue() {
+    QTest::addColumn<int>("catalogue");
+    for (const Catalogue catalogue : catalogues)
+        QTest::newRow(qPrintable(catalogueName(catalogue))) << int(catalogue);
 }

@@ -4,6 +4,10 @@
 #include "res/TsFile.h"
 
 enum class Catalogue { English, Simplified, Traditional };
+constexpr Catalogue catalogues[] = {Catalogue::English, Catalogue::Simplified, Catalogue::Traditional};
+
+/// The rows, as numbers, of a test that holds for each.
+void everyCatalogue();
 
 /// Every row that the catalogue must have, and no other, worked out from the agreed wording.
 QVector<TsRow> expectedRows(Catalogue catalogue);

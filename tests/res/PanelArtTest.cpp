@@ -82,44 +82,42 @@ private slots:
         QVERIFY2(small >= 4.5 && large >= 4.5, qPrintable(QString("%1 %2").arg(small).arg(large)));
     }
 
-    void textOnAFrameCanBeRead_data() {
-        QTest::addColumn<int>("scale");
-        QTest::addColumn<QRect>("area");
-        QTest::addColumn<QColor>("colour");
-        QTest::newRow("frame-key1.png") << 2 << QRect(30, 22, 207, 85) << grey;
-        QTest::newRow("frame-key2.png") << 2 << QRect(20, 22, 207, 150) << grey;
-        QTest::newRow("frame-key3.png") << 2 << QRect(20, 22, 207, 150) << grey;
-        QTest::newRow("frame-key4.png") << 2 << QRect(20, 22, 207, 180) << grey;
-        QTest::newRow("frame-setting.png") << 2 << QRect(19, 23, 210, 345) << grey;
-        QTest::newRow("pri_bg@3x.png") << 3 << QRect(20, 39, 350, 230) << white;
-        QTest::newRow("pri_frame@3x.png") << 3 << QRect(39, 6, 400, 24) << white;
-        QTest::newRow("capturebg@1080p.png") << 1 << QRect(20, 42, 300, 95) << white;
-        QTest::newRow("annotatebg@1080p.png") << 1 << QRect(20, 2, 240, 34) << white;
-    }
     void textOnAFrameCanBeRead() {
-        QFETCH(int, scale);
-        QFETCH(QRect, area);
-        QFETCH(QColor, colour);
-        const double least =
-            leastContrast(QImage(QStringLiteral(":/") + QTest::currentDataTag()), area, scale, colour);
-        QVERIFY2(least >= 4.5, qPrintable(QString::number(least)));
+        const struct {
+            const char *picture;
+            int scale;
+            QRect area;
+            QColor colour;
+        } rows[] = {{"frame-key1.png", 2, {30, 22, 207, 85}, grey},
+                    {"frame-key2.png", 2, {20, 22, 207, 150}, grey},
+                    {"frame-key3.png", 2, {20, 22, 207, 150}, grey},
+                    {"frame-key4.png", 2, {20, 22, 207, 180}, grey},
+                    {"frame-setting.png", 2, {19, 23, 210, 345}, grey},
+                    {"pri_bg@3x.png", 3, {20, 39, 350, 230}, white},
+                    {"pri_frame@3x.png", 3, {39, 6, 400, 24}, white},
+                    {"capturebg@1080p.png", 1, {20, 42, 300, 95}, white},
+                    {"annotatebg@1080p.png", 1, {20, 2, 240, 34}, white},
+                    {"button@3x.png", 3, {6, 4, 76, 24}, "#333333"}};
+        for (const auto &row : rows) {
+            const double least =
+                leastContrast(QImage(QString(":/") + row.picture), row.area, row.scale, row.colour);
+            QVERIFY2(least >= 4.5, qPrintable(QString("%1: %2").arg(row.picture).arg(least)));
+        }
     }
 
     void aLineLeadsFromEachKeyToItsArrow_data() {
-        QTest::addColumn<int>("arrowX");
-        QTest::addColumn<int>("arrowY");
-        QTest::newRow("key 1") << 679 << 457;
-        QTest::newRow("key 2") << 296 << 457;
-        QTest::newRow("key 3") << 679 << 196;
-        QTest::newRow("key 4") << 296 << 196;
+        QTest::addColumn<QPoint>("arrow");
+        QTest::newRow("key 1") << QPoint(679, 457);
+        QTest::newRow("key 2") << QPoint(296, 457);
+        QTest::newRow("key 3") << QPoint(679, 196);
+        QTest::newRow("key 4") << QPoint(296, 196);
     }
     void aLineLeadsFromEachKeyToItsArrow() {
-        QFETCH(int, arrowX);
-        QFETCH(int, arrowY);
+        QFETCH(QPoint, arrow);
         const QImage background(":/bg@3x.png");
-        const int middle = (arrowY + 12) * 2;
-        const bool left = arrowX < 499;
-        const int arrowEdge = left ? arrowX + 24 + 2 : arrowX - 2;
+        const int middle = (arrow.y() + 12) * 2;
+        const bool left = arrow.x() < 499;
+        const int arrowEdge = left ? arrow.x() + 24 + 2 : arrow.x() - 2;
         const int keyEdge = left ? 478 : 521; // within the outer key of the pen
         for (int x = std::min(arrowEdge, keyEdge) * 2; x < std::max(arrowEdge, keyEdge) * 2; ++x) {
             if (x > 455 * 2 && x < 465 * 2)
@@ -130,23 +128,21 @@ private slots:
         }
     }
 
-    void thePointerOfEachFrameIsAtItsArrow_data() {
-        QTest::addColumn<int>("y");
-        QTest::addColumn<double>("x");
+    void thePointerOfEachFrameIsAtItsArrow() {
         // The middle of the arrow, seen from the corner of the view; a place within the pointer, outside the
         // body.
-        QTest::newRow("frame-key1.png") << 457 + 12 - 87 << 4.0;
-        QTest::newRow("frame-key2.png") << 457 + 12 - 321 << 253.0;
-        QTest::newRow("frame-key3.png") << 196 + 12 - 87 << 4.0;
-        QTest::newRow("frame-key4.png") << 196 + 12 - 87 << 253.0;
-    }
-    void thePointerOfEachFrameIsAtItsArrow() {
-        QFETCH(int, y);
-        QFETCH(double, x);
-        const QImage frame(QStringLiteral(":/") + QTest::currentDataTag());
-        QVERIFY(isOpaque(frame, x, y));
-        QVERIFY(!isOpaque(frame, x, y - 12));
-        QVERIFY(!isOpaque(frame, x, y + 12));
+        const struct {
+            const char *frame;
+            double x, y;
+        } rows[] = {{"frame-key1.png", 4, 457 + 12 - 87},
+                    {"frame-key2.png", 253, 457 + 12 - 321},
+                    {"frame-key3.png", 4, 196 + 12 - 87},
+                    {"frame-key4.png", 253, 196 + 12 - 87}};
+        for (const auto &row : rows) {
+            const QImage frame(QString(":/") + row.frame);
+            QVERIFY2(isOpaque(frame, row.x, row.y), row.frame);
+            QVERIFY2(!isOpaque(frame, row.x, row.y - 12) && !isOpaque(frame, row.x, row.y + 12), row.frame);
+        }
     }
 
     void theSlotFramesPointAtTheirSlots() {
@@ -183,10 +179,6 @@ private slots:
             for (int x = 30; x < 90; ++x)
                 glyph = std::max(glyph, contrast(screen.pixelColor(x, y), plate));
         QVERIFY2(glyph >= 7, qPrintable(QString::number(glyph)));
-    }
-
-    void theTextOfTheGuidesButtonCanBeRead() {
-        QVERIFY(leastContrast(QImage(":/button@3x.png"), QRect(6, 4, 76, 24), 3, QColor("#333333")) >= 4.5);
     }
 
     void selectedPicturesAreYellowAndTheOthersAreNot() {

@@ -74,59 +74,55 @@ class PicturesTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void eachPictureHasItsSize_data() {
-        QTest::addColumn<QSize>("size");
-        QTest::addColumn<int>("alpha");
-        // Three times the place in the views.
-        QTest::newRow("pri_bg@3x.png") << QSize(494, 300) * 3 << int(Opaque);
-        QTest::newRow("pri_frame@3x.png") << QSize(454, 122) * 3 << int(Shaped);
-        QTest::newRow("setting@3x.png") << QSize(54, 54) * 3 << int(Shaped);
-        QTest::newRow("button@3x.png") << QSize(88, 32) * 3 << int(Shaped);
-        for (const char *name : {"icon-left@3x.png", "icon-left-selected@3x.png", "icon-right@3x.png",
-                                 "icon-right-selected@3x.png"})
-            QTest::newRow(name) << QSize(24, 24) * 3 << int(Shaped);
-        QTest::newRow("icon-setting@3x.png") << QSize(18, 18) * 3 << int(Shaped);
-        QTest::newRow("icon-down@3x.png") << QSize(12, 12) * 3 << int(Shaped);
-        QTest::newRow("icon-up@3x.png") << QSize(12, 12) * 3 << int(Shaped);
-        // Twice the place in the views and overlays.
-        QTest::newRow("bg@3x.png") << QSize(999, 650) * 2 << int(Opaque);
-        QTest::newRow("frame-key1.png") << QSize(257, 500) * 2 << int(Shaped);
-        QTest::newRow("frame-key2.png") << QSize(257, 188) * 2 << int(Shaped);
-        QTest::newRow("frame-key3.png") << QSize(257, 188) * 2 << int(Shaped);
-        QTest::newRow("frame-key4.png") << QSize(257, 500) * 2 << int(Shaped);
-        QTest::newRow("frame-setting.png") << QSize(247, 390) * 2 << int(Shaped);
-        for (const char *name : {"frame-1.png", "frame-2.png", "frame-3.png"})
-            QTest::newRow(name) << QSize(175, 122) * 2 << int(Shaped);
-        QTest::newRow("toolbackground.png") << QSize(175, 99) * 2 << int(Opaque);
-        for (const char *name : {"icon-pen.png", "icon-pen-selected.png", "icon-eraser.png",
-                                 "icon-eraser-selected.png", "icon-exit.png"})
-            QTest::newRow(name) << QSize(60, 60) * 2 << int(Shaped);
-        QTest::newRow("appicon.png") << QSize(32, 32) * 2 << int(Shaped);
-        for (const int size : {16, 24, 32, 48, 128, 256})
-            QTest::addRow("appicon-%d.png", size) << QSize(size, size) << int(Shaped);
-        QTest::newRow("icon-X.png") << QSize(16, 16) * 2 << int(Shaped);
-        QTest::newRow("icon-minus.png") << QSize(16, 16) * 2 << int(Shaped);
-        QTest::newRow("icon-left.png") << QSize(24, 24) * 2 << int(Shaped);
-        QTest::newRow("icon-setting.png") << QSize(18, 18) * 2 << int(Shaped);
-        // Brushes, pixel for pixel.
-        QTest::newRow("bg.png") << QSize(999, 650) << int(Opaque);
-        QTest::newRow("capturebg@1080p.png") << QSize(380, 180) << int(Opaque);
-        QTest::newRow("annotatebg@1080p.png") << QSize(280, 40) << int(Shaped);
-        QTest::newRow("icon-pen2@1080p.png") << QSize(138, 86) << int(Shaped);
-        QTest::newRow("Pen1.1.png") << QSize(196, 1200) << int(Shaped);
-    }
     void eachPictureHasItsSize() {
-        QFETCH(QSize, size);
-        QFETCH(int, alpha);
-        const QImage picture(QStringLiteral(":/") + QTest::currentDataTag());
-        QCOMPARE(picture.size(), size);
-        bool transparent = false;
-        for (const QPoint corner :
-             {QPoint(0, size.height() - 1), QPoint(size.width() - 1, size.height() - 1)})
-            transparent = transparent || qAlpha(picture.pixel(corner)) < 128;
-        QCOMPARE(transparent, alpha == Shaped);
-        if (alpha == Opaque)
-            QVERIFY(!picture.hasAlphaChannel()); // blending it would cost for nothing
+        const struct {
+            const char *names;
+            QSize place;
+            int scale; // three or two times the place in the views; brushes pixel for pixel
+            Alpha alpha;
+        } rows[] = {
+            {"pri_bg@3x", {494, 300}, 3, Opaque},
+            {"pri_frame@3x", {454, 122}, 3, Shaped},
+            {"setting@3x", {54, 54}, 3, Shaped},
+            {"button@3x", {88, 32}, 3, Shaped},
+            {"icon-left@3x icon-left-selected@3x icon-right@3x icon-right-selected@3x", {24, 24}, 3, Shaped},
+            {"icon-setting@3x", {18, 18}, 3, Shaped},
+            {"icon-down@3x icon-up@3x", {12, 12}, 3, Shaped},
+            {"bg@3x", {999, 650}, 2, Opaque},
+            {"frame-key1 frame-key4", {257, 500}, 2, Shaped},
+            {"frame-key2 frame-key3", {257, 188}, 2, Shaped},
+            {"frame-setting", {247, 390}, 2, Shaped},
+            {"frame-1 frame-2 frame-3", {175, 122}, 2, Shaped},
+            {"toolbackground", {175, 99}, 2, Opaque},
+            {"icon-pen icon-pen-selected icon-eraser icon-eraser-selected icon-exit", {60, 60}, 2, Shaped},
+            {"appicon", {32, 32}, 2, Shaped},
+            {"appicon-16", {16, 16}, 1, Shaped},
+            {"appicon-24", {24, 24}, 1, Shaped},
+            {"appicon-32", {32, 32}, 1, Shaped},
+            {"appicon-48", {48, 48}, 1, Shaped},
+            {"appicon-128", {128, 128}, 1, Shaped},
+            {"appicon-256", {256, 256}, 1, Shaped},
+            {"icon-X icon-minus", {16, 16}, 2, Shaped},
+            {"icon-left", {24, 24}, 2, Shaped},
+            {"icon-setting", {18, 18}, 2, Shaped},
+            {"bg", {999, 650}, 1, Opaque},
+            {"capturebg@1080p", {380, 180}, 1, Opaque},
+            {"annotatebg@1080p", {280, 40}, 1, Shaped},
+            {"icon-pen2@1080p", {138, 86}, 1, Shaped},
+            {"Pen1.1", {196, 1200}, 1, Shaped},
+        };
+        for (const auto &row : rows) {
+            for (const QString &name : QString(row.names).split(' ')) {
+                const QImage picture(":/" + name + ".png");
+                QVERIFY2(picture.size() == row.place * row.scale, qPrintable(name));
+                const bool transparent =
+                    qAlpha(picture.pixel(0, picture.height() - 1)) < 128 ||
+                    qAlpha(picture.pixel(picture.width() - 1, picture.height() - 1)) < 128;
+                QVERIFY2(transparent == (row.alpha == Shaped), qPrintable(name));
+                if (row.alpha == Opaque) // blending it would cost for nothing
+                    QVERIFY2(!picture.hasAlphaChannel(), qPrintable(name));
+            }
+        }
     }
 
     void thePicturesOfTheTableAreCompiledInAndNoOthers() {

@@ -3,7 +3,9 @@
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <QtTest>
 
+#include <cmath>
 #include <cstdlib>
 
 namespace vexa::test {
@@ -18,12 +20,27 @@ QPixmap screenWall() {
     return wall(screenPoints() * screenRatio(), screenRatio());
 }
 
+QImage plainImage(const QPixmap &picture) {
+    QImage image = picture.toImage().convertToFormat(QImage::Format_RGB32);
+    image.setDevicePixelRatio(1);
+    return image;
+}
+
 QImage shownOnScreen() {
     const QSize size = screenPoints();
     QImage image =
         QGuiApplication::primaryScreen()->grabWindow(0, 0, 0, size.width(), size.height()).toImage();
     image.setDevicePixelRatio(1);
     return image.convertToFormat(QImage::Format_RGB32);
+}
+
+bool screenBecomes(const QImage &expected) {
+    int other = 0;
+    const auto isShown = [&] { return (other = differences(shownOnScreen(), expected)) == 0; };
+    const bool became = QTest::qWaitFor(isShown, patience);
+    if (!became)
+        qWarning("%d other pixels", other);
+    return became;
 }
 
 int differences(const QImage &one, const QImage &other) {
@@ -43,6 +60,10 @@ bool alike(QRgb one, QRgb other, int tolerance) {
     return std::abs(qRed(one) - qRed(other)) <= tolerance &&
            std::abs(qGreen(one) - qGreen(other)) <= tolerance &&
            std::abs(qBlue(one) - qBlue(other)) <= tolerance;
+}
+
+double distance(const QPoint &pixel, const QPointF &place) {
+    return std::hypot(pixel.x() + 0.5 - place.x(), pixel.y() + 0.5 - place.y());
 }
 
 QSize screenPoints() {
