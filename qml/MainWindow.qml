@@ -17,13 +17,32 @@ Rectangle {
     property string text2
     readonly property var actionTexts: [qsTr("无操作"), qsTr("PPT放映：开始/结束"), qsTr("播放器：暂停/播放"), qsTr("黑板"), qsTr("屏幕截屏")]
     readonly property var toolTexts: [qsTr("聚光灯"), qsTr("放大镜"), qsTr("数字激光点")]
+    readonly property var viewsByMessage: ({
+        [ViewMessage.SportLightTran]: key4Window,
+        [ViewMessage.SportLightSize]: key4Window,
+        [ViewMessage.MagnifierColor]: key4Window,
+        [ViewMessage.MagnifierSize]: key4Window,
+        [ViewMessage.LaserPenColor]: key4Window,
+        [ViewMessage.LaserPenSize]: key4Window,
+        [ViewMessage.PenColor0]: key1Window,
+        [ViewMessage.PenColor1]: key1Window,
+        [ViewMessage.PenColor2]: key1Window,
+        [ViewMessage.PenThickness]: key1Window,
+        [ViewMessage.Key2P]: key2Window,
+        [ViewMessage.Key3P]: key3Window,
+        [ViewMessage.Key4C]: key4Window,
+        [ViewMessage.Key4P]: key4Window,
+        [ViewMessage.Language]: setWindow,
+        [ViewMessage.AutoStart]: setWindow
+    })
 
     signal qmlSignal(int x, int y, int statrx, int starty)
     signal qmlSignal1(int id, int var1, int var2)
 
-    // The host's one entry point. Every view takes the messages that are its own, and the summary shows their texts.
+    // The host's one entry point: hands a value to the view that shows it, and to the summary.
     function setvalue(id1, var1, var2) {
-        for (const view of [key1Window, key2Window, key3Window, key4Window, setWindow])
+        const view = viewsByMessage[id1]
+        if (view)
             view.setvalue(id1, var1, var2)
         summarise(id1, var1)
         if (id1 === ViewMessage.ShowView)

@@ -12,7 +12,8 @@ void prepareSession() {
     qputenv("QV4_FORCE_INTERPRETER", QByteArrayLiteral("1"));
 }
 
-// What was set is read later than the application object is made, when the first view is loaded.
+// What was set is read when the first view is loaded, so it stays. The one program that inherits it,
+// osascript, does not know it; links and panes are opened by the system.
 void releaseEnvironment() {}
 
 bool penOutOfReach() {
