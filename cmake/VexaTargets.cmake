@@ -1,13 +1,15 @@
 # How every target of this project is made: one place for warnings, include root and Qt's code generators.
 
 option(VEXA_WERROR "Treat compiler warnings as errors" OFF)
-set(VEXA_SANITIZE "" CACHE STRING "Sanitizers to build with, for example address,undefined or thread")
+set(VEXA_SANITIZE
+    ""
+    CACHE STRING "Sanitizers to build with, for example address,undefined or thread")
 
 add_library(vexa_options INTERFACE)
 target_compile_options(vexa_options INTERFACE -Wall -Wextra -Wshadow -Wconversion -Wnon-virtual-dtor
                                               $<$<BOOL:${VEXA_WERROR}>:-Werror>)
-target_compile_definitions(vexa_options INTERFACE QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING
-                                                  QT_NO_FOREACH QT_DEPRECATED_WARNINGS)
+target_compile_definitions(vexa_options INTERFACE QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_FOREACH
+                                                  QT_DEPRECATED_WARNINGS)
 target_include_directories(vexa_options INTERFACE "${PROJECT_SOURCE_DIR}/src")
 if(VEXA_SANITIZE)
   target_compile_options(vexa_options INTERFACE -fsanitize=${VEXA_SANITIZE} -fno-omit-frame-pointer
@@ -27,7 +29,10 @@ function(vexa_library name)
     message(FATAL_ERROR "vexa_library(${name}): what is ${arg_UNPARSED_ARGUMENTS}?")
   endif()
   add_library(${name} STATIC ${arg_SOURCES})
-  target_link_libraries(${name} PUBLIC vexa_options ${arg_PUBLIC} PRIVATE ${arg_PRIVATE})
+  target_link_libraries(
+    ${name}
+    PUBLIC vexa_options ${arg_PUBLIC}
+    PRIVATE ${arg_PRIVATE})
   if(arg_QT)
     set_target_properties(${name} PROPERTIES AUTOMOC ON AUTOUIC ON)
   endif()

@@ -21,8 +21,8 @@ target_include_directories(vexa_test_headers SYSTEM PRIVATE ${Qt5Gui_INCLUDE_DIR
 target_precompile_headers(vexa_test_headers PRIVATE <QtWidgets> <algorithm> <functional> <memory> <vector>)
 
 function(vexa_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "OFFSCREEN;DISPLAY;WM;COMPOSITOR;BUS;RESOURCES;OWN_FOLDER" "SCREEN;WITHOUT;TIMEOUT;PROGRAM"
-                        "SOURCES;LINK;LABELS;ENVIRONMENT;ARGUMENTS")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "OFFSCREEN;DISPLAY;WM;COMPOSITOR;BUS;RESOURCES;OWN_FOLDER"
+                        "SCREEN;WITHOUT;TIMEOUT;PROGRAM" "SOURCES;LINK;LABELS;ENVIRONMENT;ARGUMENTS")
   if(APPLE AND NOT arg_OFFSCREEN)
     return() # it brings an X server, or fakes of what a Mac has
   endif()
@@ -84,18 +84,20 @@ function(vexa_test name)
   # what looks like a leak. The slow unwinder would name more of a leak's frames, but locks itself out when a driver
   # registers code it has just compiled.
   set(environment
-    "ASAN_OPTIONS=quarantine_size_mb=16"
-    "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/support/lsan.supp:print_suppressions=0"
-    "UBSAN_OPTIONS=print_stacktrace=1"
-    ${arg_ENVIRONMENT})
+      "ASAN_OPTIONS=quarantine_size_mb=16"
+      "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/support/lsan.supp:print_suppressions=0"
+      "UBSAN_OPTIONS=print_stacktrace=1" ${arg_ENVIRONMENT})
   # What may take long begins early, so that it does not run alone in the end.
-  set_tests_properties(${name} PROPERTIES LABELS "${labels}" TIMEOUT ${timeout} COST ${timeout}
-                                          ENVIRONMENT "${environment}")
+  set_tests_properties(${name} PROPERTIES LABELS "${labels}" ENVIRONMENT "${environment}")
+  set_tests_properties(${name} PROPERTIES TIMEOUT ${timeout} COST ${timeout})
   # Under the sanitizers once is enough, and the offscreen platform leaks its screen.
-  if(arg_OFFSCREEN AND arg_DISPLAY AND NOT APPLE AND NOT VEXA_SANITIZE)
+  if(arg_OFFSCREEN
+     AND arg_DISPLAY
+     AND NOT APPLE
+     AND NOT VEXA_SANITIZE)
     add_test(NAME ${name}Offscreen COMMAND $<TARGET_FILE:${arg_PROGRAM}>)
-    set_tests_properties(${name}Offscreen PROPERTIES LABELS offscreen TIMEOUT ${timeout} COST ${timeout}
-                                                     ENVIRONMENT "${environment};${offscreen}")
+    set_tests_properties(${name}Offscreen PROPERTIES LABELS offscreen ENVIRONMENT "${environment};${offscreen}")
+    set_tests_properties(${name}Offscreen PROPERTIES TIMEOUT ${timeout} COST ${timeout})
     if(arg_OWN_FOLDER)
       set_tests_properties(${name} ${name}Offscreen PROPERTIES RESOURCE_LOCK ${name}) # one settings file for both
     endif()

@@ -7,13 +7,14 @@ function(vexa_macos_bundle target)
   target_sources(${target} PRIVATE ${icon} ${scripts})
   set_source_files_properties(${icon} PROPERTIES MACOSX_PACKAGE_LOCATION Resources)
   set_source_files_properties(${scripts} PROPERTIES MACOSX_PACKAGE_LOCATION MacOS)
-  set_target_properties(${target} PROPERTIES
-    MACOSX_BUNDLE ON
-    OUTPUT_NAME VexaOrbilo
-    MACOSX_BUNDLE_INFO_PLIST "${folder}/Info.plist.in"
-    MACOSX_BUNDLE_BUNDLE_NAME VexaOrbilo
-    MACOSX_BUNDLE_GUI_IDENTIFIER example.vexa.VexaOrbilo
-    MACOSX_BUNDLE_ICON_FILE VexaOrbilo
-    MACOSX_BUNDLE_SHORT_VERSION_STRING ${PROJECT_VERSION}
-    MACOSX_BUNDLE_BUNDLE_VERSION ${PROJECT_VERSION})
+  set_target_properties(
+    ${target}
+    PROPERTIES MACOSX_BUNDLE ON
+               OUTPUT_NAME VexaOrbilo
+               MACOSX_BUNDLE_INFO_PLIST "${folder}/Info.plist.in"
+               MACOSX_BUNDLE_BUNDLE_NAME VexaOrbilo
+               MACOSX_BUNDLE_GUI_IDENTIFIER example.vexa.VexaOrbilo
+               MACOSX_BUNDLE_ICON_FILE VexaOrbilo
+               MACOSX_BUNDLE_SHORT_VERSION_STRING ${PROJECT_VERSION}
+               MACOSX_BUNDLE_BUNDLE_VERSION ${PROJECT_VERSION})
 endfunction()

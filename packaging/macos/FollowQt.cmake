@@ -7,21 +7,29 @@ include("${CMAKE_CURRENT_LIST_DIR}/MinimumSystems.cmake")
 function(vexa_architectures_in library result)
   execute_process(COMMAND lipo -archs "${library}" OUTPUT_VARIABLE listed COMMAND_ERROR_IS_FATAL ANY)
   string(REGEX MATCHALL "[^ \n]+" architectures "${listed}")
-  set(${result} "${architectures}" PARENT_SCOPE)
+  set(${result}
+      "${architectures}"
+      PARENT_SCOPE)
 endfunction()
 
 # vexa_minimum_of(library architectures result): the oldest system that has the processors and takes the library.
 function(vexa_minimum_of library architectures result)
   execute_process(COMMAND otool -l "${library}" OUTPUT_VARIABLE listed COMMAND_ERROR_IS_FATAL ANY)
   # A newer linker writes "minos 11.0" under LC_BUILD_VERSION, an older one "version 10.13" under LC_VERSION_MIN_MACOSX.
-  string(REGEX MATCHALL "minos [0-9.]+|LC_VERSION_MIN_MACOSX[^a-z]*cmdsize [0-9]+[^a-z]*version [0-9.]+" found "${listed}")
+  string(REGEX MATCHALL "minos [0-9.]+|LC_VERSION_MIN_MACOSX[^a-z]*cmdsize [0-9]+[^a-z]*version [0-9.]+" found
+               "${listed}")
   list(TRANSFORM found REPLACE ".* " "")
   foreach(architecture IN LISTS architectures)
     list(APPEND found ${VEXA_OLDEST_MACOS_${architecture}})
   endforeach()
-  list(SORT found COMPARE NATURAL ORDER DESCENDING)
+  list(
+    SORT found
+    COMPARE NATURAL
+    ORDER DESCENDING)
   list(GET found 0 newest)
-  set(${result} ${newest} PARENT_SCOPE)
+  set(${result}
+      ${newest}
+      PARENT_SCOPE)
 endfunction()
 
 # Sets both in the caller's folder, and below it.

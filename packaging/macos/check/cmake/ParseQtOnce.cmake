@@ -1,13 +1,21 @@
 # Has Qt's headers parsed once for all sources of a check, which is most of its time. Included at the end of project().
 # What QWidget's header brings along is thus known in every source; --apart does without.
 function(check_targets_below folder result)
-  get_property(targets DIRECTORY "${folder}" PROPERTY BUILDSYSTEM_TARGETS)
-  get_property(subfolders DIRECTORY "${folder}" PROPERTY SUBDIRECTORIES)
+  get_property(
+    targets
+    DIRECTORY "${folder}"
+    PROPERTY BUILDSYSTEM_TARGETS)
+  get_property(
+    subfolders
+    DIRECTORY "${folder}"
+    PROPERTY SUBDIRECTORIES)
   foreach(subfolder IN LISTS subfolders)
     check_targets_below("${subfolder}" further)
     list(APPEND targets ${further})
   endforeach()
-  set(${result} ${targets} PARENT_SCOPE)
+  set(${result}
+      ${targets}
+      PARENT_SCOPE)
 endfunction()
 
 function(check_parse_qt_once)
