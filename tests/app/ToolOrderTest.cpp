@@ -100,10 +100,16 @@ private slots:
     void screenshotOverOpenTools() {
         Settings::Key4C = 4;
         open({Annotation, Blackboard, Held}, 1);
+        QList<QWidget *> older;
         for (const int x : {500, 700}) { // over one magnifier, then over two
             m_panel->chord(pen::d);
             m_panel->moveTo(x, 500);
-            Drawings drawings(ToolPanel::heldTools().constLast());
+            const QList<QWidget *> tools = ToolPanel::heldTools();
+            const auto newest = std::find_if(tools.begin(), tools.end(),
+                                             [&](QWidget *tool) { return !older.contains(tool); });
+            QVERIFY(newest != tools.end());
+            Drawings drawings(*newest);
+            older = tools;
             QTRY_VERIFY(drawings.count > 0); // from its picture
             m_panel->chord(pen::g);
         }

@@ -12,7 +12,7 @@ import unittest
 SOURCE = pathlib.Path(sys.argv[1])
 ARROW = re.compile(r"^    (\S+) +→ +(.+)$", re.MULTILINE)
 INCLUDE = re.compile(r'^\s*#\s*include\s+"([^"]+/)[^"/]+"', re.MULTILINE)
-LIBRARY = re.compile(r"vexa_library\((vexa_\w+)([^()]*(?:\([^()]*\)[^()]*)*)\)")
+LIBRARY = re.compile(r"vexa_library\(\s*(vexa_\w+)([^()]*(?:\([^()]*\)[^()]*)*)\)")
 ROOMS_OF = {"vexa_x11": ["platform/x11/input"], "vexa_quartz": ["platform/quartz"],
             "vexa_platform": ["platform", "platform/x11", "platform/mac"]}  # of the others the room has the name
 X11_INCLUDE = re.compile(r"^\s*#\s*include\s+<(?:X11|xcb)/", re.MULTILINE)
@@ -97,7 +97,7 @@ class Arrows(unittest.TestCase):
         self.assertEqual(wrong, [])
 
     def test_finds_a_link_against_the_arrows(self):
-        text = "vexa_library(vexa_a QT\n  SOURCES\n    A.cpp\n  PUBLIC vexa_b Qt5::Core\n  PRIVATE vexa_c)\n"
+        text = "vexa_library(\n  vexa_a\n  QT\n  SOURCES\n    A.cpp\n  PUBLIC vexa_b Qt5::Core\n  PRIVATE vexa_c)\n"
         self.assertEqual(list(links([text])), [("vexa_a", "vexa_b"), ("vexa_a", "vexa_c")])
 
     def test_x_headers_stay_in_their_room(self):

@@ -62,7 +62,7 @@ class Information(unittest.TestCase):
         self.assertRegex(self.entries["CFBundleIdentifier"], r"^[A-Za-z0-9-]+(\.[A-Za-z0-9-]+){2,}$")
 
     def test_has_the_projects_version(self):
-        version = re.search(r"project\(VexaOrbilo VERSION ([0-9.]+)", (SOURCE / "CMakeLists.txt").read_text()).group(1)
+        version = re.search(r"project\(\s*VexaOrbilo\s+VERSION ([0-9.]+)", (SOURCE / "CMakeLists.txt").read_text()).group(1)
         self.assertEqual(self.entries["CFBundleVersion"], version)
         self.assertEqual(self.entries["CFBundleShortVersionString"], version)
 
