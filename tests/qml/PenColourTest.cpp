@@ -175,10 +175,10 @@ private:
     QList<int> checkedSwatches() { return checked("PizhuSetButton1", palettePlaces); }
     QList<int> checkedWidths() { return checked("PizhuSetButton2", widthPlaces); }
     QStringList slotColors() {
-        QStringList colors;
+        QStringList found;
         for (const char *slot : {"pencolor0", "pencolor1", "pencolor2"})
-            colors += pen()->property(slot).toString();
-        return colors;
+            found += pen()->property(slot).toString();
+        return found;
     }
     QStringList marks() {
         QStringList shown;
