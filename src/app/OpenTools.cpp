@@ -27,7 +27,7 @@ template<typename Tool> void close(QPointer<Tool> &pointer) {
 
 } // namespace
 
-/// Lets a new tool report, and makes sure that it does not outlive this object.
+/// Lets a new tool report, and notes it, so that it does not outlive this object.
 template<typename Tool> void OpenTools::attach(QPointer<Tool> &place, void (Tool::*report)(int)) {
     Tool *const tool = place;
     connect(tool, report, this, [this, tool, &place](int which) {
@@ -36,15 +36,17 @@ template<typename Tool> void OpenTools::attach(QPointer<Tool> &place, void (Tool
         else
             emit reported(which);
     });
-    ++m_alive;
-    connect(tool, &QObject::destroyed, this, [this] {
-        if (--m_alive == 0)
+    m_alive.append(tool);
+    connect(tool, &QObject::destroyed, this, [this](QObject *gone) {
+        m_alive.removeOne(gone);
+        if (m_alive.isEmpty())
             emit allGone();
     });
-    connect(this, &QObject::destroyed, tool, [this, tool] {
-        tool->disconnect(this);
-        delete tool;
-    });
+}
+
+OpenTools::~OpenTools() {
+    blockSignals(true); // what closes now closes without a report
+    qDeleteAll(QObjectList(m_alive));
 }
 
 template<typename Tool> void OpenTools::openHeldTool(QPointer<Tool> &place) {

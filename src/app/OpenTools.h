@@ -23,6 +23,8 @@ class OpenTools : public QObject {
     Q_OBJECT
 
 public:
+    ~OpenTools() override;
+
     bool annotationOpen() const { return !m_annotation.isNull(); }
     bool blackboardOpen() const { return !m_blackboard.isNull(); }
     bool heldToolOpen() const;
@@ -57,7 +59,7 @@ signals:
     void reported(int which);
     /// A tool that a newer one of its kind has replaced reports that it closes. It no longer counts as open.
     void formerReported();
-    /// The last tool is gone, with those that were no longer fed.
+    /// The last tool has been deleted, also of those that were replaced.
     void allGone();
 
 private:
@@ -66,7 +68,7 @@ private:
     template<typename Action> void withHeldTool(HeldToolChoice tool, Action act);
     platform::Cover heldToolCover() const;
 
-    int m_alive = 0; ///< tools that have not been deleted yet
+    QObjectList m_alive; ///< tools that have not been deleted yet, also those that were replaced
     QPointer<PizhuForm> m_annotation;
     QPointer<blackBoardform> m_blackboard;
     QPointer<Spolight2> m_spotlight;

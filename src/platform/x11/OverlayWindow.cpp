@@ -34,11 +34,9 @@ void refuseShadow(WId window) {
 /// What a window is painted in has a size in points, and stays as it is in pixels when the window comes to a
 /// screen of another scale: of a larger one it would cover the first quarter.
 void followScale(QWidget &widget) {
-    constexpr auto mark = "followsScale";
-    if (widget.property(mark).toBool())
-        return;
-    widget.setProperty(mark, true);
-    QObject::connect(widget.windowHandle(), &QWindow::screenChanged, &widget, [&widget] {
+    QWindow *const window = widget.windowHandle();
+    QObject::disconnect(window, &QWindow::screenChanged, &widget, nullptr); // of an earlier showing
+    QObject::connect(window, &QWindow::screenChanged, &widget, [&widget] {
         if (QBackingStore *store = widget.backingStore())
             store->resize(widget.size());
         widget.update();
