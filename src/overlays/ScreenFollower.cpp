@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "overlays/ScreenFollower.h"
 
+#include "platform/Screens.h"
+
 #include <QGuiApplication>
 #include <QScreen>
 
@@ -9,21 +11,14 @@
 namespace vexa {
 
 ScreenFollower::ScreenFollower(std::function<void()> changed) {
-    watch();
     look();
     m_changed = std::move(changed);
-    connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, [this] {
-        watch();
-        look();
+    connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, [this] { look(); });
+    // Later: a change of resolution moves one screen after the other.
+    platform::whenScreensMove(this, [this] {
+        QMetaObject::invokeMethod(
+            this, [this] { look(); }, Qt::QueuedConnection);
     });
-}
-
-void ScreenFollower::watch() {
-    disconnect(m_watched);
-    // Queued: a change of resolution moves one screen after the other.
-    if (const QScreen *screen = QGuiApplication::primaryScreen())
-        m_watched = connect(
-            screen, &QScreen::geometryChanged, this, [this] { look(); }, Qt::QueuedConnection);
 }
 
 void ScreenFollower::look() {

@@ -15,11 +15,9 @@ public:
     explicit ScreenFollower(std::function<void()> changed);
 
 private:
-    void watch();
     void look();
 
     std::function<void()> m_changed;
-    QMetaObject::Connection m_watched;
     QRect m_geometry; // points
     qreal m_ratio = 0;
 };

@@ -26,16 +26,22 @@ bool isPointerOnAnotherScreen() {
     return screen && screen != QGuiApplication::primaryScreen();
 }
 
-ScreenWatch::ScreenWatch() {
-    for (QScreen *screen : QGuiApplication::screens())
-        follow(screen);
-    connect(qGuiApp, &QGuiApplication::screenAdded, this, &ScreenWatch::follow);
-    connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, &ScreenWatch::primaryScreenChanged);
-    useSessionInput(placeOf(*QGuiApplication::primaryScreen()));
+void whenScreensMove(QObject *context, const std::function<void()> &moved) {
+    const auto watch = [context, moved](const QScreen *screen) {
+        QObject::connect(screen, &QScreen::geometryChanged, context, moved);
+        // Where each screen has a scale of its own, the toolkit takes over all their places as it hears of
+        // their dots per inch, tells of these alone, and finds nothing changed afterwards.
+        QObject::connect(screen, &QScreen::logicalDotsPerInchChanged, context, moved);
+    };
+    for (const QScreen *screen : QGuiApplication::screens())
+        watch(screen);
+    QObject::connect(qGuiApp, &QGuiApplication::screenAdded, context, watch);
 }
 
-void ScreenWatch::follow(QScreen *screen) {
-    connect(screen, &QScreen::geometryChanged, this, &ScreenWatch::primaryScreenChanged);
+ScreenWatch::ScreenWatch() {
+    whenScreensMove(this, &ScreenWatch::primaryScreenChanged);
+    connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, &ScreenWatch::primaryScreenChanged);
+    useSessionInput(placeOf(*QGuiApplication::primaryScreen()));
 }
 
 void ScreenWatch::primaryScreenChanged() {

@@ -6,6 +6,8 @@
 #include <QObject>
 #include <QPoint>
 
+#include <functional>
+
 class QScreen;
 
 /// The screens as the toolkit knows them, which is where the windows go: the one answer to what lies where.
@@ -21,6 +23,10 @@ bool isOnAnotherScreen(const QPoint &points);
 /// Whether the pointer is on another screen than the primary one now.
 bool isPointerOnAnotherScreen();
 
+/// Has it called whenever a screen may have got another place, size or scale, as long as the context lives.
+/// That is within the toolkit's handling of the change: other screens may still be where they were.
+void whenScreensMove(QObject *context, const std::function<void()> &moved);
+
 /// Puts the session's input to use, and keeps it told where the primary screen lies as long as it lives: that
 /// may become another one, move, or change its size.
 class ScreenWatch : public QObject {
@@ -28,7 +34,6 @@ public:
     ScreenWatch();
 
 private:
-    void follow(QScreen *screen);
     static void primaryScreenChanged();
 };
 

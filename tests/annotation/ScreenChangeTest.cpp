@@ -7,6 +7,8 @@
 #include "support/TestMain.h"
 
 #include <QProcess>
+#include <QScreen>
+#include <QSignalBlocker>
 
 using namespace vexa::test;
 using vexa::DrawingForm;
@@ -63,6 +65,7 @@ private slots:
     void drawingWindowsFollow();
     void inkStaysAtItsPlaceInThePicture();
     void aCardMovesToTheMiddle();
+    void aChangeThatCameWithTheDotsPerInchIsSeen();
 };
 
 void ScreenChangeTest::initTestCase() {
@@ -174,6 +177,20 @@ void ScreenChangeTest::aCardMovesToTheMiddle() {
     PromptWindow card;
     card.showWithTimer();
     setResolution(small);
+    QTRY_COMPARE_WITH_TIMEOUT(card.geometry(), QRect(130, 150, 380, 180), patience);
+}
+
+/// Where each screen has a scale of its own, the toolkit takes over all their places as it hears of their
+/// dots per inch, tells of these alone, and finds nothing changed afterwards.
+void ScreenChangeTest::aChangeThatCameWithTheDotsPerInchIsSeen() {
+    PromptWindow card;
+    card.showWithTimer();
+    QScreen *const screen = QGuiApplication::primaryScreen();
+    {
+        const QSignalBlocker silent(screen);
+        setResolution(small);
+    }
+    emit screen->logicalDotsPerInchChanged(screen->logicalDotsPerInch());
     QTRY_COMPARE_WITH_TIMEOUT(card.geometry(), QRect(130, 150, 380, 180), patience);
 }
 
