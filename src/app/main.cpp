@@ -4,6 +4,7 @@
 #include "app/PrivacyGate.h"
 #include "app/QuickViews.h"
 #include "app/QuitRequest.h"
+#include "app/ReadyCapture.h"
 #include "app/TerminateHandler.h"
 #include "app/TerminationSignals.h"
 #include "app/WriteFailures.h"
@@ -63,5 +64,6 @@ int main(int argc, char *argv[]) {
     Window1 = &mainWindow;
     mainWindow.show();
     vexa::platform::awaitWithdrawal();
+    const vexa::ReadyCapture readyCapture;
     return quit.run();
 }

@@ -11,4 +11,9 @@ QPixmap capturePrimaryScreen() {
     return screen->grabWindow(0, 0, 0, screen->size().width(), screen->size().height());
 }
 
+// Where the system keeps its pictures is its own business.
+bool prepareCapture() {
+    return false;
+}
+
 } // namespace vexa::platform

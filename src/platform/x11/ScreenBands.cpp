@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/ScreenBands.h"
 
-#include "platform/PictureMemory.h"
 #include "platform/x11/NativePixels.h"
+#include "platform/x11/PictureReserve.h"
 #include "platform/x11/input/Connection.h"
 
 #include <QX11Info>
@@ -80,7 +80,7 @@ std::unique_ptr<ScreenBands> ScreenBands::create() {
 
 QImage ScreenBands::take(const QRect &place) const {
     const std::vector<Band> bands = bandsOf(place.size());
-    QImage picture = bands.empty() ? QImage() : clearPicture(place.size(), QImage::Format_RGB32);
+    QImage picture = bands.empty() ? QImage() : PictureReserve::picture(place.size());
     if (picture.isNull())
         return {};
     uchar *const data = picture.bits();

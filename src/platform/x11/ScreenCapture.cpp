@@ -2,6 +2,7 @@
 #include "platform/ScreenCapture.h"
 
 #include "platform/Screens.h"
+#include "platform/x11/PictureReserve.h"
 #include "platform/x11/ScreenBands.h"
 
 #include <QGuiApplication>
@@ -27,6 +28,11 @@ QPixmap capturePrimaryScreen() {
     QPixmap pixmap = QPixmap::fromImage(std::move(picture)); // moved, it is the pixmap's own memory
     pixmap.setDevicePixelRatio(place.pixelsPerPoint);
     return pixmap;
+}
+
+bool prepareCapture() {
+    const ScreenPlace place = placeOf(*QGuiApplication::primaryScreen());
+    return ScreenBands::instance() && PictureReserve::prepare({place.size.x, place.size.y});
 }
 
 QPixmap captureScreenRect(const QRect &rect) {

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtGlobal>
+
+#include <cstddef>
+
+namespace vexa::platform {
+
+/// The large pages of the processors that Debian runs on; elsewhere this is only an alignment. One of them
+/// costs about as much as ten of the usual 512 that it stands for.
+constexpr std::size_t largePage = std::size_t(2) << 20;
+
+/// Memory of the system's own, in large pages where it has them. Any thread.
+struct LargePages {
+    uchar *data = nullptr;
+    std::size_t bytes = 0;
+
+    /// Whole usual pages, each byte 0, none of them allocated before it is written. Without data when there
+    /// is no memory.
+    static LargePages map(std::size_t bytes);
+
+    void unmap();
+    /// Lets the system take the memory whenever it runs short of it. Until it is written again, each byte is
+    /// what it was or, from a time on that nobody tells, 0.
+    void offer() const;
+};
+
+} // namespace vexa::platform

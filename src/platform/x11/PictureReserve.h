@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QImage>
+
+namespace vexa::platform {
+
+/// Memory for one picture of the screen, ready for the next one: when a tool opens, fresh memory takes longer
+/// than filling it. While no picture uses it, it is clear, and the system may take it whenever it runs short.
+/// Sizes in device pixels. Any thread.
+class PictureReserve {
+public:
+    /// A clear picture of Format_RGB32. Its memory is the reserve, if that has the size, and becomes the
+    /// reserve when the last copy of the picture goes, if there is none and it is not larger than for a 4K
+    /// screen. Null when there is no memory.
+    static QImage picture(const QSize &pixels);
+
+    /// Has a part of the memory for the first picture of that size allocated, which takes some milliseconds
+    /// at most. False when nothing is left to do, as once there has been a picture.
+    static bool prepare(const QSize &pixels);
+};
+
+} // namespace vexa::platform
