@@ -56,12 +56,12 @@ bool Bus::knowsTheProgram() {
     return client().interface()->isServiceRegistered(programName);
 }
 
-void Bus::call(const QString &method, const QVariantList &arguments) {
+QDBusPendingCall Bus::call(const QString &method, const QVariantList &arguments) {
     QDBusMessage message =
         QDBusMessage::createMethodCall(programName, QStringLiteral("/example/vexa/VexaOrbilo"),
                                        QStringLiteral("org.freedesktop.Application"), method);
     message.setArguments(arguments);
-    client().asyncCall(message);
+    return client().asyncCall(message);
 }
 
 } // namespace e2e

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QDBusConnection>
+#include <QDBusPendingCall>
 #include <QProcess>
 #include <QString>
 #include <QTemporaryDir>
@@ -28,7 +29,7 @@ public:
     bool knowsTheProgram();
 
     /// Calls a method of org.freedesktop.Application of the program, without waiting for its answer.
-    void call(const QString &method, const QVariantList &arguments);
+    QDBusPendingCall call(const QString &method, const QVariantList &arguments);
 
 private:
     QDBusConnection client();

@@ -5,6 +5,7 @@
 #include "e2e/Program.h"
 #include "e2e/XServer.h"
 #include "support/Patience.h"
+#include "support/RealInput.h"
 #include "support/TestMain.h"
 
 #include <csignal>
@@ -93,6 +94,19 @@ private slots:
         QCOMPARE(endProgram(), QByteArray());
     }
 
+    void aFloodOfCallsKeepsNoChordWaiting() {
+        QVERIFY(m_bus->start());
+        startProgram();
+        QTRY_VERIFY_WITH_TIMEOUT(m_bus->knowsTheProgram(), patience);
+        QDBusPendingCall last = QDBusPendingCall::fromError({});
+        for (int call = 0; call < 3000; ++call)
+            last = m_bus->call(QStringLiteral("Activate"), {QVariantMap()}); // shows the panel anew
+        typeChord(PenKey::G);
+        QTRY_VERIFY_WITH_TIMEOUT(toolIsOpen(), patience);
+        QVERIFY(!last.isFinished());
+        QCOMPARE(endProgram(), QByteArray());
+    }
+
     void theActionsOfTheDesktopEntryWork() {
         QVERIFY(m_bus->start());
         startProgram();
@@ -125,6 +139,8 @@ private slots:
     }
 
 private:
+    bool toolIsOpen() const { return e2e::visibleWindowOfSize(m_program->pid(), {1920, 1080}).id; }
+
     void startProgram() { QVERIFY(e2e::startAndSettle(*m_program)); }
 
     QByteArray endProgram() {

@@ -54,13 +54,14 @@ bool BusLink::introduce() const {
                        [this](const Introduction &introduction) { return introduction(m_bus.get()); });
 }
 
+/// One message in each turn of the event loop: whoever calls without end must not keep the pen from being
+/// heard.
 void BusLink::process() {
-    int progress = 0;
-    do
-        progress = sd_bus_process(m_bus.get(), nullptr);
-    while (progress > 0);
+    const int progress = sd_bus_process(m_bus.get(), nullptr);
     if (progress < 0 || sd_bus_is_open(m_bus.get()) <= 0)
         disconnectFromBus();
+    else if (progress > 0)
+        m_due.start(0);
     else
         waitForMore();
 }
