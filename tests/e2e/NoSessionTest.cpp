@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "e2e/Program.h"
 #include "e2e/XServer.h"
+#include "support/Patience.h"
 
 #include <QDir>
+#include <QProcess>
 #include <QtTest>
+
+using namespace vexa::test;
 
 /// Sessions in which the pen cannot be heard: one clear line, an end with 1, and neither a window nor a dump.
 class NoSessionTest : public QObject {
@@ -43,6 +47,19 @@ private slots:
         program.setEnvironment(QStringLiteral("DISPLAY"), server.display());
         verifyRefusal(program,
                       "VexaOrbilo: the X server has no RECORD extension, so the pen cannot be heard\n");
+    }
+
+    void withTooFewDescriptors() {
+        const e2e::Program program;
+        QProcess limited;
+        limited.start(QStringLiteral("/bin/sh"),
+                      {QStringLiteral("-c"), QStringLiteral("ulimit -n 20; exec \"$0\""),
+                       program.folder() + QStringLiteral("/VexaOrbilo")});
+        QVERIFY(limited.waitForFinished(patience));
+        QCOMPARE(limited.readAllStandardError(),
+                 QByteArray("VexaOrbilo: needs 32 open files, of which it may have 20 (ulimit -n)\n"));
+        QCOMPARE(limited.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(limited.exitCode(), 1);
     }
 
     void theListenersFailureEndsTheStart() {

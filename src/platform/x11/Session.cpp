@@ -3,6 +3,7 @@
 
 #include "platform/GraphicsCard.h"
 #include "platform/SessionInput.h"
+#include "platform/x11/DescriptorLimit.h"
 #include "platform/x11/DesktopScale.h"
 #include "platform/x11/ToolkitEnvironment.h"
 #include "platform/x11/activation/SessionBus.h"
@@ -63,6 +64,7 @@ bool userHasUsableScale() {
 } // namespace
 
 void prepareSession() {
+    claimDescriptors();
     // Looked at first, since the toolkit aborts with a core dump where there is no display.
     if (const std::string obstacle = sessionInputObstacle(); !obstacle.empty())
         throw std::runtime_error(obstacle);

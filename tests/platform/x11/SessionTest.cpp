@@ -8,6 +8,7 @@
 #include <QtTest>
 
 #include <stdexcept>
+#include <sys/resource.h>
 #include <unistd.h>
 
 using namespace vexa::test;
@@ -26,6 +27,17 @@ private slots:
     void cleanup() { qputenv("DISPLAY", m_display); }
 
     void aDisplayThatAnswersIsEnough() { vexa::platform::prepareSession(); }
+
+    void takesTheDescriptorsThatItMayHave() {
+        rlimit usual{};
+        QCOMPARE(getrlimit(RLIMIT_NOFILE, &usual), 0);
+        rlimit limit{20, usual.rlim_max};
+        QCOMPARE(setrlimit(RLIMIT_NOFILE, &limit), 0);
+        vexa::platform::prepareSession();
+        QCOMPARE(getrlimit(RLIMIT_NOFILE, &limit), 0);
+        QCOMPARE(limit.rlim_cur, rlim_t(32));
+        QCOMPARE(setrlimit(RLIMIT_NOFILE, &usual), 0);
+    }
 
     void sizesTextsInPointsOfOnePixel() {
         qputenv("QT_FONT_DPI", "120");
