@@ -7,6 +7,8 @@ namespace vexa::platform {
 struct Pixels {
     int x;
     int y;
+    bool operator==(Pixels other) const { return x == other.x && y == other.y; }
+    bool operator!=(Pixels other) const { return !(*this == other); }
 };
 
 /// Points from the top-left corner of a screen.

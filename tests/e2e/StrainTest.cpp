@@ -11,6 +11,7 @@
 #include <QElapsedTimer>
 
 #include <csignal>
+#include <thread>
 
 using namespace vexa::test;
 
@@ -76,6 +77,16 @@ private slots:
         qInfo("%d moves in three seconds, the chord after them answered within %lld ms", moves,
               timer.elapsed());
         QVERIFY(closeTools());
+    }
+
+    /// Keys are not lost among the moves of a mouse that reports faster than anybody reads.
+    void chordsAmidAFloodOfMovesAreAnswered() {
+        for (const bool shown : {true, false, true, false}) {
+            std::thread flood([] { e2e::floodWithMoves(50000, 1000); });
+            typeChord(shown ? PenKey::G : PenKey::S);
+            flood.join();
+            QTRY_COMPARE_WITH_TIMEOUT(e2e::pixelAt(mousePosition()) == dotColour, shown, patience);
+        }
     }
 
     void manyOpeningsLeaveDescriptorsThreadsAndWindowsAsTheyWere() {

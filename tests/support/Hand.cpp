@@ -64,6 +64,13 @@ void Hand::warpTo(int x, int y) {
     m_connection->sync();
 }
 
+void Hand::warpThroughXInput(int x, int y) {
+    constexpr xcb_input_device_id_t masterPointer = 2;
+    xcb_input_xi_warp_pointer(m_connection->get(), XCB_NONE, m_connection->root(), 0, 0, 0, 0, x << 16,
+                              y << 16, masterPointer);
+    m_connection->sync();
+}
+
 void Hand::button(int number, bool down) {
     x11::fakeButton(*m_connection, down, static_cast<std::uint8_t>(number));
     m_connection->sync();

@@ -33,6 +33,7 @@ public:
 
     void moveTo(int x, int y);
     void warpTo(int x, int y);
+    void warpThroughXInput(int x, int y);
     void button(int number, bool down);
 
     bool isDown(int xKeyCode) const;

@@ -22,6 +22,21 @@ struct Key {
 };
 using Keys = QVector<Key>;
 
+struct Place {
+    std::uint32_t type;
+    double x, y;
+    bool operator==(const Place &other) const { return type == other.type && x == other.x && y == other.y; }
+};
+
+using Places = QVector<Place>;
+
+Places placesOf(const QVector<InputEvent> &events) {
+    Places places;
+    for (const InputEvent &event : events)
+        places.append({event.type, event.x, event.y});
+    return places;
+}
+
 Key pressed(int key) {
     return {kCGEventKeyDown, key};
 }
@@ -215,7 +230,42 @@ private slots:
         QVERIFY(events.size() <= 1);
     }
 
+    /// A thousand motions a second are looked at once in a while; what happens meanwhile says where.
+    void whatHappensElsewhereTellsOfAMoveThereFirst() {
+        m_translator.startAt({5, 6});
+        m_translator.take({DeviceEvent::ButtonPress, 1, {50, 60}, 0});
+        m_translator.take({DeviceEvent::ButtonRelease, 1, {70, 80}, 0x100}); // dragged
+        m_translator.take({DeviceEvent::KeyPress, letterG, {70, 80}, 0});
+        m_translator.take({DeviceEvent::KeyRelease, letterG, {90, 10}, 0});
+        QCOMPARE(placesOf(takeAll()), (Places{{kCGEventMouseMoved, 50, 60},
+                                              {kCGEventLeftMouseDown, 50, 60},
+                                              {kCGEventLeftMouseUp, 70, 80},
+                                              {kCGEventKeyDown, 0, 0},
+                                              {kCGEventMouseMoved, 90, 10},
+                                              {kCGEventKeyUp, 0, 0}}));
+    }
+
+    void whatIsRecordedWithoutItsPlaceIsWhereThePointerWasLast() {
+        m_translator.startAt({5, 6});
+        m_translator.take({DeviceEvent::KeyPress, letterG, {0, 0}, 0});
+        m_translator.take({DeviceEvent::ButtonPress, 1, {0, 0}, 0});
+        QCOMPARE(placesOf(takeAll()), (Places{{kCGEventKeyDown, 0, 0}, {kCGEventLeftMouseDown, 5, 6}}));
+    }
+
+    void aMotionIntoTheCornerIsAMove() {
+        m_translator.startAt({5, 6});
+        m_translator.take({DeviceEvent::Motion, 0, {0, 0}, 0});
+        QCOMPARE(placesOf(takeAll()), (Places{{kCGEventMouseMoved, 0, 0}}));
+    }
+
+    void aMotionToWhereThePointerIsTellsNothing() {
+        m_translator.startAt({5, 6});
+        m_translator.take({DeviceEvent::Motion, 0, {5, 6}, 0});
+        QVERIFY(!m_translator.hasNext());
+    }
+
     void onlyTheLeftButtonIsTold() {
+        m_translator.startAt({5, 6});
         for (std::uint8_t button = 1; button <= 9; ++button) {
             m_translator.take({DeviceEvent::ButtonPress, button, {5, 6}, 0});
             m_translator.take({DeviceEvent::ButtonRelease, button, {5, 6}, 0});

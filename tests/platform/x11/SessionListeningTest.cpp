@@ -122,6 +122,13 @@ private slots:
 
     void warpsAreToldAsMoves() {
         QCOMPARE(hear([&] { m_hand->warpTo(333, 222); }), (All{toldAt(kCGEventMouseMoved, 333, 222)}));
+        m_hand->warpThroughXInput(111, 444);
+        InputEvent event;
+        QVERIFY(takeNext(event)); // without a key after it, which would tell of the place as well
+        QCOMPARE((Told{event.type, event.keyCode, event.x, event.y}), toldAt(kCGEventMouseMoved, 111, 444));
+        m_hand->warpTo(222, 333);
+        QVERIFY(takeNext(event));
+        QCOMPARE((Told{event.type, event.keyCode, event.x, event.y}), toldAt(kCGEventMouseMoved, 222, 333));
     }
 
     void keysAreHeardThroughOtherClientsGrabs_data() {

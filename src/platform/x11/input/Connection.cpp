@@ -39,6 +39,11 @@ bool Connection::has(xcb_extension_t &extension) const {
     return reply && reply->present;
 }
 
+bool Connection::succeeds(unsigned checkedRequest) const {
+    const Reply<xcb_generic_error_t> error(xcb_request_check(m_connection, {checkedRequest}));
+    return !error && !isBroken();
+}
+
 bool Connection::sync() {
     const Reply<xcb_get_input_focus_reply_t> reply(
         xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));

@@ -40,6 +40,9 @@ public:
 
     bool has(xcb_extension_t &extension) const;
 
+    /// Waits for what the server made of a checked request, by its sequence number. False when it refused.
+    bool succeeds(unsigned checkedRequest) const;
+
     /// Returns when the server has done all that was asked. False when the connection broke or it refused
     /// something since the last time.
     bool sync();

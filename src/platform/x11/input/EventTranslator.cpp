@@ -29,6 +29,7 @@ constexpr ModifierFlag modifierFlags[] = {
 } // namespace
 
 void EventTranslator::take(const DeviceEvent &event) {
+    follow(event);
     switch (event.type) {
     case DeviceEvent::KeyPress:
     case DeviceEvent::KeyRelease:
@@ -39,7 +40,6 @@ void EventTranslator::take(const DeviceEvent &event) {
         takeButton(event);
         break;
     case DeviceEvent::Motion:
-        takeMotion(event);
         break;
     }
 }
@@ -91,12 +91,16 @@ void EventTranslator::takeButton(const DeviceEvent &event) {
     if (event.detail != XCB_BUTTON_INDEX_1)
         return;
     const bool down = event.type == DeviceEvent::ButtonPress;
-    m_events.push_back(pointerEvent(down ? kCGEventLeftMouseDown : kCGEventLeftMouseUp, event.position));
+    m_events.push_back(pointerEvent(down ? kCGEventLeftMouseDown : kCGEventLeftMouseUp));
 }
 
-void EventTranslator::takeMotion(const DeviceEvent &event) {
-    if ((event.state & anyButton) == 0) // else it is a drag
-        m_events.push_back(pointerEvent(kCGEventMouseMoved, event.position));
+void EventTranslator::follow(const DeviceEvent &event) {
+    // While a client keeps a device's events waiting the server records them at once, without the place.
+    if (event.type != DeviceEvent::Motion && event.position == platform::Pixels{0, 0})
+        return;
+    const bool isDrag = (event.state & anyButton) != 0;
+    if (event.position != std::exchange(m_place, event.position) && !isDrag)
+        m_events.push_back(pointerEvent(kCGEventMouseMoved));
 }
 
 InputEvent EventTranslator::keyEvent(std::uint32_t type, int virtualKey) const {
@@ -109,8 +113,8 @@ InputEvent EventTranslator::keyEvent(std::uint32_t type, int virtualKey) const {
     return input;
 }
 
-InputEvent EventTranslator::pointerEvent(std::uint32_t type, platform::Pixels position) const {
-    const platform::Points points = screen.toPoints(position);
+InputEvent EventTranslator::pointerEvent(std::uint32_t type) const {
+    const platform::Points points = screen.toPoints(m_place);
     InputEvent input;
     input.type = type;
     input.x = points.x;

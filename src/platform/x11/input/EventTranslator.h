@@ -11,7 +11,7 @@
 
 namespace vexa::x11 {
 
-/// One event as the server records it.
+/// One event as the server records it, or a look at the pointer as a motion.
 struct DeviceEvent {
     enum Type : std::uint8_t { KeyPress = 2, KeyRelease, ButtonPress, ButtonRelease, Motion };
 
@@ -28,6 +28,11 @@ class EventTranslator {
 public:
     platform::ScreenPlace screen; ///< the primary one, in whose points positions are
 
+    /// Where the pointer is before the first event.
+    void startAt(platform::Pixels place) { m_place = place; }
+
+    /// Whatever happens at another place than the last tells of a move there, so that no motion is missed
+    /// where not each of them is taken.
     void take(const DeviceEvent &event);
 
     /// Drops the next key event if it is this one, which we have faked ourselves.
@@ -47,6 +52,8 @@ public:
     /// Counts the changes of keys, to see whether there were any.
     unsigned keyChanges() const { return m_keyChanges; }
 
+    bool hasNext() const { return !m_events.empty(); }
+
     /// Takes the next event out. False when there is none.
     bool next(InputEvent &event);
 
@@ -54,13 +61,14 @@ private:
     void takeKey(const DeviceEvent &event);
     void changeKey(XKeyCode key, bool down);
     void takeButton(const DeviceEvent &event);
-    void takeMotion(const DeviceEvent &event);
+    void follow(const DeviceEvent &event);
     InputEvent keyEvent(std::uint32_t type, int virtualKey) const;
-    InputEvent pointerEvent(std::uint32_t type, platform::Pixels position) const;
+    InputEvent pointerEvent(std::uint32_t type) const;
     bool isHidden(const DeviceEvent &event);
 
     std::deque<InputEvent> m_events;
-    std::bitset<256> m_down; ///< keys, by X key code
+    std::bitset<256> m_down;        ///< keys, by X key code
+    platform::Pixels m_place{0, 0}; ///< of the pointer
     unsigned m_keyChanges = 0;
     DeviceEvent::Type m_hiddenType = DeviceEvent::KeyPress;
     XKeyCode m_hiddenKey = 0; ///< 0: nothing to hide

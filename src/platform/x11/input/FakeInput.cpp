@@ -7,6 +7,7 @@
 #include <cstring>
 #include <limits>
 
+#include <xcb/record.h>
 #include <xcb/xcb.h>
 #include <xcb/xtest.h>
 
@@ -40,6 +41,16 @@ void fakeMotion(const Connection &connection, platform::Pixels position) {
     const std::uint8_t absolute = 0;
     xcb_test_fake_input(connection.get(), XCB_MOTION_NOTIFY, absolute, XCB_CURRENT_TIME, connection.root(),
                         coordinate(position.x), coordinate(position.y), 0);
+}
+
+void recordFakes(const Connection &connection, std::uint32_t recording) {
+    const std::uint8_t opcode = xcb_get_extension_data(connection.get(), &xcb_test_id)->major_opcode;
+    xcb_record_range_t range{};
+    range.ext_requests.major = {opcode, opcode};
+    range.ext_requests.minor = {XCB_TEST_FAKE_INPUT, XCB_TEST_FAKE_INPUT};
+    const xcb_record_client_spec_t us = connection.clientId();
+    connection.succeeds(
+        xcb_record_register_clients_checked(connection.get(), recording, 0, 1, 1, &us, &range).sequence);
 }
 
 std::optional<FakedKey> takeFakedKey(const std::uint8_t *&requests, std::size_t &size) {

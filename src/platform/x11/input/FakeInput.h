@@ -20,6 +20,10 @@ void fakeKey(const Connection &connection, bool down, XKeyCode key, Seen seen = 
 void fakeButton(const Connection &connection, bool down, std::uint8_t button);
 void fakeMotion(const Connection &connection, platform::Pixels position);
 
+/// From now on the recording, by its id in the server, holds this connection's requests that fake input. A
+/// recording that is gone already is passed over.
+void recordFakes(const Connection &connection, std::uint32_t recording);
+
 /// A key that a recorded request of ours is about to fake.
 struct FakedKey {
     DeviceEvent::Type type;

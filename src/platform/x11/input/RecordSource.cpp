@@ -3,6 +3,7 @@
 
 #include "platform/quartz/CoreGraphics.h"
 #include "platform/x11/input/Keyboards.h"
+#include "platform/x11/input/Pointer.h"
 #include "platform/x11/input/RecordedData.h"
 #include "platform/x11/input/XTestPoster.h"
 
@@ -12,7 +13,7 @@
 
 #include <xcb/record.h>
 #include <xcb/xcbext.h>
-#include <xcb/xtest.h>
+#include <xcb/xinput.h>
 
 namespace vexa::x11 {
 
@@ -23,23 +24,19 @@ constexpr long checkAfterNanoseconds = 250'000'000;
 // What a record holds.
 enum Category : std::uint8_t { FromServer = 0, FromClient = 1, EndOfData = 5 };
 
-xcb_record_range_t deviceEvents() {
+/// What is to be recorded of every client. Requests that set the pointer are: XInput tells of devices only.
+xcb_record_range_t devicesAndWarps(const Connection &connection, bool withMoves) {
     xcb_record_range_t range{};
-    range.device_events = {XCB_KEY_PRESS, XCB_MOTION_NOTIFY};
+    range.device_events = {XCB_KEY_PRESS, XCB_BUTTON_RELEASE};
+    if (withMoves) {
+        range.device_events.last = XCB_MOTION_NOTIFY;
+    } else {
+        const std::uint8_t input = xcb_get_extension_data(connection.get(), &xcb_input_id)->major_opcode;
+        range.core_requests = {XCB_WARP_POINTER, XCB_WARP_POINTER};
+        range.ext_requests.major = {input, input};
+        range.ext_requests.minor = {XCB_INPUT_XI_WARP_POINTER, XCB_INPUT_XI_WARP_POINTER};
+    }
     return range;
-}
-
-xcb_record_range_t fakeRequests(const Connection &connection) {
-    const std::uint8_t opcode = xcb_get_extension_data(connection.get(), &xcb_test_id)->major_opcode;
-    xcb_record_range_t range{};
-    range.ext_requests.major = {opcode, opcode};
-    range.ext_requests.minor = {XCB_TEST_FAKE_INPUT, XCB_TEST_FAKE_INPUT};
-    return range;
-}
-
-bool succeeds(const Connection &connection, xcb_void_cookie_t cookie) {
-    const Reply<xcb_generic_error_t> error(xcb_request_check(connection.get(), cookie));
-    return !error && !connection.isBroken();
 }
 
 } // namespace
@@ -48,6 +45,8 @@ std::unique_ptr<RecordSource> RecordSource::open(XTestPoster &poster, const Shar
     auto source = std::unique_ptr<RecordSource>(new RecordSource(poster, screen));
     if (!source->m_timer.isValid() || !source->m_poll.isValid() || !source->listen())
         return nullptr;
+    if (const auto pointer = pointerState(*source->m_control))
+        source->m_translator.startAt(pointer->position);
     source->watch(source->m_timer.get());
     return source;
 }
@@ -57,6 +56,10 @@ RecordSource::RecordSource(XTestPoster &poster, const SharedPlace &screen)
     , m_screen(screen)
     , m_timer(timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK))
     , m_poll(epoll_create1(EPOLL_CLOEXEC)) {}
+
+RecordSource::~RecordSource() {
+    m_poster.leaveRecording(m_context);
+}
 
 bool RecordSource::listen() {
     const bool canPost = m_poster.connect();
@@ -72,16 +75,17 @@ bool RecordSource::listen() {
         XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_KEY_RELEASE | XCB_EVENT_MASK_POINTER_MOTION;
     xcb_change_window_attributes(x, m_control->root(), XCB_CW_EVENT_MASK, &taken);
 
-    const xcb_record_context_t context = xcb_generate_id(x);
+    m_poster.leaveRecording(m_context);
+    m_context = xcb_generate_id(x);
     const xcb_record_client_spec_t everybody = XCB_RECORD_CS_ALL_CLIENTS;
-    // Everybody's requests, as the poster becomes another client when it has to connect again.
-    const xcb_record_range_t ranges[] = {deviceEvents(), fakeRequests(*m_control)};
-    if (!succeeds(*m_control,
-                  xcb_record_create_context_checked(x, context, 0, 1, std::size(ranges), &everybody, ranges)))
+    const xcb_record_range_t range = devicesAndWarps(*m_control, !selectPointerMoves(*m_control));
+    if (!m_control->succeeds(
+            xcb_record_create_context_checked(x, m_context, 0, 1, 1, &everybody, &range).sequence))
         return false;
+    m_poster.joinRecording(m_context);
 
     // The first record says that recording has begun: from here on nothing is missed.
-    const auto cookie = xcb_record_enable_context(m_data->get(), context);
+    const auto cookie = xcb_record_enable_context(m_data->get(), m_context);
     const Reply<xcb_record_enable_context_reply_t> begun(
         xcb_record_enable_context_reply(m_data->get(), cookie, nullptr));
     if (!begun)
@@ -103,8 +107,8 @@ void RecordSource::watch(int fd) const {
 bool RecordSource::next(InputEvent &event) {
     if (!m_translator.next(event)) {
         checkKeys(); // first, since its answer may bring events of the control connection along
-        m_control->dropEvents();
         readRecords();
+        followPointer();
         if (!m_recording || m_control->isBroken())
             listenAgain();
         if (!m_translator.next(event))
@@ -121,13 +125,17 @@ bool RecordSource::next(InputEvent &event) {
 void RecordSource::listenAgain() {
     if (!listen())
         throw std::runtime_error("Failed to create eventTap");
-    lookAtKeys(); // finds keys that were released in between
+    // What changed in between nobody told of.
+    lookAtKeys();
+    m_moved = true;
+    followPointer();
 }
 
-void RecordSource::readRecords() {
+bool RecordSource::readRecords() {
     // Looking for events reads the socket. It comes first because the records that it finds beside them no
     // longer make the descriptor readable.
     m_data->dropEvents();
+    bool deviceDid = false;
     void *record = nullptr;
     xcb_generic_error_t *error = nullptr;
     while (xcb_poll_for_reply(m_data->get(), m_records, &record, &error) && record) {
@@ -138,15 +146,41 @@ void RecordSource::readRecords() {
         if (reply->category == FromServer) {
             m_translator.screen = m_screen.get();
             takeDeviceEvents(data, size, m_translator);
+            deviceDid = true;
         } else if (reply->category == FromClient) {
             if (m_poster.isClient(reply->xid_base))
                 takeFakeRequests(data, size, m_translator);
+            else
+                m_moved = true;
         } else if (reply->category == EndOfData) {
             m_recording = false;
         }
     }
     std::free(error);
     m_recording = m_recording && !m_data->isBroken();
+    return deviceDid;
+}
+
+/// Looks where the pointer is if it has moved, until there is something to tell or it has stopped.
+void RecordSource::followPointer() {
+    // Before the look as well as after it: its answer may bring events along, which then no longer make the
+    // descriptor readable.
+    m_moved = takePointerMoves(*m_control) || m_moved;
+    while (m_moved && !m_translator.hasNext()) {
+        const auto pointer = pointerState(*m_control);
+        if (!pointer)
+            return;
+        m_moved = false;
+        // The records of all that happened before the answer arrive before it, and with them where the
+        // pointer was then. But they may be of later, and the answer old.
+        if (readRecords()) {
+            m_moved = true;
+        } else {
+            m_translator.screen = m_screen.get();
+            m_translator.take({DeviceEvent::Motion, 0, pointer->position, pointer->buttons});
+        }
+        m_moved = takePointerMoves(*m_control) || m_moved;
+    }
 }
 
 void RecordSource::scheduleCheck() const {

@@ -3,6 +3,9 @@
 
 #include "platform/quartz/CoreGraphics.h"
 #include "platform/x11/input/FakeInput.h"
+#include "platform/x11/input/Pointer.h"
+
+#include <algorithm>
 
 #include <xcb/xcb.h>
 #include <xcb/xtest.h>
@@ -35,13 +38,6 @@ XKeyCode keyToPress(const InputEvent &event) {
     return startsShow ? positionOf(kVK_F5) : XKeyCode{0};
 }
 
-bool pointerIsAt(const Connection &connection, platform::Pixels position) {
-    xcb_connection_t *x = connection.get();
-    const Reply<xcb_query_pointer_reply_t> pointer(
-        xcb_query_pointer_reply(x, xcb_query_pointer(x, connection.root()), nullptr));
-    return pointer && pointer->root_x == position.x && pointer->root_y == position.y;
-}
-
 } // namespace
 
 XTestPoster::~XTestPoster() {
@@ -56,6 +52,18 @@ bool XTestPoster::connect() {
     return ensureConnection();
 }
 
+void XTestPoster::joinRecording(std::uint32_t recording) {
+    const std::lock_guard lock(m_mutex);
+    m_recordings.push_back(recording);
+    if (m_connection)
+        recordFakes(*m_connection, recording);
+}
+
+void XTestPoster::leaveRecording(std::uint32_t recording) {
+    const std::lock_guard lock(m_mutex);
+    m_recordings.erase(std::remove(m_recordings.begin(), m_recordings.end(), recording), m_recordings.end());
+}
+
 bool XTestPoster::ensureConnection() {
     if (m_connection)
         m_connection->sync(); // or a connection that was ended meanwhile is not noticed
@@ -68,6 +76,8 @@ bool XTestPoster::ensureConnection() {
     if (!m_connection)
         return false;
     m_client = m_connection->clientId();
+    for (const std::uint32_t recording : m_recordings)
+        recordFakes(*m_connection, recording);
     return true;
 }
 
@@ -101,7 +111,8 @@ bool XTestPoster::postKey(XKeyCode key) {
 }
 
 bool XTestPoster::postButton(platform::Pixels position, bool down) {
-    if (!pointerIsAt(*m_connection, position))
+    const auto pointer = pointerState(*m_connection);
+    if (!pointer || pointer->position != position)
         fakeMotion(*m_connection, position);
     return withoutModifiers([this, down] { fakeButton(*m_connection, down, XCB_BUTTON_INDEX_1); });
 }

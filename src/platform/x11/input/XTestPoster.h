@@ -10,6 +10,7 @@
 #include <atomic>
 #include <memory>
 #include <mutex>
+#include <vector>
 
 namespace vexa::x11 {
 
@@ -20,6 +21,11 @@ public:
 
     /// Connects, if that has not happened yet, or the connection was lost. False when it cannot post.
     bool connect();
+
+    /// From now on this recording of the server's holds what is posted here, before the events that come of
+    /// it.
+    void joinRecording(std::uint32_t recording);
+    void leaveRecording(std::uint32_t recording);
 
     /// Whether a client of the server, by its id there, is this one. A connection that is made anew has
     /// another id.
@@ -43,6 +49,7 @@ private:
     std::mutex m_mutex; ///< guards what follows
     std::unique_ptr<Connection> m_connection;
     KeptKeys m_kept;
+    std::vector<std::uint32_t> m_recordings;
     std::atomic<std::uint32_t> m_client{0}; ///< unguarded: whoever listens shall not wait for a post
 };
 
