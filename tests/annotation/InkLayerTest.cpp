@@ -242,9 +242,10 @@ private slots:
         const auto stroke = recordedStroke("curved", 600, {1920, 1080});
         ink.begin(stroke[0]);
         for (std::size_t i = 1; i < stroke.size(); ++i) {
-            const QImage before = ink.image().copy();
+            const bool looked = i % 60 == 0;
+            const QImage before = looked ? ink.image().copy() : QImage();
             const QRegion changed = QRegion(ink.extend(stroke[i])) + ink.takeSettling();
-            if (i % 60 != 0)
+            if (!looked)
                 continue;
             qint64 area = 0;
             for (const QRect &rect : changed)
@@ -254,7 +255,8 @@ private slots:
                 const auto *old = reinterpret_cast<const QRgb *>(before.constScanLine(y));
                 const auto *now = reinterpret_cast<const QRgb *>(ink.image().constScanLine(y));
                 for (int x = 0; x < before.width(); ++x)
-                    QVERIFY(old[x] == now[x] || changed.contains(QPoint(x, y)));
+                    if (old[x] != now[x])
+                        QVERIFY(changed.contains(QPoint(x, y)));
             }
         }
     }
