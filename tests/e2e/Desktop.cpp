@@ -182,6 +182,11 @@ void askToClose(const Window &window) {
     sendMessage(window.id, "WM_PROTOCOLS", xcb::atom(connection(), "WM_DELETE_WINDOW"));
 }
 
+void destroy(const Window &window) {
+    xcb_destroy_window(connection(), window.id);
+    xcb_flush(connection());
+}
+
 void switchToDesktop(quint32 number) {
     sendMessage(static_cast<xcb_window_t>(QX11Info::appRootWindow()), "_NET_CURRENT_DESKTOP", number);
 }

@@ -55,6 +55,9 @@ QRgb pixelAt(const QPoint &position);
 /// Asks the window manager to close the window, as its close button does.
 void askToClose(const Window &window);
 
+/// As another client of the X server can, without asking anybody.
+void destroy(const Window &window);
+
 /// Asks the window manager to show another one of its virtual desktops, counted from 0.
 void switchToDesktop(quint32 number);
 /// The virtual desktop that is shown, or on which the window is; -1 where nobody says so.

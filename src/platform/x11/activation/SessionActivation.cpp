@@ -3,6 +3,7 @@
 #include "platform/x11/activation/ApplicationService.h"
 #include "platform/x11/activation/BusLink.h"
 #include "platform/x11/activation/DisplayOwnership.h"
+#include "platform/x11/activation/LostWindows.h"
 #include "platform/x11/activation/TrayIcon.h"
 #include "platform/x11/activation/UserRequests.h"
 
@@ -64,6 +65,7 @@ struct Reach {
         , bus({offerApplication, [this](sd_bus *connection) { return tray.awaitHostOn(connection); }}) {}
 
     DisplayWatch watch;
+    LostWindows lost;
     TrayIcon tray;
     BusLink bus;
 };

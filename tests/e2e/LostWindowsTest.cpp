@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#include "e2e/Desktop.h"
+#include "e2e/Program.h"
+#include "support/Patience.h"
+#include "support/RealInput.h"
+#include "support/TestMain.h"
+
+#include <optional>
+
+using namespace vexa::test;
+
+namespace {
+
+const QSize wholeScreen(1920, 1080);
+const QSize cardSize(380, 180);
+
+} // namespace
+
+/// Windows of the program that another client of the X server destroys.
+class LostWindowsTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() {
+        m_program.emplace(e2e::Program::Settings{{"Key3P", 3}, {"Key4C", 4}, {"Key4P", 2}});
+        QVERIFY(e2e::startAndSettle(*m_program));
+    }
+
+    void cleanup() {
+        QVERIFY(m_program->isRunning());
+        m_program.reset();
+    }
+
+    void aToolIsOver_data() {
+        QTest::addColumn<int>("key");
+        QTest::newRow("held tool") << int(PenKey::G);
+        QTest::newRow("annotation") << int(PenKey::I);
+        QTest::newRow("blackboard") << int(PenKey::J);
+    }
+
+    void aToolIsOver() {
+        QFETCH(int, key);
+        for (int opening = 0; opening < 2; ++opening) {
+            typeChord(PenKey::M);
+            typeChord(PenKey(key));
+            QTRY_VERIFY_WITH_TIMEOUT(shownOfSize(wholeScreen).id, patience);
+            e2e::destroy(shownOfSize(wholeScreen));
+            // The widget goes with it, so the next chord opens another one.
+            QTRY_VERIFY_WITH_TIMEOUT(!shownOfSize(wholeScreen).id, patience);
+        }
+    }
+
+    void thePanelIsMadeAnew() {
+        for (int showing = 0; showing < 2; ++showing) {
+            QCOMPARE(m_program->runToTheEnd().how, QByteArray("ended with 0"));
+            QTRY_VERIFY_WITH_TIMEOUT(e2e::panelOf(m_program->pid()).id, patience);
+            e2e::destroy(e2e::panelOf(m_program->pid()));
+            QTRY_VERIFY_WITH_TIMEOUT(!e2e::panelOf(m_program->pid()).id, patience);
+        }
+    }
+
+    void aPromptIsMadeAnew() {
+        for (const e2e::Window &window : e2e::windowsOf(m_program->pid()))
+            e2e::destroy(window);
+        QTRY_VERIFY_WITH_TIMEOUT(!shownOfSize(cardSize).id, patience);
+        typeChord(PenKey::D);
+        QTRY_VERIFY_WITH_TIMEOUT(shownOfSize(cardSize).id, patience);
+    }
+
+private:
+    e2e::Window shownOfSize(const QSize &size) const {
+        return e2e::visibleWindowOfSize(m_program->pid(), size);
+    }
+
+    std::optional<e2e::Program> m_program;
+};
+
+VEXA_WIDGET_TEST_MAIN(LostWindowsTest)
+#include "LostWindowsTest.moc"
