@@ -208,6 +208,8 @@ void DrawingForm::penUp() {
 }
 
 void DrawingForm::paintEvent(QPaintEvent *event) {
+    if (m_ink.isBlank()) // as it is when the window opens, which must not wait for a screen of nothing
+        return;
     QPainter painter(this);
     const qreal ratio = m_ink.image().devicePixelRatio();
     for (const QRect &area : event->region())

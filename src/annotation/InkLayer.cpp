@@ -42,6 +42,7 @@ InkLayer InkLayer::stretchedTo(const QSize &points, qreal devicePixelRatio) cons
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.drawImage(QRect(QPoint(), points), m_image);
     layer.setPen(m_pen);
+    layer.m_blank = m_blank;
     return layer;
 }
 
@@ -56,6 +57,7 @@ void InkLayer::setPen(const QPen &pen) {
 QRect InkLayer::begin(const QPoint &point) {
     if (!m_drawing)
         m_coverage.clear();
+    m_blank = false;
     m_drawing = true;
     m_last = point;
     m_coverage.moveTo(point);
@@ -63,6 +65,7 @@ QRect InkLayer::begin(const QPoint &point) {
 }
 
 QRect InkLayer::extend(const QPoint &point) {
+    m_blank = false;
     const QPoint middle((m_last.x() + point.x()) / 2, (m_last.y() + point.y()) / 2);
     const QRect tip = m_coverage.quadTo(m_last, middle, [this](int x, int y) { watch(x, y); });
     m_last = point;

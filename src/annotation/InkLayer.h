@@ -32,6 +32,8 @@ public:
     InkLayer stretchedTo(const QSize &points, qreal devicePixelRatio) const;
 
     const QImage &image() const { return m_image; }
+    /// Whether the pen has not drawn yet: the image is transparent.
+    bool isBlank() const { return m_blank; }
 
     /// The pen from now on; a stroke that is being drawn takes it over with its next sample. An invalid
     /// colour draws black.
@@ -68,6 +70,7 @@ private:
     QPen m_pen;
     QRgb m_colour = 0;
     StrokeCoverage m_coverage;
+    bool m_blank = true;
     bool m_drawing = false;
     QPoint m_last;
     std::vector<Pixel> m_moving; ///< the pixels that another blend may change

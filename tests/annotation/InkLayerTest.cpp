@@ -200,6 +200,21 @@ private slots:
         QCOMPARE(inks.ours.image().pixelColor(100, 60), QColor(Qt::red));
     }
 
+    void layerIsBlankUntilThePenDraws() {
+        InkLayer layer(layerSize, 1);
+        layer.setPen(pen(8));
+        layer.erase({50, 50}, 20, true);
+        QVERIFY(layer.isBlank());
+        QVERIFY(layer.stretchedTo(layerSize / 2, 1).isBlank());
+
+        InkLayer pressed = layer;
+        pressed.begin({100, 100});
+        QVERIFY(!pressed.isBlank());
+        QVERIFY(!pressed.stretchedTo(layerSize / 2, 1).isBlank());
+        layer.extend({100, 100});
+        QVERIFY(!layer.isBlank());
+    }
+
     void pressLeavesADotOfThePensWidth() {
         for (const auto &[width, diameter] :
              {std::pair(2, 2), {5, 4}, {8, 8}, {10, 10}}) { // halved in whole pixels

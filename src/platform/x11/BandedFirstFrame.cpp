@@ -5,9 +5,12 @@
 
 #include <QBackingStore>
 #include <QCoreApplication>
+#include <QCursor>
 #include <QExposeEvent>
 #include <QWidget>
 #include <QWindow>
+
+#include <cstdlib>
 
 #include <xcb/xcb.h>
 
@@ -22,6 +25,26 @@ void updateWithChildren(QWidget &widget, const QRegion &region) {
             updateWithChildren(static_cast<QWidget &>(*child),
                                region.translated(-static_cast<QWidget *>(child)->pos()));
 }
+
+/// What is seen first is what differs from the screen that the window covers: mostly its buttons and titles,
+/// and what it draws at the pointer. A row of a child ranks 0, others by their distance from the pointer.
+class RowRank {
+public:
+    explicit RowRank(const QWidget &widget) : m_pointer(widget.mapFromGlobal(QCursor::pos()).y()) {
+        for (const QObject *child : widget.children())
+            if (child->isWidgetType() && static_cast<const QWidget *>(child)->isVisibleTo(&widget))
+                m_children += static_cast<const QWidget *>(child)->geometry();
+    }
+
+    int operator()(int top, int rows) const {
+        const QRect area(0, top, QWIDGETSIZE_MAX, rows);
+        return m_children.intersects(area) ? 0 : 1 + std::abs(m_pointer - area.center().y());
+    }
+
+private:
+    int m_pointer;
+    QRegion m_children;
+};
 
 } // namespace
 
@@ -79,7 +102,9 @@ bool BandedFirstFrame::paintWhole() {
     if (!qFuzzyCompare(ratio, qreal(step)))
         return false;
     const auto begun = ScreenBands::instance()->show(
-        quint32(m_widget.internalWinId()), m_widget.size() * step, step, [this, step](QImage &band, int top) {
+        quint32(m_widget.internalWinId()), m_widget.size() * step, step,
+        [rank = RowRank(m_widget), step](int top, int rows) { return rank(top / step, rows / step); },
+        [this, step](QImage &band, int top) {
             band.setDevicePixelRatio(step);
             m_widget.render(&band, {}, QRect(0, top / step, m_widget.width(), band.height() / step),
                             QWidget::DrawWindowBackground | QWidget::DrawChildren);

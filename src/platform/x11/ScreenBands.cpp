@@ -42,6 +42,10 @@ struct Band {
     std::size_t offset; ///< in the shared memory
 };
 
+std::size_t offsetOf(std::size_t number) {
+    return number % bandsAtHand * bytesPerBand;
+}
+
 /// None when a single row is too long.
 std::vector<Band> bandsOf(const QSize &size, int step = 1) {
     std::vector<Band> bands;
@@ -50,9 +54,17 @@ std::vector<Band> bandsOf(const QSize &size, int step = 1) {
     const int fitting = int(bytesPerBand / (std::size_t(size.width()) * bytesPerPixel));
     const int rows = fitting / step * step;
     for (int top = 0; rows > 0 && top < size.height(); top += rows)
-        bands.push_back(
-            {top, std::min(rows, size.height() - top), bands.size() % bandsAtHand * bytesPerBand});
+        bands.push_back({top, std::min(rows, size.height() - top), offsetOf(bands.size())});
     return bands;
+}
+
+/// Those that follow each other still have different places in the memory.
+void sort(std::vector<Band> &bands, const ScreenBands::Rank &rank) {
+    std::stable_sort(bands.begin(), bands.end(), [&rank](const Band &one, const Band &other) {
+        return rank(one.top, one.rows) < rank(other.top, other.rows);
+    });
+    for (std::size_t number = 0; number < bands.size(); ++number)
+        bands[number].offset = offsetOf(number);
 }
 
 /// Copies pixels and closes their fourth byte.
@@ -117,11 +129,12 @@ QImage ScreenBands::take(const QRect &place) const {
     return whole ? picture : QImage();
 }
 
-std::optional<quint32> ScreenBands::show(quint32 window, const QSize &size, int step,
+std::optional<quint32> ScreenBands::show(quint32 window, const QSize &size, int step, const Rank &rank,
                                          const Paint &paint) const {
-    const std::vector<Band> bands = bandsOf(size, step);
+    std::vector<Band> bands = bandsOf(size, step);
     if (bands.empty() || !hasNativePixels(m_connection, window))
         return std::nullopt;
+    sort(bands, rank);
 
     const quint32 context = xcb_generate_id(m_connection);
     const auto begun = xcb_create_gc(m_connection, context, window, 0, nullptr);

@@ -30,9 +30,12 @@ public:
 
     /// Has the whole of a window painted, which must be on the screen: `paint` gets band after band, a
     /// picture as wide as the window that has to be filled, and the row of the window that it begins with.
-    /// False, with nothing painted, when the window's pixels are of another form.
+    /// Bands of a lower rank come first. Answers with the number of the request that began it, or with
+    /// nothing, and nothing painted, when the window's pixels are of another form.
+    using Rank = std::function<int(int top, int rows)>;
     using Paint = std::function<void(QImage &band, int top)>;
-    std::optional<quint32> show(quint32 window, const QSize &size, int step, const Paint &paint) const;
+    std::optional<quint32> show(quint32 window, const QSize &size, int step, const Rank &rank,
+                                const Paint &paint) const;
 
 private:
     ScreenBands(xcb_connection_t *connection, std::unique_ptr<SharedSegment> segment)

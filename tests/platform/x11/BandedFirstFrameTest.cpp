@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QPainter>
 
+#include <algorithm>
 #include <sys/resource.h>
 
 using namespace vexa::test;
@@ -37,9 +38,12 @@ public:
         update(QRect(m_dot - QPoint(30, 30), QSize(60, 60)));
     }
     QLabel &label() { return m_label; }
+    /// The rows of the first paintings, in their order.
+    const QVector<QRect> &painted() const { return m_painted; }
 
 protected:
-    void paintEvent(QPaintEvent * /*event*/) override {
+    void paintEvent(QPaintEvent *event) override {
+        m_painted.append(event->rect());
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.fillRect(rect().adjusted(0, height() / 2, 0, 0), QColor(0, 0, 0, 99));
@@ -50,6 +54,7 @@ protected:
 private:
     QLabel m_label{this};
     QPoint m_dot{300, 290};
+    QVector<QRect> m_painted;
 };
 
 QImage asTheToolkitPaints(QWidget &widget) {
@@ -87,6 +92,32 @@ private slots:
     void cleanup() { m_overlay.reset(); }
 
     void everyPixelIsTheToolkits() { QVERIFY(isOnScreen(*m_overlay)); }
+
+    void firstComeTheRowsOfChildrenAndThoseAroundThePointer() {
+        if (!ScreenBands::instance() || screenRatio() != qRound(screenRatio()))
+            QSKIP("here the toolkit paints by itself");
+        const QPoint pointer(400, screenPoints().height() - 200);
+        QCursor::setPos(pointer);
+        m_overlay = std::make_unique<Overlay>();
+        vexa::platform::showOverPrimaryScreen(*m_overlay);
+        QTRY_VERIFY_WITH_TIMEOUT(!m_overlay->painted().isEmpty(), patience);
+
+        const QRect label = m_overlay->label().geometry();
+        QVector<int> distances; // from what comes first
+        bool besidesLabel = false;
+        int next = 0;
+        for (int bottom = 0; bottom < screenPoints().height();
+             bottom += m_overlay->painted().at(next++).height()) {
+            const QRect rows = m_overlay->painted().at(next);
+            const bool ofLabel = rows.intersects(label);
+            QVERIFY(!ofLabel || !besidesLabel);
+            besidesLabel = !ofLabel;
+            if (besidesLabel)
+                distances.append(qAbs(rows.center().y() - pointer.y()));
+        }
+        QVERIFY(distances.size() > 2);
+        QVERIFY(std::is_sorted(distances.begin(), distances.end()));
+    }
 
     void onlyWhatChangesIsPaintedAfterwards() {
         QVERIFY(isOnScreen(*m_overlay));
