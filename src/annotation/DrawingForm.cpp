@@ -2,6 +2,7 @@
 #include "annotation/DrawingForm.h"
 
 #include "annotation/ToolCursors.h"
+#include "overlays/BrushPicture.h"
 #include "overlays/PenPalette.h"
 #include "overlays/promptwindow2.h"
 #include "platform/OverlayWindow.h"
@@ -95,8 +96,13 @@ void DrawingForm::dress(const QString &title) {
     label.setAlignment(Qt::AlignCenter);
     label.setText(title);
     label.setAutoFillBackground(true);
+    dressTitle();
+}
+
+void DrawingForm::dressTitle() const {
+    QLabel &label = *controls().title;
     QPalette colours = label.palette();
-    colours.setBrush(QPalette::Window, QPixmap(QStringLiteral(":/annotatebg@1080p.png")));
+    colours.setBrush(QPalette::Window, brushPicture(QStringLiteral(":/annotatebg@1080p.png")));
     colours.setColor(QPalette::WindowText, Qt::white);
     label.setPalette(colours);
 }
@@ -115,6 +121,7 @@ void DrawingForm::followScreen() {
         Setbackground(stretched.release());
     }
     buildCursors();
+    dressTitle();
     place();
     if (isVisible())
         platform::fitToPrimaryScreen(*this);

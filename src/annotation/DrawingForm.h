@@ -73,6 +73,7 @@ protected:
 
 private:
     void place() const;
+    void dressTitle() const;
     void followScreen();
     void penUp();
     void buildCursors();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "overlays/PromptCard.h"
 
+#include "overlays/BrushPicture.h"
 #include "overlays/PenPalette.h"
 #include "platform/OverlayWindow.h"
 #include "settings/ZrToolXmlClass.h"
@@ -27,14 +28,19 @@ constexpr const std::int32_t *penOfSlot[] = {&ZrToolXmlClass::PenColor0, &ZrTool
 
 PromptCard::PromptCard(QWidget *parent, Qt::WindowFlags flags, int delay)
     : QWidget(parent, flags), m_delay(delay), m_follower([this] {
+        dress();
         if (isVisible())
             centre(size());
     }) {
     // When a card gets its window, the toolkit would make windows of the buttons beside it in its parent,
     // too, and these keep the scale of the screen on which they were made.
     QCoreApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings);
+    dress();
+}
+
+void PromptCard::dress() {
     QPalette card = palette();
-    card.setBrush(QPalette::All, QPalette::Window, QBrush(QPixmap(QStringLiteral(":/capturebg@1080p.png"))));
+    card.setBrush(QPalette::All, QPalette::Window, brushPicture(QStringLiteral(":/capturebg@1080p.png")));
     setPalette(card);
 }
 

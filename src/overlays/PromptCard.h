@@ -55,6 +55,7 @@ protected:
     int m_colourSlot = 0;
 
 private:
+    void dress();
     void showCentred(const QSize &size, double opacity);
     void centre(const QSize &size);
     void setOpacity(double opacity);

@@ -108,6 +108,8 @@ private slots:
             {"bg", {999, 650}, 1, Opaque},
             {"capturebg@1080p", {380, 180}, 1, Opaque},
             {"annotatebg@1080p", {280, 40}, 1, Shaped},
+            {"capturebg@1080p@2x", {380, 180}, 2, Opaque},
+            {"annotatebg@1080p@2x", {280, 40}, 2, Shaped},
             {"icon-pen2@1080p", {138, 86}, 1, Shaped},
             {"Pen1.1", {196, 1200}, 1, Shaped},
         };

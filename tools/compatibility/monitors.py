@@ -60,6 +60,7 @@ class Program:
     def __init__(self, binaries, scale, tool="laser"):
         self.folder = Path(tempfile.mkdtemp())
         self.keys = TOOLS[tool]
+        self.opened = False
         held = self.keys if isinstance(self.keys, int) else TOOLS["laser"]
         for name in ("VexaOrbilo", "pen-simulator"):
             shutil.copy(Path(binaries) / name, self.folder)
@@ -71,7 +72,7 @@ class Program:
             "</Setting></PenSetting>" % (held, RADIUS, RADIUS, RADIUS))
         self.environment = {**os.environ, **environment(scale)}
         self.process = self.start()
-        until(lambda: "300x" in run("xwininfo", "-root", "-tree") or self.process.poll() is not None, 3)
+        until(lambda: "300x" in run("xwininfo", "-root", "-tree") or self.process.poll() is not None)
         until(lambda: not run("xdotool", "search", "--onlyvisible", "--name", "MainWindow"))
 
     def start(self):
@@ -169,7 +170,7 @@ def goes(all_monitors):
 def tool_in(program, tool, primary, others):
     """What is right of an open tool."""
     held = tool in ("laser", "spotlight", "magnifier")
-    results = {"covers": until(lambda: covers_only(primary, others)), "works": USED[tool](primary)}
+    results = {"opens": program.opened, "covers": until(lambda: covers_only(primary, others)), "works": USED[tool](primary)}
     if held:
         program.close()
     else:  # the exit button
@@ -185,8 +186,8 @@ def opened(binaries, scale, tool, monitor):
     run("xdotool", "mousemove", *map(str, monitor.at(200, 150)))
     program.open()
     whole = " %dx%d+%d+%d " % (monitor.width, monitor.height, monitor.left, monitor.top)
-    until(lambda: any(whole in line and "VexaOrbilo" in line
-                      for line in run("xwininfo", "-root", "-tree").split("\n")))
+    program.opened = until(lambda: any(whole in line and "VexaOrbilo" in line
+                                       for line in run("xwininfo", "-root", "-tree").split("\n")))
     paint_desktop(AFTER)
     return program
 

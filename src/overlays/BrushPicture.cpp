@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#include "overlays/BrushPicture.h"
+
+#include <QGuiApplication>
+#include <QImage>
+#include <QPixmap>
+#include <QScreen>
+
+namespace vexa {
+
+QBrush brushPicture(const QString &file) {
+    const qreal scale = QGuiApplication::primaryScreen()->devicePixelRatio();
+    // As an image: a pixmap of that name would be the larger one by itself, but not at every scale above 1.
+    const QImage plain(file);
+    if (scale <= 1)
+        return QPixmap::fromImage(plain);
+    const QString ending = QStringLiteral(".png");
+    QImage fitting(file.chopped(ending.size()) + QStringLiteral("@2x") + ending);
+    fitting = fitting.scaled((QSizeF(plain.size()) * scale).toSize(), Qt::IgnoreAspectRatio,
+                             Qt::SmoothTransformation);
+    fitting.setDevicePixelRatio(scale);
+    return QPixmap::fromImage(fitting);
+}
+
+} // namespace vexa
