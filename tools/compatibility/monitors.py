@@ -170,7 +170,8 @@ def goes(all_monitors):
 def tool_in(program, tool, primary, others):
     """What is right of an open tool."""
     held = tool in ("laser", "spotlight", "magnifier")
-    results = {"opens": program.opened, "covers": until(lambda: covers_only(primary, others)), "works": USED[tool](primary)}
+    results = {"opens": program.opened,
+               "covers": until(lambda: covers_only(primary, others)), "works": USED[tool](primary)}
     if held:
         program.close()
     else:  # the exit button
