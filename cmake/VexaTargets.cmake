@@ -4,6 +4,9 @@ option(VEXA_WERROR "Treat compiler warnings as errors" OFF)
 set(VEXA_SANITIZE
     ""
     CACHE STRING "Sanitizers to build with, for example address,undefined or thread")
+option(VEXA_JOINED
+       "Compile the sources of the toolkit's rooms joined, several at a time; any other build shows that each can \
+be compiled by itself" OFF)
 
 add_library(vexa_options INTERFACE)
 target_compile_options(vexa_options INTERFACE -Wall -Wextra -Wshadow -Wconversion -Wnon-virtual-dtor
@@ -34,6 +37,10 @@ function(vexa_library name)
     PUBLIC vexa_options ${arg_PUBLIC}
     PRIVATE ${arg_PRIVATE})
   if(arg_QT)
-    set_target_properties(${name} PROPERTIES AUTOMOC ON AUTOUIC ON)
+    set_target_properties(
+      ${name}
+      PROPERTIES AUTOMOC ON
+                 AUTOUIC ON
+                 UNITY_BUILD ${VEXA_JOINED})
   endif()
 endfunction()

@@ -13,7 +13,7 @@ struct Merging {
     bool byToolkit = true;
     bool byDesktop = true;
 };
-Merging before;
+Merging mergedBefore;
 int users = 0;
 
 } // namespace
@@ -21,16 +21,16 @@ int users = 0;
 EveryPointerSample::EveryPointerSample() {
     if (users++ > 0)
         return;
-    before.byToolkit = QCoreApplication::testAttribute(Qt::AA_CompressHighFrequencyEvents);
+    mergedBefore.byToolkit = QCoreApplication::testAttribute(Qt::AA_CompressHighFrequencyEvents);
     QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
-    before.byDesktop = platform::setPointerSamplesMerged(false);
+    mergedBefore.byDesktop = platform::setPointerSamplesMerged(false);
 }
 
 EveryPointerSample::~EveryPointerSample() {
     if (--users > 0)
         return;
-    QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, before.byToolkit);
-    platform::setPointerSamplesMerged(before.byDesktop);
+    QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, mergedBefore.byToolkit);
+    platform::setPointerSamplesMerged(mergedBefore.byDesktop);
 }
 
 } // namespace vexa

@@ -20,7 +20,7 @@ namespace vexa {
 
 namespace {
 
-template<typename Tool> void close(QPointer<Tool> &pointer) {
+template<typename Tool> void closeTool(QPointer<Tool> &pointer) {
     pointer->close();
     pointer.clear();
 }
@@ -71,7 +71,7 @@ void OpenTools::openAnnotation() {
 }
 
 void OpenTools::closeAnnotation() {
-    close(m_annotation);
+    closeTool(m_annotation);
 }
 
 void OpenTools::stepAnnotationColour() {
@@ -90,7 +90,7 @@ void OpenTools::openBlackboard() {
 }
 
 void OpenTools::closeBlackboard() {
-    close(m_blackboard);
+    closeTool(m_blackboard);
 }
 
 void OpenTools::stepBlackboardColour() {

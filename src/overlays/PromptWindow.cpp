@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr int delay = 400;
+constexpr int messageDelay = 400;
 constexpr int stripStep = 150;
 constexpr QSize stripSize(300, 60);
 constexpr QSize titleSize(300, 50);
@@ -19,7 +19,7 @@ QFont boldArial(int points) {
 } // namespace
 
 PromptWindow::PromptWindow(QWidget *parent)
-    : PromptCard(parent, Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint, delay)
+    : PromptCard(parent, Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint, messageDelay)
     , m_form(std::make_unique<Ui::PromptWindow>()) {
     m_form->setupUi(this);
 

@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr int delay = 500;
+constexpr int colourDelay = 500;
 constexpr int textHeight = 95;
 
 // The third pen in this colour has a square swatch: it always had one, and people know it by that.
@@ -19,7 +19,7 @@ promptwindow2::promptwindow2(QWidget *parent)
     : PromptCard(parent,
                  Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
                      Qt::MaximizeUsingFullscreenGeometryHint,
-                 delay)
+                 colourDelay)
     , m_form(std::make_unique<Ui::promptwindow2>()) {
     m_form->setupUi(this);
 

@@ -12,8 +12,8 @@
 namespace vexa::platform {
 namespace {
 
-constexpr std::size_t bytesPerPixel = 4;
-constexpr std::size_t mostKept = std::size_t(3840) * 2160 * bytesPerPixel;
+constexpr std::size_t pixelSize = 4; // bytes
+constexpr std::size_t mostKept = std::size_t(3840) * 2160 * pixelSize;
 
 /// The last pictures go with the last windows, which may be after main().
 struct Reserve {
@@ -29,7 +29,7 @@ Reserve &reserve() {
 }
 
 std::size_t bytesOf(const QSize &pixels) {
-    return std::size_t(pixels.width()) * std::size_t(pixels.height()) * bytesPerPixel;
+    return std::size_t(pixels.width()) * std::size_t(pixels.height()) * pixelSize;
 }
 
 LargePages takeOrMap(std::size_t bytes) {
@@ -71,7 +71,7 @@ QImage PictureReserve::picture(const QSize &pixels) {
     const LargePages pages = takeOrMap(bytesOf(pixels));
     if (!pages.data)
         return {};
-    return {pages.data,           pixels.width(), pixels.height(),      pixels.width() * int(bytesPerPixel),
+    return {pages.data,           pixels.width(), pixels.height(),      pixels.width() * int(pixelSize),
             QImage::Format_RGB32, keepOrUnmap,    new LargePages(pages)};
 }
 

@@ -11,17 +11,16 @@ SessionBus openSessionBus() {
 }
 
 BusState askSessionBus(std::chrono::milliseconds patience) {
-    using Clock = std::chrono::steady_clock;
     using std::chrono::microseconds;
     const SessionBus bus = openSessionBus();
-    const auto end = Clock::now() + patience;
+    const auto end = std::chrono::steady_clock::now() + patience;
     while (bus && sd_bus_is_open(bus.get()) > 0) {
         const int progress = sd_bus_process(bus.get(), nullptr);
         if (progress < 0)
             break;
         if (sd_bus_is_ready(bus.get()) > 0)
             return BusState::Answers;
-        const auto left = std::chrono::duration_cast<microseconds>(end - Clock::now());
+        const auto left = std::chrono::duration_cast<microseconds>(end - std::chrono::steady_clock::now());
         if (left.count() <= 0)
             return BusState::Silent;
         if (progress == 0)
