@@ -7,7 +7,7 @@ namespace fakes {
 
 namespace {
 
-AppKit *current = nullptr;
+AppKit *theAppKit = nullptr;
 
 struct Text : objc_object {
     std::string characters;
@@ -197,9 +197,9 @@ void defineWindow() {
 } // namespace
 
 AppKit::AppKit() {
-    if (current)
+    if (theAppKit)
         misuse("two AppKits at a time");
-    current = this;
+    theAppKit = this;
     defineApplication(*this);
     definePools();
     defineCursor();
@@ -213,13 +213,13 @@ AppKit::AppKit() {
 
 AppKit::~AppKit() {
     forgetClasses();
-    current = nullptr;
+    theAppKit = nullptr;
 }
 
 AppKit &AppKit::instance() {
-    if (!current)
+    if (!theAppKit)
         misuse("there is no AppKit");
-    return *current;
+    return *theAppKit;
 }
 
 bool AppKit::liesOverForeignFullScreenSpace() const {

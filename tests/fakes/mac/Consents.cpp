@@ -7,22 +7,22 @@ namespace fakes {
 
 namespace {
 
-Consents *current = nullptr;
+Consents *theConsents = nullptr;
 
 Consents &consents() {
-    if (!current)
+    if (!theConsents)
         std::abort();
-    return *current;
+    return *theConsents;
 }
 
 } // namespace
 
 Consents::Consents() {
-    current = this;
+    theConsents = this;
 }
 
 Consents::~Consents() {
-    current = nullptr;
+    theConsents = nullptr;
 }
 
 } // namespace fakes

@@ -12,27 +12,27 @@ struct CGImage {
 namespace fakes {
 
 namespace {
-Displays *current = nullptr;
+Displays *theDisplays = nullptr;
 }
 
 Displays::Displays() {
-    current = this;
+    theDisplays = this;
 }
 Displays::~Displays() {
-    current = nullptr;
+    theDisplays = nullptr;
 }
 
 Displays &Displays::instance() {
-    if (!current)
+    if (!theDisplays)
         std::abort();
-    return *current;
+    return *theDisplays;
 }
 
 static QRectF toQt(CGRect rect) {
     return {rect.origin.x, rect.origin.y, rect.size.width, rect.size.height};
 }
 
-static const Display *find(CGDirectDisplayID id) {
+static const Display *findDisplay(CGDirectDisplayID id) {
     for (const Display &display : Displays::instance().connected)
         if (display.id == id)
             return &display;
@@ -57,7 +57,7 @@ CGError CGGetDisplaysWithRect(CGRect rect, std::uint32_t maxDisplays, CGDirectDi
 
 CGRect CGDisplayBounds(CGDirectDisplayID id) {
     Displays::instance().boundsRead.push_back(id);
-    const Display *const display = find(id);
+    const Display *const display = findDisplay(id);
     if (!display)
         return CGRectMake(0, 0, 0, 0);
     const QRectF &bounds = display->bounds;
@@ -69,7 +69,7 @@ extern "C" CGImageRef CGDisplayCreateImageForRect(CGDirectDisplayID id, CGRect r
 CGImageRef CGDisplayCreateImageForRect(CGDirectDisplayID id, CGRect rect) {
     Displays &desktop = Displays::instance();
     desktop.captured.push_back({id, toQt(rect)});
-    const Display *const display = find(id);
+    const Display *const display = findDisplay(id);
     if (!display)
         return nullptr;
     const double scale = display->picture.width() / display->bounds.width();
