@@ -40,34 +40,45 @@ private slots:
 
     void aToolIsOver() {
         QFETCH(int, key);
+        const int windows = int(e2e::windowsOf(m_program->pid()).size());
         for (int opening = 0; opening < 2; ++opening) {
             typeChord(PenKey::M);
             typeChord(PenKey(key));
             QTRY_VERIFY_WITH_TIMEOUT(shownOfSize(wholeScreen).id, patience);
             e2e::destroy(shownOfSize(wholeScreen));
-            // The widget goes with it, so the next chord opens another one.
-            QTRY_VERIFY_WITH_TIMEOUT(!shownOfSize(wholeScreen).id, patience);
+            // The widget goes with it, and its card, so the next chord opens another one.
+            QTRY_COMPARE_WITH_TIMEOUT(int(e2e::windowsOf(m_program->pid()).size()), windows, patience);
         }
     }
 
     void thePanelIsMadeAnew() {
         for (int showing = 0; showing < 2; ++showing) {
-            QCOMPARE(m_program->runToTheEnd().how, QByteArray("ended with 0"));
-            QTRY_VERIFY_WITH_TIMEOUT(e2e::panelOf(m_program->pid()).id, patience);
+            const auto isThereWhenAskedFor = [this] {
+                m_program->runToTheEnd();
+                return appears([this] { return e2e::panelOf(m_program->pid()); });
+            };
+            QVERIFY(QTest::qWaitFor(isThereWhenAskedFor, patience));
             e2e::destroy(e2e::panelOf(m_program->pid()));
-            QTRY_VERIFY_WITH_TIMEOUT(!e2e::panelOf(m_program->pid()).id, patience);
         }
     }
 
     void aPromptIsMadeAnew() {
         for (const e2e::Window &window : e2e::windowsOf(m_program->pid()))
             e2e::destroy(window);
-        QTRY_VERIFY_WITH_TIMEOUT(!shownOfSize(cardSize).id, patience);
-        typeChord(PenKey::D);
-        QTRY_VERIFY_WITH_TIMEOUT(shownOfSize(cardSize).id, patience);
+        const auto isThereAfterAShot = [this] {
+            typeChord(PenKey::D);
+            return appears([this] { return shownOfSize(cardSize); });
+        };
+        QVERIFY(QTest::qWaitFor(isThereAfterAShot, patience));
     }
 
 private:
+    /// Soon, or else it has to be asked for again: the program may hear of a destroyed window only after
+    /// that.
+    template<typename Look> static bool appears(Look look) {
+        return QTest::qWaitFor([look] { return look().id != 0; }, patience / 20);
+    }
+
     e2e::Window shownOfSize(const QSize &size) const {
         return e2e::visibleWindowOfSize(m_program->pid(), size);
     }
