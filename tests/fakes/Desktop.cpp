@@ -37,6 +37,10 @@ QPixmap capturePrimaryScreen() {
     return {};
 }
 
+bool prepareCapture() {
+    return false;
+}
+
 QPixmap captureScreenRect(const QRect & /*rect*/) {
     ++fakeDesktop().looks;
     return QPixmap::fromImage(fakeDesktop().screen);
