@@ -47,7 +47,7 @@ private slots:
     }
 
     void whoAnswersIsActivatedOnce() {
-        m_first->announceReady();
+        makeFirstReady();
         auto answer = std::async(std::launch::async, [this] { return m_second->activateOther(1h); });
         int activations = 0;
         while (answer.wait_for(1ms) != std::future_status::ready)
@@ -58,12 +58,12 @@ private slots:
     }
 
     void whoDoesNotAnswerIsNotWaitedForLonger() {
-        m_first->announceReady();
+        makeFirstReady();
         QCOMPARE(m_second->activateOther(20ms), Answer::Silent);
     }
 
     void whoGoesMeanwhileIsNotWaitedFor() {
-        m_first->announceReady();
+        makeFirstReady();
         auto answer = std::async(std::launch::async, [this] { return m_second->activateOther(1h); });
         m_first.reset();
         QCOMPARE(answer.get(), Answer::Gone);
@@ -88,6 +88,11 @@ private slots:
     }
 
 private:
+    void makeFirstReady() {
+        m_first->announceReady();
+        QVERIFY(m_first->claim()); // it is its own; the server has the announcement when it answers
+    }
+
     std::unique_ptr<Ownership> m_first;
     std::unique_ptr<Ownership> m_second;
 };
