@@ -123,8 +123,8 @@ Window visibleWindowOfSize(qint64 pid, const QSize &size) {
     return {};
 }
 
-Window panelOf(qint64 pid) {
-    return visibleWindowOfSize(pid, QSize(999, 650));
+Window panelOf(qint64 pid, double pixelsPerPoint) {
+    return visibleWindowOfSize(pid, (QSizeF(999, 650) * pixelsPerPoint).toSize());
 }
 
 bool hasWithdrawn(qint64 pid, double pixelsPerPoint) {
@@ -136,7 +136,9 @@ bool hasWithdrawn(qint64 pid, double pixelsPerPoint) {
 }
 
 bool startAndSettle(Program &program, double pixelsPerPoint) {
-    const auto settled = [&] { return hasWithdrawn(program.pid(), pixelsPerPoint); };
+    const auto settled = [&] {
+        return hasWithdrawn(program.pid(), pixelsPerPoint) && !panelOf(program.pid(), pixelsPerPoint).id;
+    };
     return program.start() && QTest::qWaitFor(settled, vexa::test::patience);
 }
 

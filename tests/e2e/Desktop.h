@@ -41,12 +41,12 @@ Wishes wishesOf(const Window &window);
 Window visibleWindowOfSize(qint64 pid, const QSize &size);
 
 /// The settings panel, when it is shown.
-Window panelOf(qint64 pid);
+Window panelOf(qint64 pid, double pixelsPerPoint = 1);
 
 /// Whether the start is over: the panel has shown itself, has hidden again and left its prompt.
 bool hasWithdrawn(qint64 pid, double pixelsPerPoint = 1);
 
-/// Starts the program and waits until its start is over.
+/// Starts the program and waits until its start is over and nothing of the panel is on the screen any more.
 bool startAndSettle(Program &program, double pixelsPerPoint = 1);
 
 QImage grabScreen();
