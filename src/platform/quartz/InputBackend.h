@@ -27,8 +27,8 @@ public:
     /// A descriptor that becomes readable when next() may have something. Owned by the source.
     virtual int fd() const = 0;
 
-    /// Takes the next event. False when none is waiting; never blocks. Throws std::exception when there will
-    /// never be one again.
+    /// Takes the next event. False when none is waiting: does not wait for one, but may for the session's
+    /// answer to a question. Throws std::exception when there will never be one again.
     virtual bool next(InputEvent &event) = 0;
 };
 

@@ -24,7 +24,8 @@ LostWindows::LostWindows() {
 
 bool LostWindows::nativeEventFilter(const QByteArray & /*eventType*/, void *message, long * /*result*/) {
     const auto *const event = static_cast<const xcb_generic_event_t *>(message);
-    if ((event->response_type & 0x7f) != XCB_DESTROY_NOTIFY)
+    // A notice that some client made up has another bit set, and no window has gone.
+    if (event->response_type != XCB_DESTROY_NOTIFY)
         return false;
     const auto *const end = reinterpret_cast<const xcb_destroy_notify_event_t *>(event);
     // A window that the toolkit has destroyed itself is none of a widget any more. That of a tray icon goes
