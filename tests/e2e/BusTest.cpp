@@ -98,12 +98,19 @@ private slots:
         QVERIFY(m_bus->start());
         startProgram();
         QTRY_VERIFY_WITH_TIMEOUT(m_bus->knowsTheProgram(), patience);
-        QDBusPendingCall last = QDBusPendingCall::fromError({});
-        for (int call = 0; call < 3000; ++call)
-            last = m_bus->call(QStringLiteral("Activate"), {QVariantMap()}); // shows the panel anew
-        typeChord(PenKey::G);
-        QTRY_VERIFY_WITH_TIMEOUT(toolIsOpen(), patience);
-        QVERIFY(!last.isFinished());
+        // How many calls outlast a chord depends on the machine; where chords have to wait, none do.
+        bool amidTheFlood = false;
+        for (int calls = 3000; !amidTheFlood && calls < 100000; calls *= 3) {
+            QDBusPendingCall last = QDBusPendingCall::fromError({});
+            for (int call = 0; call < calls; ++call)
+                last = m_bus->call(QStringLiteral("Activate"), {QVariantMap()}); // shows the panel anew
+            typeChord(PenKey::G);
+            QTRY_VERIFY_WITH_TIMEOUT(toolIsOpen(), patience);
+            amidTheFlood = !last.isFinished();
+            typeChord(PenKey::S);
+            QTRY_VERIFY_WITH_TIMEOUT(!toolIsOpen(), patience);
+        }
+        QVERIFY(amidTheFlood);
         QCOMPARE(endProgram(), QByteArray());
     }
 

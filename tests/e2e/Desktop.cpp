@@ -13,6 +13,7 @@
 #include <QX11Info>
 
 #include <algorithm>
+#include <array>
 
 namespace e2e {
 
@@ -186,6 +187,17 @@ void askToClose(const Window &window) {
 
 void destroy(const Window &window) {
     xcb_destroy_window(connection(), window.id);
+    xcb_flush(connection());
+}
+
+void pretendDestroyed(const Window &window) {
+    xcb_destroy_notify_event_t notice{};
+    notice.response_type = XCB_DESTROY_NOTIFY;
+    notice.event = window.id;
+    notice.window = window.id;
+    std::array<char, 32> wire{}; // of every event, however few its structure has
+    memcpy(wire.data(), &notice, sizeof notice);
+    xcb_send_event(connection(), 0, window.id, XCB_EVENT_MASK_NO_EVENT, wire.data());
     xcb_flush(connection());
 }
 

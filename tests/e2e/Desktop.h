@@ -58,6 +58,9 @@ void askToClose(const Window &window);
 /// As another client of the X server can, without asking anybody.
 void destroy(const Window &window);
 
+/// Tells the window's owner that it has been destroyed, which is not true.
+void pretendDestroyed(const Window &window);
+
 /// Asks the window manager to show another one of its virtual desktops, counted from 0.
 void switchToDesktop(quint32 number);
 /// The virtual desktop that is shown, or on which the window is; -1 where nobody says so.

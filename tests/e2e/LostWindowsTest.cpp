@@ -22,7 +22,7 @@ class LostWindowsTest : public QObject {
 
 private slots:
     void init() {
-        m_program.emplace(e2e::Program::Settings{{"Key3P", 3}, {"Key4C", 4}, {"Key4P", 2}});
+        m_program.emplace(e2e::Program::Settings{{"Key3P", 3}, {"Key4C", 4}, {"Key4P", 2}, {"PenColor0", 2}});
         QVERIFY(e2e::startAndSettle(*m_program));
     }
 
@@ -49,6 +49,22 @@ private slots:
             // The widget goes with it, and its card, so the next chord opens another one.
             QTRY_COMPARE_WITH_TIMEOUT(int(e2e::windowsOf(m_program->pid()).size()), windows, patience);
         }
+    }
+
+    void aMadeUpNoticeClosesNothing() {
+        typeChord(PenKey::M);
+        typeChord(PenKey::I);
+        QTRY_VERIFY_WITH_TIMEOUT(shownOfSize(wholeScreen).id, patience);
+        e2e::pretendDestroyed(shownOfSize(wholeScreen));
+        // The press comes after the notice, so when there is ink the notice has been read.
+        const QPoint place(960, 300);
+        const QRgb before = e2e::pixelAt(place);
+        moveMouse(place - QPoint(50, 0));
+        pressMouse();
+        moveMouse(place + QPoint(50, 0));
+        releaseMouse();
+        QTRY_VERIFY_WITH_TIMEOUT(e2e::pixelAt(place) != before, patience);
+        QVERIFY(shownOfSize(wholeScreen).id);
     }
 
     void thePanelIsMadeAnew() {
