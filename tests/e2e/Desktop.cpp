@@ -128,6 +128,12 @@ Window panelOf(qint64 pid, double pixelsPerPoint) {
     return visibleWindowOfSize(pid, (QSizeF(999, 650) * pixelsPerPoint).toSize());
 }
 
+bool hasFocus(const Window &window) {
+    const auto focus =
+        owned(xcb_get_input_focus_reply(connection(), xcb_get_input_focus(connection()), nullptr));
+    return focus && focus->focus == window.id;
+}
+
 bool hasWithdrawn(qint64 pid, double pixelsPerPoint) {
     // The prompt gets the size of a strip only then, and keeps it when it has faded.
     const QVector<Window> windows = windowsOf(pid);

@@ -43,6 +43,9 @@ Window visibleWindowOfSize(qint64 pid, const QSize &size);
 /// The settings panel, when it is shown.
 Window panelOf(qint64 pid, double pixelsPerPoint = 1);
 
+/// Whether the window gets what is typed.
+bool hasFocus(const Window &window);
+
 /// Whether the start is over: the panel has shown itself, has hidden again and left its prompt.
 bool hasWithdrawn(qint64 pid, double pixelsPerPoint = 1);
 

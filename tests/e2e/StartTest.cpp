@@ -120,12 +120,9 @@ private slots:
         QTRY_VERIFY_WITH_TIMEOUT(e2e::visibleWindowOfSize(program.pid(), guideSize).id, patience);
         QCOMPARE(program.settingsFile(), before);
 
-        // The key goes to the window that has the focus, which takes the window manager a moment.
-        const auto guideGoesOnEscape = [&] {
-            typeKey(escapeKey);
-            return !e2e::visibleWindowOfSize(program.pid(), guideSize).id;
-        };
-        QTRY_VERIFY_WITH_TIMEOUT(guideGoesOnEscape(), patience);
+        QTRY_VERIFY_WITH_TIMEOUT(e2e::hasFocus(e2e::visibleWindowOfSize(program.pid(), guideSize)), patience);
+        typeKey(escapeKey);
+        QTRY_VERIFY_WITH_TIMEOUT(!e2e::visibleWindowOfSize(program.pid(), guideSize).id, patience);
         QTRY_VERIFY_WITH_TIMEOUT(e2e::windowsOf(program.pid()).size() >= 3, patience);
         QCOMPARE(program.settingsFile(), before);
     }
