@@ -1,7 +1,9 @@
 # SPDX-License-Identifier: MIT
-"""Slides that a program can be recognised by: each is filled with a colour of its own."""
+"""Twenty slides that can be told from each other: each is filled with a colour of its own, and none is grey."""
 
-COLOURS = [(200, 40, 40), (40, 150, 60), (40, 70, 200), (220, 190, 30), (150, 40, 180)]
+from itertools import product
+
+COLOURS = [colour for colour in product((40, 130, 220), repeat=3) if len(set(colour)) > 1][:20]
 
 
 def _hex(colour):
@@ -9,7 +11,7 @@ def _hex(colour):
 
 
 def pdf(path):
-    """Five pages of 16 by 9 inches, written by hand: a page is one filled rectangle."""
+    """Pages of 16 by 9 inches, written by hand: a page is one filled rectangle."""
     objects = ["<< /Type /Catalog /Pages 2 0 R >>",
                "<< /Type /Pages /Count %d /Kids [%s] >>" % (
                    len(COLOURS), " ".join("%d 0 R" % (3 + 2 * i) for i in range(len(COLOURS))))]

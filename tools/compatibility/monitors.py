@@ -1,9 +1,9 @@
 # SPDX-License-Identifier: MIT
-"""monitors.py BIN [WORD ...]: the program on three monitors of a server without hardware, in all arrangements and scales, and when
-these change under an open tool.
+"""monitors.py BIN [WORD ...]: the program on three monitors of a server without hardware, in all arrangements and scales,
+and when these change under an open tool.
 
-Prints a row for each, or for those that have all the words, and ends with 1 when one of them is wrong. Needs Xorg with its dummy driver, xrandr, xdotool and
-ImageMagick, and may need root for Xorg."""
+Prints a row for each, or for those in which each word is the arrangement, the scale or the tool, and ends with 1 when one
+of them is wrong. Needs Xorg with its dummy driver, xrandr and xdotool, and may need root for Xorg."""
 
 import os
 import shutil
@@ -268,12 +268,11 @@ def main():
             for name, scale, tool, results in rows(binaries, wanted):
                 wrong += not all(results.values())
                 failed = [what for what, right in results.items() if not right]
-                print("%-34s%-14s%-12s%s" % (name, scale, tool, "no: " + ", ".join(failed) if failed else "yes"),
-                      flush=True)
+                print("\t".join((name, scale, tool, "no: " + ", ".join(failed) if failed else "yes")), flush=True)
         if wanted("a monitor goes", "1", "panel"):
             back = panel_comes_back(binaries)
             wrong += not back
-            print("%-34s%-14s%-12s%s" % ("a monitor goes", "1", "panel", "yes" if back else "no"))
+            print("\t".join(("a monitor goes", "1", "panel", "yes" if back else "no")))
     return 1 if wrong else 0
 
 

@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: MIT
-"""page.py RESULTS: writes docs/compatibility.md from the rows that session.py printed."""
+"""page.py PROGRAMS MONITORS: writes docs/compatibility.md from the rows that session.py and monitors.py printed, and ends
+with 1 when something did not work or was not reached."""
 
 import sys
 from pathlib import Path
@@ -11,28 +12,31 @@ PROGRAMS = {
     "chromium": "Chromium 156",
 }
 MANAGERS = ["openbox", "xfwm4", "kwin_x11", "mutter", "i3"]
-ACTIONS = ["start", "page keys", "laser", "laser: slide kept", "laser: focus kept", "ink", "ink: slide kept",
-           "ink: focus kept", "board", "board: slide kept", "board: focus kept", "end", "panel"]
+TOOLS = ["laser", "spotlight", "magnifier", "ink", "board"]
+ACTIONS = ["start", "page keys",
+           *(tool + ending for tool in TOOLS for ending in ("", ": slide kept", ": focus kept")),
+           "wildly: slide kept", "wildly: focus kept", "end", "panel"]
+MISSING = "not reached"
 
 HEAD = """# Compatibility
 
 Real presentation programs of Debian 12, each under five window managers on a display of its own (Xvfb, 1280 by 720),
-played with the pen simulator by `scripts/compatibility`. Every slide has a colour of its own, so what the screen shows
-says which slide it is. The tables were put together from several runs on a loaded machine: presentations that missed
-a time limit there, or that the script had not set up right, were run again.
+played with the pen simulator by `scripts/compatibility`. The deck has twenty slides, each with a colour of its own, so
+what the screen shows says which slide it is; the tools are played on the twelfth. All tables here are of one run.
 
 - **start**, **end**: a long press of key 2, "slide show on or off". *own key*: the program starts its show by
   another key, which the presenter presses; see below.
 - **page keys**: the pen's page up and page down turn the slides.
-- **laser**, **ink**, **board**: the tool shows over the running show, with the slide of that moment behind it; for the
-  laser the show also keeps the focus meanwhile.
+- **laser**, **spotlight**, **magnifier**, **ink**, **board**: the tool shows over the running show, with the slide of
+  that moment behind it; with a held tool the show also keeps the focus meanwhile.
 - **slide kept**, **focus kept**: after a tool was closed, and the click and the page up that follow it have been given
   three seconds, the same slide comes up and stays, and the show's window has the focus.
+- **wildly**: laser, ink and board opened and closed in any order, over each other, twenty times at any pace; in the end
+  all are closed.
 - **panel**: a second start shows the settings panel in its full size, without a frame or title bar.
 """
 
-TAIL = """
-## Shows that start by another key
+OWN_KEYS = """## Shows that start by another key
 
 | program | start | end |
 | --- | --- | --- |
@@ -42,45 +46,60 @@ TAIL = """
 F5, which the pen's "slide show on or off" posts, loads the document again there. Press the program's own key on the
 keyboard instead and leave that action of the pen alone: the page keys and all tools work as in any other program, and a
 closed tool neither clicks nor turns a page.
+"""
 
-Under i3 the note that Okular shows at its first presentation keeps the show from filling the screen, and the script did
-not get past it: that column is not tried. The pen has no part in it.
+MONITORS = """## Monitors and scales
 
-## Monitors and scales
-
-`tools/compatibility/monitors.py` runs the program on an X server with three monitors: the primary one alone, left,
-right, below, and in the middle of gaps; scales 1, 1.25, 1.5, 2, and different ones side by side. In each, laser and
-annotation have to cover the primary monitor and nothing else, the dot has to be under the pointer and as large as its
-points, title, buttons and ink at their places and in their size, and a click on the exit button has to close. Then
-another monitor becomes the primary one, or one goes, under each open tool, which has to follow. A panel on a monitor
-that goes has to come back whole on one that stays. With words, only the rows that have them all are played.
-
-With one scale for all, every row held that was played: laser and annotation alone, left, right and below at each scale,
-and all tools at scale 1 under monitors that change. With different scales annotation failed in nine rows and the laser
-in six, until what they are painted in followed the scale; since then annotation held in all sixteen rows of "2 beside 1"
-and "1 beside 2", and the laser right of a monitor of a smaller scale. The whole list has not been played in one piece
-since, which takes an hour on a loaded machine.
-
-One row is open: an open spotlight, when the primary monitor of scale 2 goes and one of scale 1 is left, did not cover
-that one in two of three plays.
+The same run plays the program on an X server with three monitors (`tools/compatibility/monitors.py`): the primary one
+alone, left, right, below, and in the middle of gaps, at scales of 1 to 2, and with different ones side by side. In each,
+laser and annotation have to cover the primary monitor and nothing else, the dot has to be under the pointer and as large
+as its points, title, buttons and ink at their places and in their size, and a click on the exit button has to close.
+Then another monitor becomes the primary one, or one goes, under each open tool, which has to follow. A panel on a monitor
+that goes has to come back whole on one that stays.
 """
 
 
-def main():
-    results = {}
-    for line in Path(sys.argv[1]).read_text().splitlines():
-        program, manager, action, result = line.split("\t")
-        results[program, action, manager] = result
-    print(HEAD)
+def rows(path, keys):
+    """The results by what they are of."""
+    split = (line.split("\t") for line in Path(path).read_text().splitlines())
+    return {tuple(words[:keys]): words[keys] for words in split}
+
+
+def table(first, columns, lines):
+    """Each line is its name and its cells."""
+    print("| %s | %s |\n|%s" % (first, " | ".join(columns), " --- |" * (len(columns) + 1)))
+    for name, cells in lines:
+        print("| %s | %s |" % (name, " | ".join(cells)))
+    print()
+
+
+def programs(results):
     for program, name in PROGRAMS.items():
-        print("## %s\n\n| | %s |\n|%s" % (name, " | ".join(MANAGERS), " --- |" * (len(MANAGERS) + 1)))
-        for action in ACTIONS:
-            row = [results.get((program, action, manager), "not reached") for manager in MANAGERS]
-            print("| %s | %s |" % (action, " | ".join(row)))
-        print("\n| laser | ink |\n| --- | --- |\n| %s |\n" % " | ".join(
+        print("## %s\n" % name)
+        table("", MANAGERS, [(action, [results.get((program, manager, action), MISSING) for manager in MANAGERS])
+                             for action in ACTIONS])
+        print("| laser | ink |\n| --- | --- |\n| %s |\n" % " | ".join(
             "![%s in %s](pictures/compatibility/%s-%s.png)" % (tool, name, program, tool)
             for tool in ("laser", "ink")))
-    print(TAIL.strip())
 
 
-main()
+def monitors(results):
+    scales = list(dict.fromkeys(scale for _, scale, _ in results))
+    arrangements = dict.fromkeys((name, tool) for name, _, tool in results)
+    table("monitors, tool", scales, [("%s, %s" % (name, tool), [results.get((name, scale, tool), "-") for scale in scales])
+                                     for name, tool in arrangements])
+
+
+def main():
+    played, arranged = rows(sys.argv[1], 3), rows(sys.argv[2], 3)
+    print(HEAD)
+    programs(played)
+    print(OWN_KEYS)
+    print(MONITORS)
+    monitors(arranged)
+    right = all(played.get((program, manager, action)) in ("yes", "own key")
+                for program in PROGRAMS for manager in MANAGERS for action in ACTIONS)
+    return 0 if right and arranged and set(arranged.values()) == {"yes"} else 1
+
+
+sys.exit(main())

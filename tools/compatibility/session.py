@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: MIT
-"""One presentation in one program under one window manager, played with the pen on the present display."""
+"""session.py BIN PICTURES MANAGER PROGRAM: one presentation in one program under one window manager, played with the pen on
+the present display. Prints a row for each action."""
 
 import os
 import shutil
@@ -8,6 +9,7 @@ import sys
 import tempfile
 import time
 from pathlib import Path
+from random import Random
 
 import decks
 
@@ -16,6 +18,10 @@ PATIENCE = 30  # seconds for what must come
 QUIET = 3      # seconds in which nothing may happen any more: the refocus comes a second after a tool closes
 POINTER = (400, 300)
 DOT = (0, 255, 90)  # what the slider's 600 stands for
+RADIUS = 40         # of every held tool
+RESTING = 12        # the slide on which the tools are played: others before and behind it
+HELD = {"spotlight": 0, "magnifier": 1, "laser": 2}
+TOGGLED = {"ink": ("key1", "long"), "board": ("key3", "long")}
 
 WINDOW_MANAGERS = {
     "openbox": ["openbox", "--sm-disable"],
@@ -74,6 +80,24 @@ def near(colour, other):
     return len(colour) == 3 and all(abs(a - b) <= 12 for a, b in zip(colour, other))
 
 
+def magnified(screen):
+    """The ring lies between the lens's radius and two pixels more."""
+    x, y = POINTER
+    return all(screen.at(x + side * (RADIUS + 1), y)[1] > 180 for side in (1, -1))
+
+
+def lit(screen):
+    x, y = POINTER
+    slide = decks.COLOURS[RESTING - 1]
+    return near(screen.at(x, y), slide) and not near(screen.at(x + 2 * RADIUS, y), slide)
+
+
+# What tells that a held tool stands at the pointer, with the slide behind it.
+SEEN = {"laser": lambda screen: near(screen.at(*POINTER), DOT) and screen.slide() == RESTING,
+        "magnifier": magnified,
+        "spotlight": lit}
+
+
 def await_(what, condition, patience=PATIENCE):
     end = time.monotonic() + patience
     while not condition():
@@ -94,19 +118,37 @@ class Presentation:
     def __init__(self, binaries, manager, program, pictures):
         self.manager, self.program, self.pictures = manager, program, pictures
         self.folder = Path(tempfile.mkdtemp())
-        self.processes = []
+        self.processes, self.companion = [], None
         for name in ("VexaOrbilo", "pen-simulator"):
             shutil.copy(Path(binaries) / name, self.folder)
-        (self.folder / "VexaPenSetting.xml").write_text(
-            "<PenSetting FirstRun='1'><Setting><ShowPrivacyWindow>0</ShowPrivacyWindow><Key2P>1</Key2P>"
-            "<Key3P>3</Key3P><Key4P>2</Key4P><LaserPenSize>20</LaserPenSize><LaserPenColor>600</LaserPenColor>"
-            "<Language>2</Language></Setting></PenSetting>")
         (self.folder / "i3.config").write_text("font pango:monospace 8\n")
+        # At its first show Okular explains how one is left; a presenter has read that long ago.
+        home = Path(os.environ["HOME"]) / ".config"
+        home.mkdir(exist_ok=True)
+        (home / "okularrc").write_text("[Notification Messages]\npresentationInfo=false\n")
 
     def start(self, *command, log):
         output = (self.folder / log).open("wb")
         self.processes.append(subprocess.Popen(command, stdout=output, stderr=output, cwd=self.folder,
                                                start_new_session=True))
+        return self.processes[-1]
+
+    def start_with(self, tool):
+        """The program, anew, with this tool in key 4."""
+        if self.companion:
+            self.companion.terminate()
+            self.companion.wait(30)
+        (self.folder / "VexaPenSetting.xml").write_text(
+            "<PenSetting FirstRun='1'><Setting><ShowPrivacyWindow>0</ShowPrivacyWindow><Key2P>1</Key2P>"
+            "<Key3P>3</Key3P><Key4P>%d</Key4P><LaserPenSize>%d</LaserPenSize><LaserPenColor>600</LaserPenColor>"
+            "<MagnifierSize>%d</MagnifierSize><MagnifierColor>600</MagnifierColor><SportLightSize>%d</SportLightSize>"
+            "<SportLightTran>255</SportLightTran><Language>2</Language></Setting></PenSetting>"
+            % (HELD[tool], RADIUS, RADIUS, RADIUS))
+        self.companion = self.start(str(self.folder / "VexaOrbilo"), log="program.log")
+        prompt = lambda: " 300x60+" in run("xwininfo", "-root", "-tree")
+        await_("the prompt of the start", prompt)
+        await_("the panel's withdrawal", lambda: not xdo("search", "--onlyvisible", "--name", "^MainWindow$"))
+        time.sleep(2 * QUIET)  # until the prompt has faded
 
     def end(self):
         for process in reversed(self.processes):
@@ -146,23 +188,24 @@ class Presentation:
         make(deck)
         self.start(*WINDOW_MANAGERS[self.manager], log="manager.log")
         await_("window manager", lambda: "window id" in run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"), 90)
-        self.start(str(self.folder / "VexaOrbilo"), log="program.log")
-        await_("the prompt of the start", lambda: " 300x60+" in run("xwininfo", "-root", "-tree"))
-        time.sleep(2 * QUIET)  # until it has faded
+        self.start_with("laser")
         self.start(*[str(deck) if word == "DECK" else word for word in command], log="viewer.log")
         await_("the slides' window", self.focus_viewer, 90)
         if not stays(lambda: True):
             return
         self.focus_viewer()
 
-        self.check("start", lambda: self.begin(own_start, own_end))
+        self.check("start", lambda: self.begin(own_start))
         if Screen().slide() == 0:
             raise Missed("no show to go on with")
         self.check("page keys", self.page_through)
-        self.check("laser", self.laser)
-        self.check("ink", lambda: self.over("ink", ("key1", "long")))
-        self.check("board", lambda: self.over("board", ("key3", "long")))
+        self.check("laser", lambda: self.held("laser"))
+        self.check("ink", lambda: self.over("ink"))
+        self.check("board", lambda: self.over("board"))
+        self.check("wildly", self.wildly)
         self.check("end", lambda: self.finish(own_end))
+        for tool in ("spotlight", "magnifier"):
+            self.check(tool, lambda tool=tool: self.in_another_show(tool, own_start, own_end))
         self.check("panel", self.panel)
 
     def focus_viewer(self):
@@ -173,50 +216,86 @@ class Presentation:
                 return True
         return False
 
-    def begin(self, own_start, own_end):
+    def begin(self, own_start):
         if own_start:
             xdo("key", own_start)
-            if stays(lambda: xdo("search", "--onlyvisible", "--name", "^Information")):
-                # How a show is left is explained at the first one, not to be shown again.
-                for key in ("alt+d", "Return", own_end, own_start):
-                    xdo("key", key)
-                    time.sleep(1)
-            await_("the show by its own key", lambda: Screen().slide() == 1)
+            await_("the show by its own key", lambda: Screen().slide() != 0)
             raise OwnKey
         self.pen("key2", "long")
-        return self.comes("the show", lambda: Screen().slide() == 1)
+        return self.comes("the show", lambda: Screen().slide() != 0)
 
     def page_through(self):
         stays(lambda: True)
-        for key, slide in (("Next", 2), ("Prior", 1), ("Next", 2), ("Next", 3)):
+        for key, slide in (("Next", 2), ("Prior", 1), *(("Next", slide) for slide in range(2, RESTING + 1))):
             xdo("key", key)
             await_("slide %d" % slide, lambda wanted=slide: Screen().slide() == wanted)
         return True
 
-    def kept(self, name, focus):
-        self.check(name + ": slide kept", lambda: stays(lambda: True) and self.comes(
-            "the slide", lambda: Screen().slide() == 3) and stays(lambda: Screen().slide() == 3))
-        self.check(name + ": focus kept", lambda: xdo("getwindowfocus") == focus)
-        while Screen().slide() not in (0, 3):  # for what comes after
-            xdo("key", "Next" if Screen().slide() < 3 else "Prior")
-            time.sleep(1)
+    def rest(self):
+        """Back on the slide of the tools, wherever the show is."""
+        while Screen().slide() not in (0, RESTING):
+            before = Screen().slide()
+            xdo("key", "Next" if before < RESTING else "Prior")
+            await_("another slide", lambda before=before: Screen().slide() not in (0, before))
 
-    def laser(self):
+    def kept(self, name, focus):
+        resting = lambda: Screen().slide() == RESTING
+        self.check(name + ": slide kept", lambda: stays(lambda: True) and self.comes("the slide", resting) and
+                   stays(resting))
+        self.check(name + ": focus kept", lambda: xdo("getwindowfocus") == focus)
+        self.rest()  # for what comes after
+
+    def held(self, tool):
         focus = xdo("getwindowfocus")
         xdo("mousemove", *map(str, POINTER))
         self.pen("key4", "hold")
         shown = False
         try:
-            await_("the dot", lambda: near(Screen().at(*POINTER), DOT) and Screen().slide() == 3, 10)
+            await_("the " + tool, lambda: SEEN[tool](Screen()), 10)
             shown = xdo("getwindowfocus") == focus
-            self.picture("laser")
+            self.picture(tool)
         finally:
             self.pen("key4", "release")
-        await_("the dot's end", lambda: not near(Screen().at(*POINTER), DOT))
-        self.kept("laser", focus)
+        await_("its end", lambda: Screen().slide() != 0 and not SEEN[tool](Screen()))
+        self.kept(tool, focus)
         return shown
 
-    def over(self, name, keys):
+    def in_another_show(self, tool, own_start, own_end):
+        self.start_with(tool)
+        self.focus_viewer()
+        stays(lambda: True)
+        try:
+            self.begin(own_start)
+        except OwnKey:
+            pass
+        stays(lambda: True)
+        self.rest()
+        shown = self.held(tool)
+        try:
+            self.finish(own_end)
+        except OwnKey:
+            pass
+        return shown
+
+    def wildly(self):
+        """Twenty times some tool is opened, or closed where it is open, at any pace; in the end all are closed."""
+        random = Random(self.program + self.manager)
+        focus, is_open = xdo("getwindowfocus"), dict.fromkeys(("laser", *TOGGLED), False)
+        for tool in random.choices(list(is_open), k=20):
+            self.turn(tool, is_open)
+            time.sleep(random.uniform(0, 0.3))
+        for tool in [tool for tool in is_open if is_open[tool]]:
+            self.turn(tool, is_open)
+        await_("the show", lambda: Screen().slide() != 0, 10)
+        self.kept("wildly", focus)
+        return True
+
+    def turn(self, tool, is_open):
+        is_open[tool] = not is_open[tool]
+        self.pen(*TOGGLED.get(tool, ("key4", "hold" if is_open[tool] else "release")))
+
+    def over(self, name):
+        keys = TOGGLED[name]
         focus = xdo("getwindowfocus")
         before = Screen().pixels
         self.pen(*keys)
@@ -253,7 +332,7 @@ class Presentation:
 
 
 def main():
-    binaries, manager, program, pictures = sys.argv[1:]
+    binaries, pictures, manager, program = sys.argv[1:]
     presentation = Presentation(binaries, manager, program, pictures)
     try:
         presentation.play()

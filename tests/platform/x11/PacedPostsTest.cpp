@@ -114,6 +114,15 @@ private slots:
         }
     }
 
+    void unlessToldOtherwiseThePauseIsLongEnoughForABusyProgram() {
+        Session session;
+        PacedPosts posts(session.post());
+        postClick(posts);
+        post(posts, kCGEventKeyDown);
+        QTRY_COMPARE(session.types().size(), std::size_t{4});
+        QVERIFY(session.times()[3] - session.times()[2] >= 250ms);
+    }
+
     void aPressAloneLetsNoKeyWait() {
         Session session;
         PacedPosts posts(session.post(), {1h, 0ms});

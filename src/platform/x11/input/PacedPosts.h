@@ -19,7 +19,7 @@ namespace vexa::x11 {
 class PacedPosts {
 public:
     struct Pace {
-        std::chrono::milliseconds keyAfterRelease{100}; ///< with 20 none was lost in trials, with 5 some
+        std::chrono::milliseconds keyAfterRelease{250}; ///< idle 20 lost none; overloaded 100 did, 250 not
         std::chrono::milliseconds toTheEnd{1000};       ///< the longest time that destruction may take
     };
 
