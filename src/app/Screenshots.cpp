@@ -9,12 +9,23 @@
 #include <QPixmap>
 
 #include <pwd.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
 
 namespace vexa {
 
 namespace {
+
+/// Whether the toolkit reaches the very folder of that name. It would not if a part of the name were not
+/// understood. The bytes may differ even so: on macOS names are composed when they are read, and taken apart
+/// when they are used.
+bool reaches(const QByteArray &name, const QString &path) {
+    struct stat named {};
+    struct stat reached {};
+    return stat(name.constData(), &named) == 0 && stat(QFile::encodeName(path).constData(), &reached) == 0 &&
+           S_ISDIR(reached.st_mode) && named.st_dev == reached.st_dev && named.st_ino == reached.st_ino;
+}
 
 /// The user's home folder: what the environment says, or else what the system knows of the user. Empty when
 /// neither is a folder whose name can be told: a part of a name that is not understood would become another
@@ -23,7 +34,7 @@ QString homeFolder() {
     const passwd *const user = getpwuid(getuid());
     for (const QByteArray &name : {qgetenv("HOME"), QByteArray(user ? user->pw_dir : "")}) {
         QString home = QFile::decodeName(name);
-        if (QDir::isAbsolutePath(home) && QFile::encodeName(home) == name && QFileInfo(home).isDir())
+        if (QDir::isAbsolutePath(home) && reaches(name, home))
             return home;
     }
     return {};

@@ -169,6 +169,25 @@ private slots:
         QVERIFY(files().contains(QStringLiteral("known/Desktop/Vexa Orbilo/20240131/20240131093005.png")));
     }
 
+    void aHomeWithAnAccentIsAHome_data() {
+        QTest::addColumn<QByteArray>("name");
+        QTest::newRow("one character") << QByteArray("/j\xC3\xB3zef");
+        QTest::newRow("a letter and its accent") << QByteArray("/jo\xCC\x81zef");
+    }
+
+    // Some systems write such names one way and read them the other.
+    void aHomeWithAnAccentIsAHome() {
+        QFETCH(QByteArray, name);
+        const QByteArray home = QFile::encodeName(m_home->path()) + name;
+        const OddFolder folder(home);
+        QVERIFY(folder.isValid());
+        qputenv("HOME", home);
+        Screenshots screenshots(saying({at("2024-01-31 09:30:05.000")}));
+        screenshots.take();
+        screenshots.flush();
+        QCOMPARE(files().size(), 1);
+    }
+
     void withoutAClockTheNameIsTheMoment() {
         const QDateTime before = QDateTime::currentDateTime();
         Screenshots screenshots;

@@ -85,6 +85,19 @@ private slots:
         QVERIFY(program.isRunning());
     }
 
+    void itComesWhileThePanelIsClosed() {
+        QVERIFY(setDesktopResolution(96));
+        e2e::Program program({{"Key4P", 2}, {"LaserPenColor", 600}});
+        QVERIFY(e2e::startAndSettle(program));
+        QCOMPARE(program.runToTheEnd().how, QByteArray("ended with 0"));
+        QTRY_VERIFY_WITH_TIMEOUT(e2e::panelOf(program.pid()).id, patience);
+        e2e::askToClose(e2e::panelOf(program.pid()));
+        QTRY_VERIFY_WITH_TIMEOUT(!e2e::panelOf(program.pid()).id, patience);
+        moveMouse({600, 600});
+        typeChord(PenKey::G);
+        QTRY_COMPARE_WITH_TIMEOUT(e2e::pixelAt({600, 600}), dotColour, patience);
+    }
+
     void aPointerThatWasKeptInIsLeftAlone_data() {
         QTest::addColumn<double>("scale");
         for (const double scale : {1.1, 1.35, 1.6})
