@@ -20,6 +20,16 @@ target_link_libraries(vexa_test_headers PRIVATE vexa_options Qt5::Core)
 target_include_directories(vexa_test_headers SYSTEM PRIVATE ${Qt5Gui_INCLUDE_DIRS} ${Qt5Widgets_INCLUDE_DIRS})
 target_precompile_headers(vexa_test_headers PRIVATE <QtWidgets> <algorithm> <functional> <memory> <vector>)
 
+# LLVM's linker takes an eighth of the time that the system's own takes for a test.
+if(NOT APPLE)
+  find_program(VEXA_LLD ld.lld DOC "LLVM's linker, for the tests; without it they are linked by the compiler's own")
+endif()
+
+if(VEXA_SANITIZE)
+  add_library(vexa_keep_loaded OBJECT "${PROJECT_SOURCE_DIR}/tests/support/KeepLoaded.cpp")
+  target_link_libraries(vexa_keep_loaded PRIVATE vexa_options)
+endif()
+
 # A test's class stands in its source, so moc has one file to read and no headers to look into. AUTOMOC would start a
 # program of CMake's for each test and compile one more file with the precompiled headers, which takes as long as the test.
 function(vexa_test_moc name)
@@ -52,8 +62,11 @@ function(vexa_test name)
     target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
     target_link_libraries(${name} PRIVATE vexa_options ${arg_LINK} Qt5::Test)
     target_precompile_headers(${name} REUSE_FROM vexa_test_headers)
+    if(VEXA_LLD)
+      target_link_options(${name} PRIVATE -fuse-ld=lld)
+    endif()
     if(VEXA_SANITIZE)
-      target_sources(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests/support/KeepLoaded.cpp")
+      target_sources(${name} PRIVATE $<TARGET_OBJECTS:vexa_keep_loaded>)
     endif()
     if(arg_RESOURCES)
       target_link_libraries(${name} PRIVATE vexa_resources)

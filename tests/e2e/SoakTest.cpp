@@ -172,9 +172,11 @@ private:
 
     bool shoot() {
         typeChord(PenKey::D);
+        // Until it has the whole picture, the file goes by another name.
         const auto isWhole = [] {
             const QStringList files = e2e::screenshots();
-            return !files.isEmpty() && QImage(files.constFirst()).size() == wholeScreen;
+            return files.size() == 1 && files.constFirst().endsWith(QLatin1String(".png")) &&
+                   QImage(files.constFirst()).size() == wholeScreen;
         };
         const bool shot = await("screenshot", isWhole);
         return QDir(QDir::homePath() + QStringLiteral("/Desktop")).removeRecursively() && shot;

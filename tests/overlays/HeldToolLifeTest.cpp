@@ -47,6 +47,9 @@ public:
         , tool(kind.open(picture))
         , ticks(tool)
         , reports(tool, SIGNAL(singalExitWindow(int))) {}
+    /// A case that fails leaves the next one neither an open tool nor a mouse that is taken.
+    ~OpenTool() { delete tool; }
+    Q_DISABLE_COPY(OpenTool)
 
     bool isExposed() const { return QTest::qWaitForWindowExposed(tool, patience); }
     bool reachesGuardTick(int count) const {
@@ -93,12 +96,19 @@ class HeldToolLifeTest : public QObject {
 private slots:
     void initTestCase_data() { allHeldTools(); }
     void init() {
+        // A fault in a tool's life fails most of the cases, each at the end of its patience.
+        if (m_oneFailed)
+            QSKIP("a case before this one has failed");
         setToolSizes(40);
         ZrToolXmlClass::LaserPenColor = 510;
         ZrToolXmlClass::SportLightTran = 255;
         ZrToolXmlClass::MagnifierColor = 510;
         m_picture = screenWall();
         moveMouse(QPoint(200, 150) * screenRatio());
+    }
+    void cleanup() {
+        m_oneFailed = m_oneFailed || QTest::currentTestFailed();
+        releaseMouse(); // which a failed case may have left pressed
     }
 
     void theSignalComesBeforeTheSlot() {
@@ -138,7 +148,6 @@ private slots:
         const OpenTool open(&m_picture);
         for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
             QCOMPARE(open.tool->palette().brush(group, QPalette::Window).textureImage(), m_picture.toImage());
-        open.tool->close();
     }
 
     void itDrawsThirtyTimesASecondAndIsGuardedAtFirst() {
@@ -287,7 +296,6 @@ private slots:
         QCOMPARE(open.ticks.paints(), paints);
         open.kind.move(open.tool, {77, 88});
         QTRY_VERIFY_WITH_TIMEOUT(open.ticks.paints() > paints, patience);
-        open.tool->close();
     }
 
     void manyMovesBetweenTwoTicksArePaintedOnce() {
@@ -298,7 +306,6 @@ private slots:
             open.kind.move(open.tool, {x % 300, 50});
         QVERIFY(open.ticksOn(5));
         QCOMPARE(open.ticks.paints(), paints + 1);
-        open.tool->close();
     }
 
     void theMouseIsTakenOnceTheWindowIsThere() {
@@ -313,7 +320,6 @@ private slots:
         } else {
             QTRY_COMPARE_WITH_TIMEOUT(above.presses(), 1, patience);
             QVERIFY(open.tool && open.tool->isVisible());
-            open.tool->close();
         }
     }
 
@@ -360,6 +366,7 @@ private slots:
 
 private:
     QPixmap m_picture;
+    bool m_oneFailed = false;
 };
 
 VEXA_WIDGET_TEST_MAIN(HeldToolLifeTest)
