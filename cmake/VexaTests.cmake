@@ -122,7 +122,7 @@ function(vexa_test name)
   # What may take long begins early, so that it does not run alone in the end.
   set_tests_properties(${name} PROPERTIES LABELS "${labels}" ENVIRONMENT "${environment}")
   set_tests_properties(${name} PROPERTIES TIMEOUT ${timeout} COST ${timeout})
-  # Under the sanitizers once is enough, and the offscreen platform leaks its screen.
+  # Under the sanitizers once is enough.
   if(arg_OFFSCREEN
      AND arg_DISPLAY
      AND NOT APPLE
