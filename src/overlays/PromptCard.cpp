@@ -29,8 +29,10 @@ constexpr const std::int32_t *penOfSlot[] = {&ZrToolXmlClass::PenColor0, &ZrTool
 PromptCard::PromptCard(QWidget *parent, Qt::WindowFlags flags, int delay)
     : QWidget(parent, flags), m_delay(delay), m_follower([this] {
         dress();
-        if (isVisible())
-            centre(size());
+        if (!isVisible())
+            return;
+        centre(size());
+        platform::fitToScale(*this);
     }) {
     // When a card gets its window, the toolkit would make windows of the buttons beside it in its parent,
     // too, and these keep the scale of the screen on which they were made.

@@ -28,6 +28,10 @@ void showOverPrimaryScreen(QWidget &overlay, Cover cover = Cover::FullScreen);
 /// The order of the windows stays.
 void fitToPrimaryScreen(QWidget &overlay);
 
+/// Gives the widget's window as many device pixels as its points have on the screen now. A window keeps its
+/// pixels when the scale changes and its points do not. Without a window nothing happens.
+void fitToScale(QWidget &widget);
+
 /// Shows the widget at its own geometry (points, relative to the desktop) as a card above everything. The
 /// mouse passes through it to what lies below, seen or not.
 void showAboveAll(QWidget &card);

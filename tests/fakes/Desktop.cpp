@@ -21,6 +21,8 @@ void showOverPrimaryScreen(QWidget &overlay, Cover cover) {
 
 void fitToPrimaryScreen(QWidget & /*overlay*/) {}
 
+void fitToScale(QWidget & /*widget*/) {}
+
 void showAboveAll(QWidget &card) {
     fakeDesktop().done += "shown";
     card.show();

@@ -191,9 +191,8 @@ class Presentation:
         self.start_with("laser")
         self.start(*[str(deck) if word == "DECK" else word for word in command], log="viewer.log")
         await_("the slides' window", self.focus_viewer, 90)
-        if not stays(lambda: True):
-            return
-        self.focus_viewer()
+        stays(lambda: True)
+        await_("the focus of the slides' window", self.focus_viewer)
 
         self.check("start", lambda: self.begin(own_start))
         if Screen().slide() == 0:
@@ -209,11 +208,12 @@ class Presentation:
         self.check("panel", self.panel)
 
     def focus_viewer(self):
+        """Asks for it; whether it is there."""
         for window in xdo("search", "--onlyvisible", "--name", "slides|Slides").split():
             if "VexaOrbilo" not in run("xprop", "-id", window, "WM_CLASS"):
                 xdo("windowactivate", window)
                 xdo("windowfocus", window)  # Mutter follows no activation without a time
-                return True
+                return xdo("getwindowfocus") == window
         return False
 
     def begin(self, own_start):
@@ -262,7 +262,7 @@ class Presentation:
 
     def in_another_show(self, tool, own_start, own_end):
         self.start_with(tool)
-        self.focus_viewer()
+        await_("the focus of the slides' window", self.focus_viewer)
         stays(lambda: True)
         try:
             self.begin(own_start)

@@ -85,6 +85,10 @@ void fitToPrimaryScreen(QWidget &overlay) {
     occupy(overlay, overlay.isMaximized() ? Cover::Maximized : Cover::FullScreen);
 }
 
+void fitToScale(QWidget & /*widget*/) {
+    // Windows are measured in points here, whatever their screen's scale.
+}
+
 void showAboveAll(QWidget &card) {
     showOverFullScreenSpaces(card, Qt::WindowTransparentForInput);
 }

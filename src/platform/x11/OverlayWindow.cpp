@@ -31,16 +31,18 @@ void refuseShadow(WId window) {
                     PropModeReplace, reinterpret_cast<const unsigned char *>(noWidths), 4);
 }
 
-/// What a window is painted in has a size in points, and stays as it is in pixels when the window comes to a
-/// screen of another scale: of a larger one it would cover the first quarter.
+/// What a window is painted in has a size in points, and stays as it is in pixels when the window gets
+/// another scale: of a larger one it would cover the first quarter.
+void paintAtPresentScale(QWidget &widget) {
+    if (QBackingStore *store = widget.backingStore())
+        store->resize(widget.size());
+    widget.update();
+}
+
 void followScale(QWidget &widget) {
     QWindow *const window = widget.windowHandle();
     QObject::disconnect(window, &QWindow::screenChanged, &widget, nullptr); // of an earlier showing
-    QObject::connect(window, &QWindow::screenChanged, &widget, [&widget] {
-        if (QBackingStore *store = widget.backingStore())
-            store->resize(widget.size());
-        widget.update();
-    });
+    QObject::connect(window, &QWindow::screenChanged, &widget, [&widget] { paintAtPresentScale(widget); });
 }
 
 /// Makes it a window that the window manager neither places nor focuses. Only the native window is told: to
@@ -102,7 +104,17 @@ void showOverPrimaryScreen(QWidget &overlay, Cover cover) {
 
 void fitToPrimaryScreen(QWidget &overlay) {
     occupy(overlay, overlay.windowState());
+    fitToScale(overlay);
     sendRequests();
+}
+
+/// To the widget nothing has changed, so only its window can tell.
+void fitToScale(QWidget &widget) {
+    QWindow *const window = widget.windowHandle();
+    if (!window || window->geometry() == widget.geometry())
+        return;
+    window->setGeometry(widget.geometry());
+    paintAtPresentScale(widget);
 }
 
 void showAboveAll(QWidget &card) {

@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: MIT
+//
+// A screen that gets another scale while an overlay is open, with as many points as before or with others.
+#include "annotation/DrawingFaces.h"
+#include "overlays/HeldToolKinds.h"
+#include "overlays/PromptWindow.h"
+#include "support/DesktopDpi.h"
+
+#include <QApplication>
+#include <QProcess>
+
+#include <functional>
+#include <tuple>
+
+using namespace vexa::test;
+
+namespace {
+
+constexpr int usualDpi = 96;
+constexpr QSize few(800, 600), many(1600, 1200); // pixels
+constexpr QRgb bare = 0xff000000;                // where no window is
+
+DesktopDpi *desktop = nullptr;
+
+void xrandr(const QString &arguments) {
+    QProcess::execute(QStringLiteral("xrandr"), arguments.split(' '));
+}
+
+/// Returns when the toolkit has heard of both.
+void setScreen(const QSize &pixels, int scale) {
+    xrandr(QStringLiteral("--output screen --mode %1x%2").arg(pixels.width()).arg(pixels.height()));
+    desktop->set(usualDpi * scale);
+    QTRY_COMPARE_WITH_TIMEOUT(screenRatio(), qreal(scale), patience);
+    QTRY_COMPARE_WITH_TIMEOUT(screenPoints(), pixels / scale, patience);
+}
+
+using Open = std::function<QWidget *()>;
+
+/// Red on the whole screen.
+QPixmap *red() {
+    auto *picture = new QPixmap(screenPoints() * screenRatio());
+    picture->setDevicePixelRatio(screenRatio());
+    picture->fill(Qt::red);
+    return picture;
+}
+
+QWidget *openDrawing(bool face) {
+    vexa::DrawingForm *const form = faces::make(face);
+    if (face == faces::blackboard)
+        static_cast<blackBoardform *>(form)->Setbackground2();
+    else
+        form->Setbackground(red());
+    faces::show(*form);
+    return form;
+}
+
+QWidget *openHeld(const HeldToolKind &kind) {
+    const std::unique_ptr<QPixmap> picture(red());
+    QWidget *const tool = kind.open(picture.get());
+    kind.move(tool, {200, 200});
+    return tool;
+}
+
+QWidget *openCard() {
+    auto *const card = new PromptWindow;
+    card->setAttribute(Qt::WA_DeleteOnClose);
+    card->setText(QStringLiteral("Vexa Orbilo"));
+    card->showWithTransperent();
+    vexa::platform::setOverlayOpacity(*card, 1); // to stay, where its own showing would fade
+    return card;
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Open)
+
+class ScaleChangeTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void anOpenWindowGetsItsPixelsAndItsPictures_data();
+    void anOpenWindowGetsItsPixelsAndItsPictures();
+};
+
+void ScaleChangeTest::initTestCase() {
+    setToolSizes(40);
+    ZrToolXmlClass::SportLightTran = 100; // some veil
+    // The timings mean nothing to a server without a monitor, but have to differ.
+    xrandr(QStringLiteral("--newmode 800x600 40 800 840 968 1056 600 601 605 628"));
+    xrandr(QStringLiteral("--addmode screen 800x600"));
+}
+
+void ScaleChangeTest::anOpenWindowGetsItsPixelsAndItsPictures_data() {
+    QTest::addColumn<Open>("open");
+    QTest::addColumn<QSize>("before");
+    QTest::addColumn<QPoint>("within"); // in it at the new scale, and not if it had kept its pixels
+    const QPoint corner(many.width() - 1, many.height() - 1), inTheCard(1100, 700);
+    const std::tuple<const char *, Open, QPoint> windows[] = {
+        {"annotation", [] { return openDrawing(faces::annotation); }, corner},
+        {"blackboard", [] { return openDrawing(faces::blackboard); }, corner},
+        {"laser", [] { return openHeld(laser); }, corner},
+        {"spotlight", [] { return openHeld(spotlight); }, corner},
+        {"magnifier", [] { return openHeld(magnifier); }, corner},
+        {"card", openCard, inTheCard},
+    };
+    for (const auto &[name, open, within] : windows) {
+        QTest::addRow("%s, as many points", name) << open << few << within;
+        QTest::addRow("%s, fewer points", name) << open << many << within;
+    }
+}
+
+/// It is to look as one that is opened at the new scale.
+void ScaleChangeTest::anOpenWindowGetsItsPixelsAndItsPictures() {
+    QFETCH(Open, open);
+    QFETCH(QSize, before);
+    QFETCH(QPoint, within);
+    setScreen(before, 1);
+    const QPointer<QWidget> opened(open());
+    QVERIFY(QTest::qWaitForWindowExposed(opened));
+    setScreen(many, 2);
+    QTRY_VERIFY_WITH_TIMEOUT(shownOnScreen().pixel(within) != bare, patience);
+
+    const QPointer<QWidget> anew(open());
+    QVERIFY(QTest::qWaitForWindowExposed(anew));
+    QTRY_COMPARE_WITH_TIMEOUT(differences(opened->grab().toImage(), anew->grab().toImage()), 0, patience);
+    for (const auto &window : {opened, anew}) {
+        window->close();
+        QTRY_VERIFY_WITH_TIMEOUT(!window, patience);
+    }
+    QTRY_COMPARE_WITH_TIMEOUT(shownOnScreen().pixel(within), bare, patience);
+}
+
+int main(int argc, char *argv[]) {
+    DesktopDpi dpi(usualDpi);
+    desktop = &dpi;
+    QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    ScaleChangeTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "ScaleChangeTest.moc"
