@@ -2,12 +2,12 @@
 #include "app/PictureWriter.h"
 
 #include "base/FileReplacement.h"
+#include "base/ThreadStart.h"
 
 #include <QBuffer>
 #include <QByteArray>
 #include <QFileInfo>
 #include <QImageWriter>
-#include <QMutexLocker>
 
 #include <algorithm>
 #include <utility>
@@ -38,42 +38,55 @@ void writePicture(const QString &path, const QImage &picture) {
 } // namespace
 
 PictureWriter::PictureWriter() {
-    m_thread.setMaxThreadCount(1); // this keeps the order
+    // The toolkit's list of encoders comes into being when it is first asked for, and an abrupt end destroys
+    // first what came last.
+    QImageWriter::supportedImageFormats();
+    m_lastWork.emplace([this] { flush(); });
 }
 
 PictureWriter::~PictureWriter() {
-    flush();
+    {
+        const std::lock_guard lock(m_mutex);
+        m_ending = true;
+    }
+    m_changed.notify_all();
+    if (m_thread.joinable())
+        m_thread.join();
 }
 
 void PictureWriter::write(const QString &path, const QImage &picture) {
-    const QMutexLocker lock(&m_mutex);
+    const std::lock_guard lock(m_mutex);
+    if (!m_thread.joinable() && !tryToStart(m_thread, [this] { run(); })) {
+        writePicture(path, picture);
+        return;
+    }
     const auto same =
         std::find_if(m_waiting.begin(), m_waiting.end(), [&](const Job &job) { return job.path == path; });
     if (same != m_waiting.end())
         m_waiting.erase(same);
     m_waiting.push_back({path, picture});
-    if (std::exchange(m_writing, true))
-        return;
-    m_thread.start([this] { writeAll(); });
+    m_changed.notify_all();
 }
 
 void PictureWriter::flush() {
-    m_thread.waitForDone();
+    std::unique_lock lock(m_mutex);
+    m_changed.wait(lock, [this] { return m_waiting.empty() && !m_writing; });
 }
 
-void PictureWriter::writeAll() {
+void PictureWriter::run() {
+    std::unique_lock lock(m_mutex);
     for (;;) {
-        Job job;
-        {
-            const QMutexLocker lock(&m_mutex);
-            if (m_waiting.empty()) {
-                m_writing = false;
-                return;
-            }
-            job = std::move(m_waiting.front());
-            m_waiting.pop_front();
-        }
+        m_changed.wait(lock, [this] { return !m_waiting.empty() || m_ending; });
+        if (m_waiting.empty())
+            return;
+        const Job job = std::move(m_waiting.front());
+        m_waiting.pop_front();
+        m_writing = true;
+        lock.unlock();
         writePicture(job.path, job.picture);
+        lock.lock();
+        m_writing = false;
+        m_changed.notify_all();
     }
 }
 

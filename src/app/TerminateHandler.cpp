@@ -26,6 +26,10 @@ void reportDeafness() noexcept {
     report(cannotListen);
 }
 
+void reportLostDisplay() noexcept {
+    report("the display has been lost");
+}
+
 void reportUncaughtAndExit() noexcept {
     const char *text = "ended unexpectedly";
     bool refused = false;

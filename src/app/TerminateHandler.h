@@ -11,4 +11,7 @@ namespace vexa {
 /// Says in one line on stderr that the session cannot be listened to.
 void reportDeafness() noexcept;
 
+/// The same of a display that the program had.
+void reportLostDisplay() noexcept;
+
 } // namespace vexa

@@ -18,6 +18,7 @@
 
 #include <QApplication>
 
+#include <cstdlib>
 #include <exception>
 
 /// Everything lives in here and is destroyed in reverse order: the window must not hear of input any more
@@ -46,8 +47,11 @@ int main(int argc, char *argv[]) {
     const vexa::platform::ScreenWatch screens;
     CKeyboardHandler keyboardHandler;
     const vexa::AbruptExit abruptExit;
-    // Unheard from then on, so the end is the same as of a start that cannot listen.
+    // Unheard from then on, so the end is the same as of a start that cannot listen; or as of any program
+    // when the display goes, which the listener may notice before the toolkit does.
     QObject::connect(&keyboardHandler, &CKeyboardHandler::signalKeyboardException, &quit, [&quit] {
+        if (vexa::platform::displayIsLost())
+            std::exit(EXIT_FAILURE);
         vexa::reportDeafness();
         quit.fail();
     });

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "base/BackgroundSync.h"
 
+#include "base/ThreadStart.h"
+
 #include <fcntl.h>
 #include <unistd.h>
 #include <utility>
@@ -22,11 +24,11 @@ BackgroundSync::~BackgroundSync() {
 }
 
 bool BackgroundSync::operator()(int descriptor) {
+    if (!m_thread.joinable() && !tryToStart(m_thread, [this] { run(); }))
+        return m_sync(descriptor);
     const int own = fcntl(descriptor, F_DUPFD_CLOEXEC, 0);
     if (own < 0)
         return m_sync(descriptor);
-    if (!m_thread.joinable())
-        m_thread = std::thread([this] { run(); });
 
     std::unique_lock lock(m_mutex);
     if (const int outdated = std::exchange(m_waiting, own); outdated >= 0)

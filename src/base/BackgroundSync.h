@@ -24,8 +24,8 @@ public:
 
     /// False when the disk has refused the file, as far as that is known in time. A disk that needs longer
     /// gets the file in the background; then callers wait for nothing at all until it is through, and of the
-    /// files that come meanwhile it gets the latest one, which replaces the others. The descriptor stays the
-    /// caller's.
+    /// files that come meanwhile it gets the latest one, which replaces the others. Without a thread to
+    /// be had, callers wait as long as the disk takes. The descriptor stays the caller's.
     bool operator()(int descriptor);
 
 private:

@@ -16,4 +16,8 @@ void releaseEnvironment();
 /// Whether the windows show but the pen's keys stay out of reach, as in a Wayland session.
 bool penOutOfReach();
 
+/// Whether what the windows are shown on has gone, or has closed the connection to it. Then nothing can be
+/// shown any more, and the toolkit ends the program.
+bool displayIsLost();
+
 } // namespace vexa::platform

@@ -2,6 +2,7 @@
 #include "app/PictureWriter.h"
 
 #include "support/Disk.h"
+#include "support/NoThreads.h"
 
 #include <QDir>
 #include <QFile>
@@ -137,6 +138,19 @@ private slots:
         QCOMPARE(files().size(), 3);
         for (const QString &name : files())
             QCOMPARE(QImage(m_folder->filePath(name)).size(), QSize(800, 600));
+    }
+
+    void withoutAThreadThePictureIsWrittenAtOnce() {
+        QCOMPARE(chmod(QFile::encodeName(m_folder->path()).constData(), 0777), 0);
+        PictureWriter writer;
+        {
+            const NoThreads noThreads;
+            writer.write(file("a.png"), noise(800, 600));
+            QCOMPARE(QImage(file("a.png")).size(), QSize(800, 600));
+        }
+        writer.write(file("b.png"), plain(Qt::red)); // there are threads again
+        writer.flush();
+        QCOMPARE(files().size(), 2);
     }
 
     void fullDiskLeavesNoHalfFile_data() { pictures(); }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "base/BackgroundSync.h"
 
+#include "support/NoThreads.h"
+
 #include <QTemporaryFile>
 #include <QtTest>
 
@@ -11,6 +13,7 @@
 
 using vexa::BackgroundSync;
 using namespace std::chrono_literals;
+using vexa::test::NoThreads;
 
 namespace {
 
@@ -102,6 +105,21 @@ private slots:
             release = std::async(std::launch::async, [&disk] { disk.letGo.set_value(); });
         }
         QCOMPARE(disk.files.size(), std::size_t(1));
+    }
+
+    void withoutAThreadTheDiskIsWaitedFor_data() { aDiskInTimeIsBelieved_data(); }
+    void withoutAThreadTheDiskIsWaitedFor() {
+        QFETCH(bool, answer);
+        const NoThreads noThreads;
+        int files = 0;
+        BackgroundSync sync(1ms, [&](int) {
+            QThread::msleep(20);
+            ++files;
+            return answer;
+        });
+        QCOMPARE(sync(file(0)), answer);
+        QCOMPARE(sync(file(1)), answer);
+        QCOMPARE(files, 2);
     }
 
     void whatWasNeverUsedEndsAtOnce() { const BackgroundSync sync(1ms); }

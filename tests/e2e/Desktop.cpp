@@ -196,6 +196,11 @@ void destroy(const Window &window) {
     xcb_flush(connection());
 }
 
+void disconnectOwner(const Window &window) {
+    xcb_kill_client(connection(), window.id);
+    xcb_flush(connection());
+}
+
 void pretendDestroyed(const Window &window) {
     xcb_destroy_notify_event_t notice{};
     notice.response_type = XCB_DESTROY_NOTIFY;

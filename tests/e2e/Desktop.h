@@ -61,6 +61,9 @@ void askToClose(const Window &window);
 /// As another client of the X server can, without asking anybody.
 void destroy(const Window &window);
 
+/// Closes its owner's connection to the X server.
+void disconnectOwner(const Window &window);
+
 /// Tells the window's owner that it has been destroyed, which is not true.
 void pretendDestroyed(const Window &window);
 

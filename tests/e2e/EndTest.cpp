@@ -3,18 +3,30 @@
 #include "e2e/Program.h"
 #include "e2e/XServer.h"
 #include "support/Patience.h"
+#include "support/PatternWindow.h"
 #include "support/RealInput.h"
 #include "support/TestMain.h"
+
+#include <QDir>
 
 #include <csignal>
 
 using namespace vexa::test;
+
+namespace {
+
+/// On the prompt that tells of a screenshot, below the one of the start.
+const QPoint onThePrompt(960, 540 + 70);
+
+} // namespace
 
 /// The ways in which a system ends the program: each time with 0, everything destroyed in its order.
 class EndTest : public QObject {
     Q_OBJECT
 
 private slots:
+    void init() { QDir(QDir::homePath() + QStringLiteral("/Desktop")).removeRecursively(); }
+
     void aSignalEndsItWhileAToolIsOpen() {
         e2e::Program program({{"Key4P", 2}});
         QVERIFY(e2e::startAndSettle(program));
@@ -30,8 +42,6 @@ private slots:
     void aSignalWhileAScreenshotIsWrittenWaitsForTheFile() {
         e2e::Program program({{"Key4C", 4}});
         QVERIFY(e2e::startAndSettle(program));
-        // On the prompt that tells of the screenshot, below the one of the start.
-        const QPoint onThePrompt(960, 540 + 70);
         const QRgb before = e2e::pixelAt(onThePrompt);
         typeChord(PenKey::D);
         QTRY_VERIFY_WITH_TIMEOUT(e2e::pixelAt(onThePrompt) != before, patience);
@@ -55,7 +65,33 @@ private slots:
         const QByteArray before = program.settingsFile();
         QTRY_VERIFY_WITH_TIMEOUT(program.settingsFile() != before, patience);
         server.kill();
-        QVERIFY(program.waitForEnd().how.startsWith("ended"));
+        verifyThatTheDisplayWasLost(program);
+    }
+
+    void aServerThatHangsUpOnItDoesSoTooAndTheScreenshotIsWhole() {
+        e2e::Program program({{"Key4C", 4}});
+        QVERIFY(e2e::startAndSettle(program));
+        PatternWindow takesLongToCompress;
+        QVERIFY(takesLongToCompress.display());
+        typeChord(PenKey::D);
+        // The prompt is let out when the picture is taken.
+        QTRY_VERIFY_WITH_TIMEOUT(e2e::pixelAt(onThePrompt) != patternAt(onThePrompt.x(), onThePrompt.y()),
+                                 patience);
+        e2e::disconnectOwner(e2e::windowsOf(program.pid()).constFirst());
+        verifyThatTheDisplayWasLost(program);
+        QCOMPARE(e2e::screenshots().size(), 1);
+        QCOMPARE(QImage(e2e::screenshots().constFirst()).convertToFormat(QImage::Format_RGB32),
+                 pattern({1920, 1080}));
+        QVERIFY(e2e::startAndSettle(program)); // nothing of the first is in the way
+    }
+
+private:
+    static void verifyThatTheDisplayWasLost(e2e::Program &program) {
+        const auto end = program.waitForEnd();
+        QCOMPARE(end.how, QByteArray("ended with 1"));
+        // The toolkit has a word of its own, if it notices first.
+        QVERIFY2(end.errors.endsWith("VexaOrbilo: the display has been lost\n"), end.errors.constData());
+        QCOMPARE(end.errors.count("VexaOrbilo"), 1);
     }
 };
 

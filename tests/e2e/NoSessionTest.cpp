@@ -7,7 +7,26 @@
 #include <QProcess>
 #include <QtTest>
 
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 using namespace vexa::test;
+
+namespace {
+
+/// Starts a program of an ordinary user, since root may have all threads, who may have no further one.
+class WithoutThreads : public QProcess {
+protected:
+    void setupChildProcess() override {
+        const uid_t nobody = 65534;
+        const rlimit itself{1, 1};
+        if ((getuid() == 0 && setuid(nobody) != 0) || setrlimit(RLIMIT_NPROC, &itself) != 0)
+            _exit(127);
+    }
+};
+
+} // namespace
 
 /// Sessions in which the pen cannot be heard: one clear line, an end with 1, and neither a window nor a dump.
 class NoSessionTest : public QObject {
@@ -55,9 +74,22 @@ private slots:
         limited.start(QStringLiteral("/bin/sh"),
                       {QStringLiteral("-c"), QStringLiteral("ulimit -n 20; exec \"$0\""),
                        program.folder() + QStringLiteral("/VexaOrbilo")});
-        QVERIFY(limited.waitForFinished(patience));
+        QVERIFY2(limited.waitForFinished(patience), qPrintable(limited.errorString()));
         QCOMPARE(limited.readAllStandardError(),
                  QByteArray("VexaOrbilo: needs 32 open files, of which it may have 20 (ulimit -n)\n"));
+        QCOMPARE(limited.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(limited.exitCode(), 1);
+    }
+
+    void withTooFewThreads() {
+        const e2e::Program program;
+        QCOMPARE(chmod(QFile::encodeName(program.folder()).constData(), 0755), 0);
+        WithoutThreads limited;
+        limited.start(program.folder() + QStringLiteral("/VexaOrbilo"), QStringList());
+        QVERIFY2(limited.waitForFinished(patience), qPrintable(limited.errorString()));
+        const QByteArray line = limited.readAllStandardError();
+        QVERIFY2(line.endsWith(" threads, of which it may have 0 (ulimit -u)\n") && line.count('\n') == 1,
+                 line.constData());
         QCOMPARE(limited.exitStatus(), QProcess::NormalExit);
         QCOMPARE(limited.exitCode(), 1);
     }

@@ -20,4 +20,9 @@ bool penOutOfReach() {
     return false;
 }
 
+// The system ends a program before it takes its session away.
+bool displayIsLost() {
+    return false;
+}
+
 } // namespace vexa::platform

@@ -5,17 +5,22 @@
 #include "platform/SessionInput.h"
 #include "platform/x11/DescriptorLimit.h"
 #include "platform/x11/DesktopScale.h"
+#include "platform/x11/ThreadLimit.h"
 #include "platform/x11/ToolkitEnvironment.h"
 #include "platform/x11/activation/SessionBus.h"
+#include "platform/x11/input/Connection.h"
 
 #include <QAccessible>
 #include <QByteArray>
 #include <QGuiApplication>
 #include <QOpenGLContext>
 #include <QScreen>
+#include <QX11Info>
 #include <QtDebug>
 
 #include <stdexcept>
+
+#include <xcb/xcb.h>
 
 namespace vexa::platform {
 
@@ -65,6 +70,7 @@ bool userHasUsableScale() {
 
 void prepareSession() {
     claimDescriptors();
+    requireThreads();
     // Looked at first, since the toolkit aborts with a core dump where there is no display.
     if (const std::string obstacle = sessionInputObstacle(); !obstacle.empty())
         throw std::runtime_error(obstacle);
@@ -94,6 +100,13 @@ void releaseEnvironment() {
 
 bool penOutOfReach() {
     return qgetenv("XDG_SESSION_TYPE") == "wayland" || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+}
+
+bool displayIsLost() {
+    if (!QX11Info::isPlatformX11())
+        return false;
+    // Of a server that has just gone, the toolkit's connection may not know yet.
+    return xcb_connection_has_error(QX11Info::connection()) != 0 || !x11::Connection::open();
 }
 
 } // namespace vexa::platform

@@ -18,6 +18,7 @@ private slots:
         vexa::platform::releaseEnvironment();
         QCOMPARE(qgetenv("QT_FONT_DPI"), dpi);
         QVERIFY(!vexa::platform::penOutOfReach());
+        QVERIFY(!vexa::platform::displayIsLost());
     }
 
     // The engine looks when it first meets a script, long after the application object was made.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Session.h"
 
+#include "support/NoThreads.h"
 #include "support/Thrown.h"
 
 #include <QFile>
@@ -37,6 +38,15 @@ private slots:
         QCOMPARE(getrlimit(RLIMIT_NOFILE, &limit), 0);
         QCOMPARE(limit.rlim_cur, rlim_t(32));
         QCOMPARE(setrlimit(RLIMIT_NOFILE, &usual), 0);
+    }
+
+    void refusesASessionThatGivesNoThreads() {
+        const NoThreads noThreads;
+        const QString refusal =
+            QString::fromLatin1(textThrownBy<std::runtime_error>(vexa::platform::prepareSession));
+        const QRegularExpression words(
+            QStringLiteral("^needs (\\d+) threads, of which it may have 0 \\(ulimit -u\\)$"));
+        QVERIFY2(words.match(refusal).captured(1).toInt() > QThread::idealThreadCount(), qPrintable(refusal));
     }
 
     void sizesTextsInPointsOfOnePixel() {
