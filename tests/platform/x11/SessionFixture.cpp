@@ -56,6 +56,11 @@ bool SessionFixture::takeNext(InputEvent &event) {
     return true;
 }
 
+Told SessionFixture::tellNext() {
+    InputEvent event;
+    return takeNext(event) ? Told{event.type, event.keyCode, event.x, event.y} : Told{};
+}
+
 All SessionFixture::hear(const std::function<void()> &action) {
     action();
     mark();

@@ -62,8 +62,9 @@ protected:
     /// Fails the test when a key is still down.
     void closeSession();
 
-    /// Waits for the next event that is reported. False when none comes.
+    /// Waits for the next event that is reported. False, or of no type, when none comes.
     bool takeNext(InputEvent &event);
+    Told tellNext();
 
     /// What is reported of an action: all that comes before a marker key.
     All hear(const std::function<void()> &action);
