@@ -22,7 +22,7 @@ HEAD = """# Compatibility
 
 Real presentation programs of Debian 12, each under five window managers on a display of its own (Xvfb, 1280 by 720),
 played with the pen simulator by `scripts/compatibility`. The deck has twenty slides, each with a colour of its own, so
-what the screen shows says which slide it is; the tools are played on the twelfth. All tables here are of one run.
+what the screen shows says which slide it is; the tools are played on the twelfth.
 
 - **start**, **end**: a long press of key 2, "slide show on or off". *own key*: the program starts its show by
   another key, which the presenter presses; see below.
@@ -58,11 +58,20 @@ Then another monitor becomes the primary one, or one goes, under each open tool,
 that goes has to come back whole on one that stays.
 """
 
+TRAYS = """## Trays
+
+Tried by hand with Xfce's panel 4.18, LXQt's panel 1.2 (both through the session bus) and trayer 1.1 (on the display), each
+there before the program and started after it: the icon is seen, a click on it shows the settings panel, its menu has
+"Settings", which does too, and "Quit", with which the program ends.
+
+![The icon and its menu in the panels of Xfce and LXQt and in trayer](pictures/compatibility/trays.png)
+"""
+
 
 def rows(path, keys):
-    """The results by what they are of."""
+    """The results by what they are of. Lines without tabs are the talk of programs that were started."""
     split = (line.split("\t") for line in Path(path).read_text().splitlines())
-    return {tuple(words[:keys]): words[keys] for words in split}
+    return {tuple(words[:keys]): words[keys] for words in split if len(words) == keys + 1}
 
 
 def table(first, columns, lines):
@@ -97,6 +106,7 @@ def main():
     print(OWN_KEYS)
     print(MONITORS)
     monitors(arranged)
+    print(TRAYS.strip())
     right = all(played.get((program, manager, action)) in ("yes", "own key")
                 for program in PROGRAMS for manager in MANAGERS for action in ACTIONS)
     return 0 if right and arranged and set(arranged.values()) == {"yes"} else 1
