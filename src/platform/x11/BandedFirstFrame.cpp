@@ -65,6 +65,10 @@ BandedFirstFrame::BandedFirstFrame(QWidget &widget) : QObject(&widget), m_widget
 bool BandedFirstFrame::eventFilter(QObject *watched, QEvent *event) {
     if (m_passing || event->type() != QEvent::Expose || !m_widget.windowHandle()->isExposed())
         return false;
+    // What show() has posted, that all of it shall be painted, has to come while updates are disabled. Of a
+    // window that is shown by a posted event, as by a chord, it has not come yet.
+    if (m_state == State::Awaited)
+        QCoreApplication::sendPostedEvents(&m_widget, QEvent::UpdateLater);
     passOn(watched, event);
     if (m_state == State::Awaited)
         m_state = paintWhole() ? State::Painted : State::Uncovered;
