@@ -2,9 +2,9 @@
 //
 // A screen that gets another scale while an overlay is open, with as many points as before or with others.
 #include "annotation/DrawingFaces.h"
-#include "overlays/HeldToolKinds.h"
 #include "overlays/PromptWindow.h"
 #include "support/DesktopDpi.h"
+#include "support/ScreenProbe.h"
 
 #include <QApplication>
 #include <QProcess>
@@ -54,13 +54,6 @@ QWidget *openDrawing(bool face) {
     return form;
 }
 
-QWidget *openHeld(const HeldToolKind &kind) {
-    const std::unique_ptr<QPixmap> picture(red());
-    QWidget *const tool = kind.open(picture.get());
-    kind.move(tool, {200, 200});
-    return tool;
-}
-
 QWidget *openCard() {
     auto *const card = new PromptWindow;
     card->setAttribute(Qt::WA_DeleteOnClose);
@@ -84,8 +77,6 @@ private slots:
 };
 
 void ScaleChangeTest::initTestCase() {
-    setToolSizes(40);
-    ZrToolXmlClass::SportLightTran = 100; // some veil
     // The timings mean nothing to a server without a monitor, but have to differ.
     xrandr(QStringLiteral("--newmode 800x600 40 800 840 968 1056 600 601 605 628"));
     xrandr(QStringLiteral("--addmode screen 800x600"));
@@ -99,9 +90,6 @@ void ScaleChangeTest::anOpenWindowGetsItsPixelsAndItsPictures_data() {
     const std::tuple<const char *, Open, QPoint> windows[] = {
         {"annotation", [] { return openDrawing(faces::annotation); }, corner},
         {"blackboard", [] { return openDrawing(faces::blackboard); }, corner},
-        {"laser", [] { return openHeld(laser); }, corner},
-        {"spotlight", [] { return openHeld(spotlight); }, corner},
-        {"magnifier", [] { return openHeld(magnifier); }, corner},
         {"card", openCard, inTheCard},
     };
     for (const auto &[name, open, within] : windows) {
