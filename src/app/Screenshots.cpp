@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLocale>
 #include <QPixmap>
 
 #include <pwd.h>
@@ -40,6 +41,11 @@ QString homeFolder() {
     return {};
 }
 
+/// In the digits 0 to 9, whatever those of the user's language are.
+QString inPlainDigits(const QDateTime &time, const char *format) {
+    return QLocale::c().toString(time, QLatin1String(format));
+}
+
 } // namespace
 
 Screenshots::Screenshots(Clock clock) : m_clock(std::move(clock)) {}
@@ -49,9 +55,8 @@ void Screenshots::take() {
     // folder.
     const QString home = homeFolder();
     const QString folder =
-        home + QLatin1String("/Desktop/Vexa Orbilo/") + m_clock().toString(QStringLiteral("yyyyMMdd"));
-    const QString path =
-        folder + '/' + m_clock().toString(QStringLiteral("yyyyMMddhhmmss")) + QLatin1String(".png");
+        home + QLatin1String("/Desktop/Vexa Orbilo/") + inPlainDigits(m_clock(), "yyyyMMdd");
+    const QString path = folder + '/' + inPlainDigits(m_clock(), "yyyyMMddhhmmss") + QLatin1String(".png");
     if (home.isEmpty())
         return;
     if (!QFileInfo::exists(folder))
