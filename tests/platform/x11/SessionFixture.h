@@ -17,7 +17,7 @@ namespace vexa::test {
 
 // X key codes
 constexpr int control = 37, shift = 50, option = 64, letterA = 38, letterC = 54, letterG = 42, letterS = 39;
-constexpr int f5 = 71, escape = 9, space = 65, pageUp = 112, returnKey = 36;
+constexpr int f5 = 71, escape = 9, space = 65, pageUp = 112, returnKey = 36, capsLock = 66;
 constexpr int penModifiers[] = {control, shift, option};
 
 struct Told {

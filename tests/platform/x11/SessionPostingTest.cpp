@@ -36,6 +36,31 @@ private slots:
         }
     }
 
+    /// As users who want escape in another place have it.
+    void keysArriveWithTheirMeaningWhereTheUserHasChangedThat_data() {
+        QTest::addColumn<QString>("change");
+        QTest::addColumn<int>("key");
+        QTest::addColumn<int>("expected"); // X key code
+        QTest::newRow("exchanged") << "setxkbmap us -option caps:swapescape" << int(kVK_Escape) << capsLock;
+        QTest::newRow("another key too") << "setxkbmap us -option caps:escape" << int(kVK_Escape) << escape;
+        QTest::newRow("no key") << "xmodmap -e 'keycode 112 = End'" << int(kVK_PageUp) << pageUp;
+        QTest::newRow("only with shift")
+            << "xmodmap -e 'keycode 65 = a' -e 'keycode 67 = b space'" << int(kVK_Space) << space;
+    }
+
+    void keysArriveWithTheirMeaningWhereTheUserHasChangedThat() {
+        QFETCH(QString, change);
+        QFETCH(int, key);
+        QFETCH(int, expected);
+        run(change);
+        const auto restore = qScopeGuard([] { run(QStringLiteral("setxkbmap us -option ''")); });
+        m_hand->openFocusedWindow();
+        QVERIFY(post(keyEvent(kCGEventKeyDown, key)));
+        const auto given = m_hand->takeGivenKeys();
+        QCOMPARE(given.size(), std::size_t{2});
+        QCOMPARE(given[0].xKeyCode, expected);
+    }
+
     void keysThatCannotBePostedAreRefused() {
         QVERIFY(!post(keyEvent(kCGEventKeyDown, 127)));
         QVERIFY(!post(keyEvent(kCGEventKeyDown, -1)));

@@ -3,6 +3,7 @@
 
 #include "platform/quartz/CoreGraphics.h"
 #include "platform/x11/input/FakeInput.h"
+#include "platform/x11/input/KeyMeaning.h"
 #include "platform/x11/input/Pointer.h"
 
 #include <algorithm>
@@ -28,14 +29,13 @@ private:
     xcb_connection_t *const m_connection;
 };
 
-/// The key to press; 0 when there is none for it. What starts a slide show is command and return on macOS and
-/// F5 here; other keys with modifiers are not known.
-XKeyCode keyToPress(const InputEvent &event) {
+/// The virtual key to press; noKey when there is none for it. What starts a slide show is command and return
+/// on macOS and F5 here; other keys with modifiers are not known.
+int keyToPress(const InputEvent &event) {
     if (event.flags == 0)
-        return event.keyCode >= 0 && event.keyCode < 128 ? positionOf(static_cast<int>(event.keyCode))
-                                                         : XKeyCode{0};
+        return event.keyCode >= 0 && event.keyCode < 128 ? static_cast<int>(event.keyCode) : noKey;
     const bool startsShow = event.keyCode == kVK_Return && event.flags == kCGEventFlagMaskCommand;
-    return startsShow ? positionOf(kVK_F5) : XKeyCode{0};
+    return startsShow ? kVK_F5 : noKey;
 }
 
 } // namespace
@@ -88,9 +88,9 @@ bool XTestPoster::post(const InputEvent &event, const platform::ScreenPlace &scr
     const platform::Pixels position = screen.toPixels({event.x, event.y});
     switch (event.type) {
     case kCGEventKeyDown:
-        return postKey(keyToPress(event));
+        return postKey(keyThatMeans(*m_connection, keyToPress(event)));
     case kCGEventKeyUp:
-        return keyToPress(event) != 0;
+        return positionOf(keyToPress(event)) != 0;
     case kCGEventLeftMouseDown:
         return postButton(position, true);
     case kCGEventLeftMouseUp:
