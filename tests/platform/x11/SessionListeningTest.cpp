@@ -58,10 +58,28 @@ private slots:
         QCOMPARE(hear([&] { m_hand->type({shift}); }), (All{changed(kVK_Shift), changed(kVK_Shift)}));
     }
 
+    void aModifierHeldForLongStaysHeld_data() {
+        QTest::addColumn<QString>("masterKeyboard");
+        QTest::newRow("on the only master keyboard") << "Virtual core keyboard";
+        QTest::newRow("on a second one") << "second keyboard";
+    }
+
     void aModifierHeldForLongStaysHeld() {
+        QFETCH(QString, masterKeyboard);
+        const auto attachTo = [](const QString &master) {
+            run(QStringLiteral("xinput reattach 'Xvfb keyboard' '%1'").arg(master));
+        };
+        run(QStringLiteral("xinput create-master second"));
+        const auto restore = qScopeGuard([attachTo] {
+            attachTo(QStringLiteral("Virtual core keyboard"));
+            run(QStringLiteral("xinput remove-master 'second pointer'"));
+        });
+        attachTo(masterKeyboard);
         InputEvent event;
         m_hand->press(control);
-        QVERIFY(takeNext(event));
+        do // the second master's pointer stands in another place
+            QVERIFY(takeNext(event));
+        while (event.type == kCGEventMouseMoved);
         // The source wakes now and then to ask the server about the key, and finds it held.
         for (int wakes = 0; wakes < 3; ++wakes) {
             pollfd descriptor{m_source->fd(), POLLIN, 0};

@@ -19,6 +19,10 @@ public:
         for (std::size_t i = 0; i < m_bits.size(); ++i)
             m_bits[i] = static_cast<std::uint8_t>(m_bits[i] | bits[i]);
     }
+    void add(const KeySet &others) {
+        for (std::size_t i = 0; i < m_bits.size(); ++i)
+            m_bits[i] = static_cast<std::uint8_t>(m_bits[i] | others.m_bits[i]);
+    }
 
 private:
     std::array<std::uint8_t, 32> m_bits{};
@@ -27,7 +31,8 @@ private:
 /// The session's keyboards, by the server's device ids, without the device through which clients fake keys.
 std::vector<std::uint8_t> realKeyboards(const Connection &connection);
 
-/// The keys that are down for the session, on any device. Empty when the server does not answer.
+/// The keys that are down for the session, on any device of its first master keyboard. Empty when the server
+/// does not answer.
 KeySet keysDown(const Connection &connection);
 
 /// Which keys are held on which kind of device, also those that a faked release has lifted for the session.

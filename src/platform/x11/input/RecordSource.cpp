@@ -204,7 +204,8 @@ void RecordSource::lookAtKeys() {
     // The records of all that happened before the answer arrive before it. If a key changed in one of them,
     // the answer may be older than what we know.
     const unsigned before = m_translator.keyChanges();
-    const KeySet down = keysDown(*m_control);
+    KeySet down = keysDown(*m_control);
+    down.add(holdersOfKeys(*m_control).keyboards); // the pen may be on a second master keyboard
     readRecords();
     if (!m_control->isBroken() && m_translator.keyChanges() == before)
         m_translator.reconcile([&down](XKeyCode key) { return down.has(key); });
