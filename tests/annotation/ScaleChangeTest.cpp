@@ -2,12 +2,12 @@
 //
 // A screen that gets another scale while an overlay is open, with as many points as before or with others.
 #include "annotation/DrawingFaces.h"
+#include "overlays/HeldToolKinds.h"
 #include "overlays/PromptWindow.h"
 #include "support/DesktopDpi.h"
-#include "support/ScreenProbe.h"
+#include "support/Resolution.h"
 
 #include <QApplication>
-#include <QProcess>
 
 #include <functional>
 #include <tuple>
@@ -22,13 +22,9 @@ constexpr QRgb bare = 0xff000000;                // where no window is
 
 DesktopDpi *desktop = nullptr;
 
-void xrandr(const QString &arguments) {
-    QProcess::execute(QStringLiteral("xrandr"), arguments.split(' '));
-}
-
 /// Returns when the toolkit has heard of both.
 void setScreen(const QSize &pixels, int scale) {
-    xrandr(QStringLiteral("--output screen --mode %1x%2").arg(pixels.width()).arg(pixels.height()));
+    setResolution(pixels);
     desktop->set(usualDpi * scale);
     QTRY_COMPARE_WITH_TIMEOUT(screenRatio(), qreal(scale), patience);
     QTRY_COMPARE_WITH_TIMEOUT(screenPoints(), pixels / scale, patience);
@@ -54,6 +50,13 @@ QWidget *openDrawing(bool face) {
     return form;
 }
 
+QWidget *openHeld(const HeldToolKind &kind) {
+    const std::unique_ptr<QPixmap> picture(red());
+    QWidget *const tool = kind.open(picture.get());
+    kind.move(tool, {200, 200});
+    return tool;
+}
+
 QWidget *openCard() {
     auto *const card = new PromptWindow;
     card->setAttribute(Qt::WA_DeleteOnClose);
@@ -77,19 +80,23 @@ private slots:
 };
 
 void ScaleChangeTest::initTestCase() {
-    // The timings mean nothing to a server without a monitor, but have to differ.
-    xrandr(QStringLiteral("--newmode 800x600 40 800 840 968 1056 600 601 605 628"));
-    xrandr(QStringLiteral("--addmode screen 800x600"));
+    setToolSizes(40);
+    ZrToolXmlClass::SportLightTran = 100; // some veil
+    addResolution(few);
 }
 
 void ScaleChangeTest::anOpenWindowGetsItsPixelsAndItsPictures_data() {
     QTest::addColumn<Open>("open");
     QTest::addColumn<QSize>("before");
     QTest::addColumn<QPoint>("within"); // in it at the new scale, and not if it had kept its pixels
-    const QPoint corner(many.width() - 1, many.height() - 1), inTheCard(1100, 700);
+    // Further out lies the outline of the spotlight's veil, as black as the bare screen.
+    const QPoint corner(many.width() - 10, many.height() - 10), inTheCard(1100, 700);
     const std::tuple<const char *, Open, QPoint> windows[] = {
         {"annotation", [] { return openDrawing(faces::annotation); }, corner},
         {"blackboard", [] { return openDrawing(faces::blackboard); }, corner},
+        {"laser", [] { return openHeld(laser); }, corner},
+        {"spotlight", [] { return openHeld(spotlight); }, corner},
+        {"magnifier", [] { return openHeld(magnifier); }, corner},
         {"card", openCard, inTheCard},
     };
     for (const auto &[name, open, within] : windows) {

@@ -4,9 +4,9 @@
 #include "annotation/DrawingFaces.h"
 #include "overlays/HeldToolKinds.h"
 #include "overlays/PromptWindow.h"
+#include "support/Resolution.h"
 #include "support/TestMain.h"
 
-#include <QProcess>
 #include <QScreen>
 #include <QSignalBlocker>
 
@@ -18,13 +18,9 @@ namespace {
 constexpr QSize large(800, 600);
 constexpr QSize small(640, 480);
 
-void xrandr(const QString &arguments) {
-    QProcess::execute(QStringLiteral("xrandr"), arguments.split(' '));
-}
-
 /// Returns when the toolkit has heard of it.
-void setResolution(const QSize &size) {
-    xrandr(QStringLiteral("--output screen --mode %1x%2").arg(size.width()).arg(size.height()));
+void setScreen(const QSize &size) {
+    setResolution(size);
     QTRY_COMPARE_WITH_TIMEOUT(screenPoints(), size, patience);
 }
 
@@ -57,8 +53,8 @@ class ScreenChangeTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void init() { setResolution(large); }
+    void initTestCase() { addResolution(small); }
+    void init() { setScreen(large); }
     void heldToolsFollow_data();
     void heldToolsFollow();
     void drawingWindowsFollow_data();
@@ -67,12 +63,6 @@ private slots:
     void aCardMovesToTheMiddle();
     void aChangeThatCameWithTheDotsPerInchIsSeen();
 };
-
-void ScreenChangeTest::initTestCase() {
-    // The timings mean nothing to a server without a monitor, but have to differ.
-    xrandr(QStringLiteral("--newmode 640x480 25.175 640 656 752 800 480 490 492 525"));
-    xrandr(QStringLiteral("--addmode screen 640x480"));
-}
 
 void ScreenChangeTest::heldToolsFollow_data() {
     QTest::addColumn<HeldToolKind>("kind");
@@ -90,12 +80,12 @@ void ScreenChangeTest::heldToolsFollow() {
     ZrToolXmlClass::LaserPenColor = 1275; // white
     ZrToolXmlClass::SportLightTran = 256; // no veil
     if (size == large)
-        setResolution(small);
+        setScreen(small);
     QPixmap picture = halves().scaled(screenPoints());
     const QPointer<QWidget> tool(kind.open(&picture));
     kind.move(tool, {20, 20});
     QVERIFY(QTest::qWaitForWindowExposed(tool));
-    setResolution(size);
+    setScreen(size);
     const QPoint nearCorner(size.width() - 40, size.height() - 40);
     kind.move(tool, nearCorner);
     QTRY_COMPARE_WITH_TIMEOUT(tool->geometry(), QRect(QPoint(), size), patience);
@@ -131,7 +121,7 @@ void ScreenChangeTest::drawingWindowsFollow() {
     ZrToolXmlClass::PenColor0 = 5;
     ZrToolXmlClass::PenThickness = 3;
     if (size == large)
-        setResolution(small);
+        setScreen(small);
     const QPointer<DrawingForm> form(faces::make(face));
     if (face == faces::blackboard)
         static_cast<blackBoardform *>(form.data())->Setbackground2();
@@ -139,7 +129,7 @@ void ScreenChangeTest::drawingWindowsFollow() {
         form->Setbackground(new QPixmap(halves().scaled(screenPoints())));
     faces::show(*form);
     faces::press(*form, {100, 100}); // a stroke that the change ends
-    setResolution(size);
+    setScreen(size);
     QTRY_COMPARE_WITH_TIMEOUT(form->geometry(), QRect(QPoint(), size), patience);
     QVERIFY(form->isFullScreen());
     const int middle = (size.width() - 60) / 2;
@@ -166,7 +156,7 @@ void ScreenChangeTest::inkStaysAtItsPlaceInThePicture() {
     form->Setbackground(new QPixmap(halves()));
     faces::show(*form);
     faces::stroke(*form, faces::line({400, 200}, {400, 400}, 20));
-    setResolution(small);
+    setScreen(small);
     for (const int y : {200, 300}) // 0.8 of where it was
         QTRY_COMPARE_WITH_TIMEOUT(shownAt(320, y), 0xff82ff20, patience);
     QTRY_COMPARE_WITH_TIMEOUT(shownAt(330, 250), 0xff0000ff, patience);
@@ -176,7 +166,7 @@ void ScreenChangeTest::inkStaysAtItsPlaceInThePicture() {
 void ScreenChangeTest::aCardMovesToTheMiddle() {
     PromptWindow card;
     card.showWithTimer();
-    setResolution(small);
+    setScreen(small);
     QTRY_COMPARE_WITH_TIMEOUT(card.geometry(), QRect(130, 150, 380, 180), patience);
 }
 
@@ -188,7 +178,7 @@ void ScreenChangeTest::aChangeThatCameWithTheDotsPerInchIsSeen() {
     QScreen *const screen = QGuiApplication::primaryScreen();
     {
         const QSignalBlocker silent(screen);
-        setResolution(small);
+        setScreen(small);
     }
     emit screen->logicalDotsPerInchChanged(screen->logicalDotsPerInch());
     QTRY_COMPARE_WITH_TIMEOUT(card.geometry(), QRect(130, 150, 380, 180), patience);
