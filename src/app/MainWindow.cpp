@@ -5,6 +5,7 @@
 #include "input/CKeyboardHandler.h"
 #include "input/CKeyboardListenerMac.h"
 #include "overlays/PromptWindow.h"
+#include "platform/ProgramIcon.h"
 #include "platform/Screens.h"
 #include "platform/Session.h"
 #include "platform/quartz/Quartz.h"
@@ -73,6 +74,7 @@ void MainWindow::dressWindow() {
     setPalette(pictured);
     setAutoFillBackground(true);
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
+    setWindowIcon(vexa::platform::programIcon());
     setFixedSize(size()); // tiling window managers let a window float whose size cannot change
     new vexa::OnScreen(*this);
     // A window that says where it stands stays there when it is hidden and shown again.

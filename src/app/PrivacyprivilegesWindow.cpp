@@ -2,6 +2,7 @@
 #include "app/PrivacyprivilegesWindow.h"
 
 #include "app/QuickViews.h"
+#include "platform/ProgramIcon.h"
 #include "settings/ZrToolXmlClass.h"
 #include "ui_PrivacyprivilegesWindow.h"
 
@@ -16,6 +17,7 @@ PrivacyprivilegesWindow::PrivacyprivilegesWindow(QWidget *parent)
     connect(m_ui->pushButton_2, &QPushButton::clicked, this, &PrivacyprivilegesWindow::ClickButton2);
 
     setWindowFlags(Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+    setWindowIcon(vexa::platform::programIcon());
     QPalette transparent = palette();
     transparent.setBrush(QPalette::Window, Qt::transparent);
     setPalette(transparent);

@@ -170,6 +170,25 @@ private slots:
         QCOMPARE(wishes.iconSizes, (QSet<int>{16, 24, 32, 48, 64, 128, 256}));
     }
 
+    void theGuideCarriesTheIconToo() {
+        e2e::Program program(withGuide());
+        QVERIFY(program.start());
+        QTRY_VERIFY_WITH_TIMEOUT(e2e::visibleWindowOfSize(program.pid(), guideSize).id, patience);
+        const e2e::Window guide = e2e::visibleWindowOfSize(program.pid(), guideSize);
+        QVERIFY(!e2e::wishesOf(guide).iconSizes.isEmpty());
+    }
+
+    void onlyWindowsThatTheManagerListsCarryTheIcon() {
+        e2e::Program program({{"Key3P", 3}});
+        QVERIFY(e2e::startAndSettle(program));
+        typeChord(PenKey::M);
+        typeChord(PenKey::J);
+        QTRY_VERIFY_WITH_TIMEOUT(e2e::visibleWindowOfSize(program.pid(), e2e::grabScreen().size()).id,
+                                 patience);
+        for (const e2e::Window &window : e2e::windowsOf(program.pid()))
+            QCOMPARE(e2e::wishesOf(window).iconSizes.isEmpty(), window.geometry.size() != panelSize);
+    }
+
     void aWaylandSessionIsNamedAndRunsAllTheSame() {
         e2e::Program program;
         program.setEnvironment(QStringLiteral("XDG_SESSION_TYPE"), QStringLiteral("wayland"));

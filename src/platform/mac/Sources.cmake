@@ -15,6 +15,7 @@ set(vexa_mac_sources
     mac/PointerSamples.cpp
     mac/PrimaryScreen.cpp
     mac/PrivacyPane.cpp
+    mac/ProgramIcon.cpp
     mac/RefusedStart.cpp
     mac/ScreenCapture.cpp
     mac/Screens.cpp

@@ -7,8 +7,7 @@
 #include "platform/x11/activation/TrayIcon.h"
 #include "platform/x11/activation/UserRequests.h"
 
-#include <QGuiApplication>
-#include <QIcon>
+#include <QCoreApplication>
 #include <QSocketNotifier>
 #include <QtDebug>
 
@@ -101,12 +100,6 @@ void setupDockClickHandler() {
     using namespace vexa::platform;
     if (!claimed)
         return;
-    // On other systems the icon comes with the program's bundle. A window manager takes the size that it
-    // shows.
-    QIcon icon(QStringLiteral(":/appicon.png"));
-    for (const int size : {16, 24, 32, 48, 128, 256})
-        icon.addFile(QStringLiteral(":/appicon-%1.png").arg(size));
-    QGuiApplication::setWindowIcon(icon);
     reach = std::make_unique<Reach>(std::move(claimed));
     qAddPostRoutine([] { reach.reset(); }); // its windows must be destroyed before the application object
 }

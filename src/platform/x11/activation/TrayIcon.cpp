@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/activation/TrayIcon.h"
 
+#include "platform/ProgramIcon.h"
 #include "platform/x11/activation/TrayMenu.h"
 #include "platform/x11/activation/UserRequests.h"
 #include "platform/x11/input/Connection.h"
 
 #include <QCoreApplication>
-#include <QGuiApplication>
 #include <QTimer>
 #include <QX11Info>
 
@@ -94,7 +94,7 @@ void TrayIcon::show() {
     if (m_icon)
         return;
     m_menu = std::make_unique<TrayMenu>();
-    m_icon = std::make_unique<QSystemTrayIcon>(QGuiApplication::windowIcon());
+    m_icon = std::make_unique<QSystemTrayIcon>(programIcon());
     m_icon->setToolTip(QStringLiteral("Vexa Orbilo"));
     m_icon->setContextMenu(m_menu.get());
     connect(m_icon.get(), &QSystemTrayIcon::activated, this, [](QSystemTrayIcon::ActivationReason reason) {
