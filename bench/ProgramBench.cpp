@@ -85,11 +85,12 @@ struct Tool {
 
 std::vector<Tool> allTools() {
     const QPoint exitButton(middle().x() + 80, screenSize().height() - 70);
+    const QPoint besideItsCard = middle() + QPoint(300, 0);
     return {{"laser", PenKey::G, 2, middle()},
             {"spotlight", PenKey::G, 0, middle() + QPoint(400, 0)},
             {"magnifier", PenKey::G, 1, middle() + QPoint(178, 0)},
             {"annotation", PenKey::I, 2, exitButton},
-            {"blackboard", PenKey::J, 2, middle()}};
+            {"blackboard", PenKey::J, 2, besideItsCard}};
 }
 
 /// The share of one core that the process uses while something is done, in percent.
