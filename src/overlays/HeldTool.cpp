@@ -14,6 +14,7 @@
 #include <QTimerEvent>
 
 #include <cmath>
+#include <utility>
 
 namespace vexa {
 namespace {
@@ -21,6 +22,7 @@ namespace {
 constexpr int frameInterval = 33;
 constexpr int guardInterval = 150;
 constexpr int leastLife = 900;
+constexpr int restAfter = 2000;
 
 } // namespace
 
@@ -118,9 +120,21 @@ void HeldTool::timerEvent(QTimerEvent *event) {
         guardTick();
         return;
     }
-    m_mouse.renew();
+    holdMouse();
     render();
     showChanges();
+}
+
+/// A program that locks the screen needs the mouse, and fails where it cannot have it. A tool that was left
+/// open must not keep the screen from being locked. Clicks reach the tool without a grab too: it covers the
+/// screen that the pointer rests on.
+void HeldTool::holdMouse() {
+    const bool rests = m_position == std::exchange(m_restingPlace, m_position);
+    m_rested = rests ? m_rested + frameInterval : 0;
+    if (m_rested < restAfter)
+        m_mouse.renew();
+    else
+        m_mouse.rest();
 }
 
 void HeldTool::mousePressEvent(QMouseEvent *event) {

@@ -88,11 +88,14 @@ private:
     };
 
     void guardTick();
+    void holdMouse();
     void finish();
     void followScreen();
 
     QSize m_screen;
     QPoint m_position;
+    QPoint m_restingPlace; // where the tool was at the last tick
+    int m_rested = 0;      // milliseconds at that place, counted by ticks
     bool m_drawing = false;
     QPixmap m_background;
     ToolLayer m_layer;

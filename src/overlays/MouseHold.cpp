@@ -38,6 +38,11 @@ void MouseHold::renew() {
         m_window.grabMouse();
 }
 
+void MouseHold::rest() {
+    if (m_held && QWidget::mouseGrabber() == &m_window && QGuiApplication::mouseButtons() == Qt::NoButton)
+        m_window.releaseMouse();
+}
+
 /// Sees the events of the whole application until the window is exposed: they are handled in the order in
 /// which the system sent them, so whatever comes before the exposure is older than the window.
 bool MouseHold::eventFilter(QObject *watched, QEvent *event) {

@@ -26,6 +26,8 @@ public:
     void give();
     /// Grabs the mouse if it is to be held and could not be grabbed so far. To be called now and then.
     void renew();
+    /// Lets others grab the mouse until it is renewed. While a button is down it stays grabbed.
+    void rest();
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 

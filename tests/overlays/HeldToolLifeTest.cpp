@@ -334,6 +334,25 @@ private slots:
         QTRY_COMPARE_WITH_TIMEOUT(after.presses(), 1, patience);
     }
 
+    /// Which a program that locks the screen needs.
+    void othersMayTakeTheMouseWhileThePointerRests() {
+        const ForeignWindow locker(ForeignWindow::Kind::Unmanaged, {0, 0, 10, 10}, Qt::green);
+        const OpenTool open(&m_picture);
+        QVERIFY(open.isExposed());
+        QVERIFY(open.ticksOn(1));
+        for (const QPoint place : {QPoint(300, 300), QPoint(301, 300)}) {
+            open.kind.move(open.tool, place);
+            open.ticks.tick(open.tool);
+            QCOMPARE(QWidget::mouseGrabber() == open.tool, open.kind.takesMouse);
+            QCOMPARE(locker.mayGrabMouse(), !open.kind.takesMouse);
+            for (int tick = 0; tick < 2000 / 33 + 1; ++tick)
+                open.ticks.tick(open.tool);
+            QVERIFY(locker.mayGrabMouse());
+        }
+        clickAt(QPoint(400, 400) * screenRatio());
+        QVERIFY(open.isDeleted());
+    }
+
     void aPressFromBeforeItOpenedStaysWithItsWindow() {
         for (const bool handledBefore : {true, false}) {
             PressedWindow other;

@@ -65,6 +65,14 @@ bool ForeignWindow::hasFocus() const {
     return focused == d->window;
 }
 
+bool ForeignWindow::mayGrabMouse() const {
+    const int status = XGrabPointer(d->display, d->window, False, NoEventMask, GrabModeAsync, GrabModeAsync,
+                                    None, None, CurrentTime);
+    XUngrabPointer(d->display, CurrentTime);
+    XSync(d->display, False);
+    return status == GrabSuccess;
+}
+
 int ForeignWindow::presses() {
     XSync(d->display, False);
     while (XPending(d->display) > 0) {

@@ -25,6 +25,8 @@ public:
     void focus();
     bool isViewable() const;
     bool hasFocus() const;
+    /// Grabs the mouse and lets it go again. False when another program has it.
+    bool mayGrabMouse() const;
     /// How many times a button was pressed on it so far.
     int presses();
 
