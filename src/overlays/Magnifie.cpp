@@ -3,6 +3,7 @@
 
 #include "overlays/ClosingReport.h"
 #include "overlays/ColourBands.h"
+#include "overlays/LensCutter.h"
 #include "overlays/Truncation.h"
 #include "settings/ZrToolXmlClass.h"
 #include "ui_Magnifie.h"
@@ -100,8 +101,8 @@ void Magnifie::prepareLens() {
     const Placing y = placeLens(top, top <= 0);
     const QPoint discAt(truncated(x.discAt * scale), truncated(y.discAt * scale));
 
-    const QPixmap piece =
-        m_cutter.cut(background(), source, {QRect(discAt, QSize(side, side)), sourceRadius * scale});
+    const QPixmap piece = vexa::LensCutter::of<Magnifie>().cut(
+        background(), source, {QRect(discAt, QSize(side, side)), sourceRadius * scale});
     if (piece.isNull()) {
         m_magnified = QPixmap();
         return;

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "overlays/HeldTool.h"
-#include "overlays/LensCutter.h"
 
 #include <QPainterPath>
 
@@ -50,7 +49,6 @@ private:
 
     std::unique_ptr<Ui::Magnifie> m_form;
     QColor m_ringColour;
-    vexa::LensCutter m_cutter;
     QPixmap m_magnified;
     QPointF m_lensAt;
     std::array<QPainterPath, 3> m_rings;

@@ -2,6 +2,7 @@
 #include "overlays/Spolight2.h"
 
 #include "overlays/ClosingReport.h"
+#include "overlays/LensCutter.h"
 #include "overlays/Truncation.h"
 #include "settings/ZrToolXmlClass.h"
 #include "ui_Spolight2.h"
@@ -71,7 +72,8 @@ QRectF Spolight2::prepare() {
     // pointer.
     const QPoint discAt(truncated(std::min(left, 0.0) * scale), truncated(std::min(top, 0.0) * scale));
     const QRect source(truncated(left * scale), truncated(top * scale), side, side);
-    m_disc = m_cutter.cut(background(), source, {QRect(discAt, QSize(side, side)), radius * scale});
+    m_disc = vexa::LensCutter::of<Spolight2>().cut(background(), source,
+                                                   {QRect(discAt, QSize(side, side)), radius * scale});
     if (m_disc.isNull())
         return {};
     m_discAt = QPointF(std::clamp(left, 0.0, double(screenSize().width())),

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "overlays/HeldTool.h"
-#include "overlays/LensCutter.h"
 
 #include <memory>
 
@@ -42,7 +41,6 @@ protected:
 
 private:
     std::unique_ptr<Ui::Spolight2> m_form;
-    vexa::LensCutter m_cutter;
     QPixmap m_disc;
     QPointF m_discAt;
 };

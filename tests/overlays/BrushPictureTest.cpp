@@ -35,6 +35,12 @@ private slots:
         QCOMPARE(asIs(shown.toImage()),
                  asIs(expected).scaled(shown.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
     }
+
+    void itIsDecodedOnceForAllThatShowIt() {
+        const QString file = QStringLiteral(":/capturebg@1080p.png");
+        QCOMPARE(vexa::brushPicture(file).texture().cacheKey(),
+                 vexa::brushPicture(file).texture().cacheKey());
+    }
 };
 
 VEXA_WIDGET_TEST_MAIN(BrushPictureTest)
