@@ -13,8 +13,8 @@
 #include <QScreen>
 #include <QTimerEvent>
 
+#include <algorithm>
 #include <cmath>
-#include <utility>
 
 namespace vexa {
 namespace {
@@ -70,6 +70,7 @@ void HeldTool::followScreen() {
 
 void HeldTool::SetMouseMove(int x, int y) {
     m_position = QPoint(x, y);
+    m_rested = 0;
 }
 
 void HeldTool::leave() {
@@ -126,11 +127,10 @@ void HeldTool::timerEvent(QTimerEvent *event) {
 }
 
 /// A program that locks the screen needs the mouse, and fails where it cannot have it. A tool that was left
-/// open must not keep the screen from being locked. Clicks reach the tool without a grab too: it covers the
-/// screen that the pointer rests on.
+/// open must not keep the screen from being locked. Where it covers the pointer, clicks reach it without a
+/// grab too.
 void HeldTool::holdMouse() {
-    const bool rests = m_position == std::exchange(m_restingPlace, m_position);
-    m_rested = rests ? m_rested + frameInterval : 0;
+    m_rested = std::min(m_rested + frameInterval, restAfter);
     if (m_rested < restAfter)
         m_mouse.renew();
     else

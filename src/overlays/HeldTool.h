@@ -94,8 +94,7 @@ private:
 
     QSize m_screen;
     QPoint m_position;
-    QPoint m_restingPlace; // where the tool was at the last tick
-    int m_rested = 0;      // milliseconds at that place, counted by ticks
+    int m_rested = 0; // milliseconds since the pointer moved, counted by ticks until it rests
     bool m_drawing = false;
     QPixmap m_background;
     ToolLayer m_layer;
