@@ -28,7 +28,9 @@ void SlideShow::showSlide(int number) {
 
 bool SlideShow::comesWithAButton(const QKeyEvent *event) const {
     constexpr ulong tooSoon = 20; // milliseconds
-    return QGuiApplication::mouseButtons() != Qt::NoButton || event->timestamp() - m_buttonChanged < tooSoon;
+    return QGuiApplication::mouseButtons() != Qt::NoButton ||
+           event->timestamp() - m_buttonChanged < tooSoon ||
+           (m_sinceButton.isValid() && !m_sinceButton.hasExpired(tooSoon));
 }
 
 void SlideShow::mousePressEvent(QMouseEvent *event) {
@@ -37,6 +39,7 @@ void SlideShow::mousePressEvent(QMouseEvent *event) {
 
 void SlideShow::mouseReleaseEvent(QMouseEvent *event) {
     m_buttonChanged = event->timestamp();
+    m_sinceButton.start();
     if (m_running && event->button() == Qt::LeftButton)
         showSlide(m_slide + 1);
 }

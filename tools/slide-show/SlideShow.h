@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QElapsedTimer>
 #include <QWidget>
 
 namespace vexa {
@@ -8,7 +9,8 @@ namespace vexa {
 /// Space and a click turn to the next slide, behind the last one to a black end; page up turns to the one
 /// before, F5 starts at the first and escape blacks the screen out until the next F5. As strict as the
 /// presentation programs that are strictest: a key is dropped that comes while a button is held or right
-/// after a button's change. Each slide shown is told on the standard output. GUI thread only.
+/// after a button's change, or is read right after it. Each slide shown is told on the standard output. GUI
+/// thread only.
 class SlideShow : public QWidget {
 public:
     SlideShow();
@@ -25,7 +27,8 @@ private:
     bool comesWithAButton(const QKeyEvent *event) const;
 
     int m_slide = 0;
-    ulong m_buttonChanged = 0; ///< milliseconds of the server's clock
+    ulong m_buttonChanged = 0;   ///< milliseconds of the server's clock
+    QElapsedTimer m_sinceButton; ///< since a release was read
     bool m_running = true;
 };
 

@@ -5,6 +5,7 @@
 
 #include <QtTest>
 
+#include <atomic>
 #include <future>
 #include <pthread.h>
 
@@ -38,7 +39,13 @@ public:
         return m_times;
     }
 
+    /// The program under the clicks.
+    PacedPosts::Ask ask() {
+        return [this](const InputEvent &) { return [this] { return reads.load(); }; };
+    }
+
     bool refuses = false;
+    std::atomic<bool> reads{true};
 
 private:
     mutable std::mutex m_mutex;
@@ -71,7 +78,7 @@ class PacedPostsTest : public QObject {
 private slots:
     void withoutAClickEverythingLeavesAtOnce() {
         Session session;
-        PacedPosts posts(session.post(), {1h, 0ms});
+        PacedPosts posts(session.post(), session.ask(), {1h, 0ms});
         const Types all{kCGEventKeyDown, kCGEventKeyUp, kCGEventMouseMoved, kCGEventKeyDown};
         for (const std::uint32_t type : all)
             QVERIFY(post(posts, type));
@@ -80,7 +87,7 @@ private slots:
 
     void aClickLeavesAtOnceAndTheKeyBehindItWaits() {
         Session session;
-        PacedPosts posts(session.post(), {1h, 0ms});
+        PacedPosts posts(session.post(), session.ask(), {1h, 0ms});
         postClick(posts);
         QVERIFY(post(posts, kCGEventMouseMoved));
         QVERIFY(post(posts, kCGEventKeyDown)); // and this returns
@@ -90,7 +97,7 @@ private slots:
     void whatIsPostedBehindAWaitingKeyWaitsToo() {
         Session session;
         {
-            PacedPosts posts(session.post(), {1h, 0ms});
+            PacedPosts posts(session.post(), session.ask(), {1h, 0ms});
             postClick(posts);
             for (const std::uint32_t type : {kCGEventKeyDown, kCGEventKeyUp, kCGEventMouseMoved})
                 QVERIFY(post(posts, type));
@@ -101,7 +108,7 @@ private slots:
 
     void aWaitingKeyLeavesByItselfAfterThePause() {
         Session session;
-        PacedPosts posts(session.post(), {50ms, 0ms});
+        PacedPosts posts(session.post(), session.ask(), {50ms, 0ms});
         for (int round = 0; round < 3; ++round) {
             postClick(posts);
             post(posts, kCGEventKeyDown);
@@ -116,16 +123,49 @@ private slots:
 
     void unlessToldOtherwiseThePauseIsLongEnoughForABusyProgram() {
         Session session;
-        PacedPosts posts(session.post());
+        PacedPosts posts(session.post(), session.ask());
         postClick(posts);
         post(posts, kCGEventKeyDown);
         QTRY_COMPARE(session.types().size(), std::size_t{4});
         QVERIFY(session.times()[3] - session.times()[2] >= 250ms);
     }
 
+    void aKeyWaitsForAProgramThatStandsStill() {
+        Session session;
+        session.reads = false;
+        PacedPosts posts(session.post(), session.ask(), {300ms, 0ms, 1h});
+        postClick(posts);
+        post(posts, kCGEventKeyDown);
+        QVERIFY(!QTest::qWaitFor([&] { return session.types() != click; }, 500));
+        const auto read = std::chrono::steady_clock::now();
+        session.reads = true;
+        QTRY_COMPARE(session.types(), click + Types{kCGEventKeyDown});
+        QVERIFY(session.times()[3] - read >= 300ms);
+    }
+
+    void aProgramThatNeverReadsIsNotWaitedForLonger() {
+        Session session;
+        session.reads = false;
+        PacedPosts posts(session.post(), session.ask(), {300ms, 0ms, 300ms});
+        postClick(posts);
+        post(posts, kCGEventKeyDown);
+        QTRY_COMPARE(session.types(), click + Types{kCGEventKeyDown});
+    }
+
+    void theEndDoesNotWaitForOneEither() {
+        Session session;
+        session.reads = false;
+        {
+            PacedPosts posts(session.post(), session.ask(), {300ms, 30ms, 1h});
+            postClick(posts);
+            post(posts, kCGEventKeyDown);
+        }
+        QCOMPARE(session.types(), click + Types{kCGEventKeyDown});
+    }
+
     void aPressAloneLetsNoKeyWait() {
         Session session;
-        PacedPosts posts(session.post(), {1h, 0ms});
+        PacedPosts posts(session.post(), session.ask(), {1h, 0ms});
         QVERIFY(post(posts, kCGEventLeftMouseDown));
         QVERIFY(post(posts, kCGEventKeyDown));
         QCOMPARE(session.types(), (Types{kCGEventLeftMouseDown, kCGEventKeyDown}));
@@ -135,7 +175,7 @@ private slots:
         for (const PacedPosts::Pace pace : {PacedPosts::Pace{30ms, 1h}, PacedPosts::Pace{1h, 30ms}}) {
             Session session;
             {
-                PacedPosts posts(session.post(), pace);
+                PacedPosts posts(session.post(), session.ask(), pace);
                 postClick(posts);
                 post(posts, kCGEventKeyDown);
             }
@@ -147,7 +187,7 @@ private slots:
     void aRefusalIsTold() {
         Session session;
         session.refuses = true;
-        PacedPosts posts(session.post(), {1h, 0ms});
+        PacedPosts posts(session.post(), session.ask(), {1h, 0ms});
         QVERIFY(!post(posts, kCGEventKeyDown));
     }
 
@@ -158,7 +198,7 @@ private slots:
         QCOMPARE(pthread_attr_setstacksize(&impossible, std::size_t{1} << 47), 0); // nobody has that much
         QCOMPARE(pthread_setattr_default_np(&impossible), 0);
         Session session;
-        PacedPosts posts(session.post(), {1h, 0ms});
+        PacedPosts posts(session.post(), session.ask(), {1h, 0ms});
         postClick(posts);
         const bool posted = post(posts, kCGEventKeyDown);
         QCOMPARE(pthread_setattr_default_np(&usual), 0);

@@ -5,8 +5,19 @@
 
 #include <algorithm>
 #include <system_error>
+#include <utility>
 
 namespace vexa::x11 {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+bool isKey(const InputEvent &event) {
+    return event.type == kCGEventKeyDown || event.type == kCGEventKeyUp;
+}
+
+} // namespace
 
 PacedPosts::~PacedPosts() {
     {
@@ -50,6 +61,8 @@ void PacedPosts::postWaiting() {
             if (m_endBy != Clock::time_point::max())
                 return;
             m_changed.wait(lock);
+        } else if (m_unread && isKey(m_waiting.front())) {
+            awaitReading(lock);
         } else if (const auto time = std::min(earliest(m_waiting.front()), m_endBy); Clock::now() < time) {
             m_changed.wait_until(lock, time);
         } else {
@@ -59,16 +72,30 @@ void PacedPosts::postWaiting() {
     }
 }
 
+/// The pause begins anew when the release was read: a program that stood still meanwhile would find the key
+/// right behind the click, however long after it the key has left.
+void PacedPosts::awaitReading(std::unique_lock<std::mutex> &lock) {
+    const InputEvent release = *std::exchange(m_unread, std::nullopt);
+    const auto atLatest = m_released + m_pace.untilRead;
+    lock.unlock(); // asking takes the server's answers, and nothing leaves while something waits
+    const IsRead isRead = m_ask(release);
+    lock.lock();
+    while (!isRead() && Clock::now() < std::min(atLatest, m_endBy))
+        m_changed.wait_for(lock, 5ms);
+    m_released = Clock::now();
+}
+
 bool PacedPosts::leave(const InputEvent &event) {
     const bool posted = m_post(event);
-    if (event.type == kCGEventLeftMouseUp)
+    if (event.type == kCGEventLeftMouseUp) {
         m_released = Clock::now();
+        m_unread = event;
+    }
     return posted;
 }
 
 PacedPosts::Clock::time_point PacedPosts::earliest(const InputEvent &event) const {
-    const bool isKey = event.type == kCGEventKeyDown || event.type == kCGEventKeyUp;
-    return isKey ? m_released + m_pace.keyAfterRelease : Clock::time_point::min();
+    return isKey(event) ? m_released + m_pace.keyAfterRelease : Clock::time_point::min();
 }
 
 } // namespace vexa::x11

@@ -8,26 +8,37 @@
 #include <deque>
 #include <functional>
 #include <mutex>
+#include <optional>
 #include <thread>
 
 namespace vexa::x11 {
 
-/// Lets posted events leave in order and at once, but a key at the earliest some time after a button was
-/// released: presentation programs drop a key that comes together with a click, or take it before the click.
-/// What is posted after such a key waits with it, on a thread of this object; posting never blocks.
-/// Any thread.
+/// Lets posted events leave in order and at once, but a key at the earliest some time after the program under
+/// a click has read the button's release: presentation programs drop a key that they read together with a
+/// click, or drop the click. What is posted after such a key waits with it, on a thread of this object;
+/// posting never blocks. Any thread.
 class PacedPosts {
 public:
     struct Pace {
         std::chrono::milliseconds keyAfterRelease{250}; ///< idle 20 lost none; overloaded 100 did, 250 not
         std::chrono::milliseconds toTheEnd{1000};       ///< the longest time that destruction may take
+        std::chrono::milliseconds untilRead{3000}; ///< a program that stands still longer is not waited for
     };
 
     /// Puts an event into the session; false when it cannot. Called by one thread at a time.
     using Post = std::function<bool(const InputEvent &)>;
 
-    explicit PacedPosts(Post post) : PacedPosts(std::move(post), Pace()) {}
-    PacedPosts(Post post, Pace pace) : m_post(std::move(post)), m_pace(pace) {}
+    /// Whether a release has been read. Asked every few milliseconds, and must not block; true also when that
+    /// cannot be known.
+    using IsRead = std::function<bool()>;
+
+    /// Begins to find out whether this button's release, which has left, has been read. Called by this
+    /// object's thread, and only when a key waits.
+    using Ask = std::function<IsRead(const InputEvent &release)>;
+
+    PacedPosts(Post post, Ask ask) : PacedPosts(std::move(post), std::move(ask), Pace()) {}
+    PacedPosts(Post post, Ask ask, Pace pace)
+        : m_post(std::move(post)), m_ask(std::move(ask)), m_pace(pace) {}
 
     /// Posts what still waits before it returns: at its proper time as long as toTheEnd allows, then at once.
     ~PacedPosts();
@@ -43,17 +54,20 @@ private:
 
     bool startWaiting();
     void postWaiting();
+    void awaitReading(std::unique_lock<std::mutex> &lock);
     bool leave(const InputEvent &event);
     Clock::time_point earliest(const InputEvent &event) const;
 
     const Post m_post;
+    const Ask m_ask;
     const Pace m_pace;
     std::mutex m_mutex; ///< guards what follows, and is held while an event leaves
     std::condition_variable m_changed;
     std::deque<InputEvent> m_waiting;
-    Clock::time_point m_released = Clock::time_point::min();
-    Clock::time_point m_endBy = Clock::time_point::max(); ///< known when this object is going
-    std::thread m_thread;                                 ///< since the first event that had to wait
+    std::optional<InputEvent> m_unread;                      ///< the last release, until it is asked after
+    Clock::time_point m_released = Clock::time_point::min(); ///< when it left, or was read
+    Clock::time_point m_endBy = Clock::time_point::max();    ///< known when this object is going
+    std::thread m_thread;                                    ///< since the first event that had to wait
 };
 
 } // namespace vexa::x11

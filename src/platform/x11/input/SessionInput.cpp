@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/SessionInput.h"
 
+#include "platform/x11/input/ClickPing.h"
 #include "platform/x11/input/PacedPosts.h"
 #include "platform/x11/input/RecordSource.h"
 #include "platform/x11/input/XTestPoster.h"
@@ -21,7 +22,11 @@ public:
 
 private:
     XTestPoster m_poster;
-    PacedPosts m_posts{[this](const InputEvent &event) { return m_poster.post(event, screen.get()); }};
+    PacedPosts m_posts{[this](const InputEvent &event) { return m_poster.post(event, screen.get()); },
+                       [this](const InputEvent &release) -> PacedPosts::IsRead {
+                           const auto place = screen.get().toPixels({release.x, release.y});
+                           return [ping = std::make_shared<ClickPing>(place)] { return ping->isAnswered(); };
+                       }};
 };
 
 } // namespace
