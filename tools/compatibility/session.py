@@ -58,11 +58,11 @@ def xdo(*words):
 
 
 class Screen:
-    """A picture of the whole screen."""
+    """A picture of the whole screen, or of what a window that fills it has drawn, whether that is shown or not."""
 
-    def __init__(self):
-        self.pixels = subprocess.run(["import", "-silent", "-window", "root", "-depth", "8", "rgb:-"],
-                                     capture_output=True, check=True).stdout
+    def __init__(self, window="root"):
+        self.pixels = subprocess.run(["import", "-silent", "-window", window, "-depth", "8", "rgb:-"],
+                                     capture_output=True, check=window == "root").stdout
 
     def at(self, x, y):
         place = 3 * (y * WIDTH + x)
@@ -222,7 +222,21 @@ class Presentation:
             await_("the show by its own key", lambda: Screen().slide() != 0)
             raise OwnKey
         self.pen("key2", "long")
-        return self.comes("the show", lambda: Screen().slide() != 0)
+        try:
+            await_("the show", lambda: Screen().slide() != 0)
+        except Missed:
+            self.have_it_painted()
+        return True
+
+    def have_it_painted(self):
+        """Mutter sometimes goes on showing an older picture of a window that has drawn the show, until it draws again."""
+        slide = Screen(xdo("getwindowfocus")).slide()
+        if slide == 0:
+            raise Missed("the show, in its window either")
+        print("%s under %s: the show was drawn and not shown" % (self.program, self.manager), file=sys.stderr)
+        for key, wanted in (("Next", slide + 1), ("Prior", slide)):
+            xdo("key", key)
+            await_("slide %d" % wanted, lambda wanted=wanted: Screen().slide() == wanted)
 
     def page_through(self):
         stays(lambda: True)
