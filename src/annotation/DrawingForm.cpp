@@ -6,6 +6,7 @@
 #include "overlays/PenPalette.h"
 #include "overlays/promptwindow2.h"
 #include "platform/OverlayWindow.h"
+#include "platform/Screens.h"
 #include "settings/ZrToolXmlClass.h"
 
 #include <QGuiApplication>
@@ -54,7 +55,7 @@ const QScreen &primaryScreen() {
 
 DrawingForm::DrawingForm(QWidget *parent)
     : QWidget(parent)
-    , m_ink(primaryScreen().geometry().size(), primaryScreen().devicePixelRatio())
+    , m_ink(platform::coveringPoints(primaryScreen()), primaryScreen().devicePixelRatio())
     , m_follower([this] { followScreen(); }) {
     m_settling.setSingleShot(true);
     m_settling.setInterval(settlingInterval);
@@ -109,7 +110,7 @@ void DrawingForm::dressTitle() const {
 
 /// Picture and ink are stretched alike, so that what was drawn stays where it was in the picture.
 void DrawingForm::followScreen() {
-    const QSize points = primaryScreen().size();
+    const QSize points = platform::coveringPoints(primaryScreen());
     const qreal ratio = primaryScreen().devicePixelRatio();
     if (m_pressed)
         penUp();

@@ -10,6 +10,7 @@
 #include "overlays/WholeScale.h"
 #include "overlays/promptwindow2.h"
 #include "platform/OverlayWindow.h"
+#include "platform/Screens.h"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -50,7 +51,8 @@ OpenTools::~OpenTools() {
 }
 
 template<typename Tool> void OpenTools::openHeldTool(QPointer<Tool> &place) {
-    QPixmap picture = atWholeScale(pictureOfPrimaryScreen(), QGuiApplication::primaryScreen()->size());
+    QPixmap picture =
+        atWholeScale(pictureOfPrimaryScreen(), platform::coveringPoints(*QGuiApplication::primaryScreen()));
     place = new Tool(nullptr);
     place->Setbackground(&picture);
     connect(this, &OpenTools::leave, place.data(), &Tool::ExitWindow);

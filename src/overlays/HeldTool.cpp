@@ -2,6 +2,7 @@
 #include "overlays/HeldTool.h"
 
 #include "platform/OverlayWindow.h"
+#include "platform/Screens.h"
 
 #include <QCursor>
 #include <QGuiApplication>
@@ -29,7 +30,8 @@ constexpr int restAfter = 2000;
 HeldTool::HeldTool(QWidget *parent)
     : QWidget(parent)
     , m_screen(QGuiApplication::primaryScreen()->size())
-    , m_layer(m_screen, QGuiApplication::primaryScreen()->devicePixelRatio())
+    , m_layer(platform::coveringPoints(*QGuiApplication::primaryScreen()),
+              QGuiApplication::primaryScreen()->devicePixelRatio())
     , m_mouse(*this)
     , m_follower([this] { followScreen(); }) {
     setWindowFlags(Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
@@ -56,11 +58,12 @@ void HeldTool::Setbackground(QPixmap *picture) {
 void HeldTool::followScreen() {
     const QScreen &screen = *QGuiApplication::primaryScreen();
     m_screen = screen.size();
-    m_layer = ToolLayer(m_screen, screen.devicePixelRatio());
+    const QSize covering = platform::coveringPoints(screen);
+    m_layer = ToolLayer(covering, screen.devicePixelRatio());
     if (!m_background.isNull()) {
         const int scale = int(std::ceil(screen.devicePixelRatio()));
         QPixmap stretched =
-            m_background.scaled(m_screen * scale, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+            m_background.scaled(covering * scale, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
         stretched.setDevicePixelRatio(scale);
         Setbackground(&stretched);
     }

@@ -27,8 +27,8 @@ bool ToolLayer::Look::operator==(const Look &other) const {
     return position == other.position && extent == other.extent && ink == other.ink;
 }
 
-ToolLayer::ToolLayer(const QSize &screen, qreal devicePixelRatio)
-    : m_screen(QPoint(), screen), m_ratio(devicePixelRatio), m_grid(gridOf(devicePixelRatio)) {}
+ToolLayer::ToolLayer(const QSize &covering, qreal devicePixelRatio)
+    : m_screen(QPoint(), covering), m_ratio(devicePixelRatio), m_grid(gridOf(devicePixelRatio)) {}
 
 QRect ToolLayer::onGrid(const QRectF &area) const {
     const QRectF cells(area.topLeft() / m_grid, area.bottomRight() / m_grid);

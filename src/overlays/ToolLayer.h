@@ -37,7 +37,8 @@ public:
     };
     using Draw = std::function<void(QPainter &)>;
 
-    ToolLayer(const QSize &screen, qreal devicePixelRatio);
+    /// The size of its window, which covers the screen.
+    ToolLayer(const QSize &covering, qreal devicePixelRatio);
 
     /// Has the veil drawn with that alpha, unless it is there already; nullopt is no veil. It has to be a
     /// veil of one colour but for the outermost two points of the screen.

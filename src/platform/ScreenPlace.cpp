@@ -51,4 +51,9 @@ Pixels ScreenPlace::toPixels(Points points) const {
             toPixel(points.y, pixelsPerPoint, size.y) + origin.y};
 }
 
+int coveringLength(int points, double pixelsPerPoint, int pixels) {
+    constexpr double tolerance = 1e-6; // of a pixel: 1745 points are 1919.5000000000002 pixels at 1.1
+    return std::max(points, static_cast<int>(std::ceil((pixels - 0.5 + tolerance) / pixelsPerPoint)));
+}
+
 } // namespace vexa::platform

@@ -34,4 +34,8 @@ struct ScreenPlace {
     Pixels toPixels(Points points) const;
 };
 
+/// A length in points that covers so many pixels: `points`, or a few more where the last pixel would stay
+/// bare. What is painted covers a pixel when it reaches beyond its middle.
+int coveringLength(int points, double pixelsPerPoint, int pixels);
+
 } // namespace vexa::platform

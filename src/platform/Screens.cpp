@@ -11,6 +11,12 @@
 
 namespace vexa::platform {
 
+QSize coveringPoints(const QScreen &screen) {
+    const ScreenPlace place = placeOf(screen);
+    return {coveringLength(screen.size().width(), place.pixelsPerPoint, place.size.x),
+            coveringLength(screen.size().height(), place.pixelsPerPoint, place.size.y)};
+}
+
 bool isOnAnotherScreen(const QPoint &points) {
     const ScreenPlace primary = placeOf(*QGuiApplication::primaryScreen());
     const Pixels pixels = primary.toPixels({double(points.x()), double(points.y())});

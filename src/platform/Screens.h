@@ -5,6 +5,7 @@
 
 #include <QObject>
 #include <QPoint>
+#include <QSize>
 
 #include <functional>
 
@@ -16,6 +17,10 @@ namespace vexa::platform {
 
 /// In the units of the session's input: device pixels on X11, points on macOS.
 ScreenPlace placeOf(const QScreen &screen);
+
+/// The least size in points whose window covers every pixel of the screen: what the screen is said to have,
+/// which is rounded, or a point more.
+QSize coveringPoints(const QScreen &screen);
 
 /// Whether a place, given in points of the primary screen, lies on another screen.
 bool isOnAnotherScreen(const QPoint &points);

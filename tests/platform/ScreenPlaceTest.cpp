@@ -16,7 +16,7 @@ private slots:
         QTest::addColumn<double>("scale");
         for (int sixteenths = 16; sixteenths <= 48; ++sixteenths)
             QTest::addRow("%d/16", sixteenths) << sixteenths / 16.0;
-        for (const double scale : {1.1, 1.3, 1.35, 1.6, 1.8, 2.3})
+        for (const double scale : {1.1, 1.15, 1.3, 1.35, 1.6, 1.7, 1.8, 2.3})
             QTest::addRow("%.2f", scale) << scale;
     }
 
@@ -40,6 +40,19 @@ private slots:
         const ScreenPlace screen{{1920, -100}, {1366, 768}, scale};
         for (const double far : {1e7, -1e300, std::nan("")})
             QVERIFY(!screen.contains(screen.toPixels({far, far})));
+    }
+
+    void aWindowCoversEveryPixelAndNoPointMore() {
+        QFETCH_GLOBAL(double, scale);
+        for (const int pixels : {768, 1080, 1200, 1366, 1440, 1920, 2160, 2560, 3840}) {
+            const int rounded = int(std::round(pixels / scale)); // as the toolkit tells it
+            const int covering = vexa::platform::coveringLength(rounded, scale, pixels);
+            const double middleOfLast = pixels - 0.5, closeBy = 1e-3;
+            QVERIFY(covering * scale > middleOfLast + closeBy);
+            QVERIFY(covering == rounded || (covering - 1) * scale < middleOfLast + closeBy);
+        }
+        QCOMPARE(vexa::platform::coveringLength(1745, 1.1, 1920), 1746);
+        QCOMPARE(vexa::platform::coveringLength(960, 2, 1920), 960);
     }
 
     void aScreenEndsWhereTheNextOneBegins() {

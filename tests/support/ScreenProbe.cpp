@@ -27,9 +27,8 @@ QImage plainImage(const QPixmap &picture) {
 }
 
 QImage shownOnScreen() {
-    const QSize size = screenPoints();
-    QImage image =
-        QGuiApplication::primaryScreen()->grabWindow(0, 0, 0, size.width(), size.height()).toImage();
+    // Of all its pixels, which may be more than those of whole points.
+    QImage image = QGuiApplication::primaryScreen()->grabWindow(0).toImage();
     image.setDevicePixelRatio(1);
     return image.convertToFormat(QImage::Format_RGB32);
 }

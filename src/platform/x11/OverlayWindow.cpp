@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/OverlayWindow.h"
 
+#include "platform/Screens.h"
 #include "platform/x11/BandedFirstFrame.h"
 
 #include <QBackingStore>
@@ -79,10 +80,16 @@ void setArea(WId window, bool whole) {
         XFixesDestroyRegion(display, region);
 }
 
+/// In points, with all of its pixels.
+QRect primaryScreenArea() {
+    const QScreen &screen = *QGuiApplication::primaryScreen();
+    return {screen.geometry().topLeft(), coveringPoints(screen)};
+}
+
 void occupy(QWidget &overlay, Qt::WindowStates state) {
     // In this order: a new geometry ends the state. No window manager acts on the state of a window that is
     // not its own, but the toolkit takes over what it reads back from the server.
-    overlay.setGeometry(QGuiApplication::primaryScreen()->geometry());
+    overlay.setGeometry(primaryScreenArea());
     overlay.setWindowState(state);
 }
 
@@ -95,7 +102,7 @@ int opacityStep(double opacity) {
 
 void showOverPrimaryScreen(QWidget &overlay, Cover cover) {
     // First, since a window keeps the scale of the screen on which it is made until it hears of its move.
-    overlay.setGeometry(QGuiApplication::primaryScreen()->geometry());
+    overlay.setGeometry(primaryScreenArea());
     takeFromWindowManager(overlay);
     occupy(overlay, windowStateOf(cover));
     BandedFirstFrame::paint(overlay);
