@@ -2,7 +2,6 @@
 #include "annotation/DrawingFaces.h"
 #include "overlays/promptwindow2.h"
 #include "support/ResidentMemory.h"
-#include "support/Sanitized.h"
 #include "support/TestMain.h"
 
 #include <QPainter>
@@ -13,10 +12,6 @@ using namespace vexa::test;
 using vexa::DrawingForm;
 
 namespace {
-
-constexpr int warmUp = addressSanitized ? 0 : 30;
-constexpr int openings = addressSanitized ? 20 : 200;
-constexpr double allowedGrowth = 10; // megabytes
 
 /// Lets a closed window delete itself.
 void turnEventLoop() {
@@ -221,7 +216,7 @@ private slots:
     void hundredsOfOpeningsLeaveMemoryFlat_data() { faces::both(); }
     void hundredsOfOpeningsLeaveMemoryFlat() {
         QFETCH(bool, face);
-        const auto openAndClose = [face] {
+        const double grown = growth(30, 200, [face] {
             DrawingForm *form = faces::make(face);
             form->Setbackground(plainPicture(Qt::green));
             form->prompt()->showWithTransperent();
@@ -231,15 +226,9 @@ private slots:
             QCoreApplication::processEvents();
             form->close();
             turnEventLoop();
-        };
-        for (int i = 0; i < warmUp; ++i)
-            openAndClose();
-        const double before = residentMegabytes();
-        for (int i = 0; i < openings; ++i)
-            openAndClose();
+        });
         // Ink, coverage and picture of one window are some 20 MB, its prompt and cursors some 0.1 MB.
-        const double growth = residentMegabytes() - before;
-        QVERIFY2(addressSanitized || growth < allowedGrowth, qPrintable(QString::number(growth)));
+        QVERIFY2(grown < 10, qPrintable(QString::number(grown)));
     }
 };
 

@@ -3,7 +3,6 @@
 #include "settings/ZrToolXmlClass.h"
 #include "support/Patience.h"
 #include "support/ResidentMemory.h"
-#include "support/Sanitized.h"
 #include "support/TestMain.h"
 #include "support/UserFile.h"
 
@@ -32,7 +31,9 @@ private slots:
         Settings::Key3P = 3;
         Settings::Key4P = heldTool;
 
-        const auto openAndClose = [&](bool byClick) {
+        bool byClick = false;
+        const double grown = growth(10, 20, [&] {
+            byClick = !byClick;
             panel.chord(pen::m);
             panel.chord(key);
             QCOMPARE(ToolPanel::objects(), 1);
@@ -49,34 +50,20 @@ private slots:
             if (!byClick)
                 panel.chord(heldTool == -1 ? key : pen::s);
             QTRY_COMPARE(ToolPanel::objects(), 0);
-        };
-
-        double settled = 0;
-        for (int opening = 0; opening < 30; ++opening) {
-            openAndClose(opening % 2 == 0);
-            if (opening == 9)
-                settled = residentMegabytes();
-        }
-        const double grown = residentMegabytes() - settled;
-        qInfo("grown by %.1f MB in 20 openings", grown);
-        QVERIFY(addressSanitized || grown < 8);
+        });
+        QVERIFY2(grown < 8, qPrintable(QString::number(grown)));
     }
 
     void screenshotsLeaveTheMemoryFlat() {
         const QTemporaryDir home;
         qputenv("HOME", QFile::encodeName(home.path()));
         ToolPanel panel;
-        double settled = 0;
-        for (int shot = 0; shot < 30; ++shot) {
+        const double grown = growth(10, 20, [&] {
             panel.window.FullScreenShot();
             // Once it is written, nobody holds its picture any more.
             QVERIFY(QTest::qWaitFor([&] { return removedAShotFrom(home.path()); }, patience));
-            if (shot == 9)
-                settled = residentMegabytes();
-        }
-        const double grown = residentMegabytes() - settled;
-        qInfo("grown by %.1f MB in 20 shots", grown);
-        QVERIFY(addressSanitized || grown < 12);
+        });
+        QVERIFY2(grown < 12, qPrintable(QString::number(grown)));
     }
 
 private:
