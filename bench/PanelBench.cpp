@@ -128,11 +128,11 @@ public:
         mouse(QEvent::MouseButtonRelease, place, {});
     }
 
-    /// Milliseconds from a deed until its frame is drawn, waiting not counted.
-    template<typename Deed> double cost(Deed deed) {
+    /// Milliseconds from an action until its frame is drawn, waiting not counted.
+    template<typename Action> double cost(Action action) {
         const double begin = threadTime();
         m_frames = 0;
-        deed();
+        action();
         untilDrawn();
         return threadTime() - begin;
     }
@@ -164,7 +164,7 @@ void measureFrames() {
         openKey4.push_back(bench.cost([&] { bench.click(key4); }));
         close.push_back(bench.cost([&] { bench.click(key4); }));
     }
-    std::printf("GUI thread, deed to drawn frame (processor time, %d times)\n", repetitions);
+    std::printf("GUI thread, action to drawn frame (processor time, %d times)\n", repetitions);
     report("opening key 1's view", openKey1);
     report("opening key 4's view in its place", openKey4);
     report("closing it", close);

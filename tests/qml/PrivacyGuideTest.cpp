@@ -234,9 +234,9 @@ private slots:
 
 private:
     /// Runs the guide as the start does, and does something to it meanwhile.
-    template<typename Deed> int run(Deed deed) {
+    template<typename Action> int run(Action action) {
         PrivacyprivilegesWindow guide;
-        QTimer::singleShot(0, &guide, [&] { deed(guide); });
+        QTimer::singleShot(0, &guide, [&] { action(guide); });
         QTimer::singleShot(30000, &guide, [&guide] { guide.done(-1); });
         return guide.exec();
     }

@@ -23,13 +23,13 @@ long sum(id, SEL, long a, long b) {
 }
 
 // Whether the process that does this is ended by abort().
-bool aborts(const std::function<void()> &deed) {
+bool aborts(const std::function<void()> &action) {
     const pid_t child = fork();
     if (child == 0) {
         const rlimit noCore{0, 0};
         setrlimit(RLIMIT_CORE, &noCore);
         std::signal(SIGABRT, SIG_DFL);
-        deed();
+        action();
         _exit(0);
     }
     int status = 0;
