@@ -3,6 +3,7 @@
 
 import ctypes
 import os
+import re
 import subprocess
 import time
 from pathlib import Path
@@ -61,11 +62,17 @@ class Monitor:
         x, y = (p if p >= 0 else size + p for p, size in zip((x, y), points))
         return self.left + int(x * self.scale), self.top + int(y * self.scale)
 
-    def inside(self):
-        """Pixels near its corners and the middles of its edges."""
-        right, bottom = self.left + self.width - 3, self.top + self.height - 3
-        return [(x, y) for x in (self.left + 2, (self.left + right) // 2, right)
-                for y in (self.top + 2, (self.top + bottom) // 2, bottom)
+    def has_its_size(self, line):
+        """Of a window in xwininfo's list: at its place, and as large, or by less than a point larger."""
+        place = re.search(r" (\d+)x(\d+)\+%d\+%d " % (self.left, self.top), line)
+        return bool(place) and all(0 <= int(length) - own < self.scale
+                                   for length, own in zip(place.groups(), (self.width, self.height)))
+
+    def edges(self):
+        """The pixels at its corners and in the middles of its edges."""
+        right, bottom = self.left + self.width - 1, self.top + self.height - 1
+        return [(x, y) for x in (self.left, (self.left + right) // 2, right)
+                for y in (self.top, (self.top + bottom) // 2, bottom)
                 if (x, y) != ((self.left + right) // 2, (self.top + bottom) // 2)]
 
 

@@ -159,12 +159,12 @@ USED = {"laser": laser_follows, "spotlight": spotlight_follows, "magnifier": mag
 def covers_only(primary, others):
     """Seen from the colour that the desktop has got since."""
     screen = Screen()
-    covered = [screen.at(*place) != AFTER for place in primary.inside()]
-    return all(covered) and not any(screen.at(*place) != AFTER for other in others for place in other.inside())
+    covered = [screen.at(*place) != AFTER for place in primary.edges()]
+    return all(covered) and not any(screen.at(*place) != AFTER for other in others for place in other.edges())
 
 
 def goes(all_monitors):
-    return until(lambda: all(Screen().at(*place) == AFTER for monitor in all_monitors for place in monitor.inside()))
+    return until(lambda: all(Screen().at(*place) == AFTER for monitor in all_monitors for place in monitor.edges()))
 
 
 def tool_in(program, tool, primary, others):
@@ -186,8 +186,7 @@ def opened(binaries, scale, tool, monitor):
     program = Program(binaries, scale, tool)
     run("xdotool", "mousemove", *map(str, monitor.at(200, 150)))
     program.open()
-    whole = " %dx%d+%d+%d " % (monitor.width, monitor.height, monitor.left, monitor.top)
-    program.opened = until(lambda: any(whole in line and "VexaOrbilo" in line
+    program.opened = until(lambda: any("VexaOrbilo" in line and monitor.has_its_size(line)
                                        for line in run("xwininfo", "-root", "-tree").split("\n")))
     paint_desktop(AFTER)
     return program

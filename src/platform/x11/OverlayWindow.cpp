@@ -12,6 +12,7 @@
 #include <QX11Info>
 
 #include <algorithm>
+#include <optional>
 
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
@@ -68,29 +69,35 @@ void showOnTop(QWidget &widget) {
     sendRequests();
 }
 
-/// Without a compositing manager the opacity changes nothing, so a window that shall not be seen is left
-/// without an area.
-void setArea(WId window, bool whole) {
+/// Lets the window be seen in this area of it alone, in device pixels; without one in all of it.
+void setArea(WId window, const std::optional<QRect> &area) {
     if (!QX11Info::isPlatformX11())
         return;
     Display *display = QX11Info::display();
-    const XserverRegion region = whole ? XserverRegion(None) : XFixesCreateRegion(display, nullptr, 0);
+    XserverRegion region = None;
+    if (area) {
+        XRectangle pixels{};
+        pixels.width = static_cast<unsigned short>(area->width());
+        pixels.height = static_cast<unsigned short>(area->height());
+        region = XFixesCreateRegion(display, &pixels, 1);
+    }
     XFixesSetWindowShapeRegion(display, window, ShapeBounding, 0, 0, region);
-    if (!whole)
+    if (area)
         XFixesDestroyRegion(display, region);
 }
 
-/// In points, with all of its pixels.
-QRect primaryScreenArea() {
-    const QScreen &screen = *QGuiApplication::primaryScreen();
-    return {screen.geometry().topLeft(), coveringPoints(screen)};
-}
-
+/// At some scales the points that all pixels of the screen need are more pixels than it has, and what lies
+/// beyond them is another monitor's.
 void occupy(QWidget &overlay, Qt::WindowStates state) {
+    const QScreen &screen = *QGuiApplication::primaryScreen();
     // In this order: a new geometry ends the state. No window manager acts on the state of a window that is
     // not its own, but the toolkit takes over what it reads back from the server.
-    overlay.setGeometry(primaryScreenArea());
+    const QSize points = coveringPoints(screen);
+    overlay.setGeometry({screen.geometry().topLeft(), points});
     overlay.setWindowState(state);
+    const Pixels pixels = placeOf(screen).size;
+    const bool reachesBeyond = points != screen.size();
+    setArea(overlay.winId(), reachesBeyond ? std::optional(QRect(0, 0, pixels.x, pixels.y)) : std::nullopt);
 }
 
 /// The step of 255 in which the toolkit keeps an opacity.
@@ -102,7 +109,7 @@ int opacityStep(double opacity) {
 
 void showOverPrimaryScreen(QWidget &overlay, Cover cover) {
     // First, since a window keeps the scale of the screen on which it is made until it hears of its move.
-    overlay.setGeometry(primaryScreenArea());
+    overlay.setGeometry(QGuiApplication::primaryScreen()->geometry());
     takeFromWindowManager(overlay);
     occupy(overlay, windowStateOf(cover));
     BandedFirstFrame::paint(overlay);
@@ -134,8 +141,10 @@ void setOverlayOpacity(QWidget &card, double opacity) {
     const int before = qRound(card.windowOpacity() * 255);
     if (step == before)
         return;
+    // Without a compositing manager the opacity changes nothing, so a card that shall not be seen is left
+    // without an area.
     if ((step == 0) != (before == 0))
-        setArea(card.winId(), step != 0);
+        setArea(card.winId(), step == 0 ? std::optional(QRect()) : std::nullopt);
     card.setWindowOpacity(step == 0 ? 0.0 : opacity);
     sendRequests();
 }
