@@ -4,6 +4,7 @@
 #include "platform/x11/input/Connection.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <iterator>
 
 #include <xcb/xcb.h>
@@ -40,11 +41,12 @@ XKeyCode keyThatMeans(const Connection &connection, int virtualKey) {
     const int keys = setup->max_keycode - first + 1;
     const Reply<xcb_get_keyboard_mapping_reply_t> map(xcb_get_keyboard_mapping_reply(
         x, xcb_get_keyboard_mapping(x, setup->min_keycode, static_cast<std::uint8_t>(keys)), nullptr));
-    if (!map)
+    const std::ptrdiff_t perKey = map ? map->keysyms_per_keycode : 0;
+    if (perKey == 0)
         return usual;
     const xcb_keysym_t *const symbols = xcb_get_keyboard_mapping_keysyms(map.get());
     const auto means = [&](int key) {
-        return symbols[(key - first) * map->keysyms_per_keycode] == meaning->symbol; // without modifiers
+        return symbols[(key - first) * perKey] == meaning->symbol; // without modifiers
     };
     if (means(usual))
         return usual;
