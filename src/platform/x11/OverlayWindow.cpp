@@ -95,9 +95,12 @@ void occupy(QWidget &overlay, Qt::WindowStates state) {
     const QSize points = coveringPoints(screen);
     overlay.setGeometry({screen.geometry().topLeft(), points});
     overlay.setWindowState(state);
-    const Pixels pixels = placeOf(screen).size;
-    const bool reachesBeyond = points != screen.size();
-    setArea(overlay.winId(), reachesBeyond ? std::optional(QRect(0, 0, pixels.x, pixels.y)) : std::nullopt);
+    std::optional<QRect> own;
+    if (points != screen.size()) {
+        const Pixels pixels = placeOf(screen).size;
+        own = QRect(0, 0, pixels.x, pixels.y);
+    }
+    setArea(overlay.winId(), own);
 }
 
 /// The step of 255 in which the toolkit keeps an opacity.
