@@ -45,20 +45,25 @@ bool awaitRecord(Display *records, const int &count) {
     return true;
 }
 
+Samples series(const std::function<double()> &measure) {
+    Samples samples;
+    while (!samples.areEnough() && samples.take(measure)) {
+    }
+    return samples;
+}
+
 } // namespace
 
-std::vector<double> captures(int rounds) {
-    std::vector<double> times;
-    for (int round = 0; round < rounds; ++round) {
+Samples captures() {
+    return series([] {
         QElapsedTimer timer;
         timer.start();
         QGuiApplication::primaryScreen()->grabWindow(0);
-        times.push_back(milliseconds(timer));
-    }
-    return times;
+        return milliseconds(timer);
+    });
 }
 
-std::vector<double> roundTrips(int rounds) {
+Samples roundTrips() {
     Display *keys = XOpenDisplay(nullptr);
     Display *records = XOpenDisplay(nullptr);
     XRecordRange *range = XRecordAllocRange();
@@ -70,15 +75,17 @@ std::vector<double> roundTrips(int rounds) {
     int count = 0;
     XRecordEnableContextAsync(records, context, countRecord, reinterpret_cast<XPointer>(&count));
 
-    std::vector<double> times;
-    for (int half = 0; half < 2 * rounds; ++half) {
+    bool down = false;
+    Samples times = series([keys, records, &count, &down] {
         QElapsedTimer timer;
         timer.start();
-        XTestFakeKeyEvent(keys, leftShift, half % 2 == 0 ? True : False, CurrentTime);
+        down = !down;
+        XTestFakeKeyEvent(keys, leftShift, down ? True : False, CurrentTime);
         XFlush(keys);
-        if (awaitRecord(records, count))
-            times.push_back(milliseconds(timer));
-    }
+        return awaitRecord(records, count) ? milliseconds(timer) : -1;
+    });
+    if (down)
+        XTestFakeKeyEvent(keys, leftShift, False, CurrentTime);
     XRecordDisableContext(keys, context);
     XFree(range);
     XCloseDisplay(keys);
@@ -86,7 +93,7 @@ std::vector<double> roundTrips(int rounds) {
     return times;
 }
 
-std::vector<double> repaints(int rounds) {
+Samples repaints() {
     QWidget window(nullptr, Qt::FramelessWindowHint | Qt::BypassWindowManagerHint);
     QPixmap picture(QGuiApplication::primaryScreen()->size());
     picture.fill(Qt::darkCyan);
@@ -95,17 +102,17 @@ std::vector<double> repaints(int rounds) {
     window.setPalette(palette);
     window.setGeometry(QGuiApplication::primaryScreen()->geometry());
     window.show();
-    std::vector<double> times;
-    for (int round = -3; round < rounds; ++round) {
+    const auto repaint = [&window] {
         QCoreApplication::processEvents();
         QElapsedTimer timer;
         timer.start();
         window.repaint();
         QGuiApplication::primaryScreen()->grabWindow(0, 0, 0, 1, 1); // answered when the server has painted
-        if (round >= 0)
-            times.push_back(milliseconds(timer));
-    }
-    return times;
+        return milliseconds(timer);
+    };
+    for (int first = 0; first < 3; ++first)
+        repaint();
+    return series(repaint);
 }
 
 } // namespace bench

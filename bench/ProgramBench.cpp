@@ -2,11 +2,13 @@
 //
 // program-bench: the real program on the current display, from the pen's chord to the pixel, its share of the
 // processor and its memory, beside what no program can go below. Prints one figure a line: the screen, what
-// was measured, its unit, the median, the lowest and the highest, between tabs. scripts/bench makes the
+// was measured, its unit, the median, the lowest and the highest, between tabs; for times of those that the
+// host did not disturb (see Samples.h), and how many that are of how many taken. scripts/bench makes the
 // report of them.
 #include "Floors.h"
 #include "Median.h"
 #include "ProcessMeter.h"
+#include "Samples.h"
 #include "e2e/Desktop.h"
 #include "e2e/Program.h"
 #include "support/RealInput.h"
@@ -27,8 +29,7 @@ using namespace vexa::test;
 
 namespace {
 
-constexpr int rounds = 8;
-constexpr int floorRounds = 20;
+constexpr int mostStarts = 3; // until a first opening is undisturbed
 constexpr double watchedSeconds = 2.5;
 constexpr int pointerRate = 125; // Hertz
 constexpr double patience = 30;  // seconds
@@ -64,12 +65,20 @@ QPoint middle() {
     return {screenSize().width() / 2, screenSize().height() / 2};
 }
 
-void print(const QString &what, const char *unit, const std::vector<double> &values) {
-    if (values.empty())
-        return;
-    const auto [low, high] = std::minmax_element(values.begin(), values.end());
-    std::printf("%dx%d\t%s\t%s\t%.2f\t%.2f\t%.2f\n", screenSize().width(), screenSize().height(),
-                qPrintable(what), unit, bench::median(values), *low, *high);
+void print(const QString &what, const char *unit, double value) {
+    std::printf("%dx%d\t%s\t%s\t%.2f\n", screenSize().width(), screenSize().height(), qPrintable(what), unit,
+                value);
+    std::fflush(stdout);
+}
+
+void print(const QString &what, const bench::Samples &samples) {
+    std::vector<double> times = samples.undisturbed();
+    const std::size_t count = times.size();
+    if (times.empty())
+        times.push_back(std::nan(""));
+    const auto [low, high] = std::minmax_element(times.begin(), times.end());
+    std::printf("%dx%d\t%s\tms\t%.2f\t%.2f\t%.2f\t%zu\t%d\n", screenSize().width(), screenSize().height(),
+                qPrintable(what), bench::median(times), *low, *high, count, samples.taken());
     std::fflush(stdout);
 }
 
@@ -167,50 +176,66 @@ private:
     bool m_ready = false;
 };
 
-bool benchTool(const Tool &tool) {
+bool takeOpening(const Session &session, bench::Samples &openings) {
+    return openings.take([&session] { return session.open(); }) && session.close();
+}
+
+/// What the first opening after the start takes, from as many starts more as it needs to be undisturbed.
+bool benchFirstOpening(const Tool &tool, bench::Samples &first) {
+    while (first.undisturbed().empty() && first.taken() < mostStarts) {
+        const Session session(tool);
+        if (!session.isReady() || !takeOpening(session, first))
+            return false;
+    }
+    print(tool.name + ", first opening", first);
+    return true;
+}
+
+bool benchSession(const Tool &tool, bench::Samples &first) {
     const Session session(tool);
     if (!session.isReady())
         return false;
     const double hidden = session.memory();
     const double idle = share(session.pid(), doNothing);
 
-    const double first = session.open();
-    if (first < 0 || !session.close())
+    if (!takeOpening(session, first))
         return false;
-    std::vector<double> openings;
-    for (int round = 0; round < rounds; ++round) {
-        openings.push_back(session.open());
-        if (openings.back() < 0 || !session.close())
+    bench::Samples openings;
+    while (!openings.areEnough())
+        if (!takeOpening(session, openings))
             return false;
-    }
     session.open();
     rest(toolSettles);
     const double open = session.memory();
-    print(tool.name + ", first opening", "ms", {first});
-    print(tool.name + ", chord to pixel", "ms", openings);
+    print(tool.name + ", chord to pixel", openings);
     if (tool.isHeld()) {
-        print(tool.name + ", nothing open", "% of a core", {idle});
-        print(tool.name + ", pointer still", "% of a core", {share(session.pid(), doNothing)});
-        print(tool.name + ", pointer moving", "% of a core", {share(session.pid(), circle)});
+        print(tool.name + ", nothing open", "% of a core", idle);
+        print(tool.name + ", pointer still", "% of a core", share(session.pid(), doNothing));
+        print(tool.name + ", pointer moving", "% of a core", share(session.pid(), circle));
     }
     if (!session.close())
         return false;
     rest(memoryReturns);
-    print("memory before " + tool.name, "MiB", {hidden});
-    print("memory with " + tool.name, "MiB", {open});
-    print("memory after " + tool.name, "MiB", {session.memory()});
+    print("memory before " + tool.name, "MiB", hidden);
+    print("memory with " + tool.name, "MiB", open);
+    print("memory after " + tool.name, "MiB", session.memory());
     return true;
 }
 
+bool benchTool(const Tool &tool) {
+    bench::Samples first;
+    return benchSession(tool, first) && benchFirstOpening(tool, first);
+}
+
 void benchFloors() {
-    print("floor: toolkit's capture", "ms", bench::captures(floorRounds));
-    print("floor: key to record", "ms", bench::roundTrips(floorRounds));
-    print("floor: full repaint", "ms", bench::repaints(floorRounds));
+    print("floor: toolkit's capture", bench::captures());
+    print("floor: key to record", bench::roundTrips());
+    print("floor: full repaint", bench::repaints());
     QProcess empty;
     empty.start(QStringLiteral(EMPTY_PROGRAM), QStringList());
     empty.waitForStarted();
     rest(promptFades);
-    print("floor: empty program's memory", "MiB", {bench::proportionalMebibytes(empty.processId())});
+    print("floor: empty program's memory", "MiB", bench::proportionalMebibytes(empty.processId()));
     empty.kill();
     empty.waitForFinished();
 }
