@@ -114,6 +114,20 @@ void Hand::ungrab() {
     m_connection->sync();
 }
 
+void Hand::holdClicksBack() {
+    xcb_grab_button(m_connection->get(), 0, m_connection->root(), XCB_EVENT_MASK_BUTTON_PRESS,
+                    XCB_GRAB_MODE_SYNC, XCB_GRAB_MODE_ASYNC, XCB_NONE, XCB_NONE, XCB_BUTTON_INDEX_1,
+                    XCB_MOD_MASK_ANY);
+    if (!m_connection->sync())
+        throw std::runtime_error("no button grab");
+}
+
+void Hand::passClicksOn() {
+    xcb_ungrab_button(m_connection->get(), XCB_BUTTON_INDEX_1, m_connection->root(), XCB_MOD_MASK_ANY);
+    xcb_allow_events(m_connection->get(), XCB_ALLOW_REPLAY_POINTER, XCB_CURRENT_TIME);
+    m_connection->sync();
+}
+
 void Hand::openFocusedWindow() {
     xcb_connection_t *x = m_program->get();
     const xcb_window_t window = xcb_generate_id(x);

@@ -47,6 +47,10 @@ public:
     void grabPointer();
     void ungrab();
 
+    /// As a window manager does with a click, to give the window the focus first.
+    void holdClicksBack();
+    void passClicksOn();
+
     /// A window that has the focus, and what keys it was given.
     struct Given {
         bool down;

@@ -22,7 +22,7 @@ public:
     struct Pace {
         std::chrono::milliseconds keyAfterRelease{250}; ///< idle 20 lost none; overloaded 100 did, 250 not
         std::chrono::milliseconds toTheEnd{1000};       ///< the longest time that destruction may take
-        std::chrono::milliseconds untilRead{3000}; ///< a program that stands still longer is not waited for
+        std::chrono::milliseconds untilRead{3000};      ///< who stands still longer is not waited for
     };
 
     /// Puts an event into the session; false when it cannot. Called by one thread at a time.
