@@ -17,27 +17,28 @@ class HeldToolCoverTest : public QObject {
 
 private slots:
     void heldToolCoversWhatIsLeftByWhatIsOpen_data() {
-        QTest::addColumn<int>("heldTool");
+        QTest::addColumn<HeldToolChoice>("heldTool");
         QTest::addColumn<bool>("annotation");
         QTest::addColumn<bool>("blackboard");
-        const char *const names[] = {"spotlight", "magnifier", "laser"};
-        for (int tool = 0; tool < 3; ++tool) {
-            QTest::addRow("%s alone", names[tool]) << tool << false << false;
-            QTest::addRow("%s over the annotation", names[tool]) << tool << true << false;
-            QTest::addRow("%s over the blackboard", names[tool]) << tool << false << true;
-            QTest::addRow("%s over both", names[tool]) << tool << true << true;
+        for (const auto &[name, tool] :
+             {std::pair("spotlight", HeldToolChoice::Spotlight),
+              std::pair("magnifier", HeldToolChoice::Magnifier), std::pair("laser", HeldToolChoice::Laser)}) {
+            QTest::addRow("%s alone", name) << tool << false << false;
+            QTest::addRow("%s over the annotation", name) << tool << true << false;
+            QTest::addRow("%s over the blackboard", name) << tool << false << true;
+            QTest::addRow("%s over both", name) << tool << true << true;
         }
     }
 
     void heldToolCoversWhatIsLeftByWhatIsOpen() {
-        QFETCH(int, heldTool);
+        QFETCH(HeldToolChoice, heldTool);
         QFETCH(bool, annotation);
         QFETCH(bool, blackboard);
         userfile::clear();
         vexa::fakeDesktop().covers.clear();
         ToolPanel panel;
-        Settings::Key3P = 3;
-        Settings::Key4P = heldTool;
+        Settings::Key3P = Number(KeyAction::Blackboard);
+        Settings::Key4P = Number(heldTool);
         QMap<QByteArray, Cover> expected;
         if (blackboard) {
             panel.chord(pen::j);
@@ -50,14 +51,14 @@ private slots:
         }
         panel.chord(pen::g);
         const char *const tools[] = {"Spolight2", "Magnifie", "LightPen"};
-        expected[tools[heldTool]] = annotation || blackboard ? Cover::Maximized : Cover::FullScreen;
+        expected[tools[Number(heldTool)]] = annotation || blackboard ? Cover::Maximized : Cover::FullScreen;
         QCOMPARE(vexa::fakeDesktop().covers, expected);
     }
 
     void heldToolCoversAllAgainAfterwards() {
         userfile::clear();
         ToolPanel panel;
-        Settings::Key4P = 2;
+        Settings::Key4P = Number(HeldToolChoice::Laser);
         panel.chord(pen::i);
         panel.chord(pen::i);
         panel.chord(pen::g);

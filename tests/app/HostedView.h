@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/MainWindow.h"
+#include "support/ViewNumbers.h"
 
 #include <QJSValue>
 #include <QQuickItem>
@@ -9,6 +10,9 @@
 
 /// One call of the view's function "setvalue".
 using Call = QVariantList;
+inline Call call(ViewMessage message, const QVariant &value, const QVariant &note = 0) {
+    return {int(message), value, note};
+}
 
 /// The main window over a view that only remembers what it is told (views/MainWindow.qml).
 struct Panel {
@@ -22,8 +26,9 @@ struct Panel {
         return all;
     }
     void forgetCalls() { QMetaObject::invokeMethod(root, "forget"); }
-    void send(int id, int var1, int var2 = 0) {
-        QMetaObject::invokeMethod(root, "qmlSignal1", Q_ARG(int, id), Q_ARG(int, var1), Q_ARG(int, var2));
+    void send(ViewMessage message, vexa::test::Number value, vexa::test::Number note = 0) {
+        QMetaObject::invokeMethod(root, "qmlSignal1", Q_ARG(int, int(message)), Q_ARG(int, value),
+                                  Q_ARG(int, note));
     }
     template<typename Widget> Widget *part(const char *name) {
         return window.findChild<Widget *>(QLatin1String(name));

@@ -6,6 +6,7 @@
 #include "settings/ZrToolXmlClass.h"
 #include "support/TestMain.h"
 #include "support/UserFile.h"
+#include "support/ViewNumbers.h"
 
 #include <QFontDatabase>
 #include <QLabel>
@@ -75,9 +76,9 @@ private slots:
         const auto row = [](const char *name, int language, const QStringList &texts) {
             QTest::newRow(name) << language << texts;
         };
-        row("Simplified Chinese", 0, {"设置", "2.1.0.210527", "关闭"});
-        row("Traditional Chinese", 1, {"設置", "2.1.0.210527", "關閉"});
-        row("English", 2, {"Setting", "2.1.0.210527", "Close"});
+        row("Simplified Chinese", simplifiedChinese, {"设置", "2.1.0.210527", "关闭"});
+        row("Traditional Chinese", traditionalChinese, {"設置", "2.1.0.210527", "關閉"});
+        row("English", english, {"Setting", "2.1.0.210527", "Close"});
         for (const int language : {-1, 3, 5, -2147483647 - 1})
             row(qPrintable(QString::number(language)), language, {"设置", "2.0.0.0", "关闭"});
     }
@@ -85,35 +86,35 @@ private slots:
     void eachLanguageHasItsCatalogueAndOthersTheSourceTexts() {
         QFETCH(int, language);
         Language spokenLanguage;
-        spokenLanguage.change(2);
+        spokenLanguage.change(english);
         spokenLanguage.change(language);
         QTEST((QStringList{spoken("设置"), spoken("2.0.0.0"), spokenClose()}), "texts");
     }
 
     void catalogueThatCannotBeLoadedLeavesTheSourceTexts() {
         Language spokenLanguage;
-        spokenLanguage.change(2);
+        spokenLanguage.change(english);
         QCOMPARE(spoken("设置"), QStringLiteral("Setting"));
         {
             takeCataloguesAway();
             const auto mended = qScopeGuard(bringCataloguesBack);
-            for (const int language : {1, 2, 0}) {
+            for (const Number language : {traditionalChinese, english, simplifiedChinese}) {
                 spokenLanguage.change(language);
                 QCOMPARE(spoken("设置"), QStringLiteral("设置"));
                 QCOMPARE(spoken("2.0.0.0"), QStringLiteral("2.0.0.0"));
             }
         }
-        spokenLanguage.change(2);
+        spokenLanguage.change(english);
         QCOMPARE(spoken("设置"), QStringLiteral("Setting"));
     }
 
     void nextCatalogueReplacesTheOneBefore() {
         Language spokenLanguage;
-        spokenLanguage.change(2);
-        spokenLanguage.change(1);
+        spokenLanguage.change(english);
+        spokenLanguage.change(traditionalChinese);
         // The guide to the permissions has no rows in Traditional Chinese; English must not shine through.
         QCOMPARE(QCoreApplication::translate("PrivacyWindow", "辅助功能"), QStringLiteral("辅助功能"));
-        spokenLanguage.change(2);
+        spokenLanguage.change(english);
         QCOMPARE(QCoreApplication::translate("PrivacyWindow", "辅助功能"),
                  QStringLiteral("Auxiliary Function;"));
     }
@@ -121,7 +122,7 @@ private slots:
     void endOfTheLanguageTakesTheCatalogueOut() {
         {
             Language spokenLanguage;
-            spokenLanguage.change(2);
+            spokenLanguage.change(english);
             QCOMPARE(spoken("设置"), QStringLiteral("Setting"));
         }
         QCOMPARE(spoken("设置"), QStringLiteral("设置"));
@@ -130,9 +131,9 @@ private slots:
     void chineseTextHasTheFaceOfItsReaders_data() {
         QTest::addColumn<int>("language");
         QTest::addColumn<QString>("face");
-        QTest::newRow("Simplified Chinese") << 0 << QStringLiteral("noto sans cjk sc");
-        QTest::newRow("Traditional Chinese") << 1 << QStringLiteral("noto sans cjk tc");
-        QTest::newRow("English") << 2 << QStringLiteral("noto sans cjk sc");
+        QTest::newRow("Simplified Chinese") << int(simplifiedChinese) << QStringLiteral("noto sans cjk sc");
+        QTest::newRow("Traditional Chinese") << int(traditionalChinese) << QStringLiteral("noto sans cjk tc");
+        QTest::newRow("English") << int(english) << QStringLiteral("noto sans cjk sc");
     }
 
     void chineseTextHasTheFaceOfItsReaders() {
@@ -141,7 +142,7 @@ private slots:
         const QString chinese = QStringLiteral("直骨角");
         QLabel label;
         label.setFont(QFont(QStringLiteral("Arial"), 40));
-        Language::chooseFace(language == 1 ? 0 : 1);
+        Language::chooseFace(language == traditionalChinese ? simplifiedChinese : traditionalChinese);
         QVERIFY(!facesOf(chinese, label.font()).contains(face));
         Language::chooseFace(language);
         QCOMPARE(label.font().family(), QStringLiteral("Arial"));
@@ -163,8 +164,8 @@ private slots:
             return found;
         };
         for (const auto &[language, face] :
-             {std::pair(1, "noto sans cjk tc"), std::pair(2, "noto sans cjk sc"),
-              std::pair(1, "noto sans cjk tc"), std::pair(7, "noto sans cjk sc")}) {
+             {std::pair(traditionalChinese, "noto sans cjk tc"), std::pair(english, "noto sans cjk sc"),
+              std::pair(traditionalChinese, "noto sans cjk tc"), std::pair(Number(7), "noto sans cjk sc")}) {
             window.changeLanguage(language);
             QTRY_COMPARE(faces(), QSet<QString>{QString::fromLatin1(face)});
         }
@@ -181,7 +182,7 @@ private slots:
         const QStringList substitutes{QStringLiteral("somebody's")};
         QFont::insertSubstitutions(QStringLiteral("Arial"), substitutes);
         Language language;
-        language.change(1);
+        language.change(traditionalChinese);
         QVERIFY(!QFontDatabase::applicationFontFamilies(own).isEmpty());
         QCOMPARE(QFont::substitutes(QStringLiteral("Arial")), substitutes);
         QFont::removeSubstitutions(QStringLiteral("Arial"));
@@ -190,18 +191,18 @@ private slots:
 
     void choosingALanguageIsSavedAndSpoken() {
         MainWindow window;
-        window.recvQmlMessage1(16, 2, 0);
-        QCOMPARE(ZrToolXmlClass::Language, 2);
+        receive(window, ViewMessage::Language, english);
+        QCOMPARE(ZrToolXmlClass::Language, english);
         QVERIFY(userfile::read().contains("<Language>2</Language>"));
         QCOMPARE(spoken("设置"), QStringLiteral("Setting"));
-        window.recvQmlMessage1(16, 1, 0);
+        receive(window, ViewMessage::Language, traditionalChinese);
         QCOMPARE(spoken("设置"), QStringLiteral("設置"));
     }
 
     void languageOutsideTheListShowsTheSourceTexts() {
         MainWindow window;
-        window.recvQmlMessage1(16, 2, 0);
-        window.recvQmlMessage1(16, 5, 0);
+        receive(window, ViewMessage::Language, english);
+        receive(window, ViewMessage::Language, 5);
         QCOMPARE(ZrToolXmlClass::Language, 5);
         QCOMPARE(spoken("设置"), QStringLiteral("设置"));
     }
@@ -210,8 +211,9 @@ private slots:
         MainWindow window;
         QTRY_COMPARE(promptTexts(), QStringList{"截屏已保存"});
         for (const auto &[language, text] :
-             {std::pair(2, "Screenshot saved!"), std::pair(1, "截屏"), std::pair(0, "截屏已保存"),
-              std::pair(2, "Screenshot saved!"), std::pair(7, "截屏已保存")}) {
+             {std::pair(english, "Screenshot saved!"), std::pair(traditionalChinese, "截屏"),
+              std::pair(simplifiedChinese, "截屏已保存"), std::pair(english, "Screenshot saved!"),
+              std::pair(Number(7), "截屏已保存")}) {
             window.changeLanguage(language);
             QTRY_COMPARE(promptTexts(), QStringList{text});
         }
@@ -221,7 +223,7 @@ private slots:
         MainWindow window;
         window.setWindowTitle(QStringLiteral("other"));
         window.findChild<QLabel *>(QStringLiteral("label"))->setText(QStringLiteral("other"));
-        window.changeLanguage(2);
+        window.changeLanguage(english);
         QCOMPARE(window.windowTitle(), QStringLiteral("MainWindow"));
         QCOMPARE(window.findChild<QLabel *>(QStringLiteral("label"))->text(), QStringLiteral("VexaOrbilo"));
     }

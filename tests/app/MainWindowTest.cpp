@@ -26,8 +26,8 @@ QByteArray fileWith(int more) {
 
 QList<Call> everySettingWith(int more) {
     QList<Call> calls;
-    for (int id = 2; id <= 17; ++id)
-        calls += Call{id, id + more, 0};
+    for (int id = int(vexa::firstSettingMessage); id <= int(vexa::lastSettingMessage); ++id)
+        calls += call(ViewMessage(id), id + more);
     return calls;
 }
 
@@ -178,8 +178,8 @@ private slots:
     void outlandishValuesReachTheViewUnchanged() {
         QVERIFY(userfile::write("<a><b><Key2P>7</Key2P><LaserPenSize>-5</LaserPenSize></b></a>"));
         Panel panel;
-        QVERIFY(panel.calls().contains(Call{12, 7, 0}));
-        QVERIFY(panel.calls().contains(Call{7, -5, 0}));
+        QVERIFY(panel.calls().contains(call(ViewMessage::Key2P, 7)));
+        QVERIFY(panel.calls().contains(call(ViewMessage::LaserPenSize, -5)));
     }
 
     void everySettingIsStoredAndSavedAtOnce() {
@@ -190,7 +190,7 @@ private slots:
             Panel panel;
             panel.forgetCalls();
             userfile::clear();
-            panel.send(setting.message, 4711, 99);
+            panel.send(ViewMessage(setting.message), 4711, 99);
             QCOMPARE(*setting.value, 4711);
             QVERIFY(userfile::read().contains(elementSaying(setting, 4711)));
             QCOMPARE(userfile::read().count("4711"), 1);
@@ -203,19 +203,20 @@ private slots:
         Panel panel;
         panel.window.show();
         userfile::clear();
-        for (int id : {-1, 1, 18, 19, 1000, 65536 + 2})
-            panel.send(id, 4711);
+        for (const ViewMessage message : {ViewMessage(-1), ViewMessage(1), ViewMessage(18), ViewMessage(19),
+                                          ViewMessage::ShowView, ViewMessage(65536 + 2)})
+            panel.send(message, 4711);
         QVERIFY(userfile::read().isNull());
         for (const StoredSetting &setting : storedSettings)
             QCOMPARE(*setting.value, setting.message + 100);
         QVERIFY(panel.window.isVisible());
     }
 
-    void messageZeroHidesTheWindow() {
+    void messageToHideHidesTheWindow() {
         Panel panel;
         panel.window.show();
         userfile::clear();
-        panel.send(0, 0);
+        panel.send(ViewMessage::HidePanel, 0);
         QVERIFY(panel.window.isHidden());
         QVERIFY(userfile::read().isNull());
     }
@@ -224,14 +225,15 @@ private slots:
         QVERIFY(userfile::write(fileWith(100)));
         Panel panel;
         panel.forgetCalls();
-        panel.send(16, 2);
+        panel.send(ViewMessage::Language, english);
         QVERIFY(userfile::read().contains("<Language>2</Language>"));
         QVERIFY(panel.calls().isEmpty());
         QVERIFY(coarseTimersOf(&panel.window).contains(200));
         QTRY_COMPARE(panel.calls().size(), 16);
         QVERIFY(!coarseTimersOf(&panel.window).contains(200));
         QList<Call> expected = everySettingWith(100);
-        expected[16 - 2] = Call{16, 2, 0};
+        expected[int(ViewMessage::Language) - int(vexa::firstSettingMessage)] =
+            call(ViewMessage::Language, int(english));
         QCOMPARE(panel.calls(), expected);
     }
 
@@ -241,8 +243,8 @@ private slots:
         QTRY_VERIFY(panel.window.isHidden()); // the timer of the start is out of the way
         panel.window.show();
         panel.forgetCalls();
-        panel.send(16, 1);
-        panel.send(16, 2);
+        panel.send(ViewMessage::Language, traditionalChinese);
+        panel.send(ViewMessage::Language, english);
         QCOMPARE(coarseTimersOf(&panel.window), QVector<int>{200});
         QTRY_COMPARE(panel.calls().size(), 16);
         QVERIFY(coarseTimersOf(&panel.window).isEmpty());

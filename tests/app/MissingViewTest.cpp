@@ -3,6 +3,7 @@
 #include "settings/ZrToolXmlClass.h"
 #include "support/TestMain.h"
 #include "support/UserFile.h"
+#include "support/ViewNumbers.h"
 
 #include <QQuickWidget>
 
@@ -30,23 +31,23 @@ private slots:
     void messagesToTheViewAreLost() {
         MainWindow window;
         window.Qml_Init();
-        window.SetValue(nullptr, 2, 3, 0);
+        window.SetValue(nullptr, int(ViewMessage::SportLightTran), 3, 0);
         QObject withoutTheFunction;
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("No such method.*setvalue")));
-        window.SetValue(&withoutTheFunction, 2, 3, 0);
+        window.SetValue(&withoutTheFunction, int(ViewMessage::SportLightTran), 3, 0);
     }
 
     void settingsAreStillStored() {
         MainWindow window;
-        window.recvQmlMessage1(7, 33, 0);
+        receive(window, ViewMessage::LaserPenSize, 33);
         QCOMPARE(ZrToolXmlClass::LaserPenSize, 33);
         QVERIFY(userfile::read().contains("<LaserPenSize>33</LaserPenSize>"));
     }
 
     void missingCatalogueTakesTheOldOneAway() {
         MainWindow window;
-        window.recvQmlMessage1(16, 2, 0);
-        QCOMPARE(ZrToolXmlClass::Language, 2);
+        receive(window, ViewMessage::Language, english);
+        QCOMPARE(ZrToolXmlClass::Language, english);
         QCOMPARE(QCoreApplication::translate("SetWindow", "设置"), QStringLiteral("设置"));
     }
 };

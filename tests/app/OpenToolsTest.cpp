@@ -6,11 +6,11 @@
 #include "overlays/Spolight2.h"
 #include "support/TestMain.h"
 #include "support/UserFile.h"
+#include "support/ViewNumbers.h"
 
 #include <QSignalSpy>
 
 using vexa::ClosingReport;
-using vexa::HeldToolChoice;
 using vexa::OpenTools;
 
 namespace {
@@ -44,27 +44,27 @@ private slots:
     void cleanup() { QTRY_COMPARE(heldTools(), 0); }
 
     void onlyTheToolOfThatKindIsAskedToExit_data() {
-        QTest::addColumn<int>("choice");
-        QTest::newRow("spotlight") << 0;
-        QTest::newRow("magnifier") << 1;
-        QTest::newRow("laser") << 2;
-        QTest::newRow("none of them") << 3;
+        QTest::addColumn<HeldToolChoice>("choice");
+        QTest::newRow("spotlight") << HeldToolChoice::Spotlight;
+        QTest::newRow("magnifier") << HeldToolChoice::Magnifier;
+        QTest::newRow("laser") << HeldToolChoice::Laser;
+        QTest::newRow("none of them") << HeldToolChoice(3);
     }
 
     void onlyTheToolOfThatKindIsAskedToExit() {
-        QFETCH(int, choice);
+        QFETCH(HeldToolChoice, choice);
         OpenTools tools;
         tools.openSpotlight();
         tools.openMagnifier();
         tools.openLaser();
         QSignalSpy reports(&tools, &OpenTools::reported);
-        tools.exitHeldTool(HeldToolChoice(choice));
+        tools.exitHeldTool(choice);
         awaitExits();
-        const int left = choice < 3 ? 2 : 3;
+        const int left = choice == HeldToolChoice(3) ? 3 : 2;
         QCOMPARE(heldTools(), left);
-        QCOMPARE(objects<Spolight2>().isEmpty(), choice == 0);
-        QCOMPARE(objects<Magnifie>().isEmpty(), choice == 1);
-        QCOMPARE(objects<LightPen>().isEmpty(), choice == 2);
+        QCOMPARE(objects<Spolight2>().isEmpty(), choice == HeldToolChoice::Spotlight);
+        QCOMPARE(objects<Magnifie>().isEmpty(), choice == HeldToolChoice::Magnifier);
+        QCOMPARE(objects<LightPen>().isEmpty(), choice == HeldToolChoice::Laser);
         QCOMPARE(reports.size(), 3 - left);
     }
 
@@ -84,19 +84,21 @@ private slots:
         OpenTools tools;
         tools.openAnnotation();
         tools.openBlackboard();
-        QVERIFY(tools.forget(ClosingReport(0)));
+        QVERIFY(tools.forget(ClosingReport::Blackboard));
         QVERIFY(tools.annotationOpen() && !tools.blackboardOpen());
-        QVERIFY(tools.forget(ClosingReport(1)));
+        QVERIFY(tools.forget(ClosingReport::Annotation));
         QVERIFY(!tools.annotationOpen());
-        const QList<std::pair<int, void (OpenTools::*)()>> heldTools{
-            {2, &OpenTools::openSpotlight}, {3, &OpenTools::openMagnifier}, {4, &OpenTools::openLaser}};
+        const QList<std::pair<ClosingReport, void (OpenTools::*)()>> heldTools{
+            {ClosingReport::Spotlight, &OpenTools::openSpotlight},
+            {ClosingReport::Magnifier, &OpenTools::openMagnifier},
+            {ClosingReport::Laser, &OpenTools::openLaser}};
         for (const auto &[report, open] : heldTools) {
             (tools.*open)();
-            for (int other : {0, 1, 2, 3, 4, 5, -1})
-                if (other != report)
+            for (int other = -1; other <= 5; ++other)
+                if (ClosingReport(other) != report)
                     tools.forget(ClosingReport(other));
             QVERIFY(tools.heldToolOpen());
-            QVERIFY(tools.forget(ClosingReport(report)));
+            QVERIFY(tools.forget(report));
             QVERIFY(!tools.heldToolOpen());
         }
         QVERIFY(!tools.forget(ClosingReport(5)));
@@ -111,7 +113,7 @@ private slots:
         QSignalSpy formerReports(&tools, &OpenTools::formerReported);
         emit tools.leave();
         QTRY_COMPARE(heldTools(), 0);
-        QCOMPARE(reports, (QList<QVariantList>{{4}}));
+        QCOMPARE(reports, (QList<QVariantList>{{int(ClosingReport::Laser)}}));
         QCOMPARE(formerReports.size(), 1);
     }
 };

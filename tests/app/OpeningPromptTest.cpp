@@ -41,7 +41,7 @@ private slots:
         userfile::clear();
         m_panel = std::make_unique<ToolPanel>();
         Settings::PenColor0 = 5; // "#FFCC0D"
-        Settings::Key3P = 3;
+        Settings::Key3P = Number(KeyAction::Blackboard);
     }
 
     void cleanup() {

@@ -7,6 +7,8 @@
 #include <QStackedWidget>
 #include <QWidget>
 
+Q_DECLARE_METATYPE(Page_Num)
+
 using vexa::PageNavigation;
 
 /// A window with the parts that the navigation moves, and a page in every slot.
@@ -34,30 +36,30 @@ class PageNavigationTest : public QObject {
 
 private slots:
     void everyPageHasItsSlotAndItsSizes_data() {
-        QTest::addColumn<int>("page");
+        QTest::addColumn<Page_Num>("page");
         QTest::addColumn<int>("slot");
         QTest::addColumn<int>("stackHeight");
         QTest::addColumn<int>("windowHeight");
 
-        QTest::newRow("0") << 0 << 0 << 428 << 519;
-        QTest::newRow("1") << 1 << 3 << 515 << 606;
-        QTest::newRow("2") << 2 << 4 << 515 << 606;
-        QTest::newRow("3") << 3 << 5 << 348 << 439;
-        QTest::newRow("4") << 4 << 1 << 520 << 611;
-        QTest::newRow("5") << 5 << 2 << 515 << 606;
-        QTest::newRow("6") << 6 << 6 << 600 << 691;
-        QTest::newRow("7") << 7 << 7 << 600 << 691;
-        QTest::newRow("8") << 8 << 8 << 600 << 691;
-        QTest::newRow("9") << 9 << 9 << 450 << 541;
+        QTest::newRow("0") << Page_0 << 0 << 428 << 519;
+        QTest::newRow("1") << Page_1 << 3 << 515 << 606;
+        QTest::newRow("2") << Page_2 << 4 << 515 << 606;
+        QTest::newRow("3") << Page_3 << 5 << 348 << 439;
+        QTest::newRow("4") << Page_4 << 1 << 520 << 611;
+        QTest::newRow("5") << Page_5 << 2 << 515 << 606;
+        QTest::newRow("6") << Page_6 << 6 << 600 << 691;
+        QTest::newRow("7") << Page_7 << 7 << 600 << 691;
+        QTest::newRow("8") << Page_8 << 8 << 600 << 691;
+        QTest::newRow("9") << Page_9 << 9 << 450 << 541;
     }
 
     void everyPageHasItsSlotAndItsSizes() {
-        QFETCH(int, page);
+        QFETCH(Page_Num, page);
         QFETCH(int, slot);
         QFETCH(int, stackHeight);
         QFETCH(int, windowHeight);
         Pages pages;
-        pages.navigation.show(static_cast<Page_Num>(page));
+        pages.navigation.show(page);
         QCOMPARE(pages.stack.size(), QSize(640, stackHeight));
         QCOMPARE(pages.window.size(), QSize(640, windowHeight));
         QCOMPARE(pages.stack.currentWidget(), pages.bySlot.at(std::size_t(slot)));
@@ -65,10 +67,10 @@ private slots:
 
     void onlyTheFirstPageHidesTheWayBack() {
         Pages pages;
-        for (int page = 9; page >= 0; --page) {
+        for (int page = Page_9; page >= Page_0; --page) {
             pages.back.show();
             pages.navigation.show(static_cast<Page_Num>(page));
-            QCOMPARE(pages.back.isHidden(), page == 0);
+            QCOMPARE(pages.back.isHidden(), page == Page_0);
         }
     }
 

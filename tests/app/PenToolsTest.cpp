@@ -56,11 +56,11 @@ private slots:
 
     void gOpensTheHeldToolOfKey4AndSClosesIt_data() { heldToolRows(); }
     void gOpensTheHeldToolOfKey4AndSClosesIt() {
-        QFETCH(int, heldTool);
+        QFETCH(HeldToolChoice, heldTool);
         m_panel->openHeldTool(heldTool);
-        QCOMPARE(ToolPanel::open<Spolight2>().size(), heldTool == 0 ? 1 : 0);
-        QCOMPARE(ToolPanel::open<Magnifie>().size(), heldTool == 1 ? 1 : 0);
-        QCOMPARE(ToolPanel::open<LightPen>().size(), heldTool == 2 ? 1 : 0);
+        QCOMPARE(ToolPanel::open<Spolight2>().size(), heldTool == HeldToolChoice::Spotlight ? 1 : 0);
+        QCOMPARE(ToolPanel::open<Magnifie>().size(), heldTool == HeldToolChoice::Magnifier ? 1 : 0);
+        QCOMPARE(ToolPanel::open<LightPen>().size(), heldTool == HeldToolChoice::Laser ? 1 : 0);
         m_panel->chord(pen::s);
         QCOMPARE(ToolPanel::openHeldTools(), 1);
         QTRY_COMPARE(ToolPanel::openHeldTools(), 0);
@@ -92,7 +92,7 @@ private slots:
     void heldToolFollowsThePointerWithinTheMargin() {
         QFETCH(QPoint, pointer);
         QFETCH(QPoint, kept);
-        m_panel->openHeldTool(2);
+        m_panel->openHeldTool(HeldToolChoice::Laser);
         m_panel->moveTo(pointer.x(), pointer.y());
         QStringList expected;
         if (kept != pointer)
@@ -103,16 +103,16 @@ private slots:
 
     void everyHeldToolFollowsThePointer_data() { heldToolRows(); }
     void everyHeldToolFollowsThePointer() {
-        QFETCH(int, heldTool);
+        QFETCH(HeldToolChoice, heldTool);
         m_panel->openHeldTool(heldTool);
         const QWidget *tool = ToolPanel::heldTool();
         m_panel->moveTo(1, 700);
         QCOMPARE(Place::of(tool), QPoint(4, 700));
         // It is the setting that says which tool is fed, not which one is out.
-        Settings::Key4P = (heldTool + 1) % 3;
+        Settings::Key4P = (Number(heldTool) + 1) % 3;
         m_panel->moveTo(800, 600);
         QCOMPARE(Place::of(tool), QPoint(4, 700));
-        Settings::Key4P = heldTool;
+        Settings::Key4P = Number(heldTool);
         m_panel->moveTo(801, 601);
         QCOMPARE(Place::of(tool), QPoint(801, 601));
     }
@@ -120,7 +120,7 @@ private slots:
     void laserIsDrawnWhereThePointerWasMovedTo() {
         Settings::LaserPenSize = 13;
         Settings::LaserPenColor = 22;
-        m_panel->openHeldTool(2);
+        m_panel->openHeldTool(HeldToolChoice::Laser);
         m_panel->moveTo(1, 300);
         QTRY_COMPARE(screenColourAt(4, 300), QColor(255, 22, 0));
         QTRY_COMPARE(screenColourAt(4 + 11, 300), QColor(255, 22, 0));
@@ -129,7 +129,7 @@ private slots:
 
     void pointerIsFedOnlyWhileAHeldToolIsOut() {
         m_panel->moveTo(1, 1);
-        m_panel->openHeldTool(2);
+        m_panel->openHeldTool(HeldToolChoice::Laser);
         m_panel->window.RecvGlobaleMouseMessage(kCGEventLeftMouseDown, 1, 1);
         m_panel->window.RecvGlobaleMouseMessage(kCGEventLeftMouseUp, 1, 1);
         m_panel->chord(pen::s);
@@ -141,7 +141,7 @@ private slots:
     }
 
     void dismissedHeldToolKeepsThePointerInNoLonger() {
-        m_panel->openHeldTool(2);
+        m_panel->openHeldTool(HeldToolChoice::Laser);
         ToolPanel::click(ToolPanel::heldTool());
         QTRY_COMPARE(ToolPanel::objects(), 0);
         m_panel->moveTo(1, 1);
@@ -149,7 +149,7 @@ private slots:
     }
 
     void secondHeldToolClosesWithTheFirst() {
-        for (const int heldTool : {2, 2, 0})
+        for (const auto heldTool : {HeldToolChoice::Laser, HeldToolChoice::Laser, HeldToolChoice::Spotlight})
             m_panel->openHeldTool(heldTool);
         QCOMPARE(ToolPanel::open<LightPen>().size(), 2);
         QCOMPARE(ToolPanel::open<Spolight2>().size(), 1);
@@ -160,9 +160,9 @@ private slots:
     void endOfAnEarlierLaserDoesNotTakeThePointerFromTheNext() {
         Settings::LaserPenSize = 13;
         Settings::LaserPenColor = 22;
-        m_panel->openHeldTool(2);
+        m_panel->openHeldTool(HeldToolChoice::Laser);
         m_panel->chord(pen::s); // which leaves a little later
-        m_panel->openHeldTool(2);
+        m_panel->openHeldTool(HeldToolChoice::Laser);
         QCOMPARE(ToolPanel::openHeldTools(), 2);
         QTRY_COMPARE(ToolPanel::openHeldTools(), 1);
         m_panel->moveTo(1200, 800);
@@ -197,7 +197,7 @@ private slots:
     }
 
     void key3TogglesTheBlackboard() {
-        Settings::Key3P = 3;
+        Settings::Key3P = Number(KeyAction::Blackboard);
         m_panel->press(pen::j);
         QVERIFY(ToolPanel::nothingOpen());
         m_panel->release(pen::j);
@@ -259,16 +259,16 @@ private slots:
         QBasicTimer &exit = toolExitTimerOf(m_panel->window);
         m_panel->window.ClickSpolightButton();
         m_panel->window.ClickLightPenButton();
-        Settings::Key4P = 2;
+        Settings::Key4P = Number(HeldToolChoice::Laser);
         exit.start(0, &m_panel->window);
         QTRY_VERIFY(!exit.isActive());
         QTRY_VERIFY(ToolPanel::open<LightPen>().isEmpty());
 
-        Settings::Key4P = 0; // the spotlight's turn, if it were still known
+        Settings::Key4P = Number(HeldToolChoice::Spotlight); // the spotlight's turn, if it were still known
         exit.start(0, &m_panel->window);
         QTRY_VERIFY(!exit.isActive());
         m_panel->window.ClickMagnifierButton();
-        Settings::Key4P = 1;
+        Settings::Key4P = Number(HeldToolChoice::Magnifier);
         exit.start(0, &m_panel->window);
         QTRY_VERIFY(ToolPanel::open<Magnifie>().isEmpty()); // opened and asked last, so it goes last
         QCOMPARE(ToolPanel::open<Spolight2>().size(), 1);
@@ -277,7 +277,7 @@ private slots:
     void penWorksWhileThePanelIsClosed() {
         m_panel->window.show();
         m_panel->window.close();
-        m_panel->openHeldTool(2);
+        m_panel->openHeldTool(HeldToolChoice::Laser);
         QCOMPARE(ToolPanel::openHeldTools(), 1);
         QVERIFY(m_panel->window.isHidden());
     }
@@ -289,7 +289,7 @@ private slots:
         CKeyboardHandler handler;
         MainWindow window;
         window.SetKeyboardClass(&handler);
-        Settings::Key4P = 2;
+        Settings::Key4P = Number(HeldToolChoice::Laser);
         for (int key : {kVK_Control, kVK_Shift, kVK_Option})
             session.feedModifier(key);
         session.feedKey(pen::g, true);
@@ -303,7 +303,8 @@ private slots:
     void toolsGoWithTheMainWindow() {
         m_panel->toggle(false);
         m_panel->toggle(true);
-        for (int heldTool : {0, 1, 2, 2})
+        for (const auto heldTool : {HeldToolChoice::Spotlight, HeldToolChoice::Magnifier,
+                                    HeldToolChoice::Laser, HeldToolChoice::Laser})
             m_panel->openHeldTool(heldTool);
         QCOMPARE(ToolPanel::objects(), 6);
         m_panel.reset();

@@ -3,8 +3,11 @@
 
 #include "settings/ZrToolXmlClass.h"
 #include "support/TestMain.h"
+#include "support/ViewNumbers.h"
 
 #include <QFile>
+
+using namespace vexa::test;
 
 /// The words of the guide, which a refused start does not reach.
 class RefusedStartTest : public QObject {
@@ -17,9 +20,10 @@ private slots:
         QTest::addColumn<int>("language");
         QTest::addColumn<QStringList>("expected");
         const QStringList source{"由于系统隐私要求，请授权以下权限", "输入监听", "确定"};
-        QTest::newRow("Simplified Chinese") << 0 << source;
-        QTest::newRow("Traditional Chinese, which has no guide of its own") << 1 << source;
-        QTest::newRow("English") << 2
+        QTest::newRow("Simplified Chinese") << int(simplifiedChinese) << source;
+        QTest::newRow("Traditional Chinese, which has no guide of its own")
+            << int(traditionalChinese) << source;
+        QTest::newRow("English") << int(english)
                                  << QStringList{"Due to system privacy requirements, please authorize the "
                                                 "following permissions:",
                                                 "Input Monitoring;", "Confirm"};

@@ -32,7 +32,7 @@ private slots:
         qputenv("HOME", QFile::encodeName(m_home->path()));
         QCursor::setPos(0, 0);
         m_panel = std::make_unique<ToolPanel>();
-        Settings::Key4C = 4;
+        Settings::Key4C = Number(KeyAction::Screenshot);
         // The prompt of the start is part of what the screen shows: it has come and gone when the shots are
         // taken.
         QTRY_VERIFY(startPrompt() && startPrompt()->size() == QSize(300, 60));

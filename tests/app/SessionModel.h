@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/quartz/VirtualKeys.h"
+#include "support/ViewNumbers.h"
+
 #include <QPoint>
 #include <QSize>
 #include <QStringList>
@@ -32,39 +35,39 @@ public:
         const bool chord = m_control && m_shift && m_option && state != 0;
         m_started.reset();
         switch (key) {
-        case 59:
+        case kVK_Control:
             m_control = state != 0;
             break;
-        case 56:
+        case kVK_Shift:
             m_shift = state != 0;
             break;
-        case 58:
+        case kVK_Option:
             m_option = state != 0;
             break;
-        case 0:
+        case kVK_ANSI_A:
             if (chord)
                 m_longPress2 = true;
             else if (std::exchange(m_longPress2, false))
                 act(m_key2);
             break;
-        case 1:
+        case kVK_ANSI_S:
             if (chord)
                 releaseHeldTools();
             break;
-        case 2:
+        case kVK_ANSI_D:
             if (chord)
                 act(m_key4);
             break;
-        case 5:
+        case kVK_ANSI_G:
             if (chord)
                 hold();
             break;
-        case 34:
+        case kVK_ANSI_I:
             if (chord && m_armed)
                 toggle(m_annotation);
             m_armed = chord ? false : m_armed || state == 0;
             break;
-        case 38:
+        case kVK_ANSI_J:
             if (chord)
                 m_longPress3 = true;
             else if (state == 0 && m_longPress3 && m_armed) {
@@ -72,7 +75,7 @@ public:
                 act(m_key3);
             }
             break;
-        case 46:
+        case kVK_ANSI_M:
             m_armed = m_armed || chord;
             break;
         default:
@@ -81,10 +84,13 @@ public:
         return m_started;
     }
 
-    /// The settings view has chosen: messages 12 to 15.
-    void choose(int message, int value) {
-        (message == 12 ? m_key2 : message == 13 ? m_key3 : message == 14 ? m_key4 : m_tool) = value;
-        m_armed = m_armed || message != 15;
+    /// The settings view has chosen: a message of one of the keys.
+    void choose(ViewMessage message, int value) {
+        (message == ViewMessage::Key2P   ? m_key2
+         : message == ViewMessage::Key3P ? m_key3
+         : message == ViewMessage::Key4C ? m_key4
+                                         : m_tool) = value;
+        m_armed = m_armed || message != ViewMessage::Key4P;
     }
 
     void move(int x, int y) {
@@ -185,11 +191,11 @@ private:
     }
 
     void act(int action) {
-        if (action == 1)
+        if (KeyAction(action) == KeyAction::SlideShow)
             start(SlideShow, 200);
-        if (action == 2)
+        if (KeyAction(action) == KeyAction::PlayPause)
             start(PlayPause, 200);
-        if (action == 3)
+        if (KeyAction(action) == KeyAction::Blackboard)
             toggle(m_blackboard);
     }
     void toggle(bool &window) {
@@ -230,7 +236,10 @@ private:
     bool m_control = false, m_shift = false, m_option = false;
     bool m_armed = true, m_longPress2 = false, m_longPress3 = false;
     bool m_annotation = false, m_blackboard = false, m_following = false, m_show = false;
-    int m_key2 = 1, m_key3 = 3, m_key4 = 4, m_tool = Laser;
+    int m_key2 = vexa::test::Number(KeyAction::SlideShow);
+    int m_key3 = vexa::test::Number(KeyAction::Blackboard);
+    int m_key4 = vexa::test::Number(KeyAction::Screenshot);
+    int m_tool = Laser;
     int m_numbers = 0;
     std::vector<Held> m_held;
     std::optional<int> m_due[timers]; ///< when each timer is to fire

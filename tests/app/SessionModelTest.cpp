@@ -75,7 +75,7 @@ private slots:
         m_model = SessionModel();
         advance(2000); // past the withdrawal of the start
         m_model = SessionModel(QGuiApplication::primaryScreen()->size());
-        choose(14, 0); // screenshots are left to the tests of that
+        choose(ViewMessage::Key4C, Number(KeyAction::None)); // screenshots are left to the tests of that
         for (int step = 0; step < stepsOfARun; ++step) {
             const QString what = takeStep();
             look();
@@ -114,10 +114,12 @@ private:
 
     /// Does one thing to both, and says what.
     QString takeStep() {
-        static constexpr int letters[] = {0, 1, 2, 5, 16, 34, 38, 46, 3, 40};
+        static constexpr int letters[] = {kVK_ANSI_A, kVK_ANSI_S, kVK_ANSI_D, kVK_ANSI_G, kVK_ANSI_Y,
+                                          kVK_ANSI_I, kVK_ANSI_J, kVK_ANSI_M, kVK_ANSI_F, kVK_ANSI_K};
         switch (below(8)) {
         case 0: { // any key alone, a modifier more often than others
-            static constexpr int modifiers[] = {59, 56, 58, 60, 61, 62, 55};
+            static constexpr int modifiers[] = {kVK_Control,     kVK_Shift,        kVK_Option, kVK_RightShift,
+                                                kVK_RightOption, kVK_RightControl, kVK_Command};
             const int key = below(2) == 0 ? modifiers[below(7)] : letters[below(10)];
             return receive(key, below(2));
         }
@@ -125,14 +127,14 @@ private:
         case 2:
         case 3: { // a whole chord, now and then without its end
             QString all;
-            for (const int key : {59, 56, 58})
+            for (const int key : {kVK_Control, kVK_Shift, kVK_Option})
                 all += receive(key, 1);
             const int letter = letters[below(8)];
             all += receive(letter, 1);
             if (below(8) != 0)
                 all += receive(letter, 0);
             if (below(8) != 0)
-                for (const int key : {58, 56, 59})
+                for (const int key : {kVK_Option, kVK_Shift, kVK_Control})
                     all += receive(key, 0);
             return all;
         }
@@ -140,14 +142,20 @@ private:
             const QSize screen = QGuiApplication::primaryScreen()->size();
             const int x = below(screen.width() + 20) - 10;
             const int y = below(screen.height() + 20) - 10;
-            m_panel->window.RecvGlobaleMouseMessage(5, x, y);
+            m_panel->window.RecvGlobaleMouseMessage(kCGEventMouseMoved, x, y);
             m_model.move(x, y);
             return QStringLiteral("move to %1,%2").arg(x).arg(y);
         }
         case 5: { // what a key is to do
-            static constexpr int actions[] = {0, 1, 2, 3, 1, 3, 77};
-            const int id = 12 + below(4);
-            return choose(id, id == 15 ? below(4) : actions[below(7)]);
+            static constexpr Number actions[] = {KeyAction::None,
+                                                 KeyAction::SlideShow,
+                                                 KeyAction::PlayPause,
+                                                 KeyAction::Blackboard,
+                                                 KeyAction::SlideShow,
+                                                 KeyAction::Blackboard,
+                                                 77};
+            const auto key = ViewMessage(int(ViewMessage::Key2P) + below(4));
+            return choose(key, key == ViewMessage::Key4P ? below(4) : int(actions[below(7)]));
         }
         case 6:
             return dismiss();
@@ -159,10 +167,10 @@ private:
         }
     }
 
-    QString choose(int id, int value) {
-        m_panel->window.recvQmlMessage1(id, value, 0);
-        m_model.choose(id, value);
-        return QStringLiteral("message %1 with %2").arg(id).arg(value);
+    QString choose(ViewMessage message, int value) {
+        vexa::test::receive(m_panel->window, message, value);
+        m_model.choose(message, value);
+        return QStringLiteral("message %1 with %2").arg(int(message)).arg(value);
     }
 
     QString receive(int key, int state) {

@@ -19,7 +19,7 @@ private slots:
         userfile::startAfresh();
         QCursor::setPos(600, 400);
         m_panel.emplace();
-        Settings::Key3P = 3;
+        Settings::Key3P = Number(KeyAction::Blackboard);
     }
     void cleanup() {
         m_panel.reset();
@@ -28,7 +28,7 @@ private slots:
     void cleanupTestCase() { userfile::clear(); }
 
     void slideShowKeyComesAfterTheRelease() {
-        Settings::Key2P = 1;
+        Settings::Key2P = Number(KeyAction::SlideShow);
         m_panel->press(pen::a);
         QCOMPARE(timersOf(200), 0);
         m_panel->release(pen::a);
@@ -39,15 +39,15 @@ private slots:
     }
 
     void secondSlideShowActionEndsTheShow() {
-        m_panel->window.LongPressEvent(1);
+        m_panel->window.LongPressEvent(Number(KeyAction::SlideShow));
         QTRY_COMPARE(posts().size(), 1);
-        m_panel->window.LongPressEvent(1);
+        m_panel->window.LongPressEvent(Number(KeyAction::SlideShow));
         QTRY_COMPARE(posts(), (QStringList{"down key 36 flags 1048576", "down key 53 flags 0"}));
         QVERIFY(!CKeyboardListenerMac::EnterPPT);
     }
 
     void playerKeyGoesDownAndUp() {
-        Settings::Key4C = 2;
+        Settings::Key4C = Number(KeyAction::PlayPause);
         m_panel->press(pen::d);
         QCOMPARE(posts(), QStringList());
         QCOMPARE(timersOf(200), 1);
@@ -55,7 +55,8 @@ private slots:
     }
 
     void actionWithoutMeaningDoesNothing() {
-        for (int action : {0, 5, 7, -1, -2147483647}) {
+        for (const Number action :
+             {Number(KeyAction::None), Number(5), Number(7), Number(-1), Number(-2147483647)}) {
             Settings::Key2P = action;
             m_panel->chord(pen::a);
         }
@@ -68,8 +69,8 @@ private slots:
         m_panel->window.show();
         QTRY_VERIFY(m_panel->window.isHidden());
         m_panel->window.show();
-        m_panel->window.LongPressEvent(1);
-        m_panel->window.LongPressEvent(1);
+        m_panel->window.LongPressEvent(Number(KeyAction::SlideShow));
+        m_panel->window.LongPressEvent(Number(KeyAction::SlideShow));
         QTRY_COMPARE(posts().size(), 1);
         QVERIFY(coarseTimersOf(&m_panel->window).isEmpty());
         QVERIFY(m_panel->window.isVisible());
@@ -77,23 +78,23 @@ private slots:
 
     void closingAToolInASlideShowRefocusesIt_data() {
         QTest::addColumn<int>("key");
-        QTest::addColumn<int>("heldTool");
+        QTest::addColumn<HeldToolChoice>("heldTool");
         QTest::addColumn<bool>("byItsButton");
-        QTest::newRow("annotation by the chord") << pen::i << -1 << false;
-        QTest::newRow("annotation by its button") << pen::i << -1 << true;
-        QTest::newRow("blackboard by the chord") << pen::j << -1 << false;
-        QTest::newRow("blackboard by its button") << pen::j << -1 << true;
-        QTest::newRow("spotlight") << pen::g << 0 << false;
-        QTest::newRow("magnifier") << pen::g << 1 << false;
-        QTest::newRow("laser") << pen::g << 2 << false;
+        QTest::newRow("annotation by the chord") << pen::i << noHeldTool << false;
+        QTest::newRow("annotation by its button") << pen::i << noHeldTool << true;
+        QTest::newRow("blackboard by the chord") << pen::j << noHeldTool << false;
+        QTest::newRow("blackboard by its button") << pen::j << noHeldTool << true;
+        QTest::newRow("spotlight") << pen::g << HeldToolChoice::Spotlight << false;
+        QTest::newRow("magnifier") << pen::g << HeldToolChoice::Magnifier << false;
+        QTest::newRow("laser") << pen::g << HeldToolChoice::Laser << false;
     }
 
     void closingAToolInASlideShowRefocusesIt() {
         QFETCH(int, key);
-        QFETCH(int, heldTool);
+        QFETCH(HeldToolChoice, heldTool);
         QFETCH(bool, byItsButton);
         CKeyboardListenerMac::EnterPPT = true;
-        Settings::Key4P = heldTool;
+        Settings::Key4P = Number(heldTool);
         m_panel->chord(key);
         m_panel->chord(pen::m);
         if (byItsButton)
@@ -113,7 +114,7 @@ private slots:
 
     void clickOnAHeldToolInASlideShowPostsNothing_data() { heldToolRows(); }
     void clickOnAHeldToolInASlideShowPostsNothing() {
-        QFETCH(int, heldTool);
+        QFETCH(HeldToolChoice, heldTool);
         CKeyboardListenerMac::EnterPPT = true;
         m_panel->openHeldTool(heldTool);
         ToolPanel::click(ToolPanel::heldTool());
@@ -142,9 +143,9 @@ private slots:
     void openingAToolCancelsTheRefocusWhileTheShowGoesOn() {
         QFETCH(int, key);
         QFETCH(bool, goesOn);
-        Settings::Key4P = 0;
+        Settings::Key4P = Number(HeldToolChoice::Spotlight);
         CKeyboardListenerMac::EnterPPT = true;
-        m_panel->window.RecvWindowMessage(4);
+        m_panel->window.RecvWindowMessage(Number(vexa::ClosingReport::Laser));
         CKeyboardListenerMac::EnterPPT = goesOn;
         m_panel->chord(key);
         QVERIFY(!ToolPanel::nothingOpen());

@@ -73,10 +73,10 @@ private slots:
         Settings::AutoStart = before;
         panel.forgetCalls();
         userfile::clear();
-        panel.send(17, asked);
+        panel.send(ViewMessage::AutoStart, asked);
 
         QCOMPARE(Settings::AutoStart, after);
-        QCOMPARE(panel.calls(), (QList<Call>{{17, after, note}}));
+        QCOMPARE(panel.calls(), QList<Call>{call(ViewMessage::AutoStart, after, note)});
         QVERIFY(userfile::read().contains("<AutoStart>" + QByteArray::number(after) + "</AutoStart>"));
         QCOMPARE(QFile::exists(beside("setAutoStartOpen.sh.ran")), asked != 0);
         QCOMPARE(QFile::exists(beside("setAutoStartClose.sh.ran")), asked == 0);
@@ -94,9 +94,9 @@ private slots:
         Panel panel;
         Settings::AutoStart = 0;
         panel.forgetCalls();
-        panel.send(17, 1);
+        panel.send(ViewMessage::AutoStart, 1);
         QCOMPARE(Settings::AutoStart, 0);
-        QCOMPARE(panel.calls(), (QList<Call>{{17, 0, false}}));
+        QCOMPARE(panel.calls(), QList<Call>{call(ViewMessage::AutoStart, 0, false)});
     }
 
     void thePenWorksWhileAScriptRuns() {
@@ -110,7 +110,7 @@ private slots:
             QCOMPARE(Settings::AutoStart, 0);
             letTheScriptGoOn();
         });
-        panel.send(17, 1); // would not return if the chord waited for the script
+        panel.send(ViewMessage::AutoStart, 1); // would not return if the chord waited for the script
         QCOMPARE(closings.size(), 1);
         QCOMPARE(Settings::AutoStart, 1);
     }
@@ -122,11 +122,12 @@ private slots:
         Settings::AutoStart = 0;
         panel.forgetCalls();
         QTimer::singleShot(0, &panel.window, [&panel] {
-            panel.send(17, 0);
+            panel.send(ViewMessage::AutoStart, 0);
             letTheScriptGoOn();
         });
-        panel.send(17, 1);
-        QCOMPARE(panel.calls(), (QList<Call>{{17, 0, true}, {17, 1, 1}}));
+        panel.send(ViewMessage::AutoStart, 1);
+        QCOMPARE(panel.calls(),
+                 (QList<Call>{call(ViewMessage::AutoStart, 0, true), call(ViewMessage::AutoStart, 1, 1)}));
         QCOMPARE(Settings::AutoStart, 1);
     }
 };

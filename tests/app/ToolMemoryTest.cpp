@@ -26,10 +26,10 @@ private slots:
     void openingsLeaveTheMemoryFlat_data() { toolRows(); }
     void openingsLeaveTheMemoryFlat() {
         QFETCH(int, key);
-        QFETCH(int, heldTool);
+        QFETCH(HeldToolChoice, heldTool);
         ToolPanel panel;
-        Settings::Key3P = 3;
-        Settings::Key4P = heldTool;
+        Settings::Key3P = Number(KeyAction::Blackboard);
+        Settings::Key4P = Number(heldTool);
 
         bool byClick = false;
         const double grown = growth(10, 20, [&] {
@@ -41,14 +41,14 @@ private slots:
                 if (!widget->isVisible() || widget->width() != 1920)
                     continue;
                 QVERIFY(QTest::qWaitForWindowExposed(widget));
-                if (byClick && heldTool != -1)
+                if (byClick && heldTool != noHeldTool)
                     ToolPanel::click(widget);
                 else if (byClick)
                     ToolPanel::pressExit(widget);
             }
             panel.chord(pen::m);
             if (!byClick)
-                panel.chord(heldTool == -1 ? key : pen::s);
+                panel.chord(heldTool == noHeldTool ? key : pen::s);
             QTRY_COMPARE(ToolPanel::objects(), 0);
         });
         QVERIFY2(grown < 8, qPrintable(QString::number(grown)));

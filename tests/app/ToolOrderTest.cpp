@@ -86,7 +86,7 @@ private slots:
         QFETCH(int, opening);
         QFETCH(int, closing);
         QFETCH(int, way);
-        open(allOrders().at(opening), (opening + closing) % 3);
+        open(allOrders().at(opening), HeldToolChoice((opening + closing) % 3));
         const Order order = allOrders().at(closing);
         for (Kind kind : order) {
             close(kind, Way(way));
@@ -98,8 +98,8 @@ private slots:
     }
 
     void screenshotOverOpenTools() {
-        Settings::Key4C = 4;
-        open({Annotation, Blackboard, Held}, 1);
+        Settings::Key4C = Number(KeyAction::Screenshot);
+        open({Annotation, Blackboard, Held}, HeldToolChoice::Magnifier);
         QList<QWidget *> older;
         for (const int x : {500, 700}) { // over one magnifier, then over two
             m_panel->chord(pen::d);
@@ -119,7 +119,7 @@ private slots:
     }
 
 private:
-    void open(const Order &order, int heldTool) {
+    void open(const Order &order, HeldToolChoice heldTool) {
         for (Kind kind : order)
             kind == Held ? m_panel->openHeldTool(heldTool) : m_panel->toggle(kind == Blackboard);
         QVERIFY(ToolPanel::form(false) && ToolPanel::form(true));

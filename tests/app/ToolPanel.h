@@ -10,6 +10,7 @@
 #include "overlays/Magnifie.h"
 #include "overlays/Spolight2.h"
 #include "settings/ZrToolXmlClass.h"
+#include "support/ViewNumbers.h"
 
 #include <QApplication>
 #include <QPushButton>
@@ -26,6 +27,9 @@ constexpr int i = kVK_ANSI_I;
 constexpr int j = kVK_ANSI_J;
 constexpr int m = kVK_ANSI_M;
 } // namespace pen
+
+/// What key 4 is set to where a test opens none.
+constexpr auto noHeldTool = HeldToolChoice(-1);
 
 /// A main window with a pen, in a session that only writes down what is posted into it.
 class ToolPanel {
@@ -52,14 +56,13 @@ public:
         press(key);
         release(key);
     }
-    /// A held tool by its number in the settings.
-    void openHeldTool(int choice) {
+    void openHeldTool(vexa::test::Number choice) {
         ZrToolXmlClass::Key4P = choice;
         chord(pen::g);
     }
     /// Opens or closes the annotation or, with key 3 set to it, the blackboard, whatever was pressed before.
     void toggle(bool blackboard) {
-        ZrToolXmlClass::Key3P = 3;
+        ZrToolXmlClass::Key3P = vexa::test::Number(KeyAction::Blackboard);
         chord(pen::m);
         chord(blackboard ? pen::j : pen::i);
     }
@@ -114,21 +117,21 @@ public:
 
 /// The rows of a test that holds for all three held tools.
 inline void heldToolRows() {
-    QTest::addColumn<int>("heldTool");
-    QTest::newRow("spotlight") << 0;
-    QTest::newRow("magnifier") << 1;
-    QTest::newRow("laser") << 2;
+    QTest::addColumn<HeldToolChoice>("heldTool");
+    QTest::newRow("spotlight") << HeldToolChoice::Spotlight;
+    QTest::newRow("magnifier") << HeldToolChoice::Magnifier;
+    QTest::newRow("laser") << HeldToolChoice::Laser;
 }
 
 /// The rows of a test that holds for everything that the pen opens.
 inline void toolRows() {
     QTest::addColumn<int>("key");
-    QTest::addColumn<int>("heldTool");
-    QTest::newRow("annotation") << pen::i << -1;
-    QTest::newRow("blackboard") << pen::j << -1;
-    QTest::newRow("spotlight") << pen::g << 0;
-    QTest::newRow("magnifier") << pen::g << 1;
-    QTest::newRow("laser") << pen::g << 2;
+    QTest::addColumn<HeldToolChoice>("heldTool");
+    QTest::newRow("annotation") << pen::i << noHeldTool;
+    QTest::newRow("blackboard") << pen::j << noHeldTool;
+    QTest::newRow("spotlight") << pen::g << HeldToolChoice::Spotlight;
+    QTest::newRow("magnifier") << pen::g << HeldToolChoice::Magnifier;
+    QTest::newRow("laser") << pen::g << HeldToolChoice::Laser;
 }
 
 /// The rows of a test that holds for annotation and blackboard.

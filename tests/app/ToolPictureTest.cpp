@@ -42,18 +42,18 @@ private slots:
 
     void everyOpeningFreezesTheScreenOfItsMoment_data() {
         QTest::addColumn<int>("key");
-        QTest::addColumn<int>("heldTool");
-        QTest::newRow("annotation") << pen::i << 0;
-        QTest::newRow("spotlight") << pen::g << 0;
-        QTest::newRow("magnifier") << pen::g << 1;
-        QTest::newRow("laser") << pen::g << 2;
+        QTest::addColumn<HeldToolChoice>("heldTool");
+        QTest::newRow("annotation") << pen::i << HeldToolChoice::Spotlight;
+        QTest::newRow("spotlight") << pen::g << HeldToolChoice::Spotlight;
+        QTest::newRow("magnifier") << pen::g << HeldToolChoice::Magnifier;
+        QTest::newRow("laser") << pen::g << HeldToolChoice::Laser;
     }
 
     void everyOpeningFreezesTheScreenOfItsMoment() {
         QFETCH(int, key);
-        QFETCH(int, heldTool);
+        QFETCH(HeldToolChoice, heldTool);
         ToolPanel panel;
-        Settings::Key4P = heldTool;
+        Settings::Key4P = Number(heldTool);
         Settings::SportLightTran = 0; // a veil that changes nothing
         const QImage bare = shown();
         PatternWindow window;
@@ -78,7 +78,7 @@ private slots:
         PatternWindow window;
         QVERIFY(window.display());
         ToolPanel panel;
-        Settings::Key3P = 3;
+        Settings::Key3P = Number(KeyAction::Blackboard);
         panel.chord(pen::j);
         QImage board(apart.size(), QImage::Format_RGB32);
         board.fill(QColor(24, 24, 39));

@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr int autoStart = 17; // runs a script: left to the tests of that
+constexpr int autoStart = int(vexa::ViewMessage::AutoStart); // runs a script: left to the tests of that
 
 MainWindow *window = nullptr;
 QQuickItem *view = nullptr;

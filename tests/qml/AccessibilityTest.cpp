@@ -6,7 +6,6 @@
 
 namespace {
 
-constexpr int toolMessage = 15;
 const QPoint key4Button(296 + 12, 196 + 12);
 const QPoint settingsButton(951 + 9, 598 + 9);
 
@@ -55,26 +54,32 @@ private:
 };
 
 void AccessibilityTest::sliderTellsItsRangeAndItsValue_data() {
-    QTest::addColumn<int>("tool");
-    QTest::addColumn<int>("message");
+    QTest::addColumn<HeldToolChoice>("tool");
+    QTest::addColumn<ViewMessage>("message");
     QTest::addColumn<QString>("name");
     QTest::addColumn<int>("lowest");
     QTest::addColumn<int>("highest");
-    QTest::newRow("spotlight darkness") << 0 << 2 << QStringLiteral("透明度") << 80 << 255;
-    QTest::newRow("spotlight size") << 0 << 3 << QStringLiteral("大小") << 50 << 250;
-    QTest::newRow("lens colour") << 1 << 4 << QStringLiteral("颜色") << 0 << 1275;
-    QTest::newRow("lens size") << 1 << 5 << QStringLiteral("大小") << 50 << 250;
-    QTest::newRow("laser colour") << 2 << 6 << QStringLiteral("颜色") << 0 << 1275;
-    QTest::newRow("laser size") << 2 << 7 << QStringLiteral("大小") << 5 << 25;
+    QTest::newRow("spotlight darkness")
+        << HeldToolChoice::Spotlight << ViewMessage::SportLightTran << QStringLiteral("透明度") << 80 << 255;
+    QTest::newRow("spotlight size") << HeldToolChoice::Spotlight << ViewMessage::SportLightSize
+                                    << QStringLiteral("大小") << 50 << 250;
+    QTest::newRow("lens colour") << HeldToolChoice::Magnifier << ViewMessage::MagnifierColor
+                                 << QStringLiteral("颜色") << 0 << 1275;
+    QTest::newRow("lens size") << HeldToolChoice::Magnifier << ViewMessage::MagnifierSize
+                               << QStringLiteral("大小") << 50 << 250;
+    QTest::newRow("laser colour") << HeldToolChoice::Laser << ViewMessage::LaserPenColor
+                                  << QStringLiteral("颜色") << 0 << 1275;
+    QTest::newRow("laser size") << HeldToolChoice::Laser << ViewMessage::LaserPenSize
+                                << QStringLiteral("大小") << 5 << 25;
 }
 
 void AccessibilityTest::sliderTellsItsRangeAndItsValue() {
-    QFETCH(int, tool);
-    QFETCH(int, message);
+    QFETCH(HeldToolChoice, tool);
+    QFETCH(ViewMessage, message);
     QFETCH(QString, name);
     QFETCH(int, lowest);
     QFETCH(int, highest);
-    m_view->push(toolMessage, tool);
+    m_view->push(ViewMessage::Key4P, tool);
     m_view->click(key4Button);
     QAccessibleInterface *slider = find(QAccessible::Slider, name);
     QVERIFY(slider != nullptr);
@@ -91,22 +96,25 @@ void AccessibilityTest::sliderTellsItsRangeAndItsValue() {
 void AccessibilityTest::listTellsItsChoice_data() {
     QTest::addColumn<QPoint>("button");
     QTest::addColumn<QString>("name");
-    QTest::addColumn<int>("message");
+    QTest::addColumn<ViewMessage>("message");
     QTest::addColumn<QStringList>("choices");
     const QStringList actions{"无操作", "PPT放映：开始/结束", "播放器：暂停/播放", "黑板", "屏幕截屏"};
-    QTest::newRow("key 2") << QPoint(296 + 12, 457 + 12) << QStringLiteral("长按") << 12 << actions;
-    QTest::newRow("key 3") << QPoint(679 + 12, 196 + 12) << QStringLiteral("长按") << 13 << actions;
-    QTest::newRow("key 4, single press") << key4Button << QStringLiteral("单击") << 14 << actions;
-    QTest::newRow("key 4, long press")
-        << key4Button << QStringLiteral("长按") << 15 << QStringList{"聚光灯", "放大镜", "数字激光点"};
-    QTest::newRow("language") << settingsButton << QStringLiteral("语言") << 16
+    QTest::newRow("key 2") << QPoint(296 + 12, 457 + 12) << QStringLiteral("长按") << ViewMessage::Key2P
+                           << actions;
+    QTest::newRow("key 3") << QPoint(679 + 12, 196 + 12) << QStringLiteral("长按") << ViewMessage::Key3P
+                           << actions;
+    QTest::newRow("key 4, single press")
+        << key4Button << QStringLiteral("单击") << ViewMessage::Key4C << actions;
+    QTest::newRow("key 4, long press") << key4Button << QStringLiteral("长按") << ViewMessage::Key4P
+                                       << QStringList{"聚光灯", "放大镜", "数字激光点"};
+    QTest::newRow("language") << settingsButton << QStringLiteral("语言") << ViewMessage::Language
                               << QStringList{"简体中文", "繁体中文"}; // a third push would come too soon
 }
 
 void AccessibilityTest::listTellsItsChoice() {
     QFETCH(QPoint, button);
     QFETCH(QString, name);
-    QFETCH(int, message);
+    QFETCH(ViewMessage, message);
     QFETCH(QStringList, choices);
     m_view->click(button);
     const QAccessibleInterface *list = find(QAccessible::ComboBox, name);
@@ -122,7 +130,7 @@ void AccessibilityTest::switchTellsItsState() {
     const QAccessibleInterface *autoStart = find(QAccessible::CheckBox, QStringLiteral("开机自启动"));
     QVERIFY(autoStart != nullptr);
     for (const bool on : {true, false}) {
-        m_view->push(17, on);
+        m_view->push(ViewMessage::AutoStart, on);
         QCOMPARE(bool(autoStart->state().checked), on);
     }
 }
@@ -141,7 +149,7 @@ void AccessibilityTest::everyControlHasANameAndTakesTheFocus_data() {
 void AccessibilityTest::everyControlHasANameAndTakesTheFocus() {
     QFETCH(QPoint, button);
     QFETCH(int, count);
-    m_view->push(toolMessage, 0);
+    m_view->push(ViewMessage::Key4P, HeldToolChoice::Spotlight);
     m_view->click(button);
     QCOMPARE(controls().size(), count);
     for (const QAccessibleInterface *control : controls()) {

@@ -161,26 +161,39 @@ private slots:
 
     void otherIdentifiersLeaveAViewAlone_data() {
         QTest::addColumn<QString>("file");
-        QTest::addColumn<QList<int>>("own");
-        QTest::newRow("key 1") << "Key1Window" << QList<int>{8, 9, 10, 11};
-        QTest::newRow("key 2") << "Key2Window" << QList<int>{12};
-        QTest::newRow("key 3") << "Key3Window" << QList<int>{13};
-        QTest::newRow("key 4") << "Key4Window" << QList<int>{2, 3, 4, 5, 6, 7, 14, 15};
-        QTest::newRow("settings") << "SetWindow" << QList<int>{16, 17};
-        QTest::newRow("laser") << "LightpenSetWindow" << QList<int>{6, 7, 15};
-        QTest::newRow("magnifier") << "MagnifierSetWindow" << QList<int>{4, 5, 15};
-        QTest::newRow("spotlight") << "SportLightSetWindow" << QList<int>{2, 3, 15};
+        QTest::addColumn<QList<ViewMessage>>("own");
+        QTest::newRow("key 1") << "Key1Window"
+                               << QList<ViewMessage>{ViewMessage::PenColor0, ViewMessage::PenColor1,
+                                                     ViewMessage::PenColor2, ViewMessage::PenThickness};
+        QTest::newRow("key 2") << "Key2Window" << QList<ViewMessage>{ViewMessage::Key2P};
+        QTest::newRow("key 3") << "Key3Window" << QList<ViewMessage>{ViewMessage::Key3P};
+        QTest::newRow("key 4") << "Key4Window"
+                               << QList<ViewMessage>{ViewMessage::SportLightTran, ViewMessage::SportLightSize,
+                                                     ViewMessage::MagnifierColor, ViewMessage::MagnifierSize,
+                                                     ViewMessage::LaserPenColor,  ViewMessage::LaserPenSize,
+                                                     ViewMessage::Key4C,          ViewMessage::Key4P};
+        QTest::newRow("settings") << "SetWindow"
+                                  << QList<ViewMessage>{ViewMessage::Language, ViewMessage::AutoStart};
+        QTest::newRow("laser") << "LightpenSetWindow"
+                               << QList<ViewMessage>{ViewMessage::LaserPenColor, ViewMessage::LaserPenSize,
+                                                     ViewMessage::Key4P};
+        QTest::newRow("magnifier") << "MagnifierSetWindow"
+                                   << QList<ViewMessage>{ViewMessage::MagnifierColor,
+                                                         ViewMessage::MagnifierSize, ViewMessage::Key4P};
+        QTest::newRow("spotlight") << "SportLightSetWindow"
+                                   << QList<ViewMessage>{ViewMessage::SportLightTran,
+                                                         ViewMessage::SportLightSize, ViewMessage::Key4P};
     }
     void otherIdentifiersLeaveAViewAlone() {
         QFETCH(QString, file);
-        QFETCH(QList<int>, own);
+        QFETCH(QList<ViewMessage>, own);
         PanelView view(QString("qrc:/%1.qml").arg(file));
         view.moveTo({0, 0});
         const QImage before = view.widget().grabFramebuffer();
         for (int id = -1; id <= 18; ++id)
-            if (!own.contains(id))
-                view.push(id, 2);
-        view.push(1000, 0);
+            if (!own.contains(ViewMessage(id)))
+                view.push(ViewMessage(id), 2);
+        view.push(ViewMessage::ShowView, 0);
         QCOMPARE(view.widget().grabFramebuffer(), before);
     }
 

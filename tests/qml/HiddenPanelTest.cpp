@@ -17,7 +17,7 @@ private slots:
         PanelView view;
         QVERIFY(QTest::qWaitForWindowExposed(&view.widget()));
         QSignalSpy frames(view.widget().quickWindow(), &QQuickWindow::afterRendering);
-        view.push(12, 0);
+        view.push(ViewMessage::Key2P, KeyAction::None);
         QTRY_VERIFY(!frames.isEmpty());
     }
 
@@ -32,8 +32,8 @@ private slots:
         QSignalSpy ticks(&clock, &QTimer::timeout);
         clock.start(20);
         for (int value = 5; value <= 25; ++value) {
-            view.push(7, value);
-            view.push(12, value % 5);
+            view.push(ViewMessage::LaserPenSize, value);
+            view.push(ViewMessage::Key2P, value % 5);
             QVERIFY(ticks.wait());
         }
         QCOMPARE(frames.size(), 0);
@@ -43,7 +43,8 @@ private slots:
         PanelView view;
         QVERIFY(QTest::qWaitForWindowExposed(&view.widget()));
         view.click(settingsButton);
-        view.push(16, 2); // starts the guard's timer, which ends by itself
+        view.push(ViewMessage::Language,
+                  vexa::test::english); // starts the guard's timer, which ends by itself
         view.widget().hide();
         QTRY_COMPARE(timersUnder(&view.widget()) + timersUnder(view.widget().quickWindow()) +
                          timersUnder(view.root()),
@@ -57,9 +58,9 @@ private slots:
         PanelView view;
         QVERIFY(QTest::qWaitForWindowExposed(&view.widget()));
         view.click(settingsButton);
-        view.push(17, 0);
+        view.push(ViewMessage::AutoStart, 0);
         view.widget().hide();
-        view.push(17, 1);
+        view.push(ViewMessage::AutoStart, 1);
         view.widget().show();
         QTRY_COMPARE(view.pixel({722 + 189 + 28, 207 + 74 + 10}), QColor(0xff, 0xcc, 0x0d));
     }

@@ -5,6 +5,7 @@
 #include "settings/ZrToolXmlClass.h"
 #include "support/TestMain.h"
 #include "support/UserFile.h"
+#include "support/ViewNumbers.h"
 
 #include <QDomDocument>
 
@@ -58,19 +59,20 @@ private slots:
 
     void choicesOfTheKeysAreStored() {
         m_view->click(key2Button);
-        m_view->pick(key2List, 4);
-        QCOMPARE(stored("Key2P"), 4);
+        m_view->pick(key2List, KeyAction::Screenshot);
+        QCOMPARE(stored("Key2P"), Number(KeyAction::Screenshot));
         m_view->click(key3Button);
-        for (const int action : {2, 3}) {
+        for (const auto &[action, words] : {std::pair(KeyAction::PlayPause, "播放器：暂停/播放"),
+                                            std::pair(KeyAction::Blackboard, "黑板")}) {
             m_view->pick(key3List, action);
-            QCOMPARE(stored("Key3P"), action);
-            QCOMPARE(m_view->textAt(key3Value), QString(action == 2 ? "播放器：暂停/播放" : "黑板"));
+            QCOMPARE(stored("Key3P"), Number(action));
+            QCOMPARE(m_view->textAt(key3Value), QString(words));
         }
         m_view->click(key4Button);
-        m_view->pick(clickList, 0);
-        QCOMPARE(stored("Key4C"), 0);
-        m_view->pick(longPressList, 1);
-        QCOMPARE(stored("Key4P"), 1);
+        m_view->pick(clickList, KeyAction::None);
+        QCOMPARE(stored("Key4C"), Number(KeyAction::None));
+        m_view->pick(longPressList, HeldToolChoice::Magnifier);
+        QCOMPARE(stored("Key4P"), Number(HeldToolChoice::Magnifier));
     }
 
     void choicesOfThePenAreStored() {
@@ -104,7 +106,7 @@ private slots:
 
     void laserSizeAtItsEndIsStoredAtOnce() {
         m_view->click(key4Button);
-        m_view->pick(longPressList, 2);
+        m_view->pick(longPressList, HeldToolChoice::Laser);
         m_view->press(end(secondSlider)); // not yet released
         QCOMPARE(Settings::LaserPenSize, 25);
         QCOMPARE(stored("LaserPenSize"), 25);
@@ -113,7 +115,7 @@ private slots:
 
     void clickThatMovesNothingStoresTheSameValue() {
         m_view->click(key4Button);
-        m_view->pick(longPressList, 2);
+        m_view->pick(longPressList, HeldToolChoice::Laser);
         m_view->click(end(secondSlider));
         userfile::clear();
         m_view->click(end(secondSlider));
@@ -122,55 +124,64 @@ private slots:
 
     void choosingALanguageStoresItAndNeverBounces() {
         m_view->click(settingsButton);
-        for (const int language : {2, 1, 2, 0}) {
-            m_view->push(12, 0); // which the refill that follows the switch takes back
+        for (const Number language : {english, traditionalChinese, english, simplifiedChinese}) {
+            m_view->push(ViewMessage::Key2P,
+                         KeyAction::None); // which the refill that follows the switch takes back
             m_view->messages.clear();
             m_view->pick(languageBox, language);
             QTRY_COMPARE(m_view->textAt(settingsTitle),
                          QStringList({"设置", "設置", "Setting"}).at(language));
             QTRY_COMPARE(m_view->textAt(key2Value), slideShow.at(language));
             QTRY_VERIFY(m_view->list(languageBox)->property("canChangeIndex").toBool());
-            QCOMPARE(m_view->shown("ComboxControl", languageBox, "currentIndex"), QVariant(language));
+            QCOMPARE(m_view->shown("ComboxControl", languageBox, "currentIndex"), QVariant(int(language)));
             QCOMPARE(stored("Language"), language);
-            QCOMPARE(m_view->messages.count({16, language, 0}), 1);
+            QCOMPARE(m_view->messages.count({ViewMessage::Language, language}), 1);
             for (const Message &message : qAsConst(m_view->messages))
-                QVERIFY(message.id != 16 || message.var1 == language);
+                QVERIFY(message.id != ViewMessage::Language || message.var1 == language);
         }
     }
 
     void languageByMessageNeverBounces() {
         m_view->click(settingsButton);
-        m_view->pick(languageBox, 2);
+        m_view->pick(languageBox, english);
         QTRY_COMPARE(m_view->textAt(settingsTitle), QString("Setting"));
         QTRY_VERIFY(m_view->list(languageBox)->property("canChangeIndex").toBool());
-        m_window->recvQmlMessage1(16, 1, 0);
-        m_view->push(12, 0);
-        QTRY_COMPARE(m_view->textAt(key2Value), slideShow.at(1));
+        receive(*m_window, ViewMessage::Language, traditionalChinese);
+        m_view->push(ViewMessage::Key2P, KeyAction::None);
+        QTRY_COMPARE(m_view->textAt(key2Value), slideShow.at(traditionalChinese));
         QTRY_VERIFY(m_view->list(languageBox)->property("canChangeIndex").toBool());
         QCOMPARE(m_view->textAt(settingsTitle), QString("設置"));
-        QCOMPARE(m_view->shown("ComboxControl", languageBox, "currentIndex"), QVariant(1));
-        QCOMPARE(stored("Language"), 1);
+        QCOMPARE(m_view->shown("ComboxControl", languageBox, "currentIndex"),
+                 QVariant(int(traditionalChinese)));
+        QCOMPARE(stored("Language"), traditionalChinese);
     }
 
     void unknownLanguageShowsTheSourceTexts() {
         m_view->click(settingsButton);
-        m_window->recvQmlMessage1(16, 2, 0);
+        receive(*m_window, ViewMessage::Language, english);
         QTRY_COMPARE(m_view->textAt(settingsTitle), QString("Setting"));
-        m_window->recvQmlMessage1(16, 5, 0);
+        receive(*m_window, ViewMessage::Language, 5);
         QTRY_COMPARE(m_view->textAt(settingsTitle), QString("设置"));
         QCOMPARE(m_view->textAt({722 + 127, 207 + 199}), QString("2.0.0.0"));
         QCOMPARE(stored("Language"), 5);
     }
 
     void storedValuesSurviveARestart() {
-        const Values values{{"Key2P", 0},           {"Key3P", 4},
-                            {"Key4C", 2},           {"Key4P", 1},
-                            {"PenColor0", 7},       {"PenColor1", 3},
-                            {"PenColor2", 5},       {"PenThickness", 2},
-                            {"LaserPenSize", 9},    {"LaserPenColor", 700},
-                            {"MagnifierSize", 99},  {"MagnifierColor", 1},
-                            {"SportLightSize", 50}, {"SportLightTran", 200},
-                            {"Language", 2}};
+        const Values values{{"Key2P", Number(KeyAction::None)},
+                            {"Key3P", Number(KeyAction::Screenshot)},
+                            {"Key4C", Number(KeyAction::PlayPause)},
+                            {"Key4P", Number(HeldToolChoice::Magnifier)},
+                            {"PenColor0", 7},
+                            {"PenColor1", 3},
+                            {"PenColor2", 5},
+                            {"PenThickness", 2},
+                            {"LaserPenSize", 9},
+                            {"LaserPenColor", 700},
+                            {"MagnifierSize", 99},
+                            {"MagnifierColor", 1},
+                            {"SportLightSize", 50},
+                            {"SportLightTran", 200},
+                            {"Language", english}};
         restartWith(values);
         for (const auto &[element, value] : values)
             QVERIFY2(stored(element) == value, element);
@@ -243,15 +254,15 @@ private slots:
         QVERIFY(!m_window->isVisible());
     }
 
-    void thousandHidesTheViewWhileTheWindowStays() {
-        m_window->SetValue(m_view->root(), 1000, 0, 0);
+    void hiddenViewLeavesItsWindow() {
+        m_window->SetValue(m_view->root(), int(ViewMessage::ShowView), 0, 0);
         QVERIFY(!m_view->root()->isVisible());
         QVERIFY(m_window->isVisible());
     }
 
     void stormOfChangesSavesEach() {
         m_view->click(key4Button);
-        m_view->pick(longPressList, 2);
+        m_view->pick(longPressList, HeldToolChoice::Laser);
         QQuickItem *slider = m_view->item("ColorSet", firstSlider);
         QVERIFY(slider);
         for (int value = 1; value <= 1000; ++value) {

@@ -37,22 +37,22 @@ private slots:
         const QStringList names{"聚光灯", "放大镜", "数字激光点"};
         QCOMPARE(tools->property("count").toInt(), names.size());
         for (int row = 0; row < names.size(); ++row) {
-            m_view->push(15, row);
+            m_view->push(ViewMessage::Key4P, row);
             QCOMPARE(tools->property("displayText").toString(), names.at(row));
         }
     }
 
     void pickingAnActionSendsItsCode() {
-        m_view->pick(clickList, 2);
-        QCOMPARE(m_view->messages, Messages({{14, 2, 0}}));
+        m_view->pick(clickList, KeyAction::PlayPause);
+        QCOMPARE(m_view->messages, Messages({{ViewMessage::Key4C, KeyAction::PlayPause}}));
     }
 
     void pickingTheMagnifierShowsItsSettingsBeforeTheMessageLeaves() {
-        m_view->push(15, 0);
+        m_view->push(ViewMessage::Key4P, HeldToolChoice::Spotlight);
         connect(m_view->root(), SIGNAL(qmlSignal1(int, int, int)), this,
                 SLOT(noteWhatIsShown(int, int, int)));
-        m_view->pick(longPressList, 1);
-        QCOMPARE(m_view->messages, Messages({{15, 1, 0}}));
+        m_view->pick(longPressList, HeldToolChoice::Magnifier);
+        QCOMPARE(m_view->messages, Messages({{ViewMessage::Key4P, HeldToolChoice::Magnifier}}));
         QCOMPARE(m_shownWhenSent, QString("MagnifierSetWindow 放大镜设置"));
     }
 
@@ -66,33 +66,35 @@ private slots:
         QVERIFY(m_view->root() != nullptr);
         m_heading = QPoint(20, 188);
         QVERIFY(QMetaObject::invokeMethod(m_view->root()->findChild<QObject *>(QString("view")), "setvalue",
-                                          Q_ARG(QVariant, 15), Q_ARG(QVariant, 0), Q_ARG(QVariant, 0)));
+                                          Q_ARG(QVariant, int(ViewMessage::Key4P)),
+                                          Q_ARG(QVariant, int(HeldToolChoice::Spotlight)),
+                                          Q_ARG(QVariant, 0)));
         connect(m_view->root(), SIGNAL(qmlSignal1(int, int, int)), this,
                 SLOT(noteWhatIsShown(int, int, int)));
-        m_view->pick({20, 136}, 1);
-        QCOMPARE(m_view->messages, Messages({{15, 1, 0}}));
+        m_view->pick({20, 136}, HeldToolChoice::Magnifier);
+        QCOMPARE(m_view->messages, Messages({{ViewMessage::Key4P, HeldToolChoice::Magnifier}}));
         QCOMPARE(m_shownWhenSent, QString("MagnifierSetWindow 放大镜设置"));
     }
 
     void eachToolHasItsHeadingAndItsSettings() {
         const struct {
-            int code;
+            Number tool;
             const char *shown;
-        } rows[] = {{1, "MagnifierSetWindow 放大镜设置"},
+        } rows[] = {{HeldToolChoice::Magnifier, "MagnifierSetWindow 放大镜设置"},
                     {3, "MagnifierSetWindow 放大镜设置"}, // unknown ones leave what is shown
-                    {0, "SportLightSetWindow 聚光灯设置"},
+                    {HeldToolChoice::Spotlight, "SportLightSetWindow 聚光灯设置"},
                     {-1, "SportLightSetWindow 聚光灯设置"},
-                    {2, "LightpenSetWindow 数字激光笔设置"},
+                    {HeldToolChoice::Laser, "LightpenSetWindow 数字激光笔设置"},
                     {1275, "LightpenSetWindow 数字激光笔设置"}};
         for (const auto &row : rows) {
-            m_view->push(15, row.code);
+            m_view->push(ViewMessage::Key4P, row.tool);
             QCOMPARE(shownTool() + ' ' + m_view->textAt(toolHeading), QString(row.shown));
         }
     }
 
     void pushesAreNotSent() {
-        m_view->push(14, 0);
-        m_view->push(15, 2);
+        m_view->push(ViewMessage::Key4C, KeyAction::None);
+        m_view->push(ViewMessage::Key4P, HeldToolChoice::Laser);
         QVERIFY(m_view->messages.isEmpty());
     }
 
@@ -101,17 +103,17 @@ private slots:
     }
 
     void spotlightSizeReachesTheHostAsItsIdentifier() {
-        m_view->push(15, 0);
-        m_view->push(3, 100);
+        m_view->push(ViewMessage::Key4P, HeldToolChoice::Spotlight);
+        m_view->push(ViewMessage::SportLightSize, 100);
         m_view->messages.clear();
         // The right end of the second slider.
         m_view->click({30 + 20 + 16 + 174, 87 + 208 + 228 + 3});
-        QCOMPARE(m_view->messages.last(), Message({3, 250, 0}));
+        QCOMPARE(m_view->messages.last(), Message({ViewMessage::SportLightSize, 250}));
     }
 
 public slots:
     void noteWhatIsShown(int id, int, int) {
-        if (id == 15)
+        if (ViewMessage(id) == ViewMessage::Key4P)
             m_shownWhenSent = shownTool() + ' ' + m_view->textAt(m_heading);
     }
 

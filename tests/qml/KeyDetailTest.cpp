@@ -34,10 +34,10 @@ private slots:
     }
 
     void pickingTheBlackboardForKey3SendsItsCode() {
-        m_view->push(13, 0);
+        m_view->push(ViewMessage::Key3P, KeyAction::None);
         m_view->click(key3Button);
-        m_view->pick(key3List, 3);
-        QCOMPARE(m_view->messages, Messages({{13, 3, 0}}));
+        m_view->pick(key3List, KeyAction::Blackboard);
+        QCOMPARE(m_view->messages, Messages({{ViewMessage::Key3P, KeyAction::Blackboard}}));
         QCOMPARE(m_view->list(key3List)->property("displayText").toString(), QString("黑板"));
     }
 
@@ -45,39 +45,45 @@ private slots:
         m_view->click(key2Button);
         for (int row = 0; row < 5; ++row)
             m_view->pick(key2List, row);
-        QCOMPARE(m_view->messages, Messages({{12, 0, 0}, {12, 1, 0}, {12, 2, 0}, {12, 3, 0}, {12, 4, 0}}));
+        QCOMPARE(m_view->messages, Messages({{ViewMessage::Key2P, KeyAction::None},
+                                             {ViewMessage::Key2P, KeyAction::SlideShow},
+                                             {ViewMessage::Key2P, KeyAction::PlayPause},
+                                             {ViewMessage::Key2P, KeyAction::Blackboard},
+                                             {ViewMessage::Key2P, KeyAction::Screenshot}}));
     }
 
     void pushIsShownAndNotSent() {
         m_view->click(key2Button);
-        m_view->push(12, 4);
+        m_view->push(ViewMessage::Key2P, KeyAction::Screenshot);
         QCOMPARE(m_view->list(key2List)->property("displayText").toString(), QString("屏幕截屏"));
         QVERIFY(m_view->messages.isEmpty());
     }
 
     void otherIdentifiersAreIgnored() {
         m_view->click(key2Button);
-        m_view->push(12, 2);
+        m_view->push(ViewMessage::Key2P, KeyAction::PlayPause);
         QVERIFY(QMetaObject::invokeMethod(m_view->items("Key2Window").first(), "setvalue",
-                                          Q_ARG(QVariant, 13), Q_ARG(QVariant, 4), Q_ARG(QVariant, 0)));
-        QCOMPARE(m_view->list(key2List)->property("currentIndex").toInt(), 2);
+                                          Q_ARG(QVariant, int(ViewMessage::Key3P)),
+                                          Q_ARG(QVariant, int(KeyAction::Screenshot)), Q_ARG(QVariant, 0)));
+        QCOMPARE(m_view->list(key2List)->property("currentIndex").toInt(), Number(KeyAction::PlayPause));
     }
 
     void pickingTheCurrentActionSendsItAgain() {
-        m_view->push(13, 3);
+        m_view->push(ViewMessage::Key3P, KeyAction::Blackboard);
         m_view->click(key3Button);
-        m_view->pick(key3List, 3);
-        m_view->pick(key3List, 3);
-        QCOMPARE(m_view->messages, Messages({{13, 3, 0}, {13, 3, 0}}));
+        m_view->pick(key3List, KeyAction::Blackboard);
+        m_view->pick(key3List, KeyAction::Blackboard);
+        QCOMPARE(m_view->messages, Messages({{ViewMessage::Key3P, KeyAction::Blackboard},
+                                             {ViewMessage::Key3P, KeyAction::Blackboard}}));
     }
 
     void keyboardChoosesAnAction() {
-        m_view->push(12, 1);
+        m_view->push(ViewMessage::Key2P, KeyAction::SlideShow);
         m_view->click(key2Button);
         m_view->activate();
         m_view->list(key2List)->forceActiveFocus(Qt::TabFocusReason);
         m_view->type(Qt::Key_Down);
-        QCOMPARE(m_view->messages, Messages({{12, 2, 0}}));
+        QCOMPARE(m_view->messages, Messages({{ViewMessage::Key2P, KeyAction::PlayPause}}));
     }
 };
 

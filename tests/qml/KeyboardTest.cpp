@@ -21,7 +21,7 @@ private slots:
         QVERIFY(!m_view->has("Key2Window"));
         QCOMPARE(m_view->messages, Messages());
         m_view->type(Qt::Key_Escape);
-        QCOMPARE(m_view->messages, Messages({{0, 0, 0}}));
+        QCOMPARE(m_view->messages, Messages({{ViewMessage::HidePanel, 0}}));
     }
 
     void viewOpenedWithTheKeyboardTakesItAndGivesItBack_data() {
@@ -72,17 +72,23 @@ private slots:
         // To the right, back, and from the first to the last.
         for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Right, Qt::Key_Left, Qt::Key_Left, Qt::Key_Left})
             m_view->type(key);
-        QCOMPARE(m_view->messages, Messages({{11, 1, 0}, {11, 2, 0}, {11, 1, 0}, {11, 0, 0}, {11, 3, 0}}));
+        QCOMPARE(m_view->messages, Messages({{ViewMessage::PenThickness, 1},
+                                             {ViewMessage::PenThickness, 2},
+                                             {ViewMessage::PenThickness, 1},
+                                             {ViewMessage::PenThickness, 0},
+                                             {ViewMessage::PenThickness, 3}}));
     }
 
     void arrowsChooseInThePalette() {
         m_view->click(key1Button);
-        m_view->push(8, 3);
+        m_view->push(ViewMessage::PenColor0, 3);
         m_view->messages.clear();
         takeFocus("PizhuSetButton1", penPage + QPoint(153, 100)); // blue
         for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Left, Qt::Key_Up})
             m_view->type(key);
-        QCOMPARE(m_view->messages, Messages({{8, 7, 0}, {8, 6, 0}, {8, 2, 0}}));
+        QCOMPARE(m_view->messages, Messages({{ViewMessage::PenColor0, 7},
+                                             {ViewMessage::PenColor0, 6},
+                                             {ViewMessage::PenColor0, 2}}));
     }
 
 private:

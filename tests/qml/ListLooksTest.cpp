@@ -67,7 +67,7 @@ private slots:
 
     void rowIsLitByThePointerAndRingedByTheKeyboard() {
         m_view->click(key2Button);
-        m_view->push(12, 3);
+        m_view->push(ViewMessage::Key2P, KeyAction::Blackboard);
         const auto row = [](int index) { return key2List + QPoint(190, 30 + 1 + index * 30); };
         const QPoint inside(0, 5);
         m_view->openList(key2List);

@@ -68,53 +68,54 @@ private slots:
     void everyCodeHasItsText_data() {
         Codes::begin();
         const QStringList actions{"无操作", "PPT放映：开始/结束", "播放器：暂停/播放", "黑板", "屏幕截屏"};
-        QTest::newRow("key 2") << 12 << key2Value << actions;
-        QTest::newRow("key 3") << 13 << key3Value << actions;
-        QTest::newRow("key 4 click") << 14 << key4ClickValue << actions;
-        QTest::newRow("key 4 long") << 15 << key4LongValue << QStringList{"聚光灯", "放大镜", "数字激光点"};
+        QTest::newRow("key 2") << ViewMessage::Key2P << key2Value << actions;
+        QTest::newRow("key 3") << ViewMessage::Key3P << key3Value << actions;
+        QTest::newRow("key 4 click") << ViewMessage::Key4C << key4ClickValue << actions;
+        QTest::newRow("key 4 long") << ViewMessage::Key4P << key4LongValue
+                                    << QStringList{"聚光灯", "放大镜", "数字激光点"};
     }
     void everyCodeHasItsText() {
-        const auto [id, corner, expected] = Codes::row();
+        const auto [message, corner, expected] = Codes::row();
         for (int code = 0; code < expected.size(); ++code) {
-            m_view->push(id, code);
+            m_view->push(message, code);
             QCOMPARE(m_view->textAt(corner), expected.at(code));
         }
     }
 
     void unknownCodesLeaveTheText_data() {
         UnknownCodes::begin();
-        QTest::newRow("key 2, 5") << 12 << 5 << key2Value;
-        QTest::newRow("key 3, -1") << 13 << -1 << key3Value;
-        QTest::newRow("key 4 click, 2000000000") << 14 << 2000000000 << key4ClickValue;
-        QTest::newRow("key 4 long, 3") << 15 << 3 << key4LongValue;
-        QTest::newRow("key 4 long, 5") << 15 << 5 << key4LongValue;
+        QTest::newRow("key 2, 5") << ViewMessage::Key2P << 5 << key2Value;
+        QTest::newRow("key 3, -1") << ViewMessage::Key3P << -1 << key3Value;
+        QTest::newRow("key 4 click, 2000000000") << ViewMessage::Key4C << 2000000000 << key4ClickValue;
+        QTest::newRow("key 4 long, 3") << ViewMessage::Key4P << 3 << key4LongValue;
+        QTest::newRow("key 4 long, 5") << ViewMessage::Key4P << 5 << key4LongValue;
     }
     void unknownCodesLeaveTheText() {
-        const auto [id, code, corner] = UnknownCodes::row();
-        m_view->push(id, 1);
+        const auto [message, code, corner] = UnknownCodes::row();
+        m_view->push(message, 1);
         const QString before = m_view->textAt(corner);
         QVERIFY(!before.isEmpty());
-        m_view->push(id, code);
+        m_view->push(message, code);
         QCOMPARE(m_view->textAt(corner), before);
     }
 
     void pushedKey3ActionReadsInEnglishToo() {
-        m_view->push(13, 2);
+        m_view->push(ViewMessage::Key3P, KeyAction::PlayPause);
         QCOMPARE(m_view->textAt(key3Value), QString("播放器：暂停/播放"));
-        QTranslator english;
-        QVERIFY(english.load(":/language_qm/lang_En.qm"));
-        QVERIFY(QCoreApplication::installTranslator(&english));
+        QTranslator catalogue;
+        QVERIFY(catalogue.load(":/language_qm/lang_En.qm"));
+        QVERIFY(QCoreApplication::installTranslator(&catalogue));
         QTRY_COMPARE(m_view->textAt(key3Value), QString("Pause/Play"));
         // A code without a text leaves the summary what it was, in every language.
-        m_view->push(13, 9);
+        m_view->push(ViewMessage::Key3P, 9);
         QCOMPARE(m_view->textAt(key3Value), QString("Pause/Play"));
-        QVERIFY(QCoreApplication::removeTranslator(&english));
+        QVERIFY(QCoreApplication::removeTranslator(&catalogue));
         QTRY_COMPARE(m_view->textAt(key3Value), QString("播放器：暂停/播放"));
     }
 
 private:
-    using Codes = Table<int, QPoint, QStringList>;
-    using UnknownCodes = Table<int, int, QPoint>;
+    using Codes = Table<ViewMessage, QPoint, QStringList>;
+    using UnknownCodes = Table<ViewMessage, int, QPoint>;
 
     QStringList openViews() {
         QStringList open;

@@ -35,36 +35,46 @@ private slots:
     void everyPushedSettingIsShown() {
         m_view->pushAll(values);
         const struct {
-            QPoint button; // to click first, if any
-            int tool;      // to push before
+            QPoint button;       // to click first, if any
+            HeldToolChoice tool; // to push before
             const char *type;
             QPoint corner;
             const char *property;
             QVariant value;
-        } rows[] = {{key4Button, 0, "ComboxControl", clickList, "currentIndex", 3},
-                    {{}, 0, "ComboxControl", longPressList, "currentIndex", 0},
-                    {{}, 0, "LightLevelSet", firstSlider, "curValue", 132},
-                    {{}, 0, "LightLevelSet", secondSlider, "curValue", 183},
-                    {{}, 1, "ColorSet", firstSlider, "curValue", 890},
-                    {{}, 1, "SizeSet", secondSlider, "curValue", 177},
-                    {{}, 2, "ColorSet", firstSlider, "curValue", 22},
-                    {{}, 2, "SizeSet", secondSlider, "curValue", 13},
-                    {key1Button, 2, "PizhuSetPenColor", penPage, "pencolor0", "#009EF8"},
-                    {{}, 2, "PizhuSetPenColor", penPage, "pencolor1", "#FFFFFF"},
-                    {{}, 2, "PizhuSetPenColor", penPage, "pencolor2", "#FF0000"},
-                    {{}, 2, "PizhuSetButton2", penPage + QPoint(67, 228), "checked", true},
-                    {key2Button, 2, "ComboxControl", key2List, "currentIndex", 4},
-                    {key3Button, 2, "ComboxControl", key3List, "currentIndex", 2},
-                    {settingsButton, 2, "ComboxControl", languageBox, "currentIndex", 1},
-                    {{}, 2, "SwitchControl", autoStart, "myChecked", true},
-                    {{}, 2, "PanelText", key2Value, "text", "屏幕截屏"},
-                    {{}, 2, "PanelText", key3Value, "text", "播放器：暂停/播放"},
-                    {{}, 2, "PanelText", key4ClickValue, "text", "黑板"},
-                    {{}, 2, "PanelText", key4LongValue, "text", "数字激光点"}};
+        } rows[] = {
+            {key4Button, HeldToolChoice::Spotlight, "ComboxControl", clickList, "currentIndex",
+             int(KeyAction::Blackboard)},
+            {{},
+             HeldToolChoice::Spotlight,
+             "ComboxControl",
+             longPressList,
+             "currentIndex",
+             int(HeldToolChoice::Spotlight)},
+            {{}, HeldToolChoice::Spotlight, "LightLevelSet", firstSlider, "curValue", 132},
+            {{}, HeldToolChoice::Spotlight, "LightLevelSet", secondSlider, "curValue", 183},
+            {{}, HeldToolChoice::Magnifier, "ColorSet", firstSlider, "curValue", 890},
+            {{}, HeldToolChoice::Magnifier, "SizeSet", secondSlider, "curValue", 177},
+            {{}, HeldToolChoice::Laser, "ColorSet", firstSlider, "curValue", 22},
+            {{}, HeldToolChoice::Laser, "SizeSet", secondSlider, "curValue", 13},
+            {key1Button, HeldToolChoice::Laser, "PizhuSetPenColor", penPage, "pencolor0", "#009EF8"},
+            {{}, HeldToolChoice::Laser, "PizhuSetPenColor", penPage, "pencolor1", "#FFFFFF"},
+            {{}, HeldToolChoice::Laser, "PizhuSetPenColor", penPage, "pencolor2", "#FF0000"},
+            {{}, HeldToolChoice::Laser, "PizhuSetButton2", penPage + QPoint(67, 228), "checked", true},
+            {key2Button, HeldToolChoice::Laser, "ComboxControl", key2List, "currentIndex",
+             int(KeyAction::Screenshot)},
+            {key3Button, HeldToolChoice::Laser, "ComboxControl", key3List, "currentIndex",
+             int(KeyAction::PlayPause)},
+            {settingsButton, HeldToolChoice::Laser, "ComboxControl", languageBox, "currentIndex",
+             int(traditionalChinese)},
+            {{}, HeldToolChoice::Laser, "SwitchControl", autoStart, "myChecked", true},
+            {{}, HeldToolChoice::Laser, "PanelText", key2Value, "text", "屏幕截屏"},
+            {{}, HeldToolChoice::Laser, "PanelText", key3Value, "text", "播放器：暂停/播放"},
+            {{}, HeldToolChoice::Laser, "PanelText", key4ClickValue, "text", "黑板"},
+            {{}, HeldToolChoice::Laser, "PanelText", key4LongValue, "text", "数字激光点"}};
         for (const auto &row : rows) {
             if (!row.button.isNull())
                 m_view->click(row.button);
-            m_view->push(15, row.tool);
+            m_view->push(ViewMessage::Key4P, row.tool);
             QCOMPARE(m_view->shown(row.type, row.corner, row.property), row.value);
         }
     }
@@ -75,12 +85,17 @@ private slots:
         // What moves a slider, checks a button or changes the language is reported. The second and the third
         // colour only change what their slots show; lists and the switch report what the user does and
         // nothing else.
-        QList<int> answered;
+        QList<ViewMessage> answered;
         for (const Message &message : qAsConst(unseen.messages)) {
             answered += message.id;
-            QCOMPARE(message, Message({message.id, values.at(message.id - 2), 0}));
+            QCOMPARE(message.var1, Number(values.at(int(message.id) - int(vexa::firstSettingMessage))));
+            QCOMPARE(message.var2, Number(0));
         }
-        QCOMPARE(answered, QList<int>({2, 3, 4, 5, 6, 7, 8, 11, 16}));
+        QCOMPARE(answered, (QList<ViewMessage>{ViewMessage::SportLightTran, ViewMessage::SportLightSize,
+                                               ViewMessage::MagnifierColor, ViewMessage::MagnifierSize,
+                                               ViewMessage::LaserPenColor, ViewMessage::LaserPenSize,
+                                               ViewMessage::PenColor0, ViewMessage::PenThickness,
+                                               ViewMessage::Language}));
     }
 
     void secondPushOfTheSameValuesIsNotAnswered() {
@@ -93,20 +108,20 @@ private slots:
     void valuesBeyondASliderAreAnsweredWhenTheyMoveIt_data() { sliders::everySlider(); }
     void valuesBeyondASliderAreAnsweredWhenTheyMoveIt() {
         QFETCH(sliders::Slider, slider);
-        const auto [id, least, most] = std::tuple(slider.id, slider.least, slider.most);
+        const auto [id, least, most] = std::tuple(slider.message, slider.least, slider.most);
         m_view->push(id, least - 1); // where it stands already
         QCOMPARE(m_view->messages, Messages());
         m_view->push(id, most + 175);
-        QCOMPARE(m_view->messages, Messages({{id, most, 0}}));
+        QCOMPARE(m_view->messages, Messages({{id, most}}));
         m_view->push(id, most + 275);
-        QCOMPARE(m_view->messages, Messages({{id, most, 0}}));
+        QCOMPARE(m_view->messages, Messages({{id, most}}));
         m_view->push(id, least - 84);
-        QCOMPARE(m_view->messages, Messages({{id, most, 0}, {id, least, 0}}));
+        QCOMPARE(m_view->messages, Messages({{id, most}, {id, least}}));
     }
 
     void unknownActionCodeIsPushedOnAndLeavesTheSummary() {
-        m_view->push(12, 2);
-        m_view->push(12, 7);
+        m_view->push(ViewMessage::Key2P, KeyAction::PlayPause);
+        m_view->push(ViewMessage::Key2P, 7);
         QCOMPARE(m_view->textAt(key2Value), QString("播放器：暂停/播放"));
         m_view->click(key2Button);
         QCOMPARE(m_view->shown("ComboxControl", key2List, "currentIndex"), QVariant(7));
@@ -115,31 +130,32 @@ private slots:
 
     void choiceInTheKey3ListChangesItsSummaryAtOnce() {
         m_view->click(key3Button);
-        m_view->pick(key3List, 2);
-        QCOMPARE(m_view->messages, Messages({{13, 2, 0}}));
+        m_view->pick(key3List, KeyAction::PlayPause);
+        QCOMPARE(m_view->messages, Messages({{ViewMessage::Key3P, KeyAction::PlayPause}}));
         QCOMPARE(m_view->textAt(key3Value), QString("播放器：暂停/播放"));
     }
 
     void messageSentByTheRootAppliesToItself() {
-        QVERIFY(QMetaObject::invokeMethod(m_view->root(), "qmlSignal1", Q_ARG(int, 14), Q_ARG(int, 1),
-                                          Q_ARG(int, 0)));
+        QVERIFY(QMetaObject::invokeMethod(m_view->root(), "qmlSignal1", Q_ARG(int, int(ViewMessage::Key4C)),
+                                          Q_ARG(int, int(KeyAction::SlideShow)), Q_ARG(int, 0)));
         QCOMPARE(m_view->textAt(key4ClickValue), QString("PPT放映：开始/结束"));
         m_view->click(key4Button);
-        QCOMPARE(m_view->shown("ComboxControl", clickList, "currentIndex"), QVariant(1));
+        QCOMPARE(m_view->shown("ComboxControl", clickList, "currentIndex"),
+                 QVariant(int(KeyAction::SlideShow)));
     }
 
-    void thousandHidesAndShowsTheViewButNotItsWindow() {
-        m_view->push(1000, 0);
+    void messageHidesAndShowsTheViewButNotItsWindow() {
+        m_view->push(ViewMessage::ShowView, 0);
         QVERIFY(!m_view->root()->isVisible());
         QVERIFY(m_view->widget().isVisible());
-        m_view->push(1000, 1);
+        m_view->push(ViewMessage::ShowView, 1);
         QVERIFY(m_view->root()->isVisible());
     }
 
     void identifiersWithoutAViewChangeNothing() {
         const QImage before = m_view->widget().grabFramebuffer();
         for (const int id : {-1, 0, 1, 18, 999, 1001}) {
-            m_view->push(id, 1);
+            m_view->push(ViewMessage(id), 1);
             QVERIFY2(m_view->widget().grabFramebuffer() == before, qPrintable(QString::number(id)));
         }
         QVERIFY(m_view->messages.isEmpty());
@@ -147,9 +163,9 @@ private slots:
 
     void minimiseAndCloseBothAskToHide() {
         m_view->click({919 + 16, 12 + 16});
-        QCOMPARE(m_view->messages, Messages({{0, 0, 0}}));
+        QCOMPARE(m_view->messages, Messages({{ViewMessage::HidePanel, 0}}));
         m_view->click(closeButton);
-        QCOMPARE(m_view->messages, Messages({{0, 0, 0}, {0, 0, 0}}));
+        QCOMPARE(m_view->messages, Messages({{ViewMessage::HidePanel, 0}, {ViewMessage::HidePanel, 0}}));
     }
 
     void dragReportsTheWayFromWhereItBegan() {

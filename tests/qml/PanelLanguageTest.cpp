@@ -53,19 +53,19 @@ private slots:
         m_view->pushAll({132, 183, 890, 177, 22, 13, 3, 1, 2, 1, 4, 2, 3, 1, 0, 1});
         m_view->click(settingsButton);
         m_view->messages.clear();
-        m_view->pick(languageBox, 2);
+        m_view->pick(languageBox, english);
         QTRY_COMPARE(m_view->textAt(settingsTitle), QString("Setting"));
         for (const QPoint &button : buttons) {
             m_view->click(button);
             for (const QString &text : m_view->visibleTexts())
                 QVERIFY2(!hasHan(text), qPrintable(text));
         }
-        QCOMPARE(m_view->messages, Messages({{16, 2, 0}}));
+        QCOMPARE(m_view->messages, Messages({{ViewMessage::Language, english}}));
         m_view->click(settingsButton);
         QCOMPARE(m_view->list(languageBox)->property("displayText").toString(), QString("English"));
         m_view->click(key4Button);
         QCOMPARE(m_view->list(clickList)->property("displayText").toString(), QString("Black Board"));
-        QCOMPARE(m_view->list(clickList)->property("currentIndex").toInt(), 3);
+        QCOMPARE(m_view->list(clickList)->property("currentIndex").toInt(), Number(KeyAction::Blackboard));
         QCOMPARE(m_view->items("MagnifierSetWindow").size(), 1);
     }
 
@@ -73,43 +73,44 @@ private slots:
         m_view->click(settingsButton);
         const QStringList titles{"设置", "設置", "Setting"};
         int picks = 0;
-        for (const int language : {2, 1, 0, 1, 2, 0}) {
+        for (const Number language : {english, traditionalChinese, simplifiedChinese, traditionalChinese,
+                                      english, simplifiedChinese}) {
             m_view->pick(languageBox, language);
             QTRY_COMPARE(m_view->textAt(settingsTitle), titles.at(language));
             QTRY_VERIFY(m_view->list(languageBox)->property("canChangeIndex").toBool());
             QCOMPARE(m_view->list(languageBox)->property("currentIndex").toInt(), language);
             QCOMPARE(m_view->messages.size(), ++picks);
-            QCOMPARE(m_view->messages.last(), Message({16, language, 0}));
+            QCOMPARE(m_view->messages.last(), Message({ViewMessage::Language, language}));
         }
     }
 
     void switchByMessageNeverBounces() {
         m_view->click(settingsButton);
         QQuickItem *box = m_view->list(languageBox);
-        m_view->pick(languageBox, 2);
+        m_view->pick(languageBox, english);
         QTRY_VERIFY(box->property("canChangeIndex").toBool());
         m_view->messages.clear();
         // The host changes the language on its own, and only then tells the view.
-        speak(1);
+        speak(traditionalChinese);
         QTRY_COMPARE(m_view->textAt(settingsTitle), QString("設置"));
-        QCOMPARE(box->property("currentIndex").toInt(), 2);
+        QCOMPARE(box->property("currentIndex").toInt(), english);
         QCOMPARE(m_view->messages, Messages());
-        m_view->push(16, 1);
+        m_view->push(ViewMessage::Language, traditionalChinese);
         settle();
-        QCOMPARE(box->property("currentIndex").toInt(), 1);
-        QCOMPARE(m_view->messages, Messages({{16, 1, 0}}));
+        QCOMPARE(box->property("currentIndex").toInt(), traditionalChinese);
+        QCOMPARE(m_view->messages, Messages({{ViewMessage::Language, traditionalChinese}}));
         QCOMPARE(m_view->textAt(settingsTitle), QString("設置"));
     }
 
     void textsOfTheKeysInEnglish() {
-        speak(2);
+        speak(english);
         QTRY_COMPARE(m_view->textAt({296, 116}), QString("Click"));
         QCOMPARE(m_view->textAt({296, 154}), QString("Long Press"));
         QCOMPARE(m_view->textAt({296, 535}), QString("Page Up"));
         const QStringList actions{"No Action", "PPT Slide on/off", "Pause/Play", "Black Board", "Screenshot"};
         m_view->click(key4Button);
         for (int code = 0; code < actions.size(); ++code) {
-            m_view->push(14, code);
+            m_view->push(ViewMessage::Key4C, code);
             QCOMPARE(m_view->textAt(key4ClickValue), actions.at(code));
             QCOMPARE(m_view->list(clickList)->property("displayText").toString(), actions.at(code));
         }
@@ -124,7 +125,7 @@ private slots:
         QFETCH(int, language);
         speak(language);
         settle();
-        m_view->push(16, language);
+        m_view->push(ViewMessage::Language, language);
         const auto check = [this] {
             for (const QQuickItem *text : m_view->items("QQuickText")) {
                 const QByteArray words = text->property("text").toString().toUtf8();
@@ -143,8 +144,9 @@ private slots:
         for (const QPoint &button : buttons) {
             m_view->click(button);
             for (int code = 0; code < 5; ++code) {
-                for (int id = 12; id <= 15; ++id)
-                    m_view->push(id, code);
+                for (const ViewMessage key :
+                     {ViewMessage::Key2P, ViewMessage::Key3P, ViewMessage::Key4C, ViewMessage::Key4P})
+                    m_view->push(key, code);
                 check();
             }
         }
@@ -155,17 +157,17 @@ private slots:
         QTest::addColumn<QStringList>("always");
         QTest::addColumn<QStringList>("colours");
         QTest::addColumn<QStringList>("words"); // in the order of their use below
-        QTest::newRow("Cn") << 0 << QStringList{"设置", "最小化", "关闭"}
+        QTest::newRow("Cn") << int(simplifiedChinese) << QStringList{"设置", "最小化", "关闭"}
                             << QStringList{"黑色", "白色", "红色", "蓝色", "绿色", "黄色", "洋红色", "紫色"}
                             << QStringList{"颜色",       "画笔粗细", "单击",
                                            "长按",       "大小",     "透明度",
                                            "开机自启动", "语言",     "请访问Vexa官网以获得更多支持"};
-        QTest::newRow("Tw") << 1 << QStringList{"設置", "最小化", "關閉"}
+        QTest::newRow("Tw") << int(traditionalChinese) << QStringList{"設置", "最小化", "關閉"}
                             << QStringList{"黑色", "白色", "紅色", "藍色", "綠色", "黃色", "洋紅色", "紫色"}
                             << QStringList{"顏色",       "設置畫筆粗細", "按一下",
                                            "長按",       "大小",         "透明度",
                                            "開機自啟動", "語言",         "請訪問Vexa官網獲得更多支持"};
-        QTest::newRow("En") << 2 << QStringList{"Setting", "Minimize", "Close"}
+        QTest::newRow("En") << int(english) << QStringList{"Setting", "Minimize", "Close"}
                             << QStringList{"Black", "White",  "Red",     "Blue",
                                            "Green", "Yellow", "Magenta", "Violet"}
                             << QStringList{
@@ -191,18 +193,18 @@ private slots:
         QCOMPARE(namesBeside(always), QStringList());
         const struct {
             QPoint button;
-            int tool;
+            HeldToolChoice tool;
             QStringList names;
-        } views[] = {{key1Button, 0, pen},
-                     {key2Button, 0, {longPress}},
-                     {key3Button, 0, {longPress}},
-                     {key4Button, 0, lists + QStringList{words.at(5), size}},
-                     {settingsButton, 0, words.mid(6)},
-                     {key4Button, 1, lists + QStringList{colour, size}},
-                     {settingsButton, 1, words.mid(6)},
-                     {key4Button, 2, lists + QStringList{colour, size}}};
+        } views[] = {{key1Button, HeldToolChoice::Spotlight, pen},
+                     {key2Button, HeldToolChoice::Spotlight, {longPress}},
+                     {key3Button, HeldToolChoice::Spotlight, {longPress}},
+                     {key4Button, HeldToolChoice::Spotlight, lists + QStringList{words.at(5), size}},
+                     {settingsButton, HeldToolChoice::Spotlight, words.mid(6)},
+                     {key4Button, HeldToolChoice::Magnifier, lists + QStringList{colour, size}},
+                     {settingsButton, HeldToolChoice::Magnifier, words.mid(6)},
+                     {key4Button, HeldToolChoice::Laser, lists + QStringList{colour, size}}};
         for (const auto &view : views) {
-            m_view->push(15, view.tool);
+            m_view->push(ViewMessage::Key4P, view.tool);
             m_view->click(view.button);
             QStringList expected = view.names;
             expected.sort();
@@ -212,7 +214,7 @@ private slots:
 
 public slots:
     void host(int id, int value, int) {
-        if (id == 16)
+        if (ViewMessage(id) == ViewMessage::Language)
             speak(value);
     }
 

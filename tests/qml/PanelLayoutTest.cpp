@@ -204,7 +204,7 @@ private slots:
 
     void markOfTheEditedSlotHasItsPlace() {
         open(key1);
-        m_view->push(8, 3);
+        m_view->push(ViewMessage::PenColor0, 3);
         QVERIFY(qml::is(m_view->item("QQuickImage", penPage + QPoint(16, 67)),
                         "source: qrc:/frame-1.png; width: 175; height: 122"));
     }
@@ -212,13 +212,14 @@ private slots:
     void toolViewsShareTheirPlace() {
         open(key4);
         const struct {
-            int code;
+            HeldToolChoice tool;
             const char *type, *first, *firstSlider, *secondSlider;
-        } rows[] = {{0, "SportLightSetWindow", "透明度", "LightLevelSet", "LightLevelSet"},
-                    {1, "MagnifierSetWindow", "颜色", "ColorSet", "SizeSet"},
-                    {2, "LightpenSetWindow", "颜色", "ColorSet", "SizeSet"}};
+        } rows[] = {
+            {HeldToolChoice::Spotlight, "SportLightSetWindow", "透明度", "LightLevelSet", "LightLevelSet"},
+            {HeldToolChoice::Magnifier, "MagnifierSetWindow", "颜色", "ColorSet", "SizeSet"},
+            {HeldToolChoice::Laser, "LightpenSetWindow", "颜色", "ColorSet", "SizeSet"}};
         for (const auto &row : rows) {
-            m_view->push(15, row.code);
+            m_view->push(ViewMessage::Key4P, row.tool);
             QVERIFY(qml::is(m_view->item(row.type, toolSettings),
                             "width: 207; height: 272; borderColor: #707070; radius: 5; " + paneBorder +
                                 "#707070"));
@@ -239,17 +240,17 @@ private slots:
         open(settings);
         const auto pixel = [this](int x, int y) { return m_view->pixel(autoStart + QPoint(x, y)); };
         m_view->moveTo({500, 300});
-        m_view->push(17, 0);
+        m_view->push(ViewMessage::AutoStart, 0);
         QTRY_COMPARE(pixel(28, 10), QColor(0x4d, 0x4d, 0x4d));
         QTRY_COMPARE(pixel(10, 10), QColor(0x99, 0x99, 0x99));
         QTRY_COMPARE(pixel(19, 0), QColor(0x70, 0x70, 0x70));
-        m_view->push(17, 1);
+        m_view->push(ViewMessage::AutoStart, 1);
         QTRY_COMPARE(pixel(10, 10), QColor(0x2f, 0x2f, 0x2f));
         QTRY_COMPARE(pixel(28, 10), QColor(0xff, 0xcc, 0x0d));
         // The knob is 18 points wide, one point from the end where it stands.
         QQuickItem *knob = m_view->item("QQuickRectangle", autoStart + QPoint(38 - 1 - 18, 1));
         QVERIFY(qml::is(knob, "width: 18; height: 18"));
-        m_view->push(17, 0);
+        m_view->push(ViewMessage::AutoStart, 0);
         QCOMPARE(qml::corner(knob), QPointF(autoStart + QPoint(1, 1)));
     }
 

@@ -6,6 +6,11 @@
 
 #include <QtTest>
 
+using vexa::test::english;
+using vexa::test::Number;
+using vexa::test::simplifiedChinese;
+using vexa::test::traditionalChinese;
+
 /// A test of which every case has a panel of its own.
 class PanelTest : public QObject {
     Q_OBJECT

@@ -45,15 +45,15 @@ void PanelView::listen() {
         connect(root(), SIGNAL(qmlSignal1(int, int, int)), this, SLOT(record(int, int, int)));
 }
 
-void PanelView::push(int id, const QVariant &value, const QVariant &var2) {
-    QVERIFY(QMetaObject::invokeMethod(root(), "setvalue", Q_ARG(QVariant, id), Q_ARG(QVariant, value),
-                                      Q_ARG(QVariant, var2)));
+void PanelView::push(ViewMessage id, vexa::test::Number value, vexa::test::Number var2) {
+    QVERIFY(QMetaObject::invokeMethod(root(), "setvalue", Q_ARG(QVariant, int(id)),
+                                      Q_ARG(QVariant, int(value)), Q_ARG(QVariant, int(var2))));
 }
 
 void PanelView::pushAll(const QList<int> &values) {
-    int id = 2;
+    int id = int(vexa::firstSettingMessage);
     for (const int value : values)
-        push(id++, value);
+        push(ViewMessage(id++), value);
 }
 
 void PanelView::click(const QPoint &place) {
@@ -87,7 +87,7 @@ QObject *PanelView::openList(const QPoint &box) {
     return popup;
 }
 
-void PanelView::pick(const QPoint &box, int row) {
+void PanelView::pick(const QPoint &box, vexa::test::Number row) {
     constexpr int rowHeight = 30;
     const QObject *popup = openList(box);
     QVERIFY(popup != nullptr);
@@ -154,7 +154,7 @@ QColor PanelView::pixel(const QPoint &place) {
 }
 
 void PanelView::record(int id, int var1, int var2) {
-    messages.append({id, var1, var2});
+    messages.append({ViewMessage(id), var1, var2});
 }
 
 void qml::failOnWarnings() {

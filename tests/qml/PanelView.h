@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "support/ViewNumbers.h"
+
 #include <QColor>
 #include <QList>
 #include <QQuickItem>
@@ -13,9 +15,9 @@
 
 /// A settings message of the view, as its host receives it.
 struct Message {
-    int id = 0;
-    int var1 = 0;
-    int var2 = 0;
+    ViewMessage id = {};
+    vexa::test::Number var1 = 0;
+    vexa::test::Number var2 = 0;
 
     bool operator==(const Message &other) const {
         return id == other.id && var1 == other.var1 && var2 == other.var2;
@@ -43,8 +45,8 @@ public:
     QQuickItem *root() { return m_widget.rootObject(); }
 
     /// What a host does to show a value.
-    void push(int id, const QVariant &value, const QVariant &var2 = 0);
-    /// Pushes these under the identifiers from 2 on.
+    void push(ViewMessage id, vexa::test::Number value, vexa::test::Number var2 = 0);
+    /// Pushes these as the settings that have a message, in the order of the messages.
     void pushAll(const QList<int> &values);
 
     void click(const QPoint &place);
@@ -56,7 +58,7 @@ public:
     /// Opens the list in the box at this place; its popup.
     QObject *openList(const QPoint &box);
     /// Opens it and clicks a row.
-    void pick(const QPoint &box, int row);
+    void pick(const QPoint &box, vexa::test::Number row);
 
     /// Gives the panel the keyboard.
     void activate();

@@ -10,6 +10,7 @@ const QList<QPoint> slotPlaces{{31, 40}, {91, 40}, {151, 40}};
 const QList<QPoint> palettePlaces{{33, 100}, {73, 100}, {111, 100}, {153, 100},
                                   {33, 143}, {73, 143}, {113, 143}, {153, 143}};
 const QList<QPoint> widthPlaces{{16, 228}, {67, 228}, {117, 228}, {167, 228}};
+const QList<ViewMessage> slotMessages{ViewMessage::PenColor0, ViewMessage::PenColor1, ViewMessage::PenColor2};
 const QStringList colors{"#000000", "#FFFFFF", "#FF0000", "#009EF8",
                          "#82FF20", "#FFCC0D", "#ED18FF", "#9C1FFF"};
 
@@ -39,16 +40,16 @@ private slots:
     }
 
     void storedValuesComeBackOnce() {
-        QCOMPARE(pushStored(), Messages({{8, 3, 0}, {11, 1, 0}}));
+        QCOMPARE(pushStored(), Messages({{ViewMessage::PenColor0, 3}, {ViewMessage::PenThickness, 1}}));
         QCOMPARE(pushStored(), Messages());
     }
 
     void editingSlot2ToSwatch6SendsItAndTurnsTheSlot() {
         pushStored();
         click(slotPlaces.at(2));
-        QCOMPARE(m_view->takeMessages(), Messages({{10, 2, 0}}));
+        QCOMPARE(m_view->takeMessages(), Messages({{ViewMessage::PenColor2, 2}}));
         click(palettePlaces.at(6));
-        QCOMPARE(m_view->messages, Messages({{10, 6, 0}}));
+        QCOMPARE(m_view->messages, Messages({{ViewMessage::PenColor2, 6}}));
         QCOMPARE(slotColors(), QStringList({"#009EF8", "#FFFFFF", "#ED18FF"}));
         QCOMPARE(m_view->pixel(penPage + slotPlaces.at(2) + QPoint(13, 13)), QColor("#ED18FF"));
     }
@@ -64,19 +65,19 @@ private slots:
     void selectingASlotMarksItAndSendsItsOwnColour() {
         pushStored();
         click(slotPlaces.at(1));
-        QCOMPARE(m_view->messages, Messages({{9, 1, 0}}));
+        QCOMPARE(m_view->messages, Messages({{ViewMessage::PenColor1, 1}}));
         QCOMPARE(checkedSlots(), QList<int>{1});
         QCOMPARE(marks(), QStringList{"qrc:/frame-2.png"});
         QCOMPARE(checkedSwatches(), QList<int>{1});
         QCOMPARE(slotColors(), QStringList({"#009EF8", "#FFFFFF", "#FF0000"}));
         click(slotPlaces.at(2));
-        QCOMPARE(m_view->messages, Messages({{9, 1, 0}, {10, 2, 0}}));
+        QCOMPARE(m_view->messages, Messages({{ViewMessage::PenColor1, 1}, {ViewMessage::PenColor2, 2}}));
         QCOMPARE(marks(), QStringList{"qrc:/frame-3.png"});
     }
 
     void selectingASlotOfTheSameColourSendsNothing() {
         pushStored();
-        m_view->push(9, 3);
+        m_view->push(ViewMessage::PenColor1, 3);
         click(slotPlaces.at(1));
         QCOMPARE(m_view->messages, Messages());
         QCOMPARE(checkedSlots(), QList<int>{1});
@@ -90,7 +91,7 @@ private slots:
                 const int swatch = (checkedSwatches().first() + 1) % palettePlaces.size();
                 m_view->messages.clear();
                 click(palettePlaces.at(swatch));
-                QCOMPARE(m_view->messages, Messages({{8 + slot, swatch, 0}}));
+                QCOMPARE(m_view->messages, Messages({{slotMessages.at(slot), swatch}}));
                 QCOMPARE(slotColors().at(slot), colors.at(swatch));
             }
         }
@@ -99,16 +100,16 @@ private slots:
     void everyWidthCanBeChosen() {
         for (const int width : {1, 0, 3, 2}) {
             click(widthPlaces.at(width));
-            QCOMPARE(m_view->takeMessages(), Messages({{11, width, 0}}));
+            QCOMPARE(m_view->takeMessages(), Messages({{ViewMessage::PenThickness, width}}));
             QCOMPARE(checkedWidths(), QList<int>{width});
         }
     }
 
     void coloursAndWidthsOutsideTheListsChangeNothing() {
         pushStored();
-        for (const int id : {8, 9, 10, 11}) {
-            m_view->push(id, 8);
-            m_view->push(id, -1);
+        for (const ViewMessage message : slotMessages + QList<ViewMessage>{ViewMessage::PenThickness}) {
+            m_view->push(message, 8);
+            m_view->push(message, -1);
         }
         QCOMPARE(m_view->messages, Messages());
         QCOMPARE(slotColors(), QStringList({"#009EF8", "#FFFFFF", "#FF0000"}));
@@ -116,18 +117,18 @@ private slots:
     }
 
     void colourOutsideTheListStillChecksTheFirstSlot() {
-        m_view->push(8, 8);
+        m_view->push(ViewMessage::PenColor0, 8);
         QCOMPARE(checkedSlots(), QList<int>{0});
         QCOMPARE(slotColors().first(), colors.first());
-        QCOMPARE(m_view->messages, Messages({{8, 0, 0}})); // what the slot shows
+        QCOMPARE(m_view->messages, Messages({{ViewMessage::PenColor0, 0}})); // what the slot shows
         click(slotPlaces.at(2));
-        m_view->push(8, -1);
+        m_view->push(ViewMessage::PenColor0, -1);
         QCOMPARE(checkedSlots(), QList<int>{0});
     }
 
     void colourPushedForTheCheckedSlotLeavesThePalette() {
         pushStored();
-        m_view->push(8, 5);
+        m_view->push(ViewMessage::PenColor0, 5);
         QCOMPARE(slotColors().first(), colors.at(5));
         QCOMPARE(checkedSwatches(), QList<int>{3});
         QCOMPARE(m_view->messages, Messages());
@@ -158,8 +159,10 @@ private:
     QQuickItem *pen() { return m_view->items("PizhuSetPenColor").first(); }
     /// What the panel answers to stored values; forgotten then.
     Messages pushStored() {
-        for (const auto &[id, value] : {std::pair(8, 3), std::pair(9, 1), std::pair(10, 2), std::pair(11, 1)})
-            m_view->push(id, value);
+        for (const auto &[message, value] :
+             {std::pair(ViewMessage::PenColor0, 3), std::pair(ViewMessage::PenColor1, 1),
+              std::pair(ViewMessage::PenColor2, 2), std::pair(ViewMessage::PenThickness, 1)})
+            m_view->push(message, value);
         return m_view->takeMessages();
     }
     void click(const QPoint &corner) { m_view->click(penPage + corner + QPoint(11, 11)); }

@@ -48,7 +48,7 @@ private slots:
     void init() {
         userfile::clear();
         userfile::forgetSettings();
-        speak(0);
+        speak(simplifiedChinese);
     }
     void cleanup() { userfile::clear(); }
 
@@ -182,12 +182,12 @@ private slots:
     }
 
     void leavesNoCatalogueBehind() {
-        { PrivacyprivilegesWindow().changeLanguage(2); }
+        { PrivacyprivilegesWindow().changeLanguage(english); }
         QCOMPARE(QCoreApplication::translate("PrivacyWindow", "确定"), QString("确定"));
     }
 
     void nothingIsClippedInEnglish() {
-        speak(2);
+        speak(english);
         PrivacyprivilegesWindow guide;
         guide.show();
         QVERIFY(QTest::qWaitForWindowExposed(&guide));

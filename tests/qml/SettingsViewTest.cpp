@@ -24,9 +24,9 @@ private slots:
     }
 
     void pickingEnglishSendsItRecordsItAndStartsTheGuard() {
-        m_view->pick(languageBox, 2);
-        QCOMPARE(m_view->messages, Messages({{16, 2, 0}}));
-        QCOMPARE(m_box->property("oldIndex"), QVariant(2));
+        m_view->pick(languageBox, english);
+        QCOMPARE(m_view->messages, Messages({{ViewMessage::Language, english}}));
+        QCOMPARE(m_box->property("oldIndex"), QVariant(int(english)));
         QVERIFY(timer()->property("running").toBool());
         QTRY_VERIFY(!timer()->property("running").toBool());
         QVERIFY(m_box->property("canChangeIndex").toBool());
@@ -34,19 +34,20 @@ private slots:
 
     void changeWhileTheGuardIsClosedIsUndoneAndNotSent() {
         // Both changes in one go: no event, and so no timer, comes between them.
-        m_box->setProperty("currentIndex", 2);
+        m_box->setProperty("currentIndex", int(english));
         QCOMPARE(m_box->property("canChangeIndex"), QVariant(false));
-        m_box->setProperty("currentIndex", 0);
+        m_box->setProperty("currentIndex", int(simplifiedChinese));
         QVERIFY(qml::is(m_box, "currentIndex: 2; oldIndex: 2"));
-        QCOMPARE(m_view->messages, Messages({{16, 2, 0}}));
+        QCOMPARE(m_view->messages, Messages({{ViewMessage::Language, english}}));
     }
 
     void guardOpensAgain() {
-        m_box->setProperty("currentIndex", 2);
+        m_box->setProperty("currentIndex", int(english));
         QCOMPARE(m_box->property("canChangeIndex"), QVariant(false));
         QTRY_COMPARE(m_box->property("canChangeIndex"), QVariant(true));
-        m_box->setProperty("currentIndex", 1);
-        QCOMPARE(m_view->messages, Messages({{16, 2, 0}, {16, 1, 0}}));
+        m_box->setProperty("currentIndex", int(traditionalChinese));
+        QCOMPARE(m_view->messages,
+                 Messages({{ViewMessage::Language, english}, {ViewMessage::Language, traditionalChinese}}));
     }
 
     void timerHasItsForm() {
@@ -57,41 +58,41 @@ private slots:
         m_view->activate();
         m_box->forceActiveFocus(Qt::TabFocusReason);
         m_view->type(Qt::Key_Down);
-        QCOMPARE(m_view->messages, Messages({{16, 1, 0}}));
+        QCOMPARE(m_view->messages, Messages({{ViewMessage::Language, traditionalChinese}}));
     }
 
     void pushedLanguageIsShown() {
         const QStringList names{"简体中文", "繁体中文", "英语"};
-        for (const int language : {1, 2, 0}) {
+        for (const Number language : {traditionalChinese, english, simplifiedChinese}) {
             QTRY_VERIFY(m_box->property("canChangeIndex").toBool());
-            m_view->push(16, language);
-            QCOMPARE(m_box->property("currentIndex"), QVariant(language));
+            m_view->push(ViewMessage::Language, language);
+            QCOMPARE(m_box->property("currentIndex"), QVariant(int(language)));
             QCOMPARE(m_box->property("displayText").toString(), names.at(language));
         }
     }
 
     void firstPushIsShownAtOnce() {
         PanelView fresh;
-        fresh.push(16, 2);
+        fresh.push(ViewMessage::Language, english);
         fresh.click(settingsButton);
         QVERIFY(qml::is(fresh.list(languageBox), "currentIndex: 2"));
     }
 
     void switchSendsTheOtherStateAndShowsItAtOnce() {
-        m_view->push(17, 0);
+        m_view->push(ViewMessage::AutoStart, 0);
         for (const bool on : {true, false}) {
             m_view->click(autoStart + QPoint(19, 10));
-            QCOMPARE(m_view->takeMessages(), Messages({{17, on, 0}}));
+            QCOMPARE(m_view->takeMessages(), Messages({{ViewMessage::AutoStart, on}}));
             QCOMPARE(switchShows(), on);
         }
     }
 
     void switchFollowsWhatTheHostReports() {
-        m_view->push(17, 0);
+        m_view->push(ViewMessage::AutoStart, 0);
         m_view->click(autoStart + QPoint(19, 10));
-        QCOMPARE(m_view->takeMessages(), Messages({{17, 1, 0}}));
+        QCOMPARE(m_view->takeMessages(), Messages({{ViewMessage::AutoStart, 1}}));
         for (const bool on : {false, true}) {
-            m_view->push(17, on, on);
+            m_view->push(ViewMessage::AutoStart, on, on);
             QCOMPARE(switchShows(), on);
         }
         QCOMPARE(m_view->messages, Messages());

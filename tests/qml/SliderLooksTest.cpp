@@ -56,8 +56,8 @@ private slots:
     }
 
     void sizeTrackGlowsUnderThePointer() {
-        m_view->push(15, laser);
-        m_view->push(7, 25);
+        m_view->push(ViewMessage::Key4P, laser);
+        m_view->push(ViewMessage::LaserPenSize, 25);
         m_view->moveTo({500, 300});
         const QPoint besideTheTrack = secondSlider + QPoint(60, -1);
         QTRY_COMPARE((m_view->jiggle({500, 300}), shadows().size()), 0);
@@ -70,9 +70,11 @@ private slots:
 
     void sizeTrackIsFilledUpToTheHandle() {
         m_view->moveTo({500, 300});
-        for (const auto &[tool, id, middle] : {std::tuple(laser, 7, 15), std::tuple(spotlight, 3, 150)}) {
-            m_view->push(15, tool);
-            m_view->push(id, middle);
+        for (const auto &[tool, message, middle] :
+             {std::tuple(laser, ViewMessage::LaserPenSize, 15),
+              std::tuple(spotlight, ViewMessage::SportLightSize, 150)}) {
+            m_view->push(ViewMessage::Key4P, tool);
+            m_view->push(message, middle);
             const QImage picture = m_view->widget().grabFramebuffer();
             const auto at = [&](int x, int y) { return picture.pixelColor(secondSlider + QPoint(x, y)); };
             // The track is four points high, in the middle of six.
@@ -88,7 +90,7 @@ private slots:
 
     void levelHandlesHaveAShadow() {
         m_view->moveTo({500, 300});
-        m_view->push(15, spotlight);
+        m_view->push(ViewMessage::Key4P, spotlight);
         QTRY_COMPARE((m_view->jiggle({500, 300}), shadows().size()), 2);
         for (QQuickItem *shadow : shadows()) {
             QVERIFY(qml::is(shadow, "color: #707070; samples: 10"));
@@ -96,18 +98,18 @@ private slots:
             QVERIFY(qml::is(knob, QString("width: %1; height: %2").arg(handle).arg(handle)));
             QCOMPARE(qml::corner(shadow), qml::corner(knob));
         }
-        m_view->push(3, 150);
+        m_view->push(ViewMessage::SportLightSize, 150);
         const QPoint above = secondSlider + QPoint(width / 2, middleOfTrack - handle / 2 - 1);
         const QColor plain = m_view->pixel(above - QPoint(30, 0));
         QVERIFY(m_view->pixel(above).lightness() > plain.lightness());
     }
 
     void colorTrackIsARainbow() {
-        m_view->push(15, laser);
-        m_view->push(6, 1275);
+        m_view->push(ViewMessage::Key4P, laser);
+        m_view->push(ViewMessage::LaserPenColor, 1275);
         m_view->moveTo({500, 300});
         const QImage handleRight = m_view->widget().grabFramebuffer();
-        m_view->push(6, 0);
+        m_view->push(ViewMessage::LaserPenColor, 0);
         const QImage handleLeft = m_view->widget().grabFramebuffer();
         const QList<std::pair<double, QColor>> stops{
             {0.0, "#FFFFFF"},  {0.16, "#FF0000"}, {0.33, "#FFFF00"}, {0.5, "#00FFFF"},
@@ -125,10 +127,11 @@ private slots:
     }
 
     void handleAnswersThePointer() {
-        m_view->push(15, laser);
-        for (const auto &[slider, id, middle] :
-             {std::tuple(firstSlider, 6, 638), std::tuple(secondSlider, 7, 15)}) {
-            m_view->push(id, middle);
+        m_view->push(ViewMessage::Key4P, laser);
+        for (const auto &[slider, message, middle] :
+             {std::tuple(firstSlider, ViewMessage::LaserPenColor, 638),
+              std::tuple(secondSlider, ViewMessage::LaserPenSize, 15)}) {
+            m_view->push(message, middle);
             m_view->moveTo({500, 300});
             const QPoint knob = at(slider, 0.5);
             const QPoint above = knob - QPoint(0, handle / 2 + 1);

@@ -2,6 +2,8 @@
 #pragma once
 
 #include "qml/PanelPlaces.h"
+#include "settings/Choices.h"
+#include "settings/ViewMessage.h"
 
 #include <QtTest>
 
@@ -10,7 +12,9 @@
 /// The sliders of the tools' settings.
 namespace sliders {
 
-enum Tool { spotlight = 0, magnifier = 1, laser = 2 };
+constexpr auto spotlight = vexa::HeldToolChoice::Spotlight;
+constexpr auto magnifier = vexa::HeldToolChoice::Magnifier;
+constexpr auto laser = vexa::HeldToolChoice::Laser;
 
 constexpr int width = 175;
 constexpr int handle = 12;
@@ -18,20 +22,21 @@ constexpr int middleOfTrack = 3;
 
 struct Slider {
     const char *name;
-    Tool tool;
+    vexa::HeldToolChoice tool;
     QPoint corner;
-    int id;
+    vexa::ViewMessage message;
     const char *element; ///< of the settings file
     int least;
     int most;
 };
 constexpr Slider all[] = {
-    {"darkness", spotlight, places::firstSlider, 2, "SportLightTran", 80, 255},
-    {"light", spotlight, places::secondSlider, 3, "SportLightSize", 50, 250},
-    {"ring", magnifier, places::firstSlider, 4, "MagnifierColor", 0, 1275},
-    {"lens", magnifier, places::secondSlider, 5, "MagnifierSize", 50, 250},
-    {"dot's colour", laser, places::firstSlider, 6, "LaserPenColor", 0, 1275},
-    {"dot", laser, places::secondSlider, 7, "LaserPenSize", 5, 25},
+    {"darkness", spotlight, places::firstSlider, vexa::ViewMessage::SportLightTran, "SportLightTran", 80,
+     255},
+    {"light", spotlight, places::secondSlider, vexa::ViewMessage::SportLightSize, "SportLightSize", 50, 250},
+    {"ring", magnifier, places::firstSlider, vexa::ViewMessage::MagnifierColor, "MagnifierColor", 0, 1275},
+    {"lens", magnifier, places::secondSlider, vexa::ViewMessage::MagnifierSize, "MagnifierSize", 50, 250},
+    {"dot's colour", laser, places::firstSlider, vexa::ViewMessage::LaserPenColor, "LaserPenColor", 0, 1275},
+    {"dot", laser, places::secondSlider, vexa::ViewMessage::LaserPenSize, "LaserPenSize", 5, 25},
 };
 
 /// The place of a slider where it takes this share of its range.

@@ -28,7 +28,7 @@ private slots:
     void slidersHaveTheirRanges_data() { everySlider(); }
     void slidersHaveTheirRanges() {
         QFETCH(Slider, slider);
-        m_view->push(15, slider.tool);
+        m_view->push(ViewMessage::Key4P, slider.tool);
         QQuickItem *item = sliderAt(slider.corner);
         QVERIFY(qml::is(item, QString("minsize: %1; maxsize: %2").arg(slider.least).arg(slider.most)));
         m_view->click(at(slider.corner, 1));
@@ -40,12 +40,12 @@ private slots:
     void slidersReportUnderTheirIdentifier_data() { everySlider(); }
     void slidersReportUnderTheirIdentifier() {
         QFETCH(Slider, slider);
-        m_view->push(15, slider.tool);
+        m_view->push(ViewMessage::Key4P, slider.tool);
         m_view->messages.clear();
         m_view->click(at(slider.corner, 0.5));
         QCOMPARE(m_view->messages.size(), 1);
         const int value = m_view->messages.first().var1;
-        QCOMPARE(m_view->messages.first(), Message({slider.id, value, 0}));
+        QCOMPARE(m_view->messages.first(), Message({slider.message, value}));
         // A point of the screen is several steps of a long range.
         const double step = 1 + (slider.most - slider.least) / double(width - handle);
         QVERIFY(std::abs(value - (slider.least + slider.most) / 2.0) <= step);
@@ -53,28 +53,28 @@ private slots:
     }
 
     void laserSizeSliderAtItsEndIs25() {
-        m_view->push(15, laser);
+        m_view->push(ViewMessage::Key4P, laser);
         m_view->click(at(secondSlider, 1));
-        QCOMPARE(m_view->messages, Messages({{7, 25, 0}}));
+        QCOMPARE(m_view->messages, Messages({{ViewMessage::LaserPenSize, 25}}));
     }
 
     void clickThatDoesNotMoveTheSliderReportsItsValueAgain() {
-        m_view->push(15, laser);
-        reportsAfterAPush(7, 15, at(secondSlider, 0.5), 15);
-        reportsAfterAPush(6, 1275, at(firstSlider, 1), 1275);
+        m_view->push(ViewMessage::Key4P, laser);
+        reportsAfterAPush(ViewMessage::LaserPenSize, 15, at(secondSlider, 0.5), 15);
+        reportsAfterAPush(ViewMessage::LaserPenColor, 1275, at(firstSlider, 1), 1275);
     }
 
     void wholeHandleCanBeGrabbed() {
-        m_view->push(15, laser);
+        m_view->push(ViewMessage::Key4P, laser);
         for (const QPoint &offTheMiddle : {QPoint(0, -6), QPoint(0, 5)}) {
-            reportsAfterAPush(7, 15, at(secondSlider, 1) + offTheMiddle, 25);
-            reportsAfterAPush(6, 0, at(firstSlider, 1) + offTheMiddle, 1275);
+            reportsAfterAPush(ViewMessage::LaserPenSize, 15, at(secondSlider, 1) + offTheMiddle, 25);
+            reportsAfterAPush(ViewMessage::LaserPenColor, 0, at(firstSlider, 1) + offTheMiddle, 1275);
         }
     }
 
     void dragReportsEveryValue() {
-        m_view->push(15, laser);
-        m_view->push(7, 5);
+        m_view->push(ViewMessage::Key4P, laser);
+        m_view->push(ViewMessage::LaserPenSize, 5);
         m_view->messages.clear();
         m_view->press(at(secondSlider, 0));
         for (int size = 6; size <= 25; ++size)
@@ -82,18 +82,18 @@ private slots:
         m_view->release(at(secondSlider, 1));
         QCOMPARE(m_view->messages.size(), 20);
         for (int i = 0; i < 20; ++i)
-            QCOMPARE(m_view->messages.at(i), Message({7, 6 + i, 0}));
+            QCOMPARE(m_view->messages.at(i), Message({ViewMessage::LaserPenSize, 6 + i}));
     }
 
     void keyboardMovesASlider() {
-        m_view->push(15, laser);
-        m_view->push(7, 10);
+        m_view->push(ViewMessage::Key4P, laser);
+        m_view->push(ViewMessage::LaserPenSize, 10);
         m_view->messages.clear();
         m_view->activate();
         auto *slider = sliderAt(secondSlider)->property("slider").value<QQuickItem *>();
         slider->forceActiveFocus(Qt::TabFocusReason);
         m_view->type(Qt::Key_Right);
-        QCOMPARE(m_view->messages.first(), Message({7, 11, 0}));
+        QCOMPARE(m_view->messages.first(), Message({ViewMessage::LaserPenSize, 11}));
     }
 
     void colorSliderMapsValuesAsTheToolsDo() {
@@ -101,10 +101,11 @@ private slots:
             {1, {255, 1, 0}},    {255, {255, 255, 0}},  {256, {1, 0, 0}},        {510, {255, 0, 0}},
             {511, {0, 255, 1}},  {765, {0, 255, 255}},  {766, {0, 1, 255}},      {1020, {0, 255, 255}},
             {1021, {1, 0, 255}}, {1274, {254, 0, 255}}, {1275, {255, 255, 255}}, {0, {0, 0, 0}}};
-        for (const auto &[tool, id] : {std::pair(laser, 6), std::pair(magnifier, 4)}) {
-            m_view->push(15, tool);
+        for (const auto &[tool, message] : {std::pair(laser, ViewMessage::LaserPenColor),
+                                            std::pair(magnifier, ViewMessage::MagnifierColor)}) {
+            m_view->push(ViewMessage::Key4P, tool);
             for (const auto &[value, color] : rows) {
-                m_view->push(id, value);
+                m_view->push(message, value);
                 QCOMPARE(sliderAt(firstSlider)->property("curColor").value<QColor>(), color);
             }
         }
@@ -118,22 +119,22 @@ private slots:
     }
     void previewsShowColorAndSizeAfterAPush() {
         const auto [dotSize, lensSize, lightSize] = Sizes::row();
-        m_view->push(15, laser);
-        m_view->push(6, 22);
-        m_view->push(7, dotSize);
+        m_view->push(ViewMessage::Key4P, laser);
+        m_view->push(ViewMessage::LaserPenColor, 22);
+        m_view->push(ViewMessage::LaserPenSize, dotSize);
         QVERIFY(qml::is(shape("QQuickRectangle"), QString("width: %1; color: #ff1600").arg(dotSize)));
         QCOMPARE(m_view->pixel(middleOfPreview.toPoint()), QColor(255, 22, 0));
 
-        m_view->push(15, magnifier);
-        m_view->push(4, 890);
-        m_view->push(5, lensSize);
+        m_view->push(ViewMessage::Key4P, magnifier);
+        m_view->push(ViewMessage::MagnifierColor, 890);
+        m_view->push(ViewMessage::MagnifierSize, lensSize);
         QVERIFY(qml::is(shape("QQuickRectangle"),
                         QString("width: %1; color: transparent; border.width: 2").arg(lensSize / 4.0)));
         QCOMPARE(m_view->pixel((middleOfPreview - QPointF(lensSize / 8.0 - 1, 0)).toPoint()),
                  QColor(0, 125, 255));
 
-        m_view->push(15, spotlight);
-        m_view->push(3, lightSize);
+        m_view->push(ViewMessage::Key4P, spotlight);
+        m_view->push(ViewMessage::SportLightSize, lightSize);
         const QQuickItem *light = shape("QQuickItem");
         QVERIFY(light);
         QCOMPARE(light->width(), lightSize / 3.5);
@@ -141,20 +142,20 @@ private slots:
 
     void previewsBeginAtTheirFirstSizes() {
         QCOMPARE(shape("QQuickItem")->width(), 60.0);
-        m_view->push(15, magnifier);
+        m_view->push(ViewMessage::Key4P, magnifier);
         QCOMPARE(shape("QQuickRectangle")->width(), 10.0);
-        m_view->push(15, laser);
+        m_view->push(ViewMessage::Key4P, laser);
         QCOMPARE(shape("QQuickRectangle")->width(), 10.0);
     }
 
     void spotlightPreviewVeilsAllButTheCircle() {
-        m_view->push(15, laser);
-        m_view->push(6, 1275);
-        m_view->push(7, 5);
+        m_view->push(ViewMessage::Key4P, laser);
+        m_view->push(ViewMessage::LaserPenColor, 1275);
+        m_view->push(ViewMessage::LaserPenSize, 5);
         const QImage plain = m_view->widget().grabFramebuffer();
-        m_view->push(15, spotlight);
-        m_view->push(2, 204); // 80 percent
-        m_view->push(3, 210); // 60 points wide
+        m_view->push(ViewMessage::Key4P, spotlight);
+        m_view->push(ViewMessage::SportLightTran, 204); // 80 percent
+        m_view->push(ViewMessage::SportLightSize, 210); // 60 points wide
         const QImage veiled = m_view->widget().grabFramebuffer();
         const QPoint middle = middleOfPreview.toPoint();
         int inside = 0;
@@ -178,15 +179,15 @@ private slots:
         QVERIFY(inside > 2000 && outside > 8000);
     }
 
-    void identifier15ShowsAndHidesAView() {
+    void messageOfTheToolShowsAndHidesAView() {
         for (const auto &[tool, type] :
              {std::pair(spotlight, "SportLightSetWindow"), std::pair(magnifier, "MagnifierSetWindow"),
               std::pair(laser, "LightpenSetWindow")}) {
-            m_view->push(15, tool);
+            m_view->push(ViewMessage::Key4P, tool);
             QQuickItem *item = m_view->items(QString(type)).first();
             for (const bool shown : {false, true}) {
-                QVERIFY(QMetaObject::invokeMethod(item, "setvalue", Q_ARG(QVariant, 15),
-                                                  Q_ARG(QVariant, tool), Q_ARG(QVariant, shown)));
+                QVERIFY(QMetaObject::invokeMethod(item, "setvalue", Q_ARG(QVariant, int(ViewMessage::Key4P)),
+                                                  Q_ARG(QVariant, int(tool)), Q_ARG(QVariant, shown)));
                 QCOMPARE(item->isVisible(), shown);
             }
         }
@@ -194,11 +195,11 @@ private slots:
 
 private:
     /// A click, once the slider stands at a value, reports another.
-    void reportsAfterAPush(int id, int pushed, const QPoint &click, int reported) {
-        m_view->push(id, pushed);
+    void reportsAfterAPush(ViewMessage message, int pushed, const QPoint &click, int reported) {
+        m_view->push(message, pushed);
         m_view->messages.clear();
         m_view->click(click);
-        QCOMPARE(m_view->messages, Messages({{id, reported, 0}}));
+        QCOMPARE(m_view->messages, Messages({{message, reported}}));
     }
     QQuickItem *sliderAt(const QPoint &corner) { return m_view->item("ValueSet", corner); }
     /// The round piece in the middle of the preview, of this type.

@@ -2,6 +2,7 @@
 #include "settings/SettingsTable.h"
 
 #include "support/StoredSettings.h"
+#include "support/ViewNumbers.h"
 
 #include <QtTest>
 
@@ -21,13 +22,31 @@ private slots:
             QCOMPARE(setting.message ? int(*setting.message) : 0, expected.message);
             QCOMPARE(vexa::settingOfElement(QString::fromLatin1(expected.element)), &setting);
             if (expected.message != 0)
-                QCOMPARE(vexa::settingOfMessage(vexa::ViewMessage(expected.message)), &setting);
+                QCOMPARE(vexa::settingOfMessage(ViewMessage(expected.message)), &setting);
         }
     }
 
+    /// The file and the view of any other release have these numbers too.
+    void namesStandForTheirNumbers() {
+        QCOMPARE(int(ViewMessage::HidePanel), 0);
+        QCOMPARE(int(ViewMessage::ShowView), 1000);
+        QCOMPARE(int(vexa::firstSettingMessage), 2);
+        QCOMPARE(int(vexa::lastSettingMessage), 17);
+        const auto numbers = [](std::initializer_list<Number> names) {
+            return QVector<int>(names.begin(), names.end());
+        };
+        QCOMPARE(numbers({KeyAction::None, KeyAction::SlideShow, KeyAction::PlayPause, KeyAction::Blackboard,
+                          KeyAction::Screenshot}),
+                 numbers({0, 1, 2, 3, 4}));
+        QCOMPARE(numbers({HeldToolChoice::Spotlight, HeldToolChoice::Magnifier, HeldToolChoice::Laser}),
+                 numbers({0, 1, 2}));
+        QCOMPARE(numbers({simplifiedChinese, traditionalChinese, english}), numbers({0, 1, 2}));
+    }
+
     void otherMessagesAndElementsCarryNone() {
-        for (const int message : {-1, 0, 1, 18, 1000})
-            QVERIFY(!vexa::settingOfMessage(vexa::ViewMessage(message)));
+        for (const auto message : {ViewMessage(-1), ViewMessage::HidePanel, ViewMessage(1), ViewMessage(18),
+                                   ViewMessage::ShowView})
+            QVERIFY(!vexa::settingOfMessage(message));
         for (const QString &element : {QStringLiteral("key2p"), QString()})
             QVERIFY(!vexa::settingOfElement(element));
     }
