@@ -36,7 +36,7 @@ ComboBox {
     textRole: "label"
     width: 207
 
-    // The toolkit tells of no value of a list.
+    // The toolkit gives screen readers no value of a list.
     Accessible.description: displayText
     Accessible.name: name
 
@@ -99,7 +99,7 @@ ComboBox {
         contentItem: ListView {
             currentIndex: root.highlightedIndex
             highlightMoveDuration: 0
-            interactive: false // all rows are in sight: there is nothing to flick
+            interactive: false // all rows are visible: there is nothing to flick
             model: root.delegateModel
         }
     }

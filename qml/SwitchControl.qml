@@ -2,7 +2,7 @@
 import QtQuick 2.15
 import "."
 
-// A switch that only shows a state: whoever answers its click decides what it shows next.
+// A switch that only shows a state: the handler of its click decides what it shows next.
 Rectangle {
     id: root
 

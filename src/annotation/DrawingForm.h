@@ -32,10 +32,10 @@ public:
     void Setbackground(QPixmap *picture);
 
     /// Steps to the next of the three pens and says so in the prompt. Not while something is being drawn and
-    /// not with the eraser in hand.
+    /// not while the eraser is chosen.
     void ChangePenColorID();
 
-    /// Takes the pen in hand and reads its colour and width from the settings.
+    /// Chooses the pen and reads its colour and width from the settings.
     void setPenInit();
 
     /// The form's own prompt; it goes with the form.

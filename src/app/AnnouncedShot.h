@@ -13,7 +13,7 @@ namespace vexa {
 
 class PromptCard;
 
-/// A screenshot and the prompt that tells of it. The prompt is shown first, but held back from the screen
+/// A screenshot and the prompt that announces it. The prompt is shown first, but held back from the screen
 /// until the picture is taken, so that it does not stand in it. GUI thread only.
 class AnnouncedShot : public QObject {
 public:

@@ -289,7 +289,7 @@ void MainWindow::changeEvent(QEvent *event) {
         return;
     const auto setText = [this] { m_screenshotPrompt->setText(tr("截屏已保存")); };
     setText();
-    // And queued, because the prompt may only now be about to translate itself, back to its own text.
+    // And queued: the prompt may get the same event after this one, and would restore its own text then.
     QMetaObject::invokeMethod(this, setText, Qt::QueuedConnection);
 }
 

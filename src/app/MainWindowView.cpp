@@ -16,7 +16,8 @@
 using vexa::ViewMessage;
 using Settings = ZrToolXmlClass;
 
-// The window as the host of the settings view: what it tells the view, and what it does with what it hears.
+// The window as the host of the settings view: what it sends to the view, and what it does with the view's
+// messages.
 
 namespace {
 

@@ -15,7 +15,7 @@
 namespace vexa {
 
 /// Writes pictures to files in the background, one after the other, in the order in which they were given. A
-/// file is there whole or not at all; one that cannot be written is left out without a word. An abrupt end
+/// file is there whole or not at all; one that cannot be written is left out silently. An abrupt end
 /// waits for them, too. Made and destroyed on the main thread.
 class PictureWriter {
 public:

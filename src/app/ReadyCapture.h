@@ -7,7 +7,7 @@
 namespace vexa {
 
 /// Has made ready what the first tool needs for its picture of the screen, so that it opens as fast as all
-/// others: from the first turn of the event loop on, a few milliseconds in each. GUI thread only.
+/// others: from the first iteration of the event loop on, a few milliseconds in each. GUI thread only.
 class ReadyCapture : public QObject {
     Q_OBJECT
 

@@ -21,7 +21,7 @@
 #include <cstdlib>
 #include <exception>
 
-/// Everything lives in here and is destroyed in reverse order: the window must not hear of input any more
+/// Everything lives in here and is destroyed in reverse order: the window must get no more input
 /// when it is gone, and the listener thread is joined while there still is an application.
 int main(int argc, char *argv[]) {
     vexa::outliveWriteFailures();
@@ -47,8 +47,8 @@ int main(int argc, char *argv[]) {
     const vexa::platform::ScreenWatch screens;
     CKeyboardHandler keyboardHandler;
     const vexa::AbruptExit abruptExit;
-    // Unheard from then on, so the end is the same as of a start that cannot listen; or as of any program
-    // when the display goes, which the listener may notice before the toolkit does.
+    // The pen is not heard from then on, so the end is the same as of a start that cannot listen; or as of
+    // any program when the display goes, which the listener may notice before the toolkit does.
     QObject::connect(&keyboardHandler, &CKeyboardHandler::signalKeyboardException, &quit, [&quit] {
         if (vexa::platform::displayIsLost())
             std::exit(EXIT_FAILURE);

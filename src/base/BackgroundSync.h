@@ -35,7 +35,7 @@ private:
     const DiskSync m_sync;
     std::mutex m_mutex; ///< guards what follows, but for the thread
     std::condition_variable m_changed;
-    int m_waiting = -1; ///< a descriptor of our own, next in turn
+    int m_waiting = -1; ///< a descriptor of our own, the next to be synced
     bool m_busy = false;
     bool m_synced = true; ///< what the disk said of the last file
     bool m_ending = false;

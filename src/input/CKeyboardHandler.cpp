@@ -12,7 +12,7 @@ CKeyboardHandler::CKeyboardHandler() : QObject(nullptr) {
     try {
         m_killer = killer.get();
     } catch (...) {
-        // The thread still has to tell of its failure, on this object; and a joinable thread must not be
+        // The thread still has to report its failure, on this object; and a joinable thread must not be
         // destroyed.
         m_thread.join();
         throw;

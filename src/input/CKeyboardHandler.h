@@ -9,7 +9,7 @@
 #include <future>
 #include <thread>
 
-/// Owns the listener thread, and passes on to the GUI thread what it hears. Lives on the GUI thread.
+/// Owns the listener thread, and passes its messages on to the GUI thread. Lives on the GUI thread.
 class CKeyboardHandler : public QObject {
     Q_OBJECT
 
@@ -21,7 +21,7 @@ public:
     /// Stops the listener and joins its thread.
     ~CKeyboardHandler() override;
 
-    /// The thread's body. A failure of the listener is told by signalKeyboardException.
+    /// The thread's body. A failure of the listener is reported by signalKeyboardException.
     static void run(std::promise<CAnyKeyboardKiller> promise, CKeyboardHandler *handler);
 
     /// Sets a flag that nothing reads, on purpose: messages are passed on either way.
@@ -34,7 +34,7 @@ public:
 signals:
     /// From the listener thread: why it cannot listen.
     void signalKeyboardException(CKeyboardExceptionMessage message);
-    /// What the listener heard: see CKeyboardMessage for the numbers.
+    /// What the listener received: see CKeyboardMessage for the numbers.
     void MysignalKeyboardMessage(int key, int state);
     void MysignalMouseMessage(int event, int x, int y);
 

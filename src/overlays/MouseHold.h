@@ -11,7 +11,7 @@ namespace vexa {
 ///
 /// What the mouse did before the window was on the screen belongs to other windows, also when it is handled
 /// only afterwards: while a button is down that was pressed elsewhere, the grab waits for its release. The
-/// system, too, refuses a grab for a window that cannot be seen yet, without a word: it is repeated on
+/// system, too, silently refuses a grab for a window that cannot be seen yet: it is repeated on
 /// exposure.
 ///
 /// Not the owner of the window, and to be destroyed before it. GUI thread only.

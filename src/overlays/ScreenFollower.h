@@ -8,7 +8,7 @@
 
 namespace vexa {
 
-/// Tells when the primary screen has become another one, or has another size, place or scale, after the
+/// Signals when the primary screen has become another one, or has another size, place or scale, after the
 /// toolkit has handled the change of all screens. GUI thread only.
 class ScreenFollower : public QObject {
 public:

@@ -11,7 +11,7 @@ namespace vexa::platform {
 /// thread.
 QImage clearPicture(const QSize &pixels, QImage::Format format);
 
-/// Gives the system back what was freed, by whatever part of the program, and is still kept at hand. Takes
+/// Gives back to the system what any part of the program has freed and the allocator still keeps. Takes
 /// about a millisecond. Any thread.
 void returnFreedMemory();
 

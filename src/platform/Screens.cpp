@@ -35,8 +35,8 @@ bool isPointerOnAnotherScreen() {
 void whenScreensMove(QObject *context, const std::function<void()> &moved) {
     const auto watch = [context, moved](const QScreen *screen) {
         QObject::connect(screen, &QScreen::geometryChanged, context, moved);
-        // Where each screen has a scale of its own, the toolkit takes over all their places as it hears of
-        // their dots per inch, tells of these alone, and finds nothing changed afterwards.
+        // Where each screen has a scale of its own, the toolkit takes over all their places when it gets
+        // their dots per inch, signals these alone, and finds nothing changed afterwards.
         QObject::connect(screen, &QScreen::logicalDotsPerInchChanged, context, moved);
     };
     for (const QScreen *screen : QGuiApplication::screens())

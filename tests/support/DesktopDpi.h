@@ -7,7 +7,7 @@ namespace vexa::test {
 
 class DesktopDpi {
 public:
-    /// Tells of `dpi` from now on. Before the application object: the toolkit looks for the settings once.
+    /// Publishes `dpi` from now on. Before the application object: the toolkit looks for the settings once.
     explicit DesktopDpi(int dpi);
     ~DesktopDpi();
     DesktopDpi(const DesktopDpi &) = delete;

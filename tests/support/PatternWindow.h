@@ -11,7 +11,7 @@
 
 namespace vexa::test {
 
-/// A window over the whole screen that shows the pattern: whoever takes a picture of the screen must get
+/// A window over the whole screen that shows the pattern: a capture of the screen must be
 /// exactly this one.
 class PatternWindow : public QRasterWindow {
 public:

@@ -3,7 +3,7 @@
 
 #include <QPoint>
 
-/// The mouse and the keyboard of the X session, as a user's hand and the pen work them: what is under the
+/// The mouse and the keyboard of the X session, as a user and the pen work them: what is under the
 /// pointer or has the focus gets the events. Positions are device pixels of the whole desktop. Each function
 /// returns when the server has taken it.
 namespace vexa::test {

@@ -9,7 +9,7 @@ namespace vexa::test {
 /// One more that it offers, from now on.
 void addResolution(const QSize &pixels);
 
-/// Returns when the X server has it; the toolkit hears of it later.
+/// Returns when the X server has it; the toolkit is told of it later.
 void setResolution(const QSize &pixels);
 
 } // namespace vexa::test

@@ -53,8 +53,8 @@ bool isUnmanagedOnServer(WId window) {
 }
 
 bool isToldToHaveNoShadow(WId window) {
-    // Its own four widths around the window; whatever they are, whoever draws shadows asks whether they are
-    // there.
+    // Its own four widths around the window; their values do not matter, a compositing manager asks whether
+    // they are there.
     Atom actual = 0;
     int format = 0;
     unsigned long count = 0;

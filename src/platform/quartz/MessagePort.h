@@ -27,7 +27,7 @@ public:
     /// Null when the name is taken, or the process has no memory or descriptor left.
     static LocalPort *create(const std::string &name, CFMessagePortCallBack callback, void *info);
 
-    /// Null when nobody has the name.
+    /// Null when no port has the name.
     static Handle<LocalPort> find(const std::string &name);
 
     ~LocalPort() override;

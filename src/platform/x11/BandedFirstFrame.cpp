@@ -80,7 +80,7 @@ bool BandedFirstFrame::eventFilter(QObject *watched, QEvent *event) {
     return true;
 }
 
-/// The toolkit tells of a window's appearance twice, when it is mapped and when the server has exposed it.
+/// The toolkit reports a window's appearance twice, when it is mapped and when the server has exposed it.
 /// Only what the server exposes after it began to get the frame has to be painted again.
 bool BandedFirstFrame::nativeEventFilter(const QByteArray & /*type*/, void *message, long * /*result*/) {
     const auto &event = *static_cast<const xcb_generic_event_t *>(message);

@@ -8,7 +8,7 @@
 namespace vexa::platform {
 
 /// How much larger than usual a desktop wants everything that says this of its resolution, in quarters: 1
-/// where it says nothing that can be believed, and never so much that the settings panel would not fit on a
+/// where it gives no plausible value, and never so much that the settings panel would not fit on a
 /// screen of so many pixels.
 double scaleFor(const QByteArray &dotsPerInch, Pixels screen);
 

@@ -13,11 +13,11 @@ namespace vexa::platform {
 
 namespace {
 
-/// The roads from a program to a graphics card go through one of these; a server without them, a virtual or a
+/// A program reaches a graphics card through one of these extensions; a server without them, a virtual or a
 /// forwarded one, leaves programs a renderer that runs on the processor.
-constexpr const char *roads[] = {"DRI3", "DRI2", "NV-GLX"};
+constexpr const char *cardExtensions[] = {"DRI3", "DRI2", "NV-GLX"};
 
-bool serverHasARoad() {
+bool serverOffersACard() {
     const auto connection = x11::Connection::open();
     const auto has = [&connection](const char *extension) {
         const auto asked =
@@ -26,13 +26,13 @@ bool serverHasARoad() {
             xcb_query_extension_reply(connection->get(), asked, nullptr));
         return reply && reply->present;
     };
-    return connection && std::any_of(std::begin(roads), std::end(roads), has);
+    return connection && std::any_of(std::begin(cardExtensions), std::end(cardExtensions), has);
 }
 
 } // namespace
 
 bool graphicsCardDraws() {
-    static const bool draws = serverHasARoad();
+    static const bool draws = serverOffersACard();
     return draws;
 }
 

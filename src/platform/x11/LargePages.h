@@ -22,7 +22,7 @@ struct LargePages {
 
     void unmap();
     /// Lets the system take the memory whenever it runs short of it. Until it is written again, each byte is
-    /// what it was or, from a time on that nobody tells, 0.
+    /// what it was or, from some unannounced time on, 0.
     void offer() const;
 };
 

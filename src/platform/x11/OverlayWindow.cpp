@@ -111,7 +111,7 @@ int opacityStep(double opacity) {
 } // namespace
 
 void showOverPrimaryScreen(QWidget &overlay, Cover cover) {
-    // First, since a window keeps the scale of the screen on which it is made until it hears of its move.
+    // First, since a window keeps the scale of the screen on which it is made until it is told of its move.
     overlay.setGeometry(QGuiApplication::primaryScreen()->geometry());
     takeFromWindowManager(overlay);
     occupy(overlay, windowStateOf(cover));

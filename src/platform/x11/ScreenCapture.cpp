@@ -37,7 +37,7 @@ bool prepareCapture() {
 
 QPixmap captureScreenRect(const QRect &rect) {
     QScreen *screen = QGuiApplication::primaryScreen();
-    // Beyond the desktop's edges the server would leave whatever was in the memory.
+    // Beyond the desktop's edges the server would leave the memory as it was.
     const QRect inside = rect & screen->virtualGeometry();
     if (inside.isEmpty())
         return {};
@@ -63,7 +63,7 @@ CursorPicture currentCursorPicture() {
     return {image, image.size()};
 }
 
-// Whoever sees an X session may look at its screen: there is no such permission and no place to send anyone.
+// Every client of an X server may read its screen: there is no such permission and no settings page to open.
 void openScreenRecordingSettings() {}
 
 } // namespace vexa::platform

@@ -28,8 +28,8 @@ namespace {
 
 constexpr std::chrono::seconds busPatience{2};
 
-/// The pen is heard through the X server, so the windows belong there too, whatever session offers itself to
-/// the toolkit. It aborts with a core dump where it is told to use a platform that it has no plug-in for.
+/// The pen is read from the X server, so the windows belong there too, whatever other session the toolkit
+/// would choose. It aborts with a core dump where it is told to use a platform that it has no plug-in for.
 void keepWindowsOnTheXServer() {
     const QByteArray usersChoice = qgetenv("QT_QPA_PLATFORM");
     if (usersChoice == "xcb" || usersChoice.startsWith("xcb:"))

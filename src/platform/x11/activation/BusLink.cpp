@@ -54,8 +54,8 @@ bool BusLink::introduce() const {
                        [this](const Introduction &introduction) { return introduction(m_bus.get()); });
 }
 
-/// One message in each turn of the event loop: whoever calls without end must not keep the pen from being
-/// heard.
+/// One message per iteration of the event loop: a client that sends without end must not starve the pen's
+/// events.
 void BusLink::process() {
     const int progress = sd_bus_process(m_bus.get(), nullptr);
     if (progress < 0 || sd_bus_is_open(m_bus.get()) <= 0)

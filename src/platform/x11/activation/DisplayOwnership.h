@@ -10,7 +10,7 @@ namespace vexa::x11 {
 
 /// Keeps the program to one instance on an X display: that one owns a selection there, which the server hands
 /// out once and takes back when the owner's connection ends, however the process does. Instances talk through
-/// this selection alone, so no bus and no user account comes into it. Blocks only where it says so. GUI
+/// this selection alone, so neither a bus nor the user account matters. Blocks only where it says so. GUI
 /// thread; the connection is its own.
 class DisplayOwnership {
 public:

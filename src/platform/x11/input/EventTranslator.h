@@ -31,8 +31,8 @@ public:
     /// Where the pointer is before the first event.
     void startAt(platform::Pixels place) { m_place = place; }
 
-    /// Whatever happens at another place than the last tells of a move there, so that no motion is missed
-    /// where not each of them is taken.
+    /// An event at another place than the last one is reported with a move to there, so that no motion is
+    /// missed where not each of them is taken.
     void take(const DeviceEvent &event);
 
     /// Drops the next key event if it is this one, which we have faked ourselves.

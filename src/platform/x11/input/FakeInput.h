@@ -31,7 +31,7 @@ struct FakedKey {
     Seen seen;
 };
 
-/// Takes the first of the requests off. Nothing when that one fakes no key.
+/// Removes the first of the requests. Nothing when that one fakes no key.
 std::optional<FakedKey> takeFakedKey(const std::uint8_t *&requests, std::size_t &size);
 
 } // namespace vexa::x11

@@ -54,7 +54,7 @@ void ModifierLift::restore() {
     if (m_lifted.empty())
         return;
     // The server reports no real release of a key that is up for the session already, so the devices are
-    // asked; our listener hears of such a release by the one that we fake.
+    // asked; our listener learns of such a release from the one that we fake.
     const KeySet onKeyboards = holdersOfKeys(m_connection).keyboards;
     std::vector<XKeyCode> ofKeyboards;
     for (const Lifted &lifted : m_lifted) {

@@ -66,7 +66,7 @@ private:
     std::deque<InputEvent> m_waiting;
     std::optional<InputEvent> m_unread;                      ///< the last release, until it is asked after
     Clock::time_point m_released = Clock::time_point::min(); ///< when it left, or was read
-    Clock::time_point m_endBy = Clock::time_point::max();    ///< known when this object is going
+    Clock::time_point m_endBy = Clock::time_point::max();    ///< set by the destructor
     std::thread m_thread;                                    ///< since the first event that had to wait
 };
 

@@ -24,7 +24,7 @@ constexpr long checkAfterNanoseconds = 250'000'000;
 // What a record holds.
 enum Category : std::uint8_t { FromServer = 0, FromClient = 1, EndOfData = 5 };
 
-/// What is to be recorded of every client. Requests that set the pointer are: XInput tells of devices only.
+/// What is recorded of every client; also requests that set the pointer: XInput reports only what devices do.
 xcb_record_range_t devicesAndWarps(const Connection &connection, bool withMoves) {
     xcb_record_range_t range{};
     range.device_events = {XCB_KEY_PRESS, XCB_BUTTON_RELEASE};
@@ -125,7 +125,7 @@ bool RecordSource::next(InputEvent &event) {
 void RecordSource::listenAgain() {
     if (!listen())
         throw std::runtime_error("Failed to create eventTap");
-    // What changed in between nobody told of.
+    // What changed in between was not reported.
     lookAtKeys();
     m_moved = true;
     followPointer();

@@ -15,7 +15,7 @@ namespace vexa::x11 {
 class XTestPoster;
 
 /// The session's input, whichever client has the focus or a grab: keys and buttons as the server's RECORD
-/// extension reports them, moves of the pointer by looking where it is when XInput tells that it moved.
+/// extension reports them, moves of the pointer by asking for its place when XInput reports that it moved.
 /// The server drops records while some 16 KiB of them wait, so only what comes one by one is recorded: a
 /// mouse reports a thousand moves a second and more.
 class RecordSource : public InputSource {
@@ -28,7 +28,7 @@ public:
 
     int fd() const override { return m_poll.get(); }
 
-    /// Where the recording was lost, by whatever, it is begun anew. Throws std::runtime_error when the
+    /// Where the recording was lost, for any reason, it is begun anew. Throws std::runtime_error when the
     /// session cannot be listened to any more.
     bool next(InputEvent &event) override;
 

@@ -50,7 +50,7 @@ private:
     std::unique_ptr<Connection> m_connection;
     KeptKeys m_kept;
     std::vector<std::uint32_t> m_recordings;
-    std::atomic<std::uint32_t> m_client{0}; ///< unguarded: whoever listens shall not wait for a post
+    std::atomic<std::uint32_t> m_client{0}; ///< atomic: the listener thread must not wait for a post
 };
 
 } // namespace vexa::x11
