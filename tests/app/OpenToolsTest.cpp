@@ -61,7 +61,7 @@ private slots:
         tools.exitHeldTool(choice);
         awaitExits();
         const int left = choice == HeldToolChoice(3) ? 3 : 2;
-        QCOMPARE(heldTools(), left);
+        QTRY_COMPARE(heldTools(), left); // on a busy machine the two may go in either order
         QCOMPARE(objects<Spolight2>().isEmpty(), choice == HeldToolChoice::Spotlight);
         QCOMPARE(objects<Magnifie>().isEmpty(), choice == HeldToolChoice::Magnifier);
         QCOMPARE(objects<LightPen>().isEmpty(), choice == HeldToolChoice::Laser);
