@@ -2,6 +2,7 @@
 #include "ToolPanel.h"
 #include "fakes/Desktop.h"
 #include "settings/ZrToolXmlClass.h"
+#include "support/Table.h"
 #include "support/TestMain.h"
 #include "support/UserFile.h"
 
@@ -15,11 +16,11 @@ using vexa::platform::Cover;
 class HeldToolCoverTest : public QObject {
     Q_OBJECT
 
+    using Layers = Table<HeldToolChoice, bool, bool>;
+
 private slots:
     void heldToolCoversWhatIsLeftByWhatIsOpen_data() {
-        QTest::addColumn<HeldToolChoice>("heldTool");
-        QTest::addColumn<bool>("annotation");
-        QTest::addColumn<bool>("blackboard");
+        Layers::begin();
         for (const auto &[name, tool] :
              {std::pair("spotlight", HeldToolChoice::Spotlight),
               std::pair("magnifier", HeldToolChoice::Magnifier), std::pair("laser", HeldToolChoice::Laser)}) {
@@ -31,9 +32,7 @@ private slots:
     }
 
     void heldToolCoversWhatIsLeftByWhatIsOpen() {
-        QFETCH(HeldToolChoice, heldTool);
-        QFETCH(bool, annotation);
-        QFETCH(bool, blackboard);
+        const auto [heldTool, annotation, blackboard] = Layers::row();
         userfile::clear();
         vexa::fakeDesktop().covers.clear();
         ToolPanel panel;

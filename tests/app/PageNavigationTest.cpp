@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/PageNavigation.h"
 
+#include "support/Table.h"
 #include "support/TestMain.h"
 
 #include <QPushButton>
@@ -10,6 +11,7 @@
 Q_DECLARE_METATYPE(Page_Num)
 
 using vexa::PageNavigation;
+using vexa::test::Table;
 
 /// A window with the parts that the navigation moves, and a page in every slot.
 struct Pages {
@@ -34,12 +36,11 @@ private:
 class PageNavigationTest : public QObject {
     Q_OBJECT
 
+    using Sizes = Table<Page_Num, int, int, int>;
+
 private slots:
     void everyPageHasItsSlotAndItsSizes_data() {
-        QTest::addColumn<Page_Num>("page");
-        QTest::addColumn<int>("slot");
-        QTest::addColumn<int>("stackHeight");
-        QTest::addColumn<int>("windowHeight");
+        Sizes::begin();
 
         QTest::newRow("0") << Page_0 << 0 << 428 << 519;
         QTest::newRow("1") << Page_1 << 3 << 515 << 606;
@@ -54,10 +55,7 @@ private slots:
     }
 
     void everyPageHasItsSlotAndItsSizes() {
-        QFETCH(Page_Num, page);
-        QFETCH(int, slot);
-        QFETCH(int, stackHeight);
-        QFETCH(int, windowHeight);
+        const auto [page, slot, stackHeight, windowHeight] = Sizes::row();
         Pages pages;
         pages.navigation.show(page);
         QCOMPARE(pages.stack.size(), QSize(640, stackHeight));

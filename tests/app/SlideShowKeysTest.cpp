@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ToolPanel.h"
+#include "support/Table.h"
 #include "support/TestMain.h"
 #include "support/Timers.h"
 #include "support/UserFile.h"
@@ -13,6 +14,8 @@ using Settings = ZrToolXmlClass;
 /// What the keys post into a slide show, and what follows the end of a tool that was opened over one.
 class SlideShowKeysTest : public QObject {
     Q_OBJECT
+
+    using Closings = Table<int, HeldToolChoice, bool>;
 
 private slots:
     void init() {
@@ -77,9 +80,7 @@ private slots:
     }
 
     void closingAToolInASlideShowRefocusesIt_data() {
-        QTest::addColumn<int>("key");
-        QTest::addColumn<HeldToolChoice>("heldTool");
-        QTest::addColumn<bool>("byItsButton");
+        Closings::begin();
         QTest::newRow("annotation by the chord") << pen::i << noHeldTool << false;
         QTest::newRow("annotation by its button") << pen::i << noHeldTool << true;
         QTest::newRow("blackboard by the chord") << pen::j << noHeldTool << false;
@@ -90,9 +91,7 @@ private slots:
     }
 
     void closingAToolInASlideShowRefocusesIt() {
-        QFETCH(int, key);
-        QFETCH(HeldToolChoice, heldTool);
-        QFETCH(bool, byItsButton);
+        const auto [key, heldTool, byItsButton] = Closings::row();
         CKeyboardListenerMac::EnterPPT = true;
         Settings::Key4P = Number(heldTool);
         m_panel->chord(key);

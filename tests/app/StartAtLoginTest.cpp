@@ -2,6 +2,7 @@
 #include "HostedView.h"
 #include "platform/quartz/VirtualKeys.h"
 #include "settings/ZrToolXmlClass.h"
+#include "support/Table.h"
 #include "support/TestMain.h"
 #include "support/UserFile.h"
 
@@ -36,6 +37,8 @@ void writeScript(const char *name, const QByteArray &text) {
 class StartAtLoginTest : public QObject {
     Q_OBJECT
 
+    using Switches = Table<int, int, int, int, QVariant>;
+
 private slots:
     void init() {
         userfile::startAfresh();
@@ -46,11 +49,7 @@ private slots:
     void cleanupTestCase() { userfile::clear(); }
 
     void startAtLoginFollowsTheScript_data() {
-        QTest::addColumn<int>("before");
-        QTest::addColumn<int>("asked");
-        QTest::addColumn<int>("exitCode");
-        QTest::addColumn<int>("after");
-        QTest::addColumn<QVariant>("note");
+        Switches::begin();
         QTest::newRow("turned off") << 1 << 0 << 0 << 0 << QVariant(0);
         QTest::newRow("not turned off") << 1 << 0 << 3 << 1 << QVariant(true);
         QTest::newRow("turned on") << 0 << 1 << 0 << 1 << QVariant(1);
@@ -59,11 +58,7 @@ private slots:
     }
 
     void startAtLoginFollowsTheScript() {
-        QFETCH(int, before);
-        QFETCH(int, asked);
-        QFETCH(int, exitCode);
-        QFETCH(int, after);
-        QFETCH(QVariant, note);
+        const auto [before, asked, exitCode, after, note] = Switches::row();
         const QByteArray right = "echo \"$0\" >> \"$0.ran\"; exit " + QByteArray::number(exitCode);
         writeScript(asked ? "setAutoStartOpen.sh" : "setAutoStartClose.sh", right);
         writeScript(asked ? "setAutoStartClose.sh" : "setAutoStartOpen.sh",

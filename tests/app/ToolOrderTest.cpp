@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ToolPanel.h"
+#include "support/Table.h"
 #include "support/TestMain.h"
 #include "support/UserFile.h"
 
@@ -54,6 +55,8 @@ protected:
 class ToolOrderTest : public QObject {
     Q_OBJECT
 
+    using Closings = Table<int, int, int>;
+
 private slots:
     void initTestCase() {
         userfile::clear();
@@ -67,9 +70,7 @@ private slots:
     }
 
     void toolsCloseInAnyOrderAndAnyWay_data() {
-        QTest::addColumn<int>("opening");
-        QTest::addColumn<int>("closing");
-        QTest::addColumn<int>("way");
+        Closings::begin();
         const QList<Order> orders = allOrders();
         for (int way : {ByChord, ByClick, ByDesktop})
             for (int opening = 0; opening < orders.size(); ++opening)
@@ -83,9 +84,7 @@ private slots:
     }
 
     void toolsCloseInAnyOrderAndAnyWay() {
-        QFETCH(int, opening);
-        QFETCH(int, closing);
-        QFETCH(int, way);
+        const auto [opening, closing, way] = Closings::row();
         open(allOrders().at(opening), HeldToolChoice((opening + closing) % 3));
         const Order order = allOrders().at(closing);
         for (Kind kind : order) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "qml/PanelTest.h"
+#include "support/Table.h"
 #include "support/TestMain.h"
 
 #include <QAccessible>
@@ -38,6 +39,8 @@ QRectF ink(const QQuickItem *text) {
 /// The panel in its three languages, switched while it runs by a host that does what the program's does.
 class PanelLanguageTest : public PanelTest {
     Q_OBJECT
+
+    using Names = vexa::test::Table<int, QStringList, QStringList, QStringList>;
 
 private slots:
     void init() {
@@ -153,10 +156,7 @@ private slots:
     }
 
     void everyControlHasANameInTheCurrentLanguage_data() {
-        QTest::addColumn<int>("language");
-        QTest::addColumn<QStringList>("always");
-        QTest::addColumn<QStringList>("colours");
-        QTest::addColumn<QStringList>("words"); // in the order of their use below
+        Names::begin();
         QTest::newRow("Cn") << int(simplifiedChinese) << QStringList{"设置", "最小化", "关闭"}
                             << QStringList{"黑色", "白色", "红色", "蓝色", "绿色", "黄色", "洋红色", "紫色"}
                             << QStringList{"颜色",       "画笔粗细", "单击",
@@ -176,10 +176,7 @@ private slots:
                                    "Auto Start", "Language", "Please visit Vexa website to get more support"};
     }
     void everyControlHasANameInTheCurrentLanguage() {
-        QFETCH(int, language);
-        QFETCH(QStringList, always);
-        QFETCH(QStringList, colours);
-        QFETCH(QStringList, words);
+        auto [language, always, colours, words] = Names::row();
         speak(language);
         settle();
         always += {"Key 1", "Key 2", "Key 3", "Key 4"};
