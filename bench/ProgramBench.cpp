@@ -29,7 +29,7 @@ using namespace vexa::test;
 
 namespace {
 
-constexpr int mostStarts = 3; // until a first opening is undisturbed
+constexpr int mostStarts = 2; // until a first opening is undisturbed
 constexpr double watchedSeconds = 2.5;
 constexpr int pointerRate = 125; // Hertz
 constexpr double patience = 30;  // seconds

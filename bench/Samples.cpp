@@ -11,7 +11,7 @@ namespace {
 
 constexpr int wanted = 20;
 constexpr int most = 120;
-constexpr qint64 patience = 10000; // milliseconds
+constexpr qint64 patience = 18000; // milliseconds: 20 of a held tool, which lives for 0.9 seconds
 
 // What the host took is counted at a processor's next tick: longer than one of 4 ms.
 constexpr int counted = 5; // milliseconds
