@@ -27,7 +27,7 @@ def until(condition, patience=PATIENCE):
 
 
 class Server:
-    """Runs with a window manager while its block does."""
+    """Runs while its block does."""
 
     def __enter__(self):
         read, write = os.pipe()
@@ -36,16 +36,37 @@ class Server:
              "-noreset", "-novtswitch", "-sharevts", "-nolisten", "tcp", "-logfile", "/dev/null"],
             pass_fds=[write], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         os.environ["DISPLAY"] = ":" + os.read(read, 20).decode().strip()
-        os.environ["DBUS_SESSION_BUS_ADDRESS"] = "disabled:"
         for output in ("DUMMY1", "DUMMY2"):
             run("xrandr", "--addmode", output, "1024x768")
+        return self
+
+    def __exit__(self, *_):
+        self.server.terminate()
+        self.server.wait(10)
+
+
+class Session(Server):
+    """The same with a window manager, and without a bus."""
+
+    def __enter__(self):
+        super().__enter__()
+        os.environ["DBUS_SESSION_BUS_ADDRESS"] = "disabled:"
         self.manager = subprocess.Popen(["openbox", "--sm-disable"], stderr=subprocess.DEVNULL)
         return self
 
     def __exit__(self, *_):
-        for process in (self.manager, self.server):
-            process.terminate()
-            process.wait(10)
+        self.manager.terminate()
+        self.manager.wait(10)
+        super().__exit__()
+
+
+class TwoMonitors(Server):
+    """The primary one, which a show is for, and another one on its right."""
+
+    def __enter__(self):
+        super().__enter__()
+        arrange({"DUMMY0": (0, 0), "DUMMY1": (1280, 0)}, desktop=(2304, 768))
+        return self
 
 
 class Monitor:
@@ -76,10 +97,10 @@ class Monitor:
                 if (x, y) != ((self.left + right) // 2, (self.top + bottom) // 2)]
 
 
-def arrange(arrangement, primary=None):
+def arrange(arrangement, primary=None, desktop=DESKTOP):
     """All in one request: no monitor is off in between that is to stay on. The first one is the primary."""
     primary = primary or next(iter(arrangement))
-    command = ["xrandr", "--fb", "%dx%d" % DESKTOP]
+    command = ["xrandr", "--fb", "%dx%d" % desktop]
     for output, size in SIZES.items():
         if output in arrangement:
             command += ["--output", output, "--mode", "%dx%d" % size, "--pos", "%dx%d" % arrangement[output]]

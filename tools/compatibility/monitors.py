@@ -12,7 +12,7 @@ import sys
 import tempfile
 from pathlib import Path
 
-from dummies import Monitor, Screen, Server, arrange, run, until
+from dummies import Monitor, Screen, Session, arrange, run, until
 
 BEFORE, AFTER = (0x20, 0x40, 0x60), (0x60, 0x20, 0x40)  # the desktop's colour when a tool opens, and later
 DOT = (0, 255, 90)     # what the slider's 600 stands for
@@ -262,7 +262,7 @@ def main():
     binaries, *words = sys.argv[1:]
     wanted = lambda *row: all(word in row for word in words)
     played = wrong = 0
-    with Server():
+    with Session():
         for rows in (arrangements, changes):
             for name, scale, tool, results in rows(binaries, wanted):
                 played += 1

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 """session.py BIN PICTURES MANAGER PROGRAM: one presentation in one program under one window manager, played with the pen on
-the present display. Prints a row for each action."""
+the present display, or on two monitors of its own. Prints a row for each action."""
 
 import os
 import shutil
@@ -8,12 +8,18 @@ import subprocess
 import sys
 import tempfile
 import time
+from contextlib import nullcontext
 from pathlib import Path
 from random import Random
 
 import decks
+import dummies
+from dummies import run
+from working import rests
 
-WIDTH, HEIGHT = 1280, 720
+WIDTH, HEIGHT = 1280, 720  # of the screen, or of the primary monitor
+CONSOLE = {"X=%d" % WIDTH, "Y=0"}  # on the monitor beside, of which Mutter chooses the mode by itself
+SHOW = {"X=0", "Y=0", "WIDTH=%d" % WIDTH, "HEIGHT=%d" % HEIGHT}
 PATIENCE = 30  # seconds for what must come
 QUIET = 3      # seconds in which nothing may happen any more: the refocus comes a second after a tool closes
 POINTER = (400, 300)
@@ -32,12 +38,23 @@ WINDOW_MANAGERS = {
 }
 
 # name, deck, command, keys that start and end the show where the pen's do not
+IMPRESS = (decks.fodp, ["soffice", "--impress", "--norestore", "--nologo", "DECK"], None, None)
 PROGRAMS = {
-    "impress": (decks.fodp, ["soffice", "--impress", "--norestore", "--nologo", "DECK"], None, None),
+    "impress": IMPRESS,
+    "console": IMPRESS,  # with the presenter console, on two monitors
     "evince": (decks.pdf, ["evince", "DECK"], None, None),
     "okular": (decks.pdf, ["okular", "DECK"], "ctrl+shift+p", "Escape"),
     "chromium": (decks.html, ["chromium", "--no-sandbox", "--test-type", "--no-first-run", "--disable-gpu",
                               "--disable-dev-shm-usage", "--password-store=basic", "DECK"], "F11", "F11"),
+}
+
+# What a presenter has set before. At its first show Okular explains how one is left; Impress shows the slides beside the
+# primary monitor, as on a projector that is not the primary one, until it is told which to take.
+PROFILES = {
+    "okular": ("okularrc", "[Notification Messages]\npresentationInfo=false\n"),
+    "console": ("libreoffice/4/user/registrymodifications.xcu",
+                '<oor:items xmlns:oor="http://openoffice.org/2001/registry"><item oor:path="/org.openoffice.Office.Impress'
+                '/Misc"><prop oor:name="Display" oor:op="fuse"><value>1</value></prop></item></oor:items>\n'),
 }
 
 
@@ -49,20 +66,16 @@ class Missed(Exception):
     """Something that must come did not."""
 
 
-def run(*command):
-    return subprocess.run(command, capture_output=True, text=True, check=False).stdout.strip()
-
-
 def xdo(*words):
     return run("xdotool", *words)
 
 
 class Screen:
-    """A picture of the whole screen, or of what a window that fills it has drawn, whether that is shown or not."""
+    """A picture of the screen, or of what a window that fills it has drawn, whether that is shown or not."""
 
     def __init__(self, window="root"):
-        self.pixels = subprocess.run(["import", "-silent", "-window", window, "-depth", "8", "rgb:-"],
-                                     capture_output=True, check=window == "root").stdout
+        self.pixels = subprocess.run(["import", "-silent", "-window", window, "-crop", "%dx%d+0+0" % (WIDTH, HEIGHT),
+                                      "-depth", "8", "rgb:-"], capture_output=True, check=window == "root").stdout
 
     def at(self, x, y):
         place = 3 * (y * WIDTH + x)
@@ -114,6 +127,10 @@ def stays(condition):
     return condition()
 
 
+def lies(window, place):
+    return place <= set(xdo("getwindowgeometry", "--shell", window).split())
+
+
 class Presentation:
     def __init__(self, binaries, manager, program, pictures):
         self.manager, self.program, self.pictures = manager, program, pictures
@@ -122,10 +139,11 @@ class Presentation:
         for name in ("VexaOrbilo", "pen-simulator"):
             shutil.copy(Path(binaries) / name, self.folder)
         (self.folder / "i3.config").write_text("font pango:monospace 8\n")
-        # At its first show Okular explains how one is left; a presenter has read that long ago.
-        home = Path(os.environ["HOME"]) / ".config"
-        home.mkdir(exist_ok=True)
-        (home / "okularrc").write_text("[Notification Messages]\npresentationInfo=false\n")
+        if program in PROFILES:
+            name, text = PROFILES[program]
+            profile = Path(os.environ["HOME"]) / ".config" / name
+            profile.parent.mkdir(parents=True, exist_ok=True)
+            profile.write_text(text)
 
     def start(self, *command, log):
         output = (self.folder / log).open("wb")
@@ -177,6 +195,7 @@ class Presentation:
             result = "no"
             print("%s under %s, %s: no sign of %s" % (self.program, self.manager, action, missed), file=sys.stderr)
         print("\t".join((self.program, self.manager, action, result)), flush=True)
+        return result != "no"
 
     def comes(self, what, condition):
         await_(what, condition)
@@ -189,9 +208,10 @@ class Presentation:
         self.start(*WINDOW_MANAGERS[self.manager], log="manager.log")
         await_("window manager", lambda: "window id" in run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"), 90)
         self.start_with("laser")
-        self.start(*[str(deck) if word == "DECK" else word for word in command], log="viewer.log")
+        viewer = self.start(*[str(deck) if word == "DECK" else word for word in command], log="viewer.log")
         await_("the slides' window", self.focus_viewer, 90)
-        stays(lambda: True)
+        # Impress takes F5 long before it is ready: then its show begins without the console.
+        await_("a program that has started", lambda: rests(viewer), 90)
         await_("the focus of the slides' window", self.focus_viewer)
 
         self.check("start", lambda: self.begin(own_start))
@@ -226,11 +246,17 @@ class Presentation:
             await_("the show", lambda: Screen().slide() != 0)
         except Missed:
             self.have_it_painted()
+        if self.program == "console":
+            await_("the console", lambda: self.window_at(CONSOLE))
         return True
+
+    def window_at(self, place):
+        windows = xdo("search", "--onlyvisible", "--class", "soffice").split()
+        return next((window for window in windows if lies(window, place)), None)
 
     def have_it_painted(self):
         """Mutter sometimes goes on showing an older picture of a window that has drawn the show, until it draws again."""
-        slide = Screen(xdo("getwindowfocus")).slide()
+        slide = Screen(self.window_at(SHOW) or xdo("getwindowfocus")).slide()
         if slide == 0:
             raise Missed("the show, in its window either")
         print("%s under %s: the show was drawn and not shown" % (self.program, self.manager), file=sys.stderr)
@@ -254,10 +280,15 @@ class Presentation:
 
     def kept(self, name, focus):
         resting = lambda: Screen().slide() == RESTING
-        self.check(name + ": slide kept", lambda: stays(lambda: True) and self.comes("the slide", resting) and
-                   stays(resting))
-        self.check(name + ": focus kept", lambda: xdo("getwindowfocus") == focus)
+        kept = lambda: stays(lambda: True) and dummies.until(resting) and stays(resting)
+        if not self.check(name + ": slide kept", kept):
+            print("it is slide %d now" % Screen().slide(), file=sys.stderr)
+        self.check(name + ": focus kept", lambda: self.has_it(xdo("getwindowfocus"), focus))
         self.rest()  # for what comes after
+
+    def has_it(self, now, before):
+        """The click behind a tool may take the focus from the console, but only to the show."""
+        return now == before or self.program == "console" and lies(now, SHOW)
 
     def held(self, tool):
         focus = xdo("getwindowfocus")
@@ -347,16 +378,17 @@ class Presentation:
 
 def main():
     binaries, pictures, manager, program = sys.argv[1:]
-    presentation = Presentation(binaries, manager, program, pictures)
-    try:
-        presentation.play()
-    except Missed as missed:
-        print("%s under %s: %s did not come" % (program, manager, missed), file=sys.stderr)
-        for log in presentation.folder.glob("*.log"):
-            print(log.name, log.read_text(errors="replace")[-600:], file=sys.stderr)
-        run("import", "-window", "root", "/tmp/compat-%s-%s.png" % (manager, program))
-    finally:
-        presentation.end()
+    with dummies.TwoMonitors() if program == "console" else nullcontext():
+        presentation = Presentation(binaries, manager, program, pictures)
+        try:
+            presentation.play()
+        except Missed as missed:
+            print("%s under %s: %s did not come" % (program, manager, missed), file=sys.stderr)
+            for log in presentation.folder.glob("*.log"):
+                print(log.name, log.read_text(errors="replace")[-600:], file=sys.stderr)
+            run("import", "-window", "root", "/tmp/compat-%s-%s.png" % (manager, program))
+        finally:
+            presentation.end()
 
 
 main()
