@@ -139,21 +139,21 @@ private slots:
 
     void textsSpeakTheStoredLanguage_data() {
         QTest::addColumn<int>("language");
-        QTest::addColumn<bool>("english");
-        QTest::newRow("Simplified Chinese") << 0 << false;
-        QTest::newRow("Traditional Chinese has no rows for the guide") << 1 << false;
-        QTest::newRow("English") << 2 << true;
+        QTest::addColumn<bool>("inEnglish");
+        QTest::newRow("Simplified Chinese") << int(simplifiedChinese) << false;
+        QTest::newRow("Traditional Chinese has no rows for the guide") << int(traditionalChinese) << false;
+        QTest::newRow("English") << int(english) << true;
         QTest::newRow("unknown") << 5 << false;
     }
     void textsSpeakTheStoredLanguage() {
         QFETCH(int, language);
-        QFETCH(bool, english);
+        QFETCH(bool, inEnglish);
         speak(language);
         PrivacyprivilegesWindow guide;
-        const QString confirm = english ? "Confirm" : "确定";
+        const QString confirm = inEnglish ? "Confirm" : "确定";
         for (const Line &line : lines)
             QVERIFY(qml::is(find(guide, "PanelText", line.corner),
-                            QString("text: ") + (english ? line.english : line.chinese)));
+                            QString("text: ") + (inEnglish ? line.english : line.chinese)));
         QVERIFY(qml::is(find(guide, "PanelText", {386, 248}), "text: " + confirm));
         QCOMPARE(guide.findChild<QPushButton *>("pushButton")->text(), confirm);
         QCOMPARE(guide.findChild<QPushButton *>("pushButton_2")->text(), QString("下次不再显示"));
@@ -204,7 +204,7 @@ private slots:
     void controlsHaveNamesInTheStoredLanguage_data() { textsSpeakTheStoredLanguage_data(); }
     void controlsHaveNamesInTheStoredLanguage() {
         QFETCH(int, language);
-        QFETCH(bool, english);
+        QFETCH(bool, inEnglish);
         speak(language);
         PrivacyprivilegesWindow guide;
         QStringList names;
@@ -215,8 +215,8 @@ private slots:
             QVERIFY(accessible);
             names.append(accessible->text(QAccessible::Name));
         }
-        QCOMPARE(names, english ? QStringList({"Never ask me again", "Confirm"})
-                                : QStringList({"下次不再提示", "确定"}));
+        QCOMPARE(names, inEnglish ? QStringList({"Never ask me again", "Confirm"})
+                                  : QStringList({"下次不再提示", "确定"}));
     }
 
     void keyboardTicksAndConfirms() {
