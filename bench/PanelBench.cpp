@@ -9,6 +9,8 @@
 #include "app/QuickViews.h"
 #include "platform/GraphicsCard.h"
 #include "platform/Session.h"
+#include "settings/Choices.h"
+#include "settings/ViewMessage.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -28,6 +30,8 @@ namespace {
 const QString panelDocument = QStringLiteral("qrc:/MainWindow.qml");
 const QString emptyDocument = QStringLiteral("file:" EMPTY_PANEL);
 using bench::median;
+using vexa::HeldToolChoice;
+using vexa::ViewMessage;
 
 constexpr int starts = 15;
 constexpr int repetitions = 40;
@@ -39,15 +43,16 @@ double threadTime() {
     return 1e3 * static_cast<double>(now.tv_sec) + 1e-6 * static_cast<double>(now.tv_nsec);
 }
 
-void push(QObject *root, int id, int value) {
-    QMetaObject::invokeMethod(root, "setvalue", Q_ARG(QVariant, id), Q_ARG(QVariant, value),
+void push(QObject *root, ViewMessage message, int value) {
+    QMetaObject::invokeMethod(root, "setvalue", Q_ARG(QVariant, int(message)), Q_ARG(QVariant, value),
                               Q_ARG(QVariant, 0));
 }
 
 void fill(QObject *root) {
     const std::vector<int> values = {132, 183, 890, 177, 22, 13, 2, 1, 0, 1, 1, 3, 4, 0, 0, 1};
     for (std::size_t i = 0; i < values.size(); ++i)
-        push(root, static_cast<int>(i) + 2, values.at(i));
+        push(root, ViewMessage(static_cast<int>(vexa::firstSettingMessage) + static_cast<int>(i)),
+             values.at(i));
 }
 
 /// Shows a view in this process until its first complete frame.
@@ -170,9 +175,10 @@ void measureFrames() {
     report("closing it", close);
 
     bench.click(key4);
-    for (const auto &[tool, name] :
-         {std::pair(0, "spotlight darkness"), std::pair(1, "lens colour"), std::pair(2, "laser colour")}) {
-        push(bench.root(), 15, tool);
+    for (const auto &[tool, name] : {std::pair(HeldToolChoice::Spotlight, "spotlight darkness"),
+                                     std::pair(HeldToolChoice::Magnifier, "lens colour"),
+                                     std::pair(HeldToolChoice::Laser, "laser colour")}) {
+        push(bench.root(), ViewMessage::Key4P, static_cast<int>(tool));
         std::vector<double> moves;
         moves.reserve(repetitions);
         bench.mouse(QEvent::MouseButtonPress, {80, 474}, Qt::LeftButton);
@@ -187,7 +193,7 @@ void measureFrames() {
 
     const double storm = bench.cost([&] {
         for (int value = 1; value <= 1000; ++value)
-            push(bench.root(), 6, value);
+            push(bench.root(), ViewMessage::LaserPenColor, value);
     });
     std::printf("  a storm of 1,000 slider changes and its frame %.1f ms in all\n", storm);
 }

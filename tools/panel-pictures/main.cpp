@@ -3,6 +3,8 @@
 // panel-pictures FOLDER: draws every view of the panel and of the guide, in the three languages, into FOLDER.
 // With QT_SCALE_FACTOR=2 the pictures are as on a screen of twice the density and their names end with @2x.
 #include "app/Language.h"
+#include "settings/Choices.h"
+#include "settings/ViewMessage.h"
 
 #include <QApplication>
 #include <QDir>
@@ -14,6 +16,9 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+
+using vexa::HeldToolChoice;
+using vexa::ViewMessage;
 
 namespace {
 
@@ -38,8 +43,8 @@ void settle(const QQuickWidget &view) {
     } while (loading(view.rootObject()));
 }
 
-void push(QObject *root, int id, int value) {
-    QMetaObject::invokeMethod(root, "setvalue", Q_ARG(QVariant, id), Q_ARG(QVariant, value),
+void push(QObject *root, ViewMessage message, int value) {
+    QMetaObject::invokeMethod(root, "setvalue", Q_ARG(QVariant, int(message)), Q_ARG(QVariant, value),
                               Q_ARG(QVariant, 0));
 }
 
@@ -66,7 +71,8 @@ private:
 void fill(QObject *root, int language) {
     const std::array<int, 16> values = {132, 183, 890, 177, 22, 13, 2, 3, 5, 1, 1, 3, 4, 0, language, 1};
     for (std::size_t i = 0; i < values.size(); ++i)
-        push(root, static_cast<int>(i) + 2, values.at(i));
+        push(root, ViewMessage(static_cast<int>(vexa::firstSettingMessage) + static_cast<int>(i)),
+             values.at(i));
 }
 
 bool drawPanel(Album &album, int language) {
@@ -80,18 +86,18 @@ bool drawPanel(Album &album, int language) {
     struct Scene {
         const char *name;
         const char *button; ///< which button opens the view, or null
-        int tool;
+        HeldToolChoice tool;
     };
-    const std::array<Scene, 8> scenes = {{{"overview", nullptr, 0},
-                                          {"key1", "key1Button", 0},
-                                          {"key2", "key2Button", 0},
-                                          {"key3", "key3Button", 0},
-                                          {"key4-spotlight", "key4Button", 0},
-                                          {"key4-magnifier", "key4Button", 1},
-                                          {"key4-laser", "key4Button", 2},
-                                          {"settings", "setButton", 0}}};
+    const std::array<Scene, 8> scenes = {{{"overview", nullptr, HeldToolChoice::Spotlight},
+                                          {"key1", "key1Button", HeldToolChoice::Spotlight},
+                                          {"key2", "key2Button", HeldToolChoice::Spotlight},
+                                          {"key3", "key3Button", HeldToolChoice::Spotlight},
+                                          {"key4-spotlight", "key4Button", HeldToolChoice::Spotlight},
+                                          {"key4-magnifier", "key4Button", HeldToolChoice::Magnifier},
+                                          {"key4-laser", "key4Button", HeldToolChoice::Laser},
+                                          {"settings", "setButton", HeldToolChoice::Spotlight}}};
     for (const Scene &scene : scenes) {
-        push(root, 15, scene.tool);
+        push(root, ViewMessage::Key4P, static_cast<int>(scene.tool));
         if (scene.button != nullptr)
             root->findChild<QObject *>(QLatin1String(scene.button))->setProperty("checked", true);
         if (!album.add(view, QLatin1String(scene.name)))
