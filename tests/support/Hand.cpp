@@ -87,6 +87,13 @@ Hand::Place Hand::pointer() const {
     return {reply->root_x, reply->root_y};
 }
 
+int Hand::buttonsDown() const {
+    xcb_connection_t *x = m_connection->get();
+    const Reply<xcb_query_pointer_reply_t> reply(
+        xcb_query_pointer_reply(x, xcb_query_pointer(x, m_connection->root()), nullptr));
+    return reply->mask & (XCB_BUTTON_MASK_1 | XCB_BUTTON_MASK_2 | XCB_BUTTON_MASK_3);
+}
+
 void Hand::grabKeyboard(bool synchronous) {
     xcb_connection_t *x = m_connection->get();
     const auto mode = static_cast<std::uint8_t>(synchronous ? XCB_GRAB_MODE_SYNC : XCB_GRAB_MODE_ASYNC);

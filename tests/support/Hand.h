@@ -41,6 +41,8 @@ public:
         int x, y;
     };
     Place pointer() const;
+    /// As programs are told: also where they are exchanged, the first is XCB_BUTTON_MASK_1.
+    int buttonsDown() const;
 
     /// Another program takes all keys for itself; a synchronous one holds them back until it lets go.
     void grabKeyboard(bool synchronous);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/SessionFixture.h"
 
+#include <xcb/xproto.h>
+
 using namespace vexa::test;
 using vexa::InputEvent;
 
@@ -83,6 +85,28 @@ private slots:
         QCOMPARE(m_hand->pointer().x, 120);
         QCOMPARE(m_hand->pointer().y, 130);
         outwaitAClick();
+    }
+
+    /// As left-handed users have it.
+    void aClickIsTheFirstButtonsWhereTheUserHasExchangedThem() {
+        run(QStringLiteral("xmodmap -e 'pointer = 3 2 1'"));
+        const auto restore = qScopeGuard([] { run(QStringLiteral("xmodmap -e 'pointer = default'")); });
+        const auto isFirstDown = [this] { return m_hand->buttonsDown() == XCB_BUTTON_MASK_1; };
+        QCOMPARE(hear([&] {
+                     QVERIFY(post(mouseEvent(kCGEventMouseMoved, 120, 130)));
+                     QVERIFY(post(mouseEvent(kCGEventLeftMouseDown, 120, 130)));
+                     QVERIFY(isFirstDown());
+                     QVERIFY(post(mouseEvent(kCGEventLeftMouseUp, 120, 130)));
+                 }),
+                 (All{toldAt(kCGEventMouseMoved, 120, 130), toldAt(kCGEventLeftMouseDown, 120, 130),
+                      toldAt(kCGEventLeftMouseUp, 120, 130)}));
+        outwaitAClick();
+        QCOMPARE(hear([&] { // and what the user's own finger presses
+                     m_hand->button(3, true);
+                     QVERIFY(isFirstDown());
+                     m_hand->button(3, false);
+                 }),
+                 (All{toldAt(kCGEventLeftMouseDown, 120, 130), toldAt(kCGEventLeftMouseUp, 120, 130)}));
     }
 
     void keysArriveWithoutTheModifiersHeld_data() {

@@ -88,7 +88,7 @@ void EventTranslator::reconcile(const std::function<bool(XKeyCode)> &isDown) {
 }
 
 void EventTranslator::takeButton(const DeviceEvent &event) {
-    if (event.detail != XCB_BUTTON_INDEX_1)
+    if ((meaningOfButton ? meaningOfButton(event.detail) : event.detail) != XCB_BUTTON_INDEX_1)
         return;
     const bool down = event.type == DeviceEvent::ButtonPress;
     m_events.push_back(pointerEvent(down ? kCGEventLeftMouseDown : kCGEventLeftMouseUp));

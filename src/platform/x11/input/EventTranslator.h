@@ -28,6 +28,9 @@ class EventTranslator {
 public:
     platform::ScreenPlace screen; ///< the primary one, in whose points positions are
 
+    /// What programs are given for a button. Without it, the button itself.
+    std::function<std::uint8_t(std::uint8_t button)> meaningOfButton;
+
     /// Where the pointer is before the first event.
     void startAt(platform::Pixels place) { m_place = place; }
 

@@ -2,6 +2,7 @@
 #include "platform/x11/input/RecordSource.h"
 
 #include "platform/quartz/CoreGraphics.h"
+#include "platform/x11/input/ButtonMap.h"
 #include "platform/x11/input/Keyboards.h"
 #include "platform/x11/input/Pointer.h"
 #include "platform/x11/input/RecordedData.h"
@@ -55,7 +56,12 @@ RecordSource::RecordSource(XTestPoster &poster, const SharedPlace &screen)
     : m_poster(poster)
     , m_screen(screen)
     , m_timer(timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK))
-    , m_poll(epoll_create1(EPOLL_CLOEXEC)) {}
+    , m_poll(epoll_create1(EPOLL_CLOEXEC)) {
+    // The server records what the devices press.
+    m_translator.meaningOfButton = [this](std::uint8_t button) {
+        return vexa::x11::meaningOfButton(*m_control, button);
+    };
+}
 
 RecordSource::~RecordSource() {
     m_poster.leaveRecording(m_context);

@@ -2,6 +2,7 @@
 #include "platform/x11/input/XTestPoster.h"
 
 #include "platform/quartz/CoreGraphics.h"
+#include "platform/x11/input/ButtonMap.h"
 #include "platform/x11/input/FakeInput.h"
 #include "platform/x11/input/KeyMeaning.h"
 #include "platform/x11/input/Pointer.h"
@@ -114,7 +115,9 @@ bool XTestPoster::postButton(platform::Pixels position, bool down) {
     const auto pointer = pointerState(*m_connection);
     if (!pointer || pointer->position != position)
         fakeMotion(*m_connection, position);
-    return withoutModifiers([this, down] { fakeButton(*m_connection, down, XCB_BUTTON_INDEX_1); });
+    return withoutModifiers([this, down, button = buttonThatMeansFirst(*m_connection)] {
+        fakeButton(*m_connection, down, button);
+    });
 }
 
 template<typename Fake> bool XTestPoster::withoutModifiers(Fake fake) {
