@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "e2e/Trays.h"
 
+#include "support/Patience.h"
+
 #include <QDBusArgument>
 #include <QDBusMessage>
+#include <QDBusPendingCall>
+#include <QTest>
 
 namespace e2e {
 
@@ -43,10 +47,14 @@ void BusTray::click() const {
 }
 
 QStringList BusTray::menuTexts() {
-    const QDBusMessage reply = m_bus.call(
-        callOf(m_item, menuPath, menuInterface, QStringLiteral("GetLayout"), {0, -1, QStringList()}),
-        QDBus::BlockWithGui);
+    // The program may be asking the tray meanwhile. Not with QDBus::BlockWithGui, which waits for ever when
+    // the reply has come before its event loop began.
+    const QDBusPendingCall call = m_bus.asyncCall(
+        callOf(m_item, menuPath, menuInterface, QStringLiteral("GetLayout"), {0, -1, QStringList()}));
     m_menu.clear();
+    if (!QTest::qWaitFor([&call] { return call.isFinished(); }, vexa::test::patience))
+        return {};
+    const QDBusMessage reply = call.reply();
     if (reply.type() != QDBusMessage::ReplyMessage)
         return {};
     // An entry is its number, its properties and its own entries; the outermost one is the menu itself.
