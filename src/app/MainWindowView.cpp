@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/MainWindow.h"
+#include "app/PointerInMovedWindow.h"
 #include "app/QuickViews.h"
 #include "app/Shell.h"
 #include "platform/AutoStart.h"
@@ -29,6 +30,7 @@ void MainWindow::loadView() {
     vexa::loadView(*m_ui->quickWidget, QStringLiteral("qrc:/MainWindow.qml"));
     m_viewRoot = m_ui->quickWidget->rootObject();
     m_ui->quickWidget->setFocus();
+    new vexa::PointerInMovedWindow(*m_ui->quickWidget);
     m_ui->quickWidget->rootContext()->setContextProperty(QStringLiteral("mainwindow"), this);
     if (m_viewRoot) {
         connect(m_viewRoot, SIGNAL(qmlSignal(int, int, int, int)), this,

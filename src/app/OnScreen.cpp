@@ -20,11 +20,6 @@ std::pair<qint64, qint64> suitability(const QRect &window, const QRect &screen) 
     return {qint64{shown.width()} * shown.height(), -qint64{away.manhattanLength()}};
 }
 
-/// Too large a window starts where the screen does.
-int within(int position, int size, int start, int end) {
-    return std::max(start, std::min(position, end - size));
-}
-
 } // namespace
 
 QPoint wholeOnAScreen(const QRect &window, const QVector<QRect> &screens) {
@@ -34,8 +29,11 @@ QPoint wholeOnAScreen(const QRect &window, const QVector<QRect> &screens) {
         *std::max_element(screens.begin(), screens.end(), [&](const QRect &one, const QRect &other) {
             return suitability(window, one) < suitability(window, other);
         });
-    return {within(window.x(), window.width(), screen.x(), screen.x() + screen.width()),
-            within(window.y(), window.height(), screen.y(), screen.y() + screen.height())};
+    // The outer bound holds for a window that is too large: the right end of the screen, and its top.
+    const QPoint last(screen.x() + screen.width() - window.width(),
+                      screen.y() + screen.height() - window.height());
+    return {std::min(std::max(window.x(), screen.x()), last.x()),
+            std::max(std::min(window.y(), last.y()), screen.y())};
 }
 
 OnScreen::OnScreen(QWidget &window) : QObject(&window), m_window(window) {

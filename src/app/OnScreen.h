@@ -12,7 +12,8 @@ namespace vexa {
 
 /// The nearest place for the top-left corner of a window at which a screen shows all of it: of the screen
 /// that shows most of it now, or else of the nearest one. A window that is larger than the screen keeps its
-/// top-left corner on it. All in points of the desktop; without any screen the window stays where it is.
+/// top-right corner on it: what closes it is there. All in points of the desktop; without any screen the
+/// window stays where it is.
 QPoint wholeOnAScreen(const QRect &window, const QVector<QRect> &screens);
 
 /// Keeps a window reachable: whenever it is shown, and when the screens change while it is visible, it is

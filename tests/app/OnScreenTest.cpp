@@ -26,8 +26,8 @@ private slots:
         QTest::newRow("under the panel of the second") << QRect(1100, 210, 400, 300) << QPoint(1100, 230);
         QTest::newRow("mostly on the first") << QRect(700, 300, 400, 300) << QPoint(600, 300);
         QTest::newRow("mostly on the second") << QRect(900, 300, 400, 300) << QPoint(1000, 300);
-        QTest::newRow("too wide") << QRect(-50, 100, 1200, 300) << QPoint(0, 100);
-        QTest::newRow("too large for any") << QRect(1300, 300, 5000, 5000) << QPoint(1000, 230);
+        QTest::newRow("too wide") << QRect(-50, 100, 1200, 300) << QPoint(-200, 100);
+        QTest::newRow("too large for any") << QRect(1300, 300, 5000, 5000) << QPoint(-3360, 230);
     }
 
     void aScreenShowsAllOfIt() {
