@@ -4,13 +4,19 @@
 
 namespace {
 
-/// The event is not released after posting, on purpose.
+constexpr CGEventFlags heldModifiers =
+    kCGEventFlagMaskControl | kCGEventFlagMaskShift | kCGEventFlagMaskAlternate | kCGEventFlagMaskCommand;
+
+/// A new event has the modifiers that are held at the moment, which may be the pen's: they are not meant for
+/// the key. The event is not released after posting, on purpose.
 void postKey(CGKeyCode key, bool down, CGEventFlags flags = 0) {
     CGEventRef event = CGEventCreateKeyboardEvent(nullptr, key, down);
     if (!event)
         return;
     if (flags != 0)
         CGEventSetFlags(event, flags);
+    else if (const CGEventFlags given = CGEventGetFlags(event); given & heldModifiers)
+        CGEventSetFlags(event, given & ~heldModifiers);
     CGEventPost(kCGHIDEventTap, event);
 } // NOLINT(clang-analyzer-osx.cocoa.RetainCount)
 

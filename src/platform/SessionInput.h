@@ -10,7 +10,8 @@ namespace vexa::platform {
 
 /// Makes the session the place where taps listen and posts go, until setInputBackend() says otherwise. Call
 /// before the first tap. Its events are in points of the primary screen. On macOS the session is that place
-/// already: there it asks the user for what listening needs, and logs what is missing.
+/// already: there it asks the user for what listening and posting need, logs what is missing, and
+/// has the system keep the program awake.
 void useSessionInput(const ScreenPlace &primaryScreen);
 
 /// The primary screen has become another one, or has changed.

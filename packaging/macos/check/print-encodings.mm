@@ -9,8 +9,9 @@
 int main() {
     const Class classes[] = {[NSApplication class], [NSAutoreleasePool class], [NSBitmapImageRep class],
                              [NSCursor class],      [NSEvent class],           [NSImage class],
-                             [NSPanel class],       [NSString class],          [NSURL class],
-                             [NSView class],        [NSWindow class],          [NSWorkspace class]};
+                             [NSPanel class],       [NSProcessInfo class],     [NSString class],
+                             [NSURL class],         [NSView class],            [NSWindow class],
+                             [NSWorkspace class]};
     for (std::string name; std::getline(std::cin, name);) {
         const SEL selector = sel_registerName(name.c_str());
         for (const Class type : classes) {

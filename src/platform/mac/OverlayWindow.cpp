@@ -20,6 +20,7 @@ constexpr unsigned long nonactivatingPanel = 1UL << 7;
 constexpr unsigned long canJoinAllSpaces = 1UL << 0;
 constexpr unsigned long stationary = 1UL << 4;
 constexpr unsigned long fullScreenAuxiliary = 1UL << 8;
+constexpr long noAnimation = 2;
 
 // The documented way into another program's full-screen space. Newer systems are said to hide some windows
 // for the last of the three: the other variant is to do without it.
@@ -28,11 +29,12 @@ constexpr unsigned long inEverySpace = canJoinAllSpaces | stationary | fullScree
 /// What lies over another program's full-screen space is a panel that activates nothing; a plain window of a
 /// program with a dock icon is kept off it. The toolkit makes panels of tool windows only, and decides when
 /// it makes the native window and each time it shows it: so the native window is a tool window from its
-/// creation on, while the widget keeps its own flags.
+/// creation on, while the widget keeps its own flags. The system's shadow is drawn once, of the first frame:
+/// it would stay around a card that fades, and fall on the screen beside an overlay.
 void makePanel(QWidget &widget, Qt::WindowFlags more) {
     const Qt::WindowFlags own = widget.windowFlags();
-    const Qt::WindowFlags native =
-        (own & ~Qt::WindowType_Mask) | Qt::Tool | Qt::WindowDoesNotAcceptFocus | more;
+    const Qt::WindowFlags native = (own & ~Qt::WindowType_Mask) | Qt::Tool | Qt::WindowDoesNotAcceptFocus |
+                                   Qt::NoDropShadowWindowHint | more;
     widget.overrideWindowFlags(native);
     widget.winId();
     widget.overrideWindowFlags(own);
@@ -52,6 +54,14 @@ void layOverEverySpace(id window) {
     send<void>(window, "setLevel:", screenSaverLevel);
 }
 
+// The toolkit has tool windows fade in and out: the picture that the next tool takes would have the last one
+// in it. And "Hide Others", which empties the screen before a talk, would put the pen's tools away with the
+// panel: a hidden program shows only windows that cannot be hidden.
+void keepOutOfTheSystemsEffects(id window) {
+    send<void>(window, "setAnimationBehavior:", noAnimation);
+    send<void>(window, "setCanHide:", BOOL{false});
+}
+
 /// Qt's own full-screen state would move the window into a space of its own, away from the slide show. The
 /// spaces have to be known when the window is shown; all of it is told again afterwards, because showing is
 /// when the toolkit gives a window what it thinks right.
@@ -59,7 +69,9 @@ void showOverFullScreenSpaces(QWidget &widget, Qt::WindowFlags more = {}) {
     const AutoreleasePool pool;
     widget.setAttribute(Qt::WA_ShowWithoutActivating);
     makePanel(widget, more);
-    layOverEverySpace(nativeWindow(widget));
+    const id window = nativeWindow(widget);
+    layOverEverySpace(window);
+    keepOutOfTheSystemsEffects(window);
     widget.show();
     const id shown = nativeWindow(widget);
     layOverEverySpace(shown);

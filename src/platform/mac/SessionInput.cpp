@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/SessionInput.h"
 
+#include "platform/mac/AppNap.h"
 #include "platform/mac/Consent.h"
 
 #include <QtDebug>
@@ -8,11 +9,15 @@
 namespace vexa::platform {
 
 // Taps and posts are the system's own. Without the user's consent it may hand out a tap that reports the
-// pointer but no keys, which would go unnoticed until the pen is pressed.
+// pointer but no keys, and posted keys go nowhere; either would go unnoticed until the pen is pressed, before
+// an audience. One question at a time: a start that cannot listen ends, and the next one asks for the other.
 void useSessionInput(const ScreenPlace &) {
+    preventAppNap();
     const std::string obstacle = sessionInputObstacle();
     if (!obstacle.empty() && !isAllowed("CGRequestListenEventAccess"))
         qWarning("%s", obstacle.c_str());
+    else if (!isAllowed("CGPreflightPostEventAccess") && !isAllowed("CGRequestPostEventAccess"))
+        qWarning("the slide show cannot be controlled: allow Accessibility in the privacy settings");
 }
 
 // Its events are in global points already.

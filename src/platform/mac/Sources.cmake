@@ -3,6 +3,7 @@ set(vexa_mac_sources
     Activation.cpp
     ScreenPlace.cpp
     Screens.cpp
+    mac/AppNap.cpp
     mac/AutoStart.cpp
     mac/Consent.cpp
     mac/CursorBitmap.cpp

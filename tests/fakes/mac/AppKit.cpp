@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "fakes/mac/AppKit.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace fakes {
@@ -156,6 +157,33 @@ void defineEvent() {
         "B@:", +[](id, SEL) -> BOOL { return AppKit::instance().mouseCoalescing; });
 }
 
+/// Goes on until it is gone.
+struct Activity : objc_object {
+    explicit Activity(unsigned long options) : goesOn(AppKit::instance().activity) { goesOn = options; }
+    ~Activity() override { goesOn = 0; }
+    Activity(const Activity &) = delete;
+    Activity &operator=(const Activity &) = delete;
+
+    unsigned long &goesOn;
+};
+
+void defineProcess() {
+    const Class object = objc_getClass("NSObject");
+    method(
+        object, "retain", "@@:", +[](id self, SEL) { return AppKit::instance().retained(self); });
+    const Class process = defineClass("NSProcessInfo", object);
+    classMethod(
+        process, "processInfo", "@@:", +[](id, SEL) { return lasting("NSProcessInfo"); });
+    method(
+        process, "beginActivityWithOptions:reason:", "@@:Q@", +[](id, SEL, unsigned long options, id reason) {
+            if (!reason)
+                misuse("beginActivityWithOptions: raises without a reason");
+            auto made = std::make_unique<Activity>(options);
+            made->isa = objc_getClass("NSObject");
+            return AppKit::instance().autoreleased(std::move(made));
+        });
+}
+
 Window &told(id window, const char *what) {
     auto &self = *static_cast<Window *>(window);
     self.told.emplace_back(what);
@@ -191,6 +219,12 @@ void defineWindow() {
         window, "setIgnoresMouseEvents:", "v@:B",
         +[](id self, SEL, BOOL value) { told(self, "setIgnoresMouseEvents:").ignoresMouseEvents = value; });
     method(
+        window, "setCanHide:", "v@:B",
+        +[](id self, SEL, BOOL value) { told(self, "setCanHide:").canHide = value; });
+    method(
+        window, "setAnimationBehavior:", "v@:q",
+        +[](id self, SEL, long value) { told(self, "setAnimationBehavior:").animationBehavior = value; });
+    method(
         window, "orderFrontRegardless", "v@:", +[](id self, SEL) { told(self, "orderFrontRegardless"); });
 }
 
@@ -206,6 +240,7 @@ AppKit::AppKit() {
     defineBitmap();
     defineWorkspace();
     defineEvent();
+    defineProcess();
     defineWindow();
     window.isa = objc_getClass("NSWindow");
     aliasWindowNumbers(lasting(make<>("NSView")));
@@ -243,6 +278,20 @@ id AppKit::autoreleased(std::unique_ptr<objc_object> object) {
 id AppKit::lasting(std::unique_ptr<objc_object> object) {
     m_lasting.push_back(std::move(object));
     return m_lasting.back().get();
+}
+
+id AppKit::retained(id autoreleased) {
+    for (auto &pool : m_pools) {
+        Pool &owned = pool.second;
+        const auto found = std::find_if(owned.begin(), owned.end(),
+                                        [&](const auto &each) { return each.get() == autoreleased; });
+        if (found != owned.end()) {
+            m_lasting.push_back(std::move(*found));
+            owned.erase(found);
+            return autoreleased;
+        }
+    }
+    misuse("nothing owns what is retained");
 }
 
 id AppKit::openPool() {

@@ -39,6 +39,8 @@ struct Window : objc_object {
     long level = 0;
     bool hidesOnDeactivate = true; ///< as a tool window's
     bool ignoresMouseEvents = false;
+    bool canHide = true;
+    long animationBehavior = 4; ///< a utility window's, which the toolkit gives it
 };
 
 /// As much of AppKit as the program talks to, defined in the fake runtime for as long as this lives; one at a
@@ -59,6 +61,7 @@ public:
     std::vector<std::string> openedUrls;
     std::function<void()> whenOpened = [] {};
     bool mouseCoalescing = true;
+    unsigned long activity = 0; ///< options of the one that goes on
     bool hasWindow = true;
     Window window; ///< that of every view
 
@@ -78,6 +81,7 @@ public:
     static AppKit &instance();
     id autoreleased(std::unique_ptr<objc_object> object);
     id lasting(std::unique_ptr<objc_object> object);
+    id retained(id autoreleased);
     id openPool();
     void drain(id pool);
 

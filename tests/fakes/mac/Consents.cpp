@@ -33,20 +33,38 @@ using fakes::consents;
 extern "C" {
 bool CGPreflightListenEventAccess();
 bool CGRequestListenEventAccess();
+bool CGPreflightPostEventAccess();
+bool CGRequestPostEventAccess();
 bool CGRequestScreenCaptureAccess();
 }
+
+namespace {
+
+// A request that was answered before is not shown again.
+bool request(bool &consent, const char *function) {
+    if (!consent) {
+        consents().asked.emplace_back(function);
+        consent = consents().allowsWhenAsked;
+    }
+    return consent;
+}
+
+} // namespace
 
 bool CGPreflightListenEventAccess() {
     return consents().listening;
 }
 
-// A request that was answered before is not shown again.
 bool CGRequestListenEventAccess() {
-    if (!consents().listening) {
-        consents().asked.emplace_back("listening");
-        consents().listening = consents().allowsWhenAsked;
-    }
-    return consents().listening;
+    return request(consents().listening, "listening");
+}
+
+bool CGPreflightPostEventAccess() {
+    return consents().posting;
+}
+
+bool CGRequestPostEventAccess() {
+    return request(consents().posting, "posting");
 }
 
 bool CGRequestScreenCaptureAccess() {

@@ -16,6 +16,7 @@ public:
     Consents &operator=(const Consents &) = delete;
 
     bool listening = false;
+    bool posting = false;
     bool allowsWhenAsked = false;
 
     /// The requests that were shown to the user, by function.

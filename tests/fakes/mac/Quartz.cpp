@@ -276,6 +276,7 @@ CGEventRef CGEventCreateKeyboardEvent(CGEventSourceRef source, CGKeyCode virtual
     auto *const event = new __CGEvent;
     event->content.type = keyDown ? kCGEventKeyDown : kCGEventKeyUp;
     event->content.keyCode = virtualKey;
+    event->content.flags = currentQuartz().held;
     event->content.privateSource = source && source->state == kCGEventSourceStatePrivate;
     return event;
 }

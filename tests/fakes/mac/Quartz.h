@@ -51,6 +51,7 @@ public:
     bool permitsLocalPorts = true;
     bool permitsRemotePorts = true;
     bool permitsEvents = true;
+    CGEventFlags held = 0; ///< what the session's keyboards hold, which a new key event starts with
 
     /// Sends the event to every enabled tap whose mask has its type, and waits until all have heard it. False
     /// when there was none to hear it.

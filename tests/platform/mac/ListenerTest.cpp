@@ -236,6 +236,21 @@ private slots:
         QCOMPARE(m_quartz->eventsAlive(), 2); // posted keys stay the system's
     }
 
+    // 0x800000 is the function key, which belongs to page up; the others are the four that make a chord.
+    void postsNoModifierThatIsHeldMeanwhile() {
+        m_quartz->held = 0x800000 | 0x1E0000;
+        CKeyboardListenerMac::EnterPPT = false;
+        CKeyboardListenerMac::SetPPTFullScreen();
+        CKeyboardListenerMac::SetPPTFullScreen();
+        CKeyboardListenerMac::SetPlayOrPause();
+        CKeyboardListenerMac::SetPageUp();
+        std::vector<quint64> flags;
+        for (const auto &event : m_quartz->posted())
+            flags.push_back(event.flags);
+        const std::vector<quint64> expected{0x100000, 0x800000, 0x800000, 0x800000, 0x800000};
+        QVERIFY(flags == expected);
+    }
+
     void postsAClickWhereThePointerThenStays() {
         CKeyboardListenerMac::SetMouseClick(30, -4);
         const auto posted = m_quartz->posted();
@@ -256,6 +271,7 @@ private slots:
         QTest::addColumn<Post>("post");
         QTest::addColumn<QStringList>("expected");
         const QString at = QStringLiteral("30 -4");
+        const QString held = QStringLiteral("CGEventGetFlags");
         const QString keyPosted = QStringLiteral("CGEventPost 0");
         using Listener = CKeyboardListenerMac;
         QTest::newRow("a slide show begun and ended")
@@ -264,14 +280,17 @@ private slots:
                    Listener::SetPPTFullScreen();
                })
             << QStringList{QStringLiteral("CGEventCreateKeyboardEvent null 36 1"),
-                           QStringLiteral("CGEventSetFlags 1048576"), keyPosted,
-                           QStringLiteral("CGEventCreateKeyboardEvent null 53 1"), keyPosted};
+                           QStringLiteral("CGEventSetFlags 1048576"),
+                           keyPosted,
+                           QStringLiteral("CGEventCreateKeyboardEvent null 53 1"),
+                           held,
+                           keyPosted};
         QTest::newRow("play or pause")
             << Post(Listener::SetPlayOrPause)
-            << QStringList{QStringLiteral("CGEventCreateKeyboardEvent null 49 1"), keyPosted,
-                           QStringLiteral("CGEventCreateKeyboardEvent null 49 0"), keyPosted};
+            << QStringList{QStringLiteral("CGEventCreateKeyboardEvent null 49 1"), held, keyPosted,
+                           QStringLiteral("CGEventCreateKeyboardEvent null 49 0"), held, keyPosted};
         QTest::newRow("page up") << Post(Listener::SetPageUp)
-                                 << QStringList{QStringLiteral("CGEventCreateKeyboardEvent null 116 1"),
+                                 << QStringList{QStringLiteral("CGEventCreateKeyboardEvent null 116 1"), held,
                                                 keyPosted};
         QTest::newRow("a move") << Post([] { Listener::SetMouseMove(30, -4); }) << postingOf(5, at);
         QTest::newRow("a press") << Post([] { Listener::SetMouseDown(30, -4); })

@@ -96,6 +96,13 @@ private slots:
         QCOMPARE(m_widget->windowFlags(), flags);
     }
 
+    void comesAndGoesAtOnceAndStaysWhenItsProgramIsHidden() {
+        showAboveAll(*m_widget);
+        QCOMPARE(m_kit->window.animationBehavior, 2L); // none
+        QVERIFY(!m_kit->window.canHide);
+        QVERIFY(m_widget->windowHandle()->flags().testFlag(Qt::NoDropShadowWindowHint));
+    }
+
     void leavesTheFocusWhereItIs() {
         showOverPrimaryScreen(*m_widget);
         QCOMPARE(m_kit->window.told.back(), std::string("orderFrontRegardless"));
@@ -113,6 +120,7 @@ private slots:
         showAboveAll(*m_widget);
         const std::vector<std::string> place{
             "setStyleMask:", "setCollectionBehavior:", "setHidesOnDeactivate:", "setLevel:"};
+        before.resize(place.size());
         QVERIFY(before == place);
         after.resize(place.size());
         QVERIFY(after == place);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/SessionInput.h"
 
+#include "fakes/mac/AppKit.h"
 #include "fakes/mac/Consents.h"
 
 #include <QtTest>
@@ -26,6 +27,7 @@ class SessionInputTest : public QObject {
 
 private slots:
     void init() {
+        m_kit.emplace();
         m_consents.emplace();
         warnings = 0;
         m_previousHandler = qInstallMessageHandler(countWarnings);
@@ -33,6 +35,7 @@ private slots:
     void cleanup() {
         qInstallMessageHandler(m_previousHandler);
         m_consents.reset();
+        m_kit.reset();
     }
 
     void asksTheUserOnceAndSaysWhatIsMissing() {
@@ -51,13 +54,32 @@ private slots:
     }
 
     void asksNobodyWhenAllIsAllowed() {
-        m_consents->listening = true;
+        m_consents->listening = m_consents->posting = true;
         useSessionInput({});
         QVERIFY(m_consents->asked.empty());
         QCOMPARE(warnings, 0);
     }
 
+    void asksForPostingOnceItMayListen() {
+        m_consents->listening = true;
+        useSessionInput({});
+        QVERIFY(m_consents->asked == std::vector<std::string>{"posting"});
+        QCOMPARE(warnings, 1);
+        m_consents->allowsWhenAsked = true;
+        useSessionInput({});
+        QCOMPARE(warnings, 1);
+    }
+
+    // Bit 20 would keep the Mac itself awake.
+    void isKeptAwakeButLetsTheMacSleep() {
+        useSessionInput({});
+        QCOMPARE(m_kit->activity, 0xEFFFFFUL);
+        QCOMPARE(m_kit->poolsOpen(), 0);
+        QCOMPARE(m_kit->strays(), 0);
+    }
+
 private:
+    std::optional<fakes::AppKit> m_kit;
     std::optional<fakes::Consents> m_consents;
     QtMessageHandler m_previousHandler = nullptr;
 };
