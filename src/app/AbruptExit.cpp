@@ -14,7 +14,7 @@ namespace {
 
 std::atomic<bool> armed{false};
 
-void endOnTheSpot() {
+void endAtOnce() {
     if (!armed)
         return;
     if (platform::displayIsLost())
@@ -23,18 +23,18 @@ void endOnTheSpot() {
     std::_Exit(EXIT_FAILURE);
 }
 
-/// Handlers run in the reverse order of their registration, and with the destructors of static objects: one
-/// that is registered now comes before those of all that exists by now. One that cannot be registered leaves
-/// exit() as it is.
-void comeBeforeWhatExists() {
-    [[maybe_unused]] const int refused = std::atexit(endOnTheSpot);
+/// exit() runs its handlers and the destructors of static objects in one sequence, the latest first: a
+/// handler that is registered now runs before the destructor of any object that exists now. If the
+/// registration fails, exit() stays as it is.
+void endBeforeStaticDestructors() {
+    [[maybe_unused]] const int refused = std::atexit(endAtOnce);
 }
 
 } // namespace
 
 AbruptExit::AbruptExit() {
     armed = true;
-    comeBeforeWhatExists();
+    endBeforeStaticDestructors();
 }
 
 AbruptExit::~AbruptExit() {
@@ -45,7 +45,7 @@ LastWork *LastWork::newest = nullptr;
 
 LastWork::LastWork(std::function<void()> work)
     : m_work(std::move(work)), m_older(std::exchange(newest, this)) {
-    comeBeforeWhatExists();
+    endBeforeStaticDestructors();
 }
 
 LastWork::~LastWork() {

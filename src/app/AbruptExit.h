@@ -5,12 +5,13 @@
 
 namespace vexa {
 
-/// Turns exit() into an end on the spot, with 1, as long as it lives. The toolkit calls exit() from the depth
-/// of the event loop when the X server goes, or closes the connection, and that destroys what the listener
-/// thread still works with. A display that is lost is said so in one line on stderr.
+/// While it lives, exit() ends the process at once with code 1, without running the destructors of static
+/// objects. The toolkit calls exit() from inside the event loop when the X server ends or closes the
+/// connection, and those destructors would take away what the listener thread still uses. A lost display is
+/// reported in one line on stderr.
 ///
-/// Make one when the other threads are at work, and everything static that they use exists; one at a time.
-/// The ordinary end of main is not an exit() any more by then: objects go in their order. Main thread.
+/// Make it once the other threads run and every static object that they use exists; one at a time. It is
+/// destroyed before main returns, so that an ordinary end still destroys everything in order. Main thread.
 class AbruptExit {
 public:
     AbruptExit();
@@ -20,8 +21,9 @@ public:
     AbruptExit &operator=(const AbruptExit &) = delete;
 };
 
-/// What an abrupt end still does first, as long as this object lives: the newest first. It must get along
-/// without the display. Make it when everything static that it uses exists. Main thread.
+/// Work that an abrupt exit still does before the process ends, as long as this object lives. Of several the
+/// newest comes first. The work must not need the display. Make it once every static object that the work
+/// uses exists. Main thread.
 class LastWork {
 public:
     explicit LastWork(std::function<void()> work);

@@ -12,7 +12,7 @@ namespace vexa {
 namespace {
 
 constexpr int lookInterval = 8; // milliseconds
-constexpr std::chrono::milliseconds patience{500};
+constexpr std::chrono::milliseconds longestWait{500};
 constexpr int tileSize = 20; // device pixels
 /// One more than needed: a window may clear an area before it paints it.
 constexpr int enoughClearLooks = 2;
@@ -46,7 +46,7 @@ void AnnouncedShot::take() {
         return;
     }
     m_clearLooks = 0;
-    m_deadline = QDeadlineTimer(patience);
+    m_deadline = QDeadlineTimer(longestWait);
     m_looks.start(lookInterval, Qt::PreciseTimer, this);
 }
 
@@ -62,8 +62,9 @@ void AnnouncedShot::shootNow() {
     m_prompt.letOut();
 }
 
-/// The windows below the prompt repaint in their own time, and there is no event that says when all of them
-/// have. The part of one that has not still shows the prompt: so every tile has to look different from it.
+/// The windows below the prompt repaint when they get to it, and no event tells when all of them have. Where
+/// one has not, the screen still shows the prompt: so every tile must differ from the picture with the
+/// prompt.
 bool AnnouncedShot::uncovered() const {
     const QImage now = lookAt(m_area);
     const QRect all = now.rect() & m_covered.rect();

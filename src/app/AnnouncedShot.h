@@ -13,18 +13,18 @@ namespace vexa {
 
 class PromptCard;
 
-/// A screenshot and the prompt that announces it. The prompt is shown first, but held back from the screen
-/// until the picture is taken, so that it does not stand in it. GUI thread only.
+/// A screenshot and the prompt that announces it. The prompt's time starts first, but it stays invisible
+/// until the picture is taken, so that it is not in the picture. GUI thread only.
 class AnnouncedShot : public QObject {
 public:
     /// `shoot` takes the picture of the screen. Both outlive this object.
     AnnouncedShot(PromptCard &prompt, std::function<void()> shoot);
-    /// A shot that is still due is taken now.
+    /// Takes a shot that is still due.
     ~AnnouncedShot() override;
 
-    /// Takes the picture at once, or, when the prompt of an earlier shot is still to be seen, as soon as what
-    /// it has covered is drawn again, at the latest after half a second. Until then further calls mean the
-    /// same shot.
+    /// Takes the picture at once or, while the prompt of an earlier shot is still visible, as soon as the
+    /// windows below it have repainted, at the latest after half a second. Until then further calls do
+    /// nothing: the one shot that is due stands for all of them.
     void take();
 
 protected:
@@ -36,8 +36,8 @@ private:
 
     PromptCard &m_prompt;
     const std::function<void()> m_shoot;
-    QRect m_area; ///< where the prompt was seen, in points of the desktop
-    QImage m_covered;
+    QRect m_area;     ///< where the prompt was visible, in points of the desktop
+    QImage m_covered; ///< what the screen showed there with the prompt
     int m_clearLooks = 0;
     QDeadlineTimer m_deadline;
     QBasicTimer m_looks; ///< runs while a shot is due

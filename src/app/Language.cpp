@@ -17,7 +17,7 @@ constexpr const char *traditionalFace = "Noto Sans CJK TC";
 
 struct Catalogue {
     const char *file;
-    const char *portFile; ///< texts that only this port has
+    const char *portFile; ///< the texts that only this port has
     const char *chineseFace;
 };
 
@@ -42,24 +42,24 @@ std::unique_ptr<QTranslator> installed(const char *file) {
 
 } // namespace
 
-void Language::chooseFace(int language) {
+void Language::chooseFont(int language) {
     const Catalogue *catalogue = catalogueOf(language);
-    // A font that names a family keeps the application's families behind it. Where there is no Arial, its
-    // metric twin stands in for it. Left to itself the system draws Chinese text outside a Chinese session
-    // with the Japanese forms.
+    // A widget's font that names a family of its own keeps these as its fall-backs. Liberation Sans has the
+    // metrics of Arial, for systems without Arial. The face for Chinese is named because outside a Chinese
+    // session the system would choose the Japanese forms of the characters.
     QFont font = QGuiApplication::font();
     font.setFamily(QStringLiteral("Arial"));
     font.setFamilies({QStringLiteral("Arial"), QStringLiteral("Liberation Sans"),
                       QLatin1String(catalogue ? catalogue->chineseFace : simplifiedFace)});
-    // The toolkit's font cache tells two fonts apart by their style hints, but not by the families behind a
-    // first one that is not installed.
+    // The toolkit's font cache does not tell two fonts apart that differ only in the fall-backs of a family
+    // that is not installed. It does tell apart different style hints.
     font.setStyleHint(catalogue && catalogue->chineseFace == traditionalFace ? QFont::SansSerif
                                                                              : QFont::AnyStyle);
     QApplication::setFont(font);
 }
 
 void Language::change(int language) {
-    chooseFace(language);
+    chooseFont(language);
     m_portTranslator.reset(); // a translator takes itself out of the application
     m_translator.reset();
     const Catalogue *catalogue = catalogueOf(language);

@@ -15,9 +15,9 @@ public:
     /// are Simplified Chinese.
     void change(int language);
 
-    /// Makes the interface's face the application's font, with Chinese text drawn as readers of that language
-    /// expect it: in widgets at once, in views when they are translated next. change() does it too.
-    static void chooseFace(int language);
+    /// Sets the application's font, with the forms of the Chinese characters that readers of that language
+    /// expect. Widgets take it at once, views when they are translated next. change() does it too.
+    static void chooseFont(int language);
 
 private:
     std::unique_ptr<QTranslator> m_translator;     ///< null while the source texts show

@@ -54,8 +54,8 @@ MainWindow::MainWindow(QWidget *parent)
     connect(&m_tools, &vexa::OpenTools::reported, this, &MainWindow::RecvWindowMessage);
     connect(&m_tools, &vexa::OpenTools::formerReported, this, &MainWindow::refocusSoon);
     connect(&m_tools, &vexa::OpenTools::allGone, &m_memoryReturn, &vexa::MemoryReturn::soon);
-    vexa::Language::chooseFace(Settings::Language);
-    dressWindow();
+    vexa::Language::chooseFont(Settings::Language);
+    setUpWindow();
     loadView();
     makePrompts();
 
@@ -67,7 +67,7 @@ MainWindow::MainWindow(QWidget *parent)
 
 MainWindow::~MainWindow() = default;
 
-void MainWindow::dressWindow() {
+void MainWindow::setUpWindow() {
     m_ui->label->setFont(QFont(QStringLiteral("Arial"), 30, QFont::Bold));
     QPalette pictured = palette();
     pictured.setBrush(QPalette::Window, QBrush(QPixmap(QStringLiteral(":/bg.png"))));
@@ -75,9 +75,9 @@ void MainWindow::dressWindow() {
     setAutoFillBackground(true);
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
     setWindowIcon(vexa::platform::programIcon());
-    setFixedSize(size()); // tiling window managers let a window float whose size cannot change
+    setFixedSize(size()); // tiling window managers leave a window of fixed size floating
     new vexa::OnScreen(*this);
-    // A window that says where it stands stays there when it is hidden and shown again.
+    // With an explicit position the window returns to the same place when it is hidden and shown again.
     move(QGuiApplication::primaryScreen()->availableGeometry().center() - rect().center());
 }
 
@@ -136,7 +136,7 @@ void MainWindow::ClickHelpButton() {}
 
 void MainWindow::ClickBackButton() {
     m_pages.goBack();
-    Settings::ZrXmlWrite(); // always: whatever a page has changed is kept when it is left
+    Settings::ZrXmlWrite(); // also without history: leaving a page saves what it has changed
 }
 
 void MainWindow::ClickCloseButton() {
@@ -289,7 +289,7 @@ void MainWindow::changeEvent(QEvent *event) {
         return;
     const auto setText = [this] { m_screenshotPrompt->setText(tr("截屏已保存")); };
     setText();
-    // And queued: the prompt may get the same event after this one, and would restore its own text then.
+    // Queued as well: the prompt may get the same event after this window, and then sets its own text again.
     QMetaObject::invokeMethod(this, setText, Qt::QueuedConnection);
 }
 

@@ -26,7 +26,7 @@ class MainWindow;
 
 /// The settings panel, and behind it the one place where the pen's keys become actions. It hosts the settings
 /// view, stores and saves what the view reports, and carries out what the chords ask for. Closing only hides
-/// it. GUI thread only. Nothing fails visibly.
+/// it. GUI thread only. No failure is shown to the user.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 
@@ -83,10 +83,10 @@ public slots:
     void RecvGlobaleMouseMessage(int event, int x, int y);
     /// A tool of the kind that the vexa::ClosingReport names has closed.
     void RecvWindowMessage(int which);
-    /// The view's drag: how far the pointer has moved, in points.
+    /// The user drags the view: moves the window by (x, y) points. The other two are not used.
     void recvQmlMoveWindow(int x, int y, int startx, int starty);
-    /// A vexa::ViewMessage; any other number does nothing. Start at login takes as long as its script, five
-    /// seconds at most, while events go on being handled.
+    /// A vexa::ViewMessage; any other number does nothing. For the start at login this returns when its
+    /// script has ended, after five seconds at most; events are handled meanwhile.
     void recvQmlMessage1(int id, int var1, int var2);
 
 protected:
@@ -99,7 +99,7 @@ protected:
     void timerEvent(QTimerEvent *event) override;
 
 private:
-    void dressWindow();
+    void setUpWindow();
     void loadView();
     void carryOut(vexa::PenCommand command);
     void openHeldTool();
@@ -128,7 +128,7 @@ private:
     vexa::PointerFence m_fence;
     bool m_changingAutoStart = false;
     QBasicTimer m_qmlInitTimer;
-    QBasicTimer m_toolExitTimer; ///< inert on purpose: nothing starts it, its handler is kept
+    QBasicTimer m_toolExitTimer; ///< never started, on purpose; its handler is kept
     QBasicTimer m_refocusTimer;
     QBasicTimer m_slideShowTimer;
     QBasicTimer m_playPauseTimer;

@@ -84,7 +84,7 @@ void MainWindow::recvQmlMessage1(int id, int var1, int /*var2*/) {
 
 void MainWindow::changeAutoStart(int value) {
     const bool enable = value != 0;
-    // One script at a time: until it is through, the switch stays where it is.
+    // One script at a time: a change that arrives while one runs counts as failed.
     const bool first = !std::exchange(m_changingAutoStart, true);
     const bool done =
         first && vexa::runInShell(vexa::platform::autoStartCommand(enable), vexa::platform::autoStartLimit());

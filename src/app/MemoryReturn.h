@@ -6,12 +6,13 @@
 
 namespace vexa {
 
-/// Gives the memory that was freed back to the system, some seconds after the last time that much was: the
-/// allocator keeps some of it for what may come next. GUI thread only.
+/// Returns freed memory to the system, which the allocator would keep for later allocations. GUI thread only.
 class MemoryReturn : public QObject {
     Q_OBJECT
 
 public slots:
+    /// To be called when much memory has been freed. Returns it three seconds after the last call, so that a
+    /// burst of calls costs one return.
     void soon();
 
 protected:

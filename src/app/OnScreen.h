@@ -10,15 +10,14 @@ class QWidget;
 
 namespace vexa {
 
-/// The nearest place for the top-left corner of a window at which a screen shows all of it: of the screen
-/// that shows most of it now, or else of the nearest one. A window that is larger than the screen keeps its
-/// top-right corner on it: what closes it is there. All in points of the desktop; without any screen the
-/// window stays where it is.
+/// Where to move a window's top-left corner so that it is wholly on one screen with the shortest move: on the
+/// screen that shows most of it now, or on the nearest one if none shows any. A window that is larger than
+/// that screen is aligned with the screen's top-right corner, because its close button is there. All in
+/// points of the desktop; without any screen the window stays where it is.
 QPoint wholeOnAScreen(const QRect &window, const QVector<QRect> &screens);
 
-/// Keeps a window reachable: whenever it is shown, and when the screens change while it is visible, it is
-/// moved to where a screen shows all of it. Where the user drags it, it stays until then. A child of its
-/// window. GUI thread.
+/// Keeps a window reachable: moves it wholly onto a screen whenever it is shown, and when the screens change
+/// while it is visible. In between, the user may drag it anywhere. Owned by its window. GUI thread.
 class OnScreen : public QObject {
 public:
     explicit OnScreen(QWidget &window);

@@ -28,7 +28,7 @@ template<typename Tool> void closeTool(QPointer<Tool> &pointer) {
 
 } // namespace
 
-/// Lets a new tool report, and notes it, so that it does not outlive this object.
+/// Forwards the reports of a new tool, and keeps track of it so that it does not outlive this object.
 template<typename Tool> void OpenTools::attach(QPointer<Tool> &place, void (Tool::*report)(int)) {
     Tool *const tool = place;
     connect(tool, report, this, [this, tool, &place](int which) {
@@ -46,7 +46,7 @@ template<typename Tool> void OpenTools::attach(QPointer<Tool> &place, void (Tool
 }
 
 OpenTools::~OpenTools() {
-    blockSignals(true); // what closes now closes without a report
+    blockSignals(true); // tools that close from here on are not reported
     qDeleteAll(QObjectList(m_alive));
 }
 

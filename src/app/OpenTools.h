@@ -43,23 +43,24 @@ public:
     void openMagnifier();
     void openLaser();
 
-    /// To the open tool of that kind; without one nothing happens. Places in points.
+    /// Forwards a pointer move, or a request to close, to the open tool of that kind; without one nothing
+    /// happens. The position is in points from the top-left corner of the primary screen.
     void moveHeldTool(HeldToolChoice tool, int x, int y);
     void exitHeldTool(HeldToolChoice tool);
-    void forgetHeldTools();
 
-    /// The tool of that kind has closed. False for a number that is no report.
+    /// From now on the tool of that kind, or every held tool, does not count as open and gets nothing
+    /// forwarded. It still deletes itself when it closes. False for a number that is no report.
     bool forget(ClosingReport report);
+    void forgetHeldTools();
 
 signals:
     /// Asks every held tool to close, also those that have been replaced by a newer one.
     void leave();
-    /// A tool has reported that it closes; a ClosingReport. It is still open for the others here until
-    /// forget().
+    /// A tool has reported that it closes; `which` is a ClosingReport. It counts as open until forget().
     void reported(int which);
     /// A tool that a newer one of its kind has replaced reports that it closes. It no longer counts as open.
     void formerReported();
-    /// The last tool has been deleted, also of those that were replaced.
+    /// Every tool has been deleted, also those that were replaced.
     void allGone();
 
 private:

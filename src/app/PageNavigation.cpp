@@ -57,7 +57,7 @@ void PageNavigation::remember(Page_Num page) {
 }
 
 void PageNavigation::showSettings() {
-    const auto *const end = layouts.end() - 1; // the settings page does not lead back to itself
+    const auto *const end = layouts.end() - 1; // the settings page is not remembered
     const auto *const shown = std::find_if(layouts.begin(), end, [this](const PageLayout &layout) {
         return m_pages[layout.slot] && m_pages[layout.slot] == m_stack.currentWidget();
     });

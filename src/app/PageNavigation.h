@@ -11,8 +11,8 @@ class QWidget;
 
 namespace vexa {
 
-/// The widget pages of a window and the way back through them. Every page has its own height, which the
-/// window takes on with it. GUI thread only; nothing here is owned.
+/// The widget pages of a window and their history. Showing a page also gives the window that page's height.
+/// GUI thread only; nothing here is owned.
 class PageNavigation {
 public:
     /// The page of each slot; null where none is built.
@@ -23,13 +23,13 @@ public:
     /// Shows a page; any other value does nothing.
     void show(Page_Num page);
 
-    /// Puts a page on the way back, and offers the way back.
+    /// Appends a page to the history and shows the back button.
     void remember(Page_Num page);
 
     /// Remembers the page now shown, unless that is the settings page, and shows the settings page.
     void showSettings();
 
-    /// Shows the page remembered last and forgets it; without one nothing happens.
+    /// Shows the last page of the history and removes it there; without history nothing happens.
     void goBack();
 
 private:

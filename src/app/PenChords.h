@@ -5,7 +5,7 @@
 
 namespace vexa {
 
-/// What the pen asks for.
+/// What a chord of the pen means.
 enum class PenCommand {
     CloseHeldTools,
     OpenHeldTool,
@@ -32,8 +32,8 @@ public:
         bool blackboardOpen = false;
     };
 
-    /// Takes the next key event: a virtual key code; 1 for down, 0 for up, or, for a modifier, whether it is
-    /// now held. The commands are to be carried out in their order.
+    /// Takes the next key event: `key` is a virtual key code, `state` is 0 for up or released and anything
+    /// else for down or held. Returns the commands to carry out, in this order.
     std::vector<PenCommand> receive(int key, int state, const Surroundings &surroundings);
 
     /// Permits the next annotation toggle or key 3 action. Each of them uses the permission up.

@@ -18,7 +18,7 @@ namespace {
 
 constexpr int quality = 50;
 
-/// Empty when the picture has no such form.
+/// Empty when the picture cannot be encoded in that format.
 QByteArray encoded(const QImage &picture, const QByteArray &format) {
     QByteArray bytes;
     QBuffer buffer(&bytes);
@@ -29,7 +29,7 @@ QByteArray encoded(const QImage &picture, const QByteArray &format) {
 }
 
 void writePicture(const QString &path, const QImage &picture) {
-    // Not straight into the file: when that fails the encoder complains on the standard error stream.
+    // Encoded in memory: straight into a file, the encoder would print its write errors on stderr.
     const QByteArray bytes = encoded(picture, QFileInfo(path).suffix().toLatin1());
     if (!bytes.isEmpty())
         replaceFile(path, bytes);
@@ -38,8 +38,8 @@ void writePicture(const QString &path, const QImage &picture) {
 } // namespace
 
 PictureWriter::PictureWriter() {
-    // The toolkit's list of encoders comes into being when it is first asked for, and an abrupt end destroys
-    // first what came last.
+    // The toolkit makes its static list of encoders at the first use. It has to exist before the last work is
+    // registered, or exit() would destroy it before that work runs.
     QImageWriter::supportedImageFormats();
     m_lastWork.emplace([this] { flush(); });
 }

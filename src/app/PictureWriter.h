@@ -14,9 +14,9 @@
 
 namespace vexa {
 
-/// Writes pictures to files in the background, one after the other, in the order in which they were given. A
-/// file is there whole or not at all; one that cannot be written is left out silently. An abrupt end
-/// waits for them, too. Made and destroyed on the main thread.
+/// Writes pictures to files in the background, one at a time, in the order in which they were given. A file
+/// appears whole or not at all; one that cannot be written is skipped silently. An abrupt exit waits for the
+/// files, too. Made and destroyed on the main thread.
 class PictureWriter {
 public:
     PictureWriter();
@@ -27,12 +27,12 @@ public:
     PictureWriter(const PictureWriter &) = delete;
     PictureWriter &operator=(const PictureWriter &) = delete;
 
-    /// Takes a picture; the format is that of the path's suffix. Returns at once, or when it is written if
-    /// the system has no thread to give; any thread. A picture that still waits to be written to the same
-    /// path is given up for this one.
+    /// Takes a picture; the path's suffix names the format. It replaces a picture that still waits to be
+    /// written to the same path. Returns at once; only when no thread can be started does it write the
+    /// picture itself. Any thread.
     void write(const QString &path, const QImage &picture);
 
-    /// Waits until everything given so far is written.
+    /// Waits until nothing is left to write. Any thread.
     void flush();
 
 private:
@@ -48,7 +48,7 @@ private:
     std::deque<Job> m_waiting;
     bool m_writing = false;
     bool m_ending = false;
-    std::thread m_thread; ///< since the first picture
+    std::thread m_thread; ///< started by the first picture
     std::optional<LastWork> m_lastWork;
 };
 

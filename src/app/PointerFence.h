@@ -18,9 +18,9 @@ inline QPoint withinMargin(const QPoint &point, const QSize &screen) {
             std::min(std::max(point.y(), pointerMargin), screen.height() - pointerMargin)};
 }
 
-/// Whether the pointer is kept inside the primary screen, where the held tool is. One that is on another
-/// screen when the tool opens is left there, where there is no tool to be lost, until it comes over by
-/// itself; from then on it stays. GUI thread only.
+/// Decides whether the pointer is kept inside the primary screen, where the held tool is. A pointer that is
+/// on another screen when the tool opens is left alone until the user moves it onto the primary screen; from
+/// then on it is kept there. GUI thread only.
 class PointerFence {
 public:
     /// A held tool opens.

@@ -7,18 +7,19 @@ namespace vexa {
 
 class QuitRequest;
 
-/// What the gate does with the outside world.
+/// What the gate does outside the settings, replaceable for tests.
 struct PrivacyGateActions {
     std::function<int()> runGuide; ///< shows the guide until it is answered; 1: never again
     std::function<void()> openScreenRecordingSettings;
 };
 
-/// Shows the guide to the privacy permissions, if the settings say so, then takes the user to the permission
-/// that matters most. Being told never to show it again is saved at once. GUI thread.
+/// If the settings say so, shows the guide to the privacy permissions and then opens the system's settings at
+/// the screen recording permission. The user's choice never to see the guide again is saved at once. GUI
+/// thread; returns when the guide is answered.
 void passPrivacyGate(const PrivacyGateActions &actions);
 
-/// Does so with the guide's own window and the system's own settings. A user who has asked the program to end
-/// during the guide is not sent anywhere any more.
+/// The same with the real window and the real system settings. If the program is asked to end during the
+/// guide, the system settings are not opened.
 void passPrivacyGate(const QuitRequest &quit);
 
 } // namespace vexa

@@ -18,7 +18,7 @@ class PrivacyprivilegesWindow : public QDialog {
     Q_OBJECT
 
 public:
-    /// Reads the settings again, for the language to speak.
+    /// Reads the settings again, to show itself in their language.
     explicit PrivacyprivilegesWindow(QWidget *parent = nullptr);
     ~PrivacyprivilegesWindow() override;
 
@@ -28,7 +28,8 @@ public:
 
     Q_SLOT void ClickButton();
     Q_SLOT void ClickButton2();
-    /// What the view's button says: 1 confirmed for good, 0 confirmed for now.
+    /// The view's button: id 1 confirms and hides the guide for good, 0 confirms for now. Any other id does
+    /// nothing; the second number is not used.
     Q_SLOT void recvQmlMessage(int id, int var1);
 
 private:

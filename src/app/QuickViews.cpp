@@ -37,8 +37,8 @@ void chooseRenderer(bool graphicsCard) {
 }
 
 void loadView(QQuickWidget &widget, const QString &address) {
-    // The toolkit reads the switch once, with the first document, and has no other. It is not left to the
-    // programs that this one starts.
+    // This variable is the only way to turn the cache off, and is read once, with the first document. It is
+    // restored so that the programs that this one starts do not inherit it.
     const bool given = qEnvironmentVariableIsSet(cacheSwitch);
     const QByteArray value = qgetenv(cacheSwitch);
     qputenv(cacheSwitch, "1");

@@ -7,14 +7,14 @@ class QQuickWidget;
 
 namespace vexa {
 
-/// Lets Qt Quick draw in software where no graphics card does, and also where OpenGL cannot be used, with a
-/// line in the log: the toolkit's own choice ends the process there. Called once, after the application
-/// object is made and before the first view. GUI thread.
+/// Lets Qt Quick draw in software when no graphics card draws, and also when OpenGL cannot be used: Qt Quick
+/// would abort the process there. The second case is logged. Call once, after the application object is made
+/// and before the first view. GUI thread.
 void chooseRenderer(bool graphicsCard);
 
-/// Shows a compiled-in document in the widget, without the cache that the toolkit keeps on the disk of the
-/// documents it has translated: a damaged file in it would end every start. A document that cannot be loaded
-/// leaves the widget empty. GUI thread.
+/// Shows a compiled-in document in the widget, without the disk cache in which Qt Quick keeps compiled
+/// documents: a damaged file there would crash every start. A document that cannot be loaded leaves the
+/// widget empty. GUI thread.
 void loadView(QQuickWidget &widget, const QString &address);
 
 } // namespace vexa

@@ -24,8 +24,8 @@ int QuitRequest::run() {
     return m_requested ? m_exitCode : QApplication::exec();
 }
 
-// The toolkit's own answer would be to close every window and to stay when one refuses, as the panel does.
-// Which of the two events a system's quit arrives as depends on the toolkit's release.
+// By default the toolkit closes every window and cancels the quit when one refuses, as the panel does. Which
+// of the two events carries the system's request depends on the toolkit's version.
 bool QuitRequest::eventFilter(QObject *watched, QEvent *event) {
     const bool asked = event->type() == QEvent::Quit || event->type() == QEvent::Close;
     if (watched != QCoreApplication::instance() || !asked)

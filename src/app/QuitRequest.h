@@ -7,27 +7,27 @@
 
 namespace vexa {
 
-/// Remembers that the program has been asked to end. The event loop itself forgets a quit() that comes while
-/// a dialog runs its own loop, and would then run on for ever. GUI thread; at most one, after the application
-/// object.
+/// Remembers that the program has been asked to end. A quit() during a dialog's own event loop ends only that
+/// loop, and the application's loop, started later, would run for ever. GUI thread; at most one, made after
+/// the application object.
 class QuitRequest : public QObject {
 public:
     QuitRequest();
 
-    /// Ends the event loops that are running now, and those that run() would start.
+    /// Ends the event loops that run now, and makes a later run() return at once.
     void request();
-    /// The same, because the program cannot go on.
+    /// The same, with the exit code of a failure.
     void fail();
     bool requested() const { return m_requested; }
 
-    /// What the process is to end with when it was asked to.
+    /// The exit code for a process that has been asked to end.
     int exitCode() const { return m_exitCode; }
 
     /// Runs the application's event loop, unless the program has been asked to end before. Returns its exit
     /// code.
     int run();
 
-    /// Notices when the desktop asks the application to quit: by its menu, its dock icon or at log-out.
+    /// Turns the desktop's request to quit (from a menu, the dock icon or at log-out) into request().
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:

@@ -7,7 +7,7 @@ namespace vexa {
 
 void ReadyCapture::timerEvent(QTimerEvent * /*event*/) {
     if (!platform::prepareCapture())
-        m_turns.stop();
+        m_steps.stop();
 }
 
 } // namespace vexa

@@ -6,19 +6,20 @@
 
 namespace vexa {
 
-/// Has made ready what the first tool needs for its picture of the screen, so that it opens as fast as all
-/// others: from the first iteration of the event loop on, a few milliseconds in each. GUI thread only.
+/// Prepares the screen capture, so that the first tool opens as fast as all later ones. It works in steps of
+/// a few milliseconds, one in each iteration of the event loop, and stops when all is prepared. GUI thread
+/// only.
 class ReadyCapture : public QObject {
     Q_OBJECT
 
 public:
-    ReadyCapture() { m_turns.start(0, this); }
+    ReadyCapture() { m_steps.start(0, this); }
 
 protected:
     void timerEvent(QTimerEvent *event) override;
 
 private:
-    QBasicTimer m_turns;
+    QBasicTimer m_steps;
 };
 
 } // namespace vexa

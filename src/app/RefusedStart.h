@@ -5,9 +5,9 @@
 
 namespace vexa {
 
-/// What to tell a user whose system does not let the program listen: in the words and the language of the
-/// privacy guide, which such a start does not reach. Reads the settings. Needs the application object; GUI
-/// thread.
+/// The texts for a user whose system does not let the program listen. They are those of the privacy guide, in
+/// the user's language, because such a start ends before the guide is shown. Reads the settings. Needs the
+/// application object; GUI thread.
 platform::RefusalWords refusalWords();
 
 } // namespace vexa

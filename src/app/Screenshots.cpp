@@ -18,9 +18,9 @@ namespace vexa {
 
 namespace {
 
-/// Whether the toolkit reaches the very folder of that name. It would not if a part of the name were not
-/// understood. The bytes may differ even so: on macOS names are composed when they are read, and taken apart
-/// when they are used.
+/// Whether a path that was decoded from the name leads to the folder of that name. It does not when the name
+/// holds bytes that are invalid in the encoding of file names. Comparing the bytes would not tell: macOS
+/// composes accented letters when names are decoded and decomposes them when they are encoded.
 bool reaches(const QByteArray &name, const QString &path) {
     struct stat named {};
     struct stat reached {};
@@ -28,9 +28,9 @@ bool reaches(const QByteArray &name, const QString &path) {
            S_ISDIR(reached.st_mode) && named.st_dev == reached.st_dev && named.st_ino == reached.st_ino;
 }
 
-/// The user's home folder: what the environment says, or else what the system knows of the user. Empty when
-/// neither is a folder whose name can be told: a part of a name that is not understood would become another
-/// folder, and a home that is not there a new one.
+/// The user's home folder: from the environment, or else from the system's user database. Empty when neither
+/// is an existing folder with a name that can be decoded: otherwise a misread name, or a home that does not
+/// exist, would make a new folder elsewhere.
 QString homeFolder() {
     const passwd *const user = getpwuid(getuid());
     for (const QByteArray &name : {qgetenv("HOME"), QByteArray(user ? user->pw_dir : "")}) {

@@ -10,20 +10,20 @@
 
 namespace vexa {
 
-/// The pictures of the screen that the user keeps: one folder a day on the desktop, one file a shot, named
-/// after the moment. GUI thread only.
+/// The user's screenshots: a folder for each day on the desktop, and in it a file for each shot, named after
+/// date and time. GUI thread only.
 class Screenshots {
 public:
     using Clock = std::function<QDateTime()>;
 
     explicit Screenshots(Clock clock = &QDateTime::currentDateTime);
 
-    /// Takes the picture of the primary screen now and leaves the writing to the background. A folder or file
-    /// that cannot be made leaves no file, nor does a user without a home folder. The destructor waits for
-    /// the files still to be written.
+    /// Takes the picture of the primary screen now; the file is written in the background. If the folder or
+    /// the file cannot be made, or the user has no home folder, there is no file and no error. The destructor
+    /// waits for the files still to be written.
     void take();
 
-    /// Waits until all shots taken so far are written.
+    /// Waits until every shot is written.
     void flush() { m_writer.flush(); }
 
     /// Makes the directory and all its missing parents; returns its path, also when it could not be made.

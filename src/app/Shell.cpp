@@ -12,13 +12,13 @@ namespace vexa {
 
 namespace {
 
-/// Leads a process group, so that what it starts can be ended with it, and a terminal's interrupt is for the
-/// program alone.
+/// Leads a process group of its own: the processes that it starts can be killed with it, and the interrupt
+/// key of a terminal reaches the program only.
 class GroupLeader : public QProcess {
 public:
     void killGroup() {
         ::kill(-static_cast<pid_t>(processId()), SIGKILL);
-        kill(); // one that has just been started may not lead its group yet
+        kill(); // a process that has just been forked may not lead its group yet
         waitForFinished();
     }
 

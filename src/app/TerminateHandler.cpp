@@ -22,7 +22,7 @@ void report(const char *text) {
 
 } // namespace
 
-void reportDeafness() noexcept {
+void reportCannotListen() noexcept {
     report(cannotListen);
 }
 
@@ -33,7 +33,7 @@ void reportLostDisplay() noexcept {
 void reportUncaughtAndExit() noexcept {
     const char *text = "ended unexpectedly";
     bool refused = false;
-    // The text belongs to the exception, so it is used while that is held.
+    // what() is part of the exception, so the exception is kept alive until the text is printed.
     const std::exception_ptr uncaught = std::current_exception();
     try {
         if (uncaught)

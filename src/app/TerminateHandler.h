@@ -3,15 +3,15 @@
 
 namespace vexa {
 
-/// For std::set_terminate: reports the uncaught exception in one line on stderr and ends the process with 1.
-/// A listener that cannot start is for the user to solve, not a crash: there is no core dump, and on a
-/// desktop that hides stderr the user is shown what is missing.
+/// For std::set_terminate: reports the uncaught exception in one line on stderr and ends the process with
+/// exit code 1, without a core dump. A listener that cannot start is for the user to solve, not a crash:
+/// where the desktop hides stderr, a window tells the user which permission is missing.
 [[noreturn]] void reportUncaughtAndExit() noexcept;
 
-/// Says in one line on stderr that the session cannot be listened to.
-void reportDeafness() noexcept;
+/// Reports in one line on stderr that the keyboard and the pointer of the session cannot be listened to.
+void reportCannotListen() noexcept;
 
-/// The same of a display that the program had.
+/// Reports in one line on stderr that the connection to the display is lost.
 void reportLostDisplay() noexcept;
 
 } // namespace vexa

@@ -16,13 +16,13 @@ namespace {
 constexpr std::array<int, 3> watchedSignals{SIGTERM, SIGINT, SIGHUP};
 std::array<struct sigaction, watchedSignals.size()> earlierActions;
 
-// A signal handler may do next to nothing: it writes a byte into a pipe that the event loop reads.
+// Few calls are safe in a signal handler. write() is: the byte goes into a pipe that the event loop reads.
 volatile std::sig_atomic_t writeEnd = -1;
 
 extern "C" void noteSignal(int) {
     const int earlierError = errno;
     const char byte = 0;
-    // A full pipe already says what there is to say.
+    // Non-blocking: when the pipe is full, the event loop is going to read a byte anyway.
     [[maybe_unused]] const auto written = write(writeEnd, &byte, 1);
     errno = earlierError;
 }

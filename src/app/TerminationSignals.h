@@ -5,16 +5,16 @@
 
 namespace vexa {
 
-/// Brings the signals by which a system ends a program (SIGTERM, SIGINT, SIGHUP) to the GUI thread. A signal
-/// that the parent process has told this one to ignore stays ignored. At most one at a time, after the
-/// application object.
+/// Delivers the signals that ask a program to end (SIGTERM, SIGINT, SIGHUP) to the GUI thread. A signal that
+/// was ignored when the program started, as nohup arranges it, stays ignored. At most one at a time, made
+/// after the application object. GUI thread.
 class TerminationSignals : public QObject {
     Q_OBJECT
 
 public:
-    /// Should the system refuse the descriptors, the signals keep their usual effect.
+    /// If the pipe cannot be made, the signals keep their earlier effect.
     TerminationSignals();
-    /// Gives the signals back their earlier effect.
+    /// Restores the earlier effect of the signals.
     ~TerminationSignals() override;
 
 signals:

@@ -6,8 +6,7 @@
 
 namespace vexa {
 
-// Positions are taken on the screen: in the window's own coordinates each move of the window would count as
-// one of the pointer.
+// In screen coordinates: in the window's own, each move of the window would look like a move of the pointer.
 
 void WindowDrag::press(const QMouseEvent &event) {
     if (event.button() == Qt::LeftButton)

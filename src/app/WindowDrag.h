@@ -10,8 +10,8 @@ class QWidget;
 
 namespace vexa {
 
-/// Moves a window without a frame along with the pointer while the left button is held on it. The
-/// window is not owned. GUI thread.
+/// Lets the user drag a frameless window with the left button. The window forwards its mouse events; it is
+/// not owned. GUI thread.
 class WindowDrag {
 public:
     explicit WindowDrag(QWidget &window) : m_window(window) {}

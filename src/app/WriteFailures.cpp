@@ -10,13 +10,14 @@ namespace vexa {
 
 namespace {
 
-// A handler, even one that does nothing, is not handed on to a program that is started, as "ignore" is.
+// An empty handler instead of SIG_IGN: exec() resets a handler, but a child process would inherit SIG_IGN.
 extern "C" void letTheWriteFail(int) {}
 
 } // namespace
 
 void outliveWriteFailures() {
-    // The lowest free number is the next to be given out, so the closed streams get it one after the other.
+    // open() and dup() return the lowest free descriptor, so this fills the closed streams one after the
+    // other.
     for (int stream = open("/dev/null", O_RDWR); stream >= 0; stream = dup(stream)) {
         if (stream <= STDERR_FILENO)
             continue;

@@ -3,10 +3,10 @@
 
 namespace vexa {
 
-/// Makes a write that cannot be carried out fail, as all callers expect, instead of raising a signal that
-/// ends the program: a file beyond the limit of the user's shell (SIGXFSZ), a standard stream without a
-/// reader (SIGPIPE). Opens /dev/null for standard streams that are closed, so that no other file gets their
-/// numbers and the log with them. Child processes are not affected. First thing in main.
+/// Makes an impossible write return an error, which all callers handle, instead of raising a signal that ends
+/// the program: SIGXFSZ for a file beyond the size limit of the user's shell, SIGPIPE for a stream without a
+/// reader. Opens /dev/null for closed standard streams, so that no file opened later gets the descriptor that
+/// the log is written to. Child processes are not affected. Call it first in main.
 void outliveWriteFailures();
 
 } // namespace vexa

@@ -30,7 +30,7 @@ int main(int argc, char *argv[]) {
         return 0;
     vexa::platform::prepareSession();
 
-    // The main window asks for it once more, which is too late to have an effect.
+    // Has to come before the application object. The main window sets it again, which has no effect by then.
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QApplication application(argc, argv);
     vexa::platform::releaseEnvironment();
@@ -47,12 +47,13 @@ int main(int argc, char *argv[]) {
     const vexa::platform::ScreenWatch screens;
     CKeyboardHandler keyboardHandler;
     const vexa::AbruptExit abruptExit;
-    // The pen is not heard from then on, so the end is the same as of a start that cannot listen; or as of
-    // any program when the display goes, which the listener may notice before the toolkit does.
+    // Without the listener the pen has no effect, so the program ends like a start that cannot listen. When
+    // it failed because the display is lost, which the listener may notice before the toolkit does, it ends
+    // as the toolkit would end it.
     QObject::connect(&keyboardHandler, &CKeyboardHandler::signalKeyboardException, &quit, [&quit] {
         if (vexa::platform::displayIsLost())
             std::exit(EXIT_FAILURE);
-        vexa::reportDeafness();
+        vexa::reportCannotListen();
         quit.fail();
     });
     setupDockClickHandler();

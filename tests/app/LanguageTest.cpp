@@ -142,9 +142,9 @@ private slots:
         const QString chinese = QStringLiteral("直骨角");
         QLabel label;
         label.setFont(QFont(QStringLiteral("Arial"), 40));
-        Language::chooseFace(language == traditionalChinese ? simplifiedChinese : traditionalChinese);
+        Language::chooseFont(language == traditionalChinese ? simplifiedChinese : traditionalChinese);
         QVERIFY(!facesOf(chinese, label.font()).contains(face));
-        Language::chooseFace(language);
+        Language::chooseFont(language);
         QCOMPARE(label.font().family(), QStringLiteral("Arial"));
         QCOMPARE(facesOf(chinese, label.font()), QStringList{face});
         QVERIFY(!facesOf(QStringLiteral("Arial"), label.font()).contains(face));
