@@ -52,8 +52,8 @@ QDBusConnection Bus::client() {
     return QDBusConnection::connectToBus(address(), QString::number(m_starts));
 }
 
-bool Bus::knowsTheProgram() {
-    return client().interface()->isServiceRegistered(programName);
+QString Bus::nameOwner() {
+    return client().interface()->serviceOwner(programName);
 }
 
 QDBusPendingCall Bus::call(const QString &method, const QVariantList &arguments) {

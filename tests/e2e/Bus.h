@@ -26,7 +26,9 @@ public:
     void thaw();
 
     /// Whether somebody has the program's name on it.
-    bool knowsTheProgram();
+    bool knowsTheProgram() { return !nameOwner().isEmpty(); }
+    /// Whose connection has the program's name; empty when nobody's has.
+    QString nameOwner();
 
     /// Calls a method of org.freedesktop.Application of the program, without waiting for its answer.
     QDBusPendingCall call(const QString &method, const QVariantList &arguments);

@@ -82,7 +82,7 @@ private slots:
         QCOMPARE(program.runToTheEnd().how, QByteArray("ended with 0"));
         QTRY_VERIFY_WITH_TIMEOUT(e2e::panelOf(program.pid()).id, patience);
         QCOMPARE(e2e::presentDesktop(), other);
-        QCOMPARE(e2e::desktopOf(panel), other);
+        QTRY_COMPARE_WITH_TIMEOUT(e2e::desktopOf(panel), other, patience);
         e2e::switchToDesktop(quint32(home));
         QTRY_COMPARE_WITH_TIMEOUT(e2e::presentDesktop(), home, patience);
     }

@@ -103,10 +103,12 @@ private slots:
                 }
             }
         };
+        const int windows = int(e2e::windowsOf(pid).size());
         // The toolkit keeps the last eight cursors that were pictures.
         for (int round = 0; round < 5; ++round)
             openAndClose();
-        const int windows = int(e2e::windowsOf(pid).size());
+        // A closed tool is out of sight at once, and destroyed a moment later.
+        QTRY_COMPARE_WITH_TIMEOUT(int(e2e::windowsOf(pid).size()), windows, patience);
         const int descriptors = entriesOf(pid, "fd");
         const int threads = entriesOf(pid, "task");
         const e2e::ServerResources inServer = e2e::serverResourcesOf(pid);

@@ -8,17 +8,20 @@
 #include <QSet>
 #include <QTimerEvent>
 
+#include <climits>
+
 /// What the tests of the two prompts share.
 namespace vexa::test {
 
-/// Counts a prompt's timer ticks, and how many timers they came from; keeps them from it while held, so that
-/// there is time to look at the card.
+/// Counts a prompt's timer ticks, and how many timers they came from; keeps them from it while held, or when
+/// there were as many as allowed, so that there is time to look at the card.
 class Ticks : public QObject {
 public:
     explicit Ticks(QObject *prompt) { prompt->installEventFilter(this); }
     int count = 0;
     QSet<int> timers;
     bool held = false;
+    int most = INT_MAX; ///< ticks that the prompt gets
 
     void restart() {
         count = 0;
@@ -27,11 +30,11 @@ public:
     bool eventFilter(QObject * /*watched*/, QEvent *event) override {
         if (event->type() != QEvent::Timer)
             return false;
-        if (!held) {
-            ++count;
-            timers.insert(static_cast<QTimerEvent *>(event)->timerId());
-        }
-        return held;
+        if (held || count >= most)
+            return true;
+        ++count;
+        timers.insert(static_cast<QTimerEvent *>(event)->timerId());
+        return false;
     }
 };
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "support/Patience.h"
 #include "support/Pattern.h"
 
 #include <QGuiApplication>
@@ -23,7 +24,7 @@ public:
     /// Shows it and waits until the screen does so too.
     bool display() {
         show();
-        return QTest::qWaitFor([this] { return seen(); });
+        return QTest::qWaitFor([this] { return seen(); }, patience);
     }
 
     /// Whether the screen shows the window at its last pixel and in its middle.

@@ -161,10 +161,10 @@ private slots:
         Card overlay(QRect(0, 0, 10, 10));
         showOverPrimaryScreen(overlay);
         awaitColour(red);
-        const QImage screen = shownOnScreen();
+        // A compositing manager may show the bands of the first frame one after the other.
         for (const QPoint &corner : {wholeScreen().topLeft(), wholeScreen().topRight(),
                                      wholeScreen().bottomLeft(), wholeScreen().bottomRight()})
-            QCOMPARE(screen.pixel(corner), red);
+            QTRY_COMPARE_WITH_TIMEOUT(shownAt(corner), red, patience);
         QVERIFY(show.hasFocus());
         QVERIFY(!overlay.isActiveWindow());
         overlay.close();
@@ -205,7 +205,7 @@ private slots:
         Card overlay;
         showOverPrimaryScreen(overlay, cover);
         QTRY_COMPARE_WITH_TIMEOUT(shownAt(wholeScreen().bottomRight()), red, patience);
-        QCOMPARE(shownAt(wholeScreen().topLeft()), red);
+        QTRY_COMPARE_WITH_TIMEOUT(shownAt(wholeScreen().topLeft()), red, patience);
         QVERIFY(QTest::qWaitForWindowExposed(&overlay, patience));
         QCOMPARE(overlay.geometry(), wholeScreen());
         QCOMPARE(overlay.isFullScreen(), cover == Cover::FullScreen);
@@ -310,7 +310,7 @@ private slots:
             card.resize(cardRect.size() + QSize(round, round));
             setOverlayOpacity(card, 1.0);
             awaitColour(red);
-            QCOMPARE(shownAt(cardRect.topLeft()), red);
+            QTRY_COMPARE_WITH_TIMEOUT(shownAt(cardRect.topLeft()), red, patience);
         }
         QVERIFY(show.hasFocus());
     }
