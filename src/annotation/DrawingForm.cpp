@@ -83,7 +83,7 @@ void DrawingForm::place() const {
     all.title->setGeometry((screen.width() - 280) / 2, 0, 280, 40);
 }
 
-void DrawingForm::dress(const QString &title) {
+void DrawingForm::setUpControls(const QString &title) {
     place();
     const Controls all = controls();
     all.exit->setStyleSheet(QLatin1String(exitLook));
@@ -97,10 +97,10 @@ void DrawingForm::dress(const QString &title) {
     label.setAlignment(Qt::AlignCenter);
     label.setText(title);
     label.setAutoFillBackground(true);
-    dressTitle();
+    setTitleColours();
 }
 
-void DrawingForm::dressTitle() const {
+void DrawingForm::setTitleColours() const {
     QLabel &label = *controls().title;
     QPalette colours = label.palette();
     colours.setBrush(QPalette::Window, brushPicture(QStringLiteral(":/annotatebg@1080p.png")));
@@ -122,7 +122,7 @@ void DrawingForm::followScreen() {
         Setbackground(stretched.release());
     }
     buildCursors();
-    dressTitle();
+    setTitleColours();
     place();
     if (isVisible())
         platform::fitToPrimaryScreen(*this);

@@ -51,11 +51,12 @@ protected:
 
     explicit DrawingForm(QWidget *parent);
 
-    /// The designer form's, there from the end of the form's constructor on; they stay the form's.
+    /// The controls of the designer form, which owns them; valid once the subclass's constructor has set it
+    /// up.
     virtual Controls controls() const = 0;
-    /// Gives the controls their looks and their places on the primary screen. A press on the exit button
-    /// closes the window from then on. For the end of the form's constructor.
-    void dress(const QString &title);
+    /// Gives the controls their looks and their places on the primary screen, and connects the exit button.
+    /// Call it at the end of the subclass's constructor.
+    void setUpControls(const QString &title);
 
     void setBackgroundBrush(const QBrush &brush);
     void takeEraser();
@@ -73,7 +74,7 @@ protected:
 
 private:
     void place() const;
-    void dressTitle() const;
+    void setTitleColours() const;
     void followScreen();
     void penUp();
     void buildCursors();

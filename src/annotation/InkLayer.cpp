@@ -123,7 +123,7 @@ void InkLayer::watch(int x, int y) {
     m_moving.push_back({static_cast<quint16>(x), static_cast<quint16>(y)});
 }
 
-/// Someone else has changed what lies under the stroke: it is no longer settled there.
+/// The layer was changed there by something else than this stroke, so its edges have to settle again.
 void InkLayer::watchCovered(const QRect &pixels) {
     const QRect area = pixels & m_image.rect();
     for (int y = area.top(); y <= area.bottom(); ++y) {

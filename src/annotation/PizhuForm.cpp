@@ -9,7 +9,7 @@ PizhuForm::PizhuForm(QWidget *parent) : DrawingForm(parent), m_form(std::make_un
     connect(m_form->pushButton, &QPushButton::clicked, this, &PizhuForm::on_pushButton_clicked);
     connect(m_form->pushButton_eraser, &QPushButton::clicked, this, &PizhuForm::on_pushButton_eraser_clicked);
     connect(m_form->pushButton_pen, &QPushButton::clicked, this, &PizhuForm::on_pushButton_pen_clicked);
-    dress(tr("批注模式"));
+    setUpControls(tr("批注模式"));
 }
 
 PizhuForm::~PizhuForm() = default;

@@ -15,7 +15,7 @@ blackBoardform::blackBoardform(QWidget *parent)
     connect(m_form->pushButton_eraser, &QPushButton::clicked, this,
             &blackBoardform::on_pushButton_eraser_clicked);
     connect(m_form->pushButton_pen, &QPushButton::clicked, this, &blackBoardform::on_pushButton_pen_clicked);
-    dress(tr("黑板"));
+    setUpControls(tr("黑板"));
 }
 
 blackBoardform::~blackBoardform() = default;

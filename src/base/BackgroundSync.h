@@ -22,10 +22,10 @@ public:
     BackgroundSync(const BackgroundSync &) = delete;
     BackgroundSync &operator=(const BackgroundSync &) = delete;
 
-    /// False when the disk has refused the file, as far as that is known in time. A disk that needs longer
-    /// gets the file in the background; then callers wait for nothing at all until it is through, and of the
-    /// files that come meanwhile it gets the latest one, which replaces the others. Without a thread to
-    /// be had, callers wait as long as the disk takes. The descriptor stays the caller's.
+    /// Syncs the file. False when the disk has refused it within `patience`. A sync that takes longer goes on
+    /// in the background and counts as a success; until it is done, further calls return at once, and only
+    /// the latest of their files is synced afterwards. When no thread can be started, the call waits as long
+    /// as the disk takes. The descriptor stays the caller's.
     bool operator()(int descriptor);
 
 private:

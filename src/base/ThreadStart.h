@@ -7,8 +7,8 @@
 
 namespace vexa {
 
-/// Runs the body on the thread, which is none yet. False when the system has no thread to give: the user may
-/// have no more of them (ulimit -u), or there is no memory for one. The caller then does the work itself.
+/// Starts the body on `thread`, which must not be running yet. False when the system refuses another thread:
+/// the user's limit is reached (ulimit -u), or memory is short. The caller then does the work itself.
 template<typename Body> bool tryToStart(std::thread &thread, Body body) {
     try {
         thread = std::thread(std::move(body));

@@ -50,9 +50,9 @@ void HeldTool::Setbackground(QPixmap *picture) {
         m_background.setDevicePixelRatio(backgroundScale());
     m_layer.forgetLook();
 
-    QPalette dressed = palette();
-    dressed.setBrush(QPalette::All, QPalette::Window, QBrush(m_background));
-    setPalette(dressed);
+    QPalette pictured = palette();
+    pictured.setBrush(QPalette::All, QPalette::Window, QBrush(m_background));
+    setPalette(pictured);
 }
 
 void HeldTool::followScreen() {

@@ -28,19 +28,19 @@ constexpr const std::int32_t *penOfSlot[] = {&ZrToolXmlClass::PenColor0, &ZrTool
 
 PromptCard::PromptCard(QWidget *parent, Qt::WindowFlags flags, int delay)
     : QWidget(parent, flags), m_delay(delay), m_follower([this] {
-        dress();
+        setBackgroundPicture();
         if (!isVisible())
             return;
         centre(size());
         platform::fitToScale(*this);
     }) {
-    // When a card gets its window, the toolkit would make windows of the buttons beside it in its parent,
-    // too, and these keep the scale of the screen on which they were made.
+    // When a card gets its native window, the toolkit would make native windows of its sibling widgets, too,
+    // and those keep the scale of the screen on which they were made.
     QCoreApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings);
-    dress();
+    setBackgroundPicture();
 }
 
-void PromptCard::dress() {
+void PromptCard::setBackgroundPicture() {
     QPalette card = palette();
     card.setBrush(QPalette::All, QPalette::Window, brushPicture(QStringLiteral(":/capturebg@1080p.png")));
     setPalette(card);

@@ -43,7 +43,7 @@ protected:
     /// Shows the card with that size, fully visible, and lets it fade: 20 steps of so many milliseconds.
     void showAndFade(const QSize &size, int stepInterval);
 
-    /// The form's labels, there from the end of the prompt's constructor on.
+    /// The labels of the designer form; valid once the subclass's constructor has set it up.
     virtual QLabel &textLabel() const = 0;
     virtual QLabel &swatchLabel() const = 0;
     virtual QString swatchStyle(int slot, const QString &colour) const = 0;
@@ -55,7 +55,7 @@ protected:
     int m_colourSlot = 0;
 
 private:
-    void dress();
+    void setBackgroundPicture();
     void showCentred(const QSize &size, double opacity);
     void centre(const QSize &size);
     void setOpacity(double opacity);

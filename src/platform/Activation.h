@@ -23,8 +23,8 @@ bool forwardActivation();
 /// remembered. GUI thread.
 void activateWindow();
 
-/// Call once, when Window1 is set and shown: soon after the start it withdraws by itself. The user who has
-/// activated the program before that wants it back, and gets it then. GUI thread.
+/// Call once, when Window1 is set and shown. Soon after the start that window hides itself; if the user has
+/// activated the program before that, it is shown again then. GUI thread.
 void awaitWithdrawal();
 
 } // namespace vexa::platform

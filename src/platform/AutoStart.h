@@ -11,8 +11,8 @@ namespace vexa::platform {
 /// 0 when that has been done. Needs the application object.
 QString autoStartCommand(bool enable);
 
-/// How long that may take before it counts as failed: the time that people need, where the system asks them
-/// for their consent meanwhile.
+/// How long that may take before it counts as failed. Where the system asks the user for consent meanwhile,
+/// that includes the time to answer.
 std::chrono::milliseconds autoStartLimit();
 
 } // namespace vexa::platform

@@ -3,8 +3,8 @@
 
 namespace vexa::platform {
 
-/// Whether a graphics card stands behind OpenGL. Where none does, OpenGL is another program's worth of memory
-/// and of start-up time for what the toolkit draws by itself. Does not touch OpenGL. Any thread.
+/// Whether a graphics card draws for OpenGL. Where none does, OpenGL would cost as much memory and start-up
+/// time as another program, for what the toolkit can draw by itself. Does not load OpenGL. Any thread.
 bool graphicsCardDraws();
 
 } // namespace vexa::platform

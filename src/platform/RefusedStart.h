@@ -12,9 +12,9 @@ struct RefusalWords {
     QString button;
 };
 
-/// Tells the user why the program ends before its first window, in a window of the system's own, and returns
-/// when that was read. Does nothing where the user who started the program sees its stderr: the words
-/// are not asked for then. Main thread.
+/// Tells the user in a dialog of the system why the program ends before its first window; returns when the
+/// dialog is closed. Does nothing, and does not call `words`, where the user who started the program can see
+/// its stderr. Main thread.
 void showRefusedStart(RefusalWords (*words)());
 
 } // namespace vexa::platform

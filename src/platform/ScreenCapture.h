@@ -13,8 +13,8 @@ namespace vexa::platform {
 /// screen's device pixel ratio set. Null when the screen cannot be read.
 QPixmap capturePrimaryScreen();
 
-/// Has a part of what the first picture of the primary screen needs made ready, which takes some milliseconds
-/// at most. False when nothing is left to do.
+/// Does the next step, of a few milliseconds at most, of preparing what the first picture of the primary
+/// screen needs. False when nothing is left to do.
 bool prepareCapture();
 
 /// The rectangle, in points of the global desktop, as device pixels. Null when nothing can be captured.

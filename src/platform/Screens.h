@@ -28,12 +28,12 @@ bool isOnAnotherScreen(const QPoint &points);
 /// Whether the pointer is on another screen than the primary one now.
 bool isPointerOnAnotherScreen();
 
-/// Has it called whenever a screen may have got another place, size or scale, as long as the context lives.
-/// That is within the toolkit's handling of the change: other screens may still be where they were.
+/// Calls `moved` whenever a screen may have got another place, size or scale, as long as the context lives.
+/// The call comes while the toolkit still handles the change: other screens may not have moved yet.
 void whenScreensMove(QObject *context, const std::function<void()> &moved);
 
-/// Puts the session's input to use, and keeps it told where the primary screen lies as long as it lives: that
-/// may become another one, move, or change its size.
+/// Makes the session the source of input, and tells it, as long as this object lives, where the primary
+/// screen lies: another screen may become the primary one, or it may move or change its size.
 class ScreenWatch : public QObject {
 public:
     ScreenWatch();

@@ -7,9 +7,9 @@
 
 namespace vexa::platform {
 
-/// How much larger than usual a desktop wants everything that says this of its resolution, in quarters: 1
-/// where it gives no plausible value, and never so much that the settings panel would not fit on a
-/// screen of so many pixels.
+/// The scale factor, in steps of a quarter, for a desktop whose settings give this resolution: 96 dots per
+/// inch are 1. Also 1 when the text is no plausible resolution. Never so large that the settings panel does
+/// not fit on a screen of that size.
 double scaleFor(const QByteArray &dotsPerInch, Pixels screen);
 
 /// The same for the session that DISPLAY names, before the toolkit has looked at it.

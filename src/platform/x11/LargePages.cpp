@@ -28,7 +28,7 @@ LargePages LargePages::map(std::size_t wanted) {
         munmap(begin, before);
     uchar *const data = begin + before;
     munmap(data + bytes, largePage - before);
-    madvise(data, bytes, MADV_HUGEPAGE); // a wish: without large pages it is memory all the same
+    madvise(data, bytes, MADV_HUGEPAGE); // a hint: without large pages the memory works all the same
     return {data, bytes};
 }
 
@@ -39,7 +39,7 @@ void LargePages::unmap() {
 }
 
 void LargePages::offer() const {
-    madvise(data, bytes, MADV_FREE); // a wish, too
+    madvise(data, bytes, MADV_FREE); // a hint, too
 }
 
 } // namespace vexa::platform

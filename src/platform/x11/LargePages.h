@@ -21,8 +21,8 @@ struct LargePages {
     static LargePages map(std::size_t bytes);
 
     void unmap();
-    /// Lets the system take the memory whenever it runs short of it. Until it is written again, each byte is
-    /// what it was or, from some unannounced time on, 0.
+    /// Lets the system reclaim the memory whenever it runs short of it. Until a page is written again, its
+    /// bytes may turn from what they were to 0 at any time.
     void offer() const;
 };
 

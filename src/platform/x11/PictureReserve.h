@@ -15,8 +15,8 @@ public:
     /// screen. Null when there is no memory.
     static QImage picture(const QSize &pixels);
 
-    /// Has a part of the memory for the first picture of that size allocated, which takes some milliseconds
-    /// at most. False when nothing is left to do, as once there has been a picture.
+    /// Allocates the next part, in a few milliseconds at most, of the memory for the first picture of that
+    /// size. False when nothing is left to do, also once there has been a picture.
     static bool prepare(const QSize &pixels);
 };
 

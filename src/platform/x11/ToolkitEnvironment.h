@@ -9,7 +9,7 @@ namespace vexa::platform {
 
 void tellToolkit(const char *name, const QByteArray &value);
 
-/// The user's own word goes before ours.
+/// Does nothing when the user has set the variable.
 void tellToolkitUnlessUserDoes(const char *name, const QByteArray &value);
 
 /// Every variable is again what it was before the toolkit was told.

@@ -19,7 +19,7 @@ struct PointerState {
 std::optional<PointerState> pointerState(const Connection &connection);
 
 /// From now on the connection receives an event, and nothing else of that kind, whenever a device moves the
-/// pointer, whoever has grabbed it. False when the server cannot do that.
+/// pointer, also while another client grabs it. False when the server cannot do that.
 bool selectPointerMoves(const Connection &connection);
 
 /// Takes the events off that have arrived on the connection. True when a move was among them.
