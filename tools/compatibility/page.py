@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""page.py PROGRAMS MONITORS: writes docs/compatibility.md from the rows that session.py and monitors.py printed, and ends
+"""page.py PROGRAMS MONITORS: writes docs/compatibility.md from the rows that play.py and monitors.py printed, and ends
 with 1 when something did not work or was not reached."""
 
 import sys
@@ -11,12 +11,16 @@ PROGRAMS = {
     "evince": "Evince 43",
     "okular": "Okular 22.12",
     "chromium": "Chromium 156",
+    "firefox": "Firefox 153",
+    "firefox-pdf": "The PDF viewer of Firefox 153",
 }
+PLAYERS = {"mpv": "mpv 0.35", "vlc": "VLC 3.0", "firefox-film": "Firefox 153"}
 MANAGERS = ["openbox", "xfwm4", "kwin_x11", "mutter", "i3"]
 TOOLS = ["laser", "spotlight", "magnifier", "ink", "board"]
 ACTIONS = ["start", "page keys",
            *(tool + ending for tool in TOOLS for ending in ("", ": slide kept", ": focus kept")),
            "wildly: slide kept", "wildly: focus kept", "end", "panel"]
+FILM_ACTIONS = ["pause", "play", *TOOLS, "screenshot"]
 MISSING = "not reached"
 
 HEAD = """# Compatibility
@@ -58,11 +62,41 @@ OWN_KEYS = """## Shows that start by another key
 | program | start | end |
 | --- | --- | --- |
 | Okular | control, shift and P | escape |
-| Chromium, Firefox (not tried) | F11 | F11 |
+| Chromium, Firefox | F11 | F11 |
+| the PDF viewer of Firefox | control, alt and P | escape |
 
 F5, which the pen's "slide show on or off" posts, loads the document again there. Press the program's own key on the
 keyboard instead and leave that action of the pen alone: the page keys and all tools work as in any other program, and a
 closed tool neither clicks nor turns a page.
+"""
+
+FILMS = """## Films
+
+A film without sound in full screen, made by ffmpeg, which has another colour every half second; key 2 held is "player
+pause or play". In Firefox it is a `<video>` in a page, which a double click has brought to full screen.
+
+- **pause**, **play**: the film stands, and runs again, and fills the screen meanwhile.
+- **laser**, **spotlight**, **magnifier**, **ink**, **board**: the tool shows, and the picture behind it stands, or the
+  board covers it; after it was closed the film runs, fills the screen and has the focus. With ink and board something was
+  drawn and clicked before, of which the film has to notice nothing.
+- **screenshot**: a picture of the screen is in its folder, and the film goes on as above.
+"""
+
+FILMS_BY_HAND = """A tool shows the picture of the moment in which it was opened; the film goes on behind it. Pause it before:
+"player pause or play" reaches it under an open tool too (tried with mpv and VLC under openbox).
+
+The space bar goes to what has the focus: in Firefox click or double-click the film first.
+
+After the pen's "slide show on" a closed tool clicks into the lower right corner and posts page up, also into a film that
+was begun meanwhile. Tried under openbox, with a laser:
+
+| film in full screen | that click and page up | "slide show off" (escape) |
+| --- | --- | --- |
+| VLC | nothing | leaves full screen |
+| mpv | a film with chapters jumps to the next one, which is what page up means there; without chapters not tried | leaves full screen |
+| Firefox | the film pauses | leaves full screen |
+
+Use "slide show on or off" for slide shows only; without it, as in the table above, nothing is clicked.
 """
 
 MONITORS = """## Monitors and scales
@@ -99,16 +133,26 @@ def table(first, columns, lines):
     print()
 
 
+def outcomes(results, program, actions):
+    return [(action, [results.get((program, manager, action), MISSING) for manager in MANAGERS]) for action in actions]
+
+
 def programs(results):
     for program, name in PROGRAMS.items():
         print("## %s\n" % name)
         if program == "console":
             print(CONSOLE)
-        table("", MANAGERS, [(action, [results.get((program, manager, action), MISSING) for manager in MANAGERS])
-                             for action in ACTIONS])
+        table("", MANAGERS, outcomes(results, program, ACTIONS))
         print("| laser | ink |\n| --- | --- |\n| %s |\n" % " | ".join(
             "![%s in %s](pictures/compatibility/%s-%s.png)" % (tool, name, program, tool)
             for tool in ("laser", "ink")))
+
+
+def films(results):
+    print(FILMS)
+    for player, name in PLAYERS.items():
+        table(name, MANAGERS, outcomes(results, player, FILM_ACTIONS))
+    print(FILMS_BY_HAND)
 
 
 def monitors(results):
@@ -124,11 +168,13 @@ def main():
     programs(played)
     print(PRESENTER)
     print(OWN_KEYS)
+    films(played)
     print(MONITORS)
     monitors(arranged)
     print(TRAYS.strip())
-    right = all(played.get((program, manager, action)) in ("yes", "own key")
-                for program in PROGRAMS for manager in MANAGERS for action in ACTIONS)
+    right = all(outcome in ("yes", "own key")
+                for names, actions in ((PROGRAMS, ACTIONS), (PLAYERS, FILM_ACTIONS)) for program in names
+                for _, line in outcomes(played, program, actions) for outcome in line)
     return 0 if right and arranged and set(arranged.values()) == {"yes"} else 1
 
 

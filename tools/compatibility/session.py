@@ -1,6 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""session.py BIN PICTURES MANAGER PROGRAM: one presentation in one program under one window manager, played with the pen on
-the present display, or on two monitors of its own. Prints a row for each action."""
+"""One presentation in one program under one window manager, played with the pen. Prints a row for each action."""
 
 import os
 import shutil
@@ -8,13 +7,13 @@ import subprocess
 import sys
 import tempfile
 import time
-from contextlib import nullcontext
 from pathlib import Path
 from random import Random
 
 import decks
 import dummies
 from dummies import run
+from programs import CONFIGURATION, PROFILES, PROGRAMS
 from working import rests
 
 WIDTH, HEIGHT = 1280, 720  # of the screen, or of the primary monitor
@@ -35,26 +34,6 @@ WINDOW_MANAGERS = {
     "kwin_x11": ["kwin_x11"],
     "mutter": ["mutter", "--x11"],
     "i3": ["i3", "-c", "i3.config"],
-}
-
-# name, deck, command, keys that start and end the show where the pen's do not
-IMPRESS = (decks.fodp, ["soffice", "--impress", "--norestore", "--nologo", "DECK"], None, None)
-PROGRAMS = {
-    "impress": IMPRESS,
-    "console": IMPRESS,  # with the presenter console, on two monitors
-    "evince": (decks.pdf, ["evince", "DECK"], None, None),
-    "okular": (decks.pdf, ["okular", "DECK"], "ctrl+shift+p", "Escape"),
-    "chromium": (decks.html, ["chromium", "--no-sandbox", "--test-type", "--no-first-run", "--disable-gpu",
-                              "--disable-dev-shm-usage", "--password-store=basic", "DECK"], "F11", "F11"),
-}
-
-# What a presenter has set before. At its first show Okular explains how one is left; Impress shows the slides beside the
-# primary monitor, as on a projector that is not the primary one, until it is told which to take.
-PROFILES = {
-    "okular": ("okularrc", "[Notification Messages]\npresentationInfo=false\n"),
-    "console": ("libreoffice/4/user/registrymodifications.xcu",
-                '<oor:items xmlns:oor="http://openoffice.org/2001/registry"><item oor:path="/org.openoffice.Office.Impress'
-                '/Misc"><prop oor:name="Display" oor:op="fuse"><value>1</value></prop></item></oor:items>\n'),
 }
 
 
@@ -132,6 +111,9 @@ def lies(window, place):
 
 
 class Presentation:
+    key2 = 1  # slide show on or off
+    title = "slides|Slides"
+
     def __init__(self, binaries, manager, program, pictures):
         self.manager, self.program, self.pictures = manager, program, pictures
         self.folder = Path(tempfile.mkdtemp())
@@ -141,7 +123,7 @@ class Presentation:
         (self.folder / "i3.config").write_text("font pango:monospace 8\n")
         if program in PROFILES:
             name, text = PROFILES[program]
-            profile = Path(os.environ["HOME"]) / ".config" / name
+            profile = CONFIGURATION / name
             profile.parent.mkdir(parents=True, exist_ok=True)
             profile.write_text(text)
 
@@ -151,17 +133,21 @@ class Presentation:
                                                start_new_session=True))
         return self.processes[-1]
 
+    def start_manager(self):
+        self.start(*WINDOW_MANAGERS[self.manager], log="manager.log")
+        await_("window manager", lambda: "window id" in run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"), 90)
+
     def start_with(self, tool):
         """The program, anew, with this tool in key 4."""
         if self.companion:
             self.companion.terminate()
             self.companion.wait(30)
         (self.folder / "VexaPenSetting.xml").write_text(
-            "<PenSetting FirstRun='1'><Setting><ShowPrivacyWindow>0</ShowPrivacyWindow><Key2P>1</Key2P>"
+            "<PenSetting FirstRun='1'><Setting><ShowPrivacyWindow>0</ShowPrivacyWindow><Key2P>%d</Key2P>"
             "<Key3P>3</Key3P><Key4P>%d</Key4P><LaserPenSize>%d</LaserPenSize><LaserPenColor>600</LaserPenColor>"
             "<MagnifierSize>%d</MagnifierSize><MagnifierColor>600</MagnifierColor><SportLightSize>%d</SportLightSize>"
             "<SportLightTran>255</SportLightTran><Language>2</Language></Setting></PenSetting>"
-            % (HELD[tool], RADIUS, RADIUS, RADIUS))
+            % (self.key2, HELD[tool], RADIUS, RADIUS, RADIUS))
         self.companion = self.start(str(self.folder / "VexaOrbilo"), log="program.log")
         prompt = lambda: " 300x60+" in run("xwininfo", "-root", "-tree")
         await_("the prompt of the start", prompt)
@@ -205,8 +191,7 @@ class Presentation:
         make, command, own_start, own_end = PROGRAMS[self.program]
         deck = self.folder / ("slides." + {"fodp": "fodp", "pdf": "pdf", "html": "html"}[make.__name__])
         make(deck)
-        self.start(*WINDOW_MANAGERS[self.manager], log="manager.log")
-        await_("window manager", lambda: "window id" in run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"), 90)
+        self.start_manager()
         self.start_with("laser")
         viewer = self.start(*[str(deck) if word == "DECK" else word for word in command], log="viewer.log")
         await_("the slides' window", self.focus_viewer, 90)
@@ -229,7 +214,7 @@ class Presentation:
 
     def focus_viewer(self):
         """Asks for it; whether it is there."""
-        for window in xdo("search", "--onlyvisible", "--name", "slides|Slides").split():
+        for window in xdo("search", "--onlyvisible", "--name", self.title).split():
             if "VexaOrbilo" not in run("xprop", "-id", window, "WM_CLASS"):
                 xdo("windowactivate", window)
                 xdo("windowfocus", window)  # Mutter follows no activation without a time
@@ -374,21 +359,3 @@ class Presentation:
             raise OwnKey
         self.pen("key2", "long")
         return self.comes("the end", lambda: Screen().slide() == 0)
-
-
-def main():
-    binaries, pictures, manager, program = sys.argv[1:]
-    with dummies.TwoMonitors() if program == "console" else nullcontext():
-        presentation = Presentation(binaries, manager, program, pictures)
-        try:
-            presentation.play()
-        except Missed as missed:
-            print("%s under %s: %s did not come" % (program, manager, missed), file=sys.stderr)
-            for log in presentation.folder.glob("*.log"):
-                print(log.name, log.read_text(errors="replace")[-600:], file=sys.stderr)
-            run("import", "-window", "root", "/tmp/compat-%s-%s.png" % (manager, program))
-        finally:
-            presentation.end()
-
-
-main()
