@@ -64,7 +64,7 @@ bool isToldToHaveNoShadow(WId window) {
                        False, XA_CARDINAL, &actual, &format, &count, &left, &data);
     if (data)
         XFree(data);
-    return count == 4;
+    return count == 4 && property(window, "_COMPTON_SHADOW", XA_CARDINAL) == 0UL;
 }
 
 bool isWindowManagerRunning() {

@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <vector>
 
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
@@ -22,15 +23,19 @@
 namespace vexa::platform {
 namespace {
 
+void setCardinals(WId window, const char *property, const std::vector<long> &values) {
+    Display *display = QX11Info::display();
+    XChangeProperty(display, window, XInternAtom(display, property, False), XA_CARDINAL, 32, PropModeReplace,
+                    reinterpret_cast<const unsigned char *>(values.data()), int(values.size()));
+}
+
 /// Mutter draws a shadow around unmanaged windows too, and leaves that of a card behind that has faded. It
-/// spares a window that claims to draw its own.
+/// spares a window that claims to draw its own. picom has a property for what gets none.
 void refuseShadow(WId window) {
     if (!QX11Info::isPlatformX11())
         return;
-    Display *display = QX11Info::display();
-    const long noWidths[4] = {};
-    XChangeProperty(display, window, XInternAtom(display, "_GTK_FRAME_EXTENTS", False), XA_CARDINAL, 32,
-                    PropModeReplace, reinterpret_cast<const unsigned char *>(noWidths), 4);
+    setCardinals(window, "_GTK_FRAME_EXTENTS", {0, 0, 0, 0});
+    setCardinals(window, "_COMPTON_SHADOW", {0});
 }
 
 /// What a window is painted in has a size in points, and stays as it is in pixels when the window gets
