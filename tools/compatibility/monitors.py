@@ -131,14 +131,20 @@ def magnifier_follows(primary):
     return True
 
 
+def title_is_placed(primary):
+    screen = Screen()
+    outside, *inside, other_side = [screen.at(*primary.at(primary.width / primary.scale / 2 + x, 20))
+                                    for x in (-143, -134, 134, 143)]
+    return outside == other_side and outside not in inside
+
+
 def draws_and_has_its_controls(primary):
     """Title and buttons at their places and in their size, which the pointer finds; ink under the pointer."""
     points = primary.width / primary.scale
     middle = int(points - 60) // 2 + 30 - points / 2
     lit = lambda screen, offset: screen.at(*primary.at(points / 2 + offset - 21, -70))[0] > 200  # yellow, not grey
-    screen = Screen()
-    title = [screen.at(*primary.at(points / 2 + x, 20)) for x in (-143, -134, 134, 143)]
-    placed = title[0] == title[3] != title[1] and title[2] != title[3]
+    # A window that is there already may still wait for its first frame.
+    placed = until(lambda: title_is_placed(primary), 10)
     click(primary.at(points / 2 + middle, -70))
     erases = until(lambda: lit(Screen(), middle) and not lit(Screen(), middle - 80), 10)
     click(primary.at(points / 2 + middle - 80, -70))
