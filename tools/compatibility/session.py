@@ -224,13 +224,14 @@ class Presentation:
     def begin(self, own_start):
         if own_start:
             xdo("key", own_start)
-            await_("the show by its own key", lambda: Screen().slide() != 0)
-            raise OwnKey
-        self.pen("key2", "long")
+        else:
+            self.pen("key2", "long")
         try:
             await_("the show", lambda: Screen().slide() != 0)
         except Missed:
             self.have_it_painted()
+        if own_start:
+            raise OwnKey
         if self.program == "console":
             await_("the console", lambda: self.window_at(CONSOLE))
         return True
