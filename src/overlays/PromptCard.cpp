@@ -31,7 +31,7 @@ PromptCard::PromptCard(QWidget *parent, Qt::WindowFlags flags, int delay)
         setBackgroundPicture();
         if (!isVisible())
             return;
-        centre(size());
+        centre();
         platform::fitToScale(*this);
     }) {
     // When a card gets its native window, the toolkit would make native windows of its sibling widgets, too,
@@ -73,15 +73,18 @@ void PromptCard::showAndFade(const QSize &size, int stepInterval) {
     m_fade.start(stepInterval, this);
 }
 
-void PromptCard::centre(const QSize &size) {
+/// Not by size(): an earlier change of place that the server confirms after the scale has become another one
+/// tells the toolkit of as many pixels as before, which are other points.
+void PromptCard::centre() {
     const QSize screen = QGuiApplication::primaryScreen()->size();
     const QPoint origin = QGuiApplication::primaryScreen()->geometry().topLeft();
-    const QPoint middle((screen.width() - size.width()) / 2, (screen.height() - size.height()) / 2);
-    setGeometry(QRect(origin + middle, size));
+    const QPoint middle((screen.width() - m_size.width()) / 2, (screen.height() - m_size.height()) / 2);
+    setGeometry(QRect(origin + middle, m_size));
 }
 
 void PromptCard::showCentred(const QSize &size, double opacity) {
-    centre(size);
+    m_size = size;
+    centre();
     setOpacity(opacity);
     platform::showAboveAll(*this);
 }

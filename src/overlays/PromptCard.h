@@ -4,6 +4,7 @@
 #include "overlays/ScreenFollower.h"
 
 #include <QBasicTimer>
+#include <QSize>
 #include <QString>
 #include <QWidget>
 
@@ -57,12 +58,13 @@ protected:
 private:
     void setBackgroundPicture();
     void showCentred(const QSize &size, double opacity);
-    void centre(const QSize &size);
+    void centre();
     void setOpacity(double opacity);
 
     const int m_delay;
     QBasicTimer m_fade;
     QBasicTimer m_delayed;
+    QSize m_size; // points; what was asked for, whatever the toolkit makes of it while the scale changes
     double m_opacity = 1.0;
     bool m_heldBack = false;
     ScreenFollower m_follower;

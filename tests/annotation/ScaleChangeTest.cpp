@@ -77,6 +77,7 @@ private slots:
     void initTestCase();
     void anOpenWindowGetsItsPixelsAndItsPictures_data();
     void anOpenWindowGetsItsPixelsAndItsPictures();
+    void aCardHasItsSizeAfterwardsWhateverTheToolkitMadeOfIt();
 };
 
 void ScaleChangeTest::initTestCase() {
@@ -124,6 +125,16 @@ void ScaleChangeTest::anOpenWindowGetsItsPixelsAndItsPictures() {
         QTRY_VERIFY_WITH_TIMEOUT(!window, patience);
     }
     QTRY_COMPARE_WITH_TIMEOUT(shownOnScreen().pixel(within), bare, patience);
+}
+
+/// As when the server confirms an earlier place too late: as many pixels are other points then.
+void ScaleChangeTest::aCardHasItsSizeAfterwardsWhateverTheToolkitMadeOfIt() {
+    setScreen(few, 1);
+    const std::unique_ptr<QWidget> card(openCard());
+    QVERIFY(QTest::qWaitForWindowExposed(card.get()));
+    card->resize(190, 90);
+    setScreen(many, 2);
+    QTRY_COMPARE_WITH_TIMEOUT(card->geometry(), QRect(210, 210, 380, 180), patience);
 }
 
 int main(int argc, char *argv[]) {
