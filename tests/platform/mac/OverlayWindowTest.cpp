@@ -120,8 +120,9 @@ private slots:
         showAboveAll(*m_widget);
         const std::vector<std::string> place{
             "setStyleMask:", "setCollectionBehavior:", "setHidesOnDeactivate:", "setLevel:"};
-        before.resize(place.size());
-        QVERIFY(before == place);
+        std::vector<std::string> beforehand = place;
+        beforehand.insert(beforehand.end(), {"setAnimationBehavior:", "setCanHide:"});
+        QVERIFY(before == beforehand);
         after.resize(place.size());
         QVERIFY(after == place);
     }
