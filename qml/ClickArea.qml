@@ -31,5 +31,6 @@ MouseArea {
         triggered()
     }
     Keys.onSpacePressed: spaceHeld = true
+    onActiveFocusChanged: spaceHeld = false // its release goes elsewhere
     onClicked: triggered()
 }

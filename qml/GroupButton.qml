@@ -35,6 +35,7 @@ Rectangle {
         Accessible.checkable: true
         Accessible.checked: root.checked
         Accessible.name: root.name
+        Accessible.onToggleAction: triggered()
         Accessible.role: root.toggles ? Accessible.Button : Accessible.RadioButton
         onTriggered: root.checked = !root.toggles || !root.checked
     }

@@ -33,6 +33,7 @@ Rectangle {
         Accessible.checkable: true
         Accessible.checked: root.myChecked
         Accessible.name: root.name
+        Accessible.onToggleAction: triggered()
         Accessible.role: Accessible.CheckBox
         onTriggered: root.clicked()
     }

@@ -69,6 +69,32 @@ private slots:
         }
     }
 
+    void everyActionOfASwitchTurnsIt() {
+        m_view->click(settingsButton);
+        QAccessibleInterface *startAtLogin = find(QAccessible::CheckBox, QStringLiteral("开机自启动"));
+        QVERIFY(startAtLogin != nullptr);
+        QVERIFY(!actionsOf(startAtLogin).isEmpty());
+        for (const QString &action : actionsOf(startAtLogin)) {
+            const bool before = startAtLogin->state().checked;
+            startAtLogin->actionInterface()->doAction(action);
+            QVERIFY2(startAtLogin->state().checked != before, qPrintable(action));
+        }
+    }
+
+    void everyActionOfAChoiceChoosesIt() {
+        m_view->click(key1Button);
+        QAccessibleInterface *first = find(QAccessible::RadioButton, QStringLiteral("画笔粗细 1"));
+        QAccessibleInterface *second = find(QAccessible::RadioButton, QStringLiteral("画笔粗细 2"));
+        QVERIFY(first != nullptr && second != nullptr);
+        QVERIFY(!actionsOf(second).isEmpty());
+        for (const QString &action : actionsOf(second)) {
+            m_view->push(ViewMessage::PenThickness, 0);
+            QVERIFY(first->state().checked);
+            second->actionInterface()->doAction(action);
+            QVERIFY2(second->state().checked && !first->state().checked, qPrintable(action));
+        }
+    }
+
     void everyControlHasANameAndTakesTheFocus_data() {
         QTest::addColumn<QPoint>("button");
         QTest::addColumn<int>("count");
@@ -92,6 +118,13 @@ private slots:
     }
 
 private:
+    /// What a screen reader is told that can be done with it, apart from giving it the keyboard.
+    static QStringList actionsOf(QAccessibleInterface *control) {
+        QStringList actions = control->actionInterface()->actionNames();
+        actions.removeAll(QAccessibleActionInterface::setFocusAction());
+        return actions;
+    }
+
     /// What is in sight of this role and name, or null.
     QAccessibleInterface *find(QAccessible::Role role, const QString &name) {
         for (QAccessibleInterface *candidate : controls())

@@ -52,6 +52,21 @@ private slots:
         QCOMPARE(focused(), before);
     }
 
+    /// The release of the space bar went to another control, or to another window.
+    void spaceThatWasReleasedElsewherePressesNothing() {
+        QVERIFY(QMetaObject::invokeMethod(m_view->root()->findChild<QObject *>("key2Button"), "takeFocus"));
+        const QQuickItem *before = focused();
+        QTest::keyPress(&m_view->widget(), Qt::Key_Space);
+        m_view->type(Qt::Key_Tab);
+        QVERIFY(focused() != before);
+        m_view->type(Qt::Key_Backtab);
+        QCOMPARE(focused(), before);
+        QTest::keyRelease(&m_view->widget(), Qt::Key_Space);
+        QVERIFY(!m_view->has("Key2Window"));
+        m_view->type(Qt::Key_Space);
+        QVERIFY(m_view->has("Key2Window"));
+    }
+
     void viewOpenedWithTheMouseLeavesTheFocus() {
         const QQuickItem *before = focused();
         m_view->click(key2Button);

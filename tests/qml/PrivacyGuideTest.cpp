@@ -219,6 +219,25 @@ private slots:
                                   : QStringList({"下次不再提示", "确定"}));
     }
 
+    void everyActionOfAScreenReaderTurnsTheTick() {
+        PrivacyprivilegesWindow guide;
+        QAccessibleInterface *tickBox = nullptr;
+        for (QQuickItem *item : qml::tree(root(guide))) {
+            QAccessibleInterface *candidate = QAccessible::queryAccessibleInterface(item);
+            if (candidate != nullptr && candidate->role() == QAccessible::CheckBox)
+                tickBox = candidate;
+        }
+        QVERIFY(tickBox != nullptr);
+        QStringList actions = tickBox->actionInterface()->actionNames();
+        actions.removeAll(QAccessibleActionInterface::setFocusAction());
+        QVERIFY(!actions.isEmpty());
+        for (const QString &action : actions) {
+            const bool before = tickBox->state().checked;
+            tickBox->actionInterface()->doAction(action);
+            QVERIFY2(tickBox->state().checked != before, qPrintable(action));
+        }
+    }
+
     void keyboardTicksAndConfirms() {
         QCOMPARE(run([](PrivacyprivilegesWindow &guide) {
                      QTRY_VERIFY(guide.isActiveWindow());
