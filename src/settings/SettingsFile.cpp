@@ -19,14 +19,13 @@ constexpr qint64 largestFile = qint64{1024} * 1024;
 constexpr std::chrono::milliseconds frame{16};
 
 /// The file stays in its place while it gains its second name, so that no moment is without it. A link, or a
-/// file system that cannot give a file two names, has to be moved instead.
-void keepAside(const QString &path) {
-    const QString aside = path + QStringLiteral(".bad");
+/// file system that cannot give a file two names, has to be moved instead: true when that was done.
+bool keepAside(const QString &path, const QString &aside) {
     QFile::remove(aside);
     if (!QFileInfo(path).isSymLink() &&
         link(QFile::encodeName(path).constData(), QFile::encodeName(aside).constData()) == 0)
-        return;
-    QFile::rename(path, aside);
+        return false;
+    return QFile::rename(path, aside);
 }
 
 } // namespace
@@ -51,10 +50,13 @@ bool replaceSettingsFile(const QString &path, const QByteArray &bytes, bool keep
     if (info.exists() && (!info.isFile() || !info.isWritable()))
         return false;
     // A folder that takes no second file does not keep the user's choice from being saved.
-    if (info.exists() && keepOld)
-        keepAside(path);
+    const QString aside = path + QStringLiteral(".bad");
+    const bool moved = info.exists() && keepOld && keepAside(path, aside);
     static BackgroundSync sync(frame);
-    return replaceFile(path, bytes, std::ref(sync));
+    const bool replaced = replaceFile(path, bytes, std::ref(sync));
+    if (moved && !replaced)
+        QFile::rename(aside, path);
+    return replaced;
 }
 
 } // namespace vexa

@@ -206,6 +206,23 @@ private slots:
         QVERIFY(QFile::remove(target));
     }
 
+    void aBadLinkStaysWhereNothingCanBeWritten() {
+        const QString target = QCoreApplication::applicationDirPath() + QStringLiteral("/elsewhere.xml");
+        QFile file(target);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("broken");
+        file.close();
+        QVERIFY(QFile::link(target, userfile::path()));
+        {
+            const disk::Full full(0);
+            Store::ZrXmlWrite();
+        }
+        QCOMPARE(QFileInfo(userfile::path()).symLinkTarget(), target);
+        QCOMPARE(userfile::read(), QByteArray("broken"));
+        QVERIFY(!QFileInfo::exists(userfile::badPath()));
+        QVERIFY(QFile::remove(target));
+    }
+
     void aFolderCountsAsNoFile() {
         QVERIFY(QDir().mkdir(userfile::path()));
         Store::ZrXmlRead();
