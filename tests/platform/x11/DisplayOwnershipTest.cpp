@@ -4,6 +4,8 @@
 #include <QtTest>
 
 #include <future>
+#include <poll.h>
+#include <sys/socket.h>
 #include <thread>
 
 #include <xcb/xcb.h>
@@ -72,6 +74,22 @@ private slots:
     void whoHasGoneBeforeIsFoundGone() {
         m_first.reset();
         QTRY_COMPARE(m_second->activateOther(20ms), Answer::Gone);
+    }
+
+    /// Or the start that asks would go on asking.
+    void aServerThatHasGoneIsNotTakenForAnInstanceThatHas() {
+        QCOMPARE(shutdown(m_second->fd(), SHUT_RDWR), 0);
+        QVERIFY(!m_second->claim());
+        QCOMPARE(m_second->activateOther(1h), Answer::NoServer);
+    }
+
+    void aServerThatGoesMeanwhileIsNotWaitedFor() {
+        makeFirstReady();
+        auto answer = std::async(std::launch::async, [this] { return m_second->activateOther(1h); });
+        pollfd asked{m_first->fd(), POLLIN, 0};
+        QCOMPARE(poll(&asked, 1, -1), 1);
+        QCOMPARE(shutdown(m_second->fd(), SHUT_RDWR), 0);
+        QCOMPARE(answer.get(), Answer::NoServer);
     }
 
     void aSelectionThatIsTakenAwayIsNoticed() {

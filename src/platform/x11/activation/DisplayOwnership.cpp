@@ -91,7 +91,7 @@ DisplayOwnership::Answer DisplayOwnership::activateOther(milliseconds patience) 
     m_connection->dropEvents(); // left over from an earlier request
     const std::uint32_t asked = owner();
     if (asked == XCB_WINDOW_NONE)
-        return Answer::Gone;
+        return isBroken() ? Answer::NoServer : Answer::Gone;
     const std::uint32_t itsEnd = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
     xcb_change_window_attributes(xcb, asked, XCB_CW_EVENT_MASK, &itsEnd);
     xcb_convert_selection(xcb, m_window, m_selection, m_showPanel, m_showPanel, XCB_CURRENT_TIME);
@@ -121,7 +121,7 @@ DisplayOwnership::Answer DisplayOwnership::awaitAnswer(std::uint32_t asked, mill
         pollfd readable{fd(), POLLIN, 0};
         poll(&readable, 1, static_cast<int>(left.count()));
     }
-    return Answer::Silent;
+    return isBroken() ? Answer::NoServer : Answer::Silent;
 }
 
 DisplayOwnership::News DisplayOwnership::read() {

@@ -17,7 +17,7 @@ public:
     /// Null when the server cannot be reached.
     static std::unique_ptr<DisplayOwnership> open();
 
-    /// Makes this process the display's instance. False when another one is.
+    /// Makes this process the display's instance. False when another one is, or the server cannot be reached.
     bool claim();
 
     enum class Answer {
@@ -25,6 +25,7 @@ public:
         Starting,  ///< it does so as soon as it has started
         Gone,      ///< it has ended meanwhile: the display can be claimed again
         Silent,
+        NoServer, ///< the connection to the server has ended
     };
     /// Asks the other instance to show its panel. Waits for its answer for this long at most.
     Answer activateOther(std::chrono::milliseconds patience);

@@ -86,6 +86,8 @@ bool forwardActivation() {
             return true;
         case DisplayOwnership::Answer::Gone:
             break;
+        case DisplayOwnership::Answer::NoServer:
+            return false; // as without a display
         case DisplayOwnership::Answer::Silent:
             throw std::runtime_error("runs on this display already, but does not answer");
         }
