@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/SessionFixture.h"
+#include "platform/x11/input/Connection.h"
+#include "platform/x11/input/FakeInput.h"
 
 #include <set>
 #include <sys/socket.h>
@@ -87,6 +89,16 @@ private slots:
                          m_hand->release(key);
                  }),
                  modifiers);
+    }
+
+    /// The connection that posts may break while a recording is being made.
+    void aLostConnectionJoinsNoRecording() {
+        const auto connection = vexa::x11::Connection::open();
+        QVERIFY(connection);
+        breakConnections({connection->fd()});
+        QVERIFY(!connection->sync());
+        vexa::x11::recordFakes(*connection, 1);
+        QVERIFY(connection->isBroken());
     }
 
 private:

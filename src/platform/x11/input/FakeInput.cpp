@@ -44,7 +44,10 @@ void fakeMotion(const Connection &connection, platform::Pixels position) {
 }
 
 void recordFakes(const Connection &connection, std::uint32_t recording) {
-    const std::uint8_t opcode = xcb_get_extension_data(connection.get(), &xcb_test_id)->major_opcode;
+    const xcb_query_extension_reply_t *const xtest = xcb_get_extension_data(connection.get(), &xcb_test_id);
+    if (!xtest)
+        return; // the connection is broken; the next one joins the recording when it is made
+    const std::uint8_t opcode = xtest->major_opcode;
     xcb_record_range_t range{};
     range.ext_requests.major = {opcode, opcode};
     range.ext_requests.minor = {XCB_TEST_FAKE_INPUT, XCB_TEST_FAKE_INPUT};

@@ -20,8 +20,8 @@ void fakeKey(const Connection &connection, bool down, XKeyCode key, Seen seen = 
 void fakeButton(const Connection &connection, bool down, std::uint8_t button);
 void fakeMotion(const Connection &connection, platform::Pixels position);
 
-/// From now on the recording, by its id in the server, holds this connection's requests that fake input. A
-/// recording that is gone already is passed over.
+/// From now on the recording, by its id in the server, holds this connection's requests that fake input. Does
+/// nothing when the recording is gone already, or the connection is broken. The server has to have XTEST.
 void recordFakes(const Connection &connection, std::uint32_t recording);
 
 /// A key that a recorded request of ours is about to fake.
