@@ -41,10 +41,12 @@ void fillCache() {
     view.setData(
         "import QtQuick 2.15\n"
         "import QtQuick.Controls 1.4 as Controls1\n"
-        "import QtQuick.Controls 2.15\n"
+        "import QtQuick.Templates 2.15\n"
         "import QtGraphicalEffects 1.15\n"
         "Item { ComboBox {} Switch {} Slider {} Popup {} LinearGradient {} DropShadow {} OpacityMask {} }",
         QUrl());
+    if (!view.isReady())
+        qFatal("the view is wrong: %s", qPrintable(view.errorString()));
     delete view.create();
     QCoreApplication::setApplicationName(name);
 }
