@@ -32,9 +32,9 @@ static QRectF toQt(CGRect rect) {
     return {rect.origin.x, rect.origin.y, rect.size.width, rect.size.height};
 }
 
-static const Display *findDisplay(CGDirectDisplayID id) {
+static const Display *findDisplay(CGDirectDisplayID displayID) {
     for (const Display &display : Displays::instance().connected)
-        if (display.id == id)
+        if (display.id == displayID)
             return &display;
     return nullptr;
 }
@@ -55,9 +55,9 @@ CGError CGGetDisplaysWithRect(CGRect rect, std::uint32_t maxDisplays, CGDirectDi
     return kCGErrorSuccess;
 }
 
-CGRect CGDisplayBounds(CGDirectDisplayID id) {
-    Displays::instance().boundsRead.push_back(id);
-    const Display *const display = findDisplay(id);
+CGRect CGDisplayBounds(CGDirectDisplayID displayID) {
+    Displays::instance().boundsRead.push_back(displayID);
+    const Display *const display = findDisplay(displayID);
     if (!display)
         return CGRectMake(0, 0, 0, 0);
     const QRectF &bounds = display->bounds;
@@ -65,11 +65,11 @@ CGRect CGDisplayBounds(CGDirectDisplayID id) {
 }
 
 // Found by its name at run time only, so no header declares it.
-extern "C" CGImageRef CGDisplayCreateImageForRect(CGDirectDisplayID id, CGRect rect);
-CGImageRef CGDisplayCreateImageForRect(CGDirectDisplayID id, CGRect rect) {
+extern "C" CGImageRef CGDisplayCreateImageForRect(CGDirectDisplayID displayID, CGRect rect);
+CGImageRef CGDisplayCreateImageForRect(CGDirectDisplayID displayID, CGRect rect) {
     Displays &desktop = Displays::instance();
-    desktop.captured.push_back({id, toQt(rect)});
-    const Display *const display = findDisplay(id);
+    desktop.captured.push_back({displayID, toQt(rect)});
+    const Display *const display = findDisplay(displayID);
     if (!display)
         return nullptr;
     const double scale = display->picture.width() / display->bounds.width();
