@@ -221,12 +221,7 @@ private slots:
 
     void everyActionOfAScreenReaderTurnsTheTick() {
         PrivacyprivilegesWindow guide;
-        QAccessibleInterface *tickBox = nullptr;
-        for (QQuickItem *item : qml::tree(root(guide))) {
-            QAccessibleInterface *candidate = QAccessible::queryAccessibleInterface(item);
-            if (candidate != nullptr && candidate->role() == QAccessible::CheckBox)
-                tickBox = candidate;
-        }
+        QAccessibleInterface *tickBox = tickBoxOf(guide);
         QVERIFY(tickBox != nullptr);
         QStringList actions = tickBox->actionInterface()->actionNames();
         actions.removeAll(QAccessibleActionInterface::setFocusAction());
@@ -252,6 +247,15 @@ private slots:
     }
 
 private:
+    /// As a screen reader finds it, or null.
+    static QAccessibleInterface *tickBoxOf(PrivacyprivilegesWindow &guide) {
+        for (QQuickItem *item : qml::tree(root(guide))) {
+            QAccessibleInterface *candidate = QAccessible::queryAccessibleInterface(item);
+            if (candidate != nullptr && candidate->role() == QAccessible::CheckBox)
+                return candidate;
+        }
+        return nullptr;
+    }
     /// Runs the guide as the start does, and does something to it meanwhile.
     template<typename Action> int run(Action action) {
         PrivacyprivilegesWindow guide;
