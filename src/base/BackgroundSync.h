@@ -35,8 +35,8 @@ private:
     const DiskSync m_sync;
     std::mutex m_mutex; ///< guards what follows, but for the thread
     std::condition_variable m_changed;
-    int m_waiting = -1; ///< a descriptor of our own, the next to be synced
-    bool m_busy = false;
+    int m_waiting = -1;   ///< a duplicate that is ours to close, of the next file to be synced; -1: none
+    bool m_busy = false;  ///< the thread is syncing
     bool m_synced = true; ///< what the disk said of the last file
     bool m_ending = false;
     std::thread m_thread;

@@ -27,10 +27,11 @@ struct ScreenPlace {
     bool contains(Pixels pixels) const;
     Points toPoints(Pixels pixels) const;
 
-    /// The pixel that is these points, when its own are cut off to whole ones: at the scale 1 and above,
-    /// every whole number of points comes back from its pixel as it was. At a smaller scale, where there are
-    /// fewer pixels than points, it is the next one towards the middle of the screen, so that the pointer is
-    /// never sent outside a margin that it is to be kept in.
+    /// The pixel for a place in points. At the scale 1 and above, toPoints() of it, cut off to whole numbers,
+    /// gives whole points back as they were. At a smaller scale, where several points share a pixel, it is
+    /// the nearest pixel towards the middle of the screen, so that the pointer is never sent outside a margin
+    /// that it is to be kept in. Any number may be given: what is more than a million points away counts as a
+    /// million.
     Pixels toPixels(Points points) const;
 };
 

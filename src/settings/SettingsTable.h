@@ -27,6 +27,7 @@ extern const std::array<Setting, 17> settingsTable;
 /// A value for each setting, in the order of the table.
 using SettingValues = std::array<std::int32_t, std::tuple_size_v<decltype(settingsTable)>>;
 
+/// Its place in the table, of which it has to be a row itself, not a copy.
 inline std::size_t indexOf(const Setting &setting) {
     return static_cast<std::size_t>(&setting - settingsTable.data());
 }

@@ -18,13 +18,14 @@ constexpr double largestDpi = 10 * usualDpi;
 constexpr double panelWidth = 999, panelHeight = 650; // points
 constexpr double stepsOfOne = 4;
 
-QByteArray sayingOfTheDesktop() {
+/// Dots per inch, as the desktop's settings give them in the X resources. Empty when they do not.
+QByteArray desktopResolution() {
     Display *const display = XOpenDisplay(nullptr);
     if (!display)
         return {};
-    QByteArray saying(XGetDefault(display, "Xft", "dpi"));
+    QByteArray resolution(XGetDefault(display, "Xft", "dpi"));
     XCloseDisplay(display);
-    return saying;
+    return resolution;
 }
 
 using x11::Connection;
@@ -48,6 +49,7 @@ Pixels primarySize(const Connection &connection) {
     if (!connection.has(xcb_randr_id))
         return {0, 0};
     xcb_connection_t *x = connection.get();
+    // The protocol wants the client's version before any other request.
     const Reply<xcb_randr_query_version_reply_t> version(
         xcb_randr_query_version_reply(x, xcb_randr_query_version(x, 1, 3), nullptr));
     const Reply<xcb_randr_get_output_primary_reply_t> primary(
@@ -78,7 +80,7 @@ double scaleFor(const QByteArray &dotsPerInch, Pixels screen) {
 
 double desktopScale() {
     const auto connection = Connection::open();
-    return connection ? scaleFor(sayingOfTheDesktop(), primarySize(*connection)) : 1;
+    return connection ? scaleFor(desktopResolution(), primarySize(*connection)) : 1;
 }
 
 } // namespace vexa::platform

@@ -10,9 +10,10 @@ namespace vexa::platform {
 /// Sizes in device pixels. Any thread.
 class PictureReserve {
 public:
-    /// A clear picture of Format_RGB32. Its memory is the reserve, if that has the size, and becomes the
-    /// reserve when the last copy of the picture goes, if there is none and it is not larger than for a 4K
-    /// screen. Null when there is no memory.
+    /// A clear picture of Format_RGB32. Its memory is the reserve, if that has the size. When the last copy
+    /// of the picture goes, its memory becomes the reserve, in the place of one of another size; it goes back
+    /// to the system where there is one of the same size, or the picture is larger than a 4K screen. Null
+    /// when there is no memory.
     static QImage picture(const QSize &pixels);
 
     /// Allocates the next part, in a few milliseconds at most, of the memory for the first picture of that

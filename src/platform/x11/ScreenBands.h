@@ -28,10 +28,12 @@ public:
     /// refuses, or there is no memory.
     QImage take(const QRect &place) const;
 
-    /// Has the whole of a window painted, which must be on the screen: `paint` gets band after band, a
-    /// picture as wide as the window that has to be filled, and the row of the window that it begins with.
-    /// Bands of a lower rank come first. Answers with the number of the request that began it, or with
-    /// nothing, and nothing painted, when the window's pixels are of another form.
+    /// Has the whole of a window painted, which must be on the screen. `paint` is called for each band: it
+    /// fills the whole picture, which is as wide as the window, and is told the row of the window where the
+    /// picture begins. That row is a multiple of `step`, and so is each band's height if the window's is.
+    /// Bands of a lower rank come first. Waits for the server. Returns the sequence number of the first
+    /// request; nothing, without a call of `paint`, when the window's pixels are of another form than the
+    /// toolkit's, or too wide for a band.
     using Rank = std::function<int(int top, int rows)>;
     using Paint = std::function<void(QImage &band, int top)>;
     std::optional<quint32> show(quint32 window, const QSize &size, int step, const Rank &rank,

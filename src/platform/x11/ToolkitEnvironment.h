@@ -7,12 +7,13 @@
 /// inherits the environment, so it is ours only until then. Main thread.
 namespace vexa::platform {
 
+/// Sets a variable of the environment, and notes what it was before the first time.
 void tellToolkit(const char *name, const QByteArray &value);
 
-/// Does nothing when the user has set the variable.
+/// The same, but does nothing when the user has set the variable.
 void tellToolkitUnlessUserDoes(const char *name, const QByteArray &value);
 
-/// Every variable is again what it was before the toolkit was told.
+/// Gives every variable that was set here the value that it had before, or removes it.
 void restoreUserEnvironment();
 
 } // namespace vexa::platform

@@ -17,7 +17,8 @@ struct FreeReply {
 /// What the server answered; null when the request failed.
 template<typename T> using Reply = std::unique_ptr<T, FreeReply>;
 
-/// An own connection to the session's X server, apart from the toolkit's.
+/// A connection of our own to the X server that DISPLAY names, apart from the toolkit's. One thread at a
+/// time. When it breaks it stays broken: requests are dropped, and what waits for an answer returns at once.
 class Connection {
 public:
     /// Null when the server cannot be reached.
@@ -30,14 +31,17 @@ public:
     xcb_connection_t *get() const { return m_connection; }
     int fd() const;
     bool isBroken() const;
+    /// The root window of the server's first screen.
     std::uint32_t root() const;
 
-    /// Bits of a pixel that tell its colour.
+    /// Bits of a pixel that tell its colour, on that screen.
     int colourDepth() const;
 
     /// The bits by which the server tells this client's things from others'.
     std::uint32_t clientId() const;
 
+    /// Whether the server has the extension. The first call for each asks it; false when the connection
+    /// broke.
     bool has(xcb_extension_t &extension) const;
 
     /// Waits for what the server made of a checked request, by its sequence number. False when it refused.
