@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "settings/SettingsFormat.h"
 
+#include <QTextCodec>
 #include <QTextStream>
 #include <QXmlStreamReader>
 
@@ -19,6 +20,15 @@ constexpr int indentation = 4;
 QByteArray asciiOf(QByteArray bytes) {
     bytes.truncate(static_cast<int>(std::remove(bytes.begin(), bytes.end(), '\0') - bytes.begin()));
     return bytes;
+}
+
+/// The text as its own declaration has a reader decode it: in some encodings, such as UTF-7, an ASCII
+/// character is written by other bytes than its own.
+QByteArray decoded(const QByteArray &bytes) {
+    QXmlStreamReader reader(bytes);
+    reader.readNext();
+    const QTextCodec *const declared = QTextCodec::codecForName(reader.documentEncoding().toLatin1());
+    return declared ? declared->toUnicode(bytes).toUtf8() : bytes;
 }
 
 /// Whether some tag has more attributes than any settings have. The reader compares each with all the others.
@@ -66,7 +76,8 @@ QDomElement appendElement(QDomDocument &document, QDomNode parent, const QString
 
 std::optional<QDomDocument> parseSettings(const QByteArray &bytes) {
     QDomDocument document;
-    if (isLaborious(bytes) || !isSafeToParse(bytes) || !document.setContent(bytes, false))
+    if (isLaborious(bytes) || isLaborious(decoded(bytes)) || !isSafeToParse(bytes) ||
+        !document.setContent(bytes, false))
         return std::nullopt;
     return document;
 }

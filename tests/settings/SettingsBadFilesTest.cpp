@@ -96,6 +96,9 @@ private slots:
         QTest::newRow("long entity, often used")
             << withDeclaration("<!ENTITY e \"" + QByteArray(3000, 'x') + "\">",
                                "<c>" + QByteArray("&e;").repeated(1000) + "</c>");
+        QTest::newRow("entity of its own, in an encoding that hides it")
+            << "<?xml version=\"1.0\" encoding=\"UTF-7\"?>" +
+                   withDeclaration("<!ENTITY e \"4\">", "<Key2P>&e;</Key2P>").replace("<", "+ADw-");
         QTest::newRow("attributes by default")
             << withDeclaration("<!ATTLIST c d CDATA \"x\">", "<Key2P>4</Key2P><c/>");
         QTest::newRow("crowded tag") << crowdedTag(257, "=\"");
