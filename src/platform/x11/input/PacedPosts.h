@@ -13,10 +13,11 @@
 
 namespace vexa::x11 {
 
-/// Lets posted events leave in order and at once, but a key at the earliest some time after the program under
-/// a click has read the button's release: presentation programs drop a key that they read together with a
-/// click, or drop the click. What is posted after such a key waits with it, on a thread of this object;
-/// posting never blocks. Any thread.
+/// Lets posted events leave in order and at once, but for a key that is posted within keyAfterRelease of a
+/// button's release: it waits until the program under the click has read the release, and that long again.
+/// Presentation programs drop a key that they read together with a click, or drop the click. What is posted
+/// after such a key waits with it, on a thread of this object; posting never blocks. A key that is posted
+/// later leaves at once, whether or not the release was read. Any thread.
 class PacedPosts {
 public:
     struct Pace {
