@@ -4,6 +4,7 @@
 #include "platform/x11/NativePixels.h"
 #include "platform/x11/PictureReserve.h"
 #include "platform/x11/input/Connection.h"
+#include "platform/x11/input/ServerGrab.h"
 
 #include <QX11Info>
 #include <queue>
@@ -19,22 +20,6 @@ namespace {
 constexpr std::size_t bytesPerPixel = 4;
 constexpr std::size_t bytesPerBand = std::size_t(512) << 10; // stays in a processor's cache on its way
 constexpr std::size_t bandsAtHand = 2;
-
-/// Grabs the server, so that the screen does not change between two bands.
-class ServerGrab {
-public:
-    explicit ServerGrab(xcb_connection_t *connection) : m_connection(connection) {
-        xcb_grab_server(m_connection);
-    }
-    ~ServerGrab() {
-        xcb_ungrab_server(m_connection);
-        xcb_flush(m_connection);
-    }
-    Q_DISABLE_COPY_MOVE(ServerGrab)
-
-private:
-    xcb_connection_t *const m_connection;
-};
 
 struct Band {
     int top;
@@ -114,7 +99,7 @@ QImage ScreenBands::take(const QRect &place) const {
                    std::size_t(band.rows) * bytesPerLine);
     };
 
-    const ServerGrab grab(m_connection);
+    const x11::ServerGrab grab(m_connection); // the screen does not change between two bands
     for (const Band &band : bands) {
         if (underWay.size() == bandsAtHand)
             receive();

@@ -6,6 +6,7 @@
 #include "platform/x11/input/FakeInput.h"
 #include "platform/x11/input/KeyMeaning.h"
 #include "platform/x11/input/Pointer.h"
+#include "platform/x11/input/ServerGrab.h"
 
 #include <algorithm>
 
@@ -15,20 +16,6 @@
 namespace vexa::x11 {
 
 namespace {
-
-/// Keeps other clients' requests waiting.
-class ServerGrab {
-public:
-    explicit ServerGrab(xcb_connection_t *connection) : m_connection(connection) {
-        xcb_grab_server(m_connection);
-    }
-    ~ServerGrab() { xcb_ungrab_server(m_connection); }
-    ServerGrab(const ServerGrab &) = delete;
-    ServerGrab &operator=(const ServerGrab &) = delete;
-
-private:
-    xcb_connection_t *const m_connection;
-};
 
 /// The virtual key to press; noKey when there is none for it. What starts a slide show is command and return
 /// on macOS and F5 here; other keys with modifiers are not known.
