@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "app/FocusInSight.h"
 #include "app/MainWindow.h"
 #include "app/PointerInMovedWindow.h"
 #include "app/QuickViews.h"
@@ -31,6 +32,7 @@ void MainWindow::loadView() {
     m_viewRoot = m_ui->quickWidget->rootObject();
     m_ui->quickWidget->setFocus();
     new vexa::PointerInMovedWindow(*m_ui->quickWidget);
+    new vexa::FocusInSight(*m_ui->quickWidget);
     m_ui->quickWidget->rootContext()->setContextProperty(QStringLiteral("mainwindow"), this);
     if (m_viewRoot) {
         connect(m_viewRoot, SIGNAL(qmlSignal(int, int, int, int)), this,

@@ -36,6 +36,13 @@ QPoint wholeOnAScreen(const QRect &window, const QVector<QRect> &screens) {
             std::max(std::min(window.y(), last.y()), screen.y())};
 }
 
+QVector<QRect> availableScreens() {
+    QVector<QRect> screens;
+    for (const QScreen *screen : QGuiApplication::screens())
+        screens += screen->availableGeometry();
+    return screens;
+}
+
 OnScreen::OnScreen(QWidget &window) : QObject(&window), m_window(window) {
     window.installEventFilter(this);
     const auto follow = [this](const QScreen *screen) {
@@ -61,10 +68,7 @@ void OnScreen::placeIfShown() {
 }
 
 void OnScreen::place() {
-    QVector<QRect> screens;
-    for (const QScreen *screen : QGuiApplication::screens())
-        screens += screen->availableGeometry();
-    const QPoint place = wholeOnAScreen(m_window.geometry(), screens);
+    const QPoint place = wholeOnAScreen(m_window.geometry(), availableScreens());
     if (place != m_window.pos())
         m_window.move(place);
 }

@@ -16,6 +16,9 @@ namespace vexa {
 /// points of the desktop; without any screen the window stays where it is.
 QPoint wholeOnAScreen(const QRect &window, const QVector<QRect> &screens);
 
+/// What the desktop's own panels leave of each screen.
+QVector<QRect> availableScreens();
+
 /// Keeps a window reachable: moves it wholly onto a screen whenever it is shown, and when the screens change
 /// while it is visible. In between, the user may drag it anywhere. Owned by its window. GUI thread.
 class OnScreen : public QObject {
