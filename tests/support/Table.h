@@ -11,14 +11,21 @@ namespace vexa::test {
 ///
 ///     using Sliders = Table<int, QPoint>;
 ///     void slidersMove_data() {
-///         Sliders::begin();
-///         QTest::newRow("light") << 2 << QPoint(66, 471);
+///         Sliders::begin({{"light", 2, {66, 471}}});
 ///     }
 ///     void slidersMove() {
 ///         const auto [id, place] = Sliders::row();
+///
+/// Rows that are worked out are added by QTest::newRow after a begin() without any.
 template<typename... Types> class Table {
 public:
     static void begin() { addColumns(std::index_sequence_for<Types...>()); }
+    static void begin(std::initializer_list<std::tuple<const char *, Types...>> rows) {
+        begin();
+        for (const auto &row : rows)
+            std::apply([](const char *name, const Types &...cells) { (QTest::newRow(name) << ... << cells); },
+                       row);
+    }
     static std::tuple<Types...> row() { return cells(std::index_sequence_for<Types...>()); }
 
 private:

@@ -1,53 +1,48 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/input/EventTranslator.h"
 
-#include "platform/quartz/CoreGraphics.h"
-#include "platform/quartz/VirtualKeys.h"
+#include "platform/x11/Told.h"
+#include "support/Table.h"
+#include "support/XKeys.h"
 
-#include <QtTest>
-
-using vexa::InputEvent;
+using namespace vexa::test;
 using vexa::x11::DeviceEvent;
 using vexa::x11::EventTranslator;
 using vexa::x11::XKeyCode;
 
 namespace {
 
-constexpr XKeyCode control = 37, shift = 50, option = 64, rightControl = 105, capsLock = 66, letterG = 42;
-
-struct Key {
-    std::uint32_t type;
-    std::int64_t key;
-    bool operator==(const Key &other) const { return type == other.type && key == other.key; }
-};
-using Keys = QVector<Key>;
-
-struct Place {
-    std::uint32_t type;
-    double x, y;
-    bool operator==(const Place &other) const { return type == other.type && x == other.x && y == other.y; }
+enum What {
+    Press,
+    Release,
+    HidePress,   ///< the next one, if it is of this key
+    HideRelease, ///< likewise
+    LetGo,
+    Look, ///< at what the server says is held: this key alone
 };
 
-using Places = QVector<Place>;
+struct Step {
+    What what;
+    int key;
+    All told; ///< by this very step
+};
 
-Places placesOf(const QVector<InputEvent> &events) {
-    Places places;
-    for (const InputEvent &event : events)
-        places.append({event.type, event.x, event.y});
-    return places;
-}
+const All nothing;
+const All down{pressed(kVK_ANSI_G)};
+const All up{released(kVK_ANSI_G)};
+const All controlChanged{changed(kVK_Control)};
+const All rightChanged{changed(kVK_RightControl)};
+const All shiftChanged{changed(kVK_Shift)};
+const All capsChanged{changed(kVK_CapsLock)};
 
-Key pressed(int key) {
-    return {kCGEventKeyDown, key};
-}
-Key released(int key) {
-    return {kCGEventKeyUp, key};
-}
-Key changed(int modifier) {
-    return {kCGEventFlagsChanged, modifier};
-}
+using Scripts = Table<QVector<Step>, bool>;
+using Pointers = Table<QVector<DeviceEvent>, All>;
 
 } // namespace
+
+Q_DECLARE_METATYPE(DeviceEvent)
+Q_DECLARE_METATYPE(Step)
+Q_DECLARE_METATYPE(Told)
 
 class EventTranslatorTest : public QObject {
     Q_OBJECT
@@ -55,213 +50,159 @@ class EventTranslatorTest : public QObject {
 private slots:
     void init() { m_translator = EventTranslator(); }
 
-    void aKeyThatRepeatsIsPressedOnce() {
-        for (int round = 0; round < 2; ++round) {
-            press(letterG);
-            press(letterG);
-            press(letterG);
-            release(letterG);
-            QCOMPARE(takeKeys(), (Keys{pressed(kVK_ANSI_G), released(kVK_ANSI_G)}));
+    void eachRealChangeIsToldOnce_data() {
+        Scripts::begin({
+            {"a key that repeats",
+             {{Press, letterG, down},
+              {Press, letterG, nothing},
+              {Press, letterG, nothing},
+              {Release, letterG, up},
+              {Press, letterG, down},
+              {Press, letterG, nothing},
+              {Release, letterG, up}},
+             false},
+            {"a release of an ordinary key without its press", {{Release, letterG, up}}, false},
+            {"a lost release of one, or its next press would pass for a repeat",
+             {{Press, letterG, down}, {Look, 0, up}, {Press, letterG, down}},
+             true},
+            {"an unknown key", {{Press, 255, nothing}, {Release, 255, nothing}}, false},
+            {"a modifier that repeats, or is on two keyboards",
+             {{Press, control, controlChanged},
+              {Press, control, nothing},
+              {Release, control, controlChanged},
+              {Release, control, nothing}},
+             false},
+            {"caps lock", {{Press, capsLock, capsChanged}, {Release, capsLock, capsChanged}}, false},
+            {"a release of a modifier without its press",
+             {{Release, shift, nothing}, {Press, shift, shiftChanged}},
+             true},
+            {"left and right",
+             {{Press, control, controlChanged},
+              {Press, rightControl, rightChanged},
+              {Release, control, controlChanged},
+              {Release, rightControl, rightChanged}},
+             false},
+            {"a hidden key",
+             {{Press, control, controlChanged},
+              {HideRelease, control, nothing},
+              {Release, control, nothing},
+              {HidePress, control, nothing},
+              {Press, control, nothing},
+              {Release, control, controlChanged}},
+             false},
+            {"the user's release behind a hidden one",
+             {{Press, control, controlChanged},
+              {HideRelease, control, nothing},
+              {Release, control, nothing},
+              {Release, control, controlChanged}},
+             false},
+            {"another modifier in the place of a hidden one",
+             {{Press, control, controlChanged},
+              {Press, shift, shiftChanged},
+              {HideRelease, control, nothing},
+              {Release, shift, shiftChanged},
+              {Release, control, controlChanged}},
+             false},
+            {"a release in the place of a hidden press",
+             {{Press, control, controlChanged},
+              {HidePress, control, nothing},
+              {Release, control, controlChanged}},
+             false},
+            {"what comes in the place of a hidden key, which the server had nothing to tell of",
+             {{Press, control, controlChanged},
+              {HideRelease, control, nothing},
+              {Press, letterG, down},
+              {Release, control, controlChanged}},
+             true},
+            {"a press that was hidden wrongly costs that hold only",
+             {{HidePress, control, nothing},
+              {Press, control, nothing},
+              {Release, control, nothing},
+              {Press, control, controlChanged},
+              {Release, control, controlChanged}},
+             false},
+            {"a modifier let go behind its hidden release",
+             {{Press, control, controlChanged},
+              {HideRelease, control, nothing},
+              {Release, control, nothing},
+              {LetGo, control, controlChanged},
+              {LetGo, letterG, nothing}},
+             false},
+            {"a modifier let go that was down after all",
+             {{Press, control, controlChanged},
+              {HideRelease, control, nothing},
+              {LetGo, control, controlChanged},
+              {Release, control, nothing}},
+             false},
+            {"the user's press behind a key let go",
+             {{HidePress, control, nothing}, {LetGo, shift, nothing}, {Press, control, controlChanged}},
+             true},
+            {"a lost release of a modifier, also when it comes after all",
+             {{Press, control, controlChanged},
+              {Press, shift, shiftChanged},
+              {Look, shift, controlChanged},
+              {Release, control, nothing},
+              {Release, shift, shiftChanged}},
+             false},
+            {"what the server holds too", {{Press, control, controlChanged}, {Look, control, nothing}}, true},
+            {"what was held before we listened", {{Look, control, nothing}}, false},
+        });
+    }
+
+    void eachRealChangeIsToldOnce() {
+        const auto [steps, anyKeyDown] = Scripts::row();
+        for (int i = 0; i < steps.size(); ++i) {
+            take(steps[i]);
+            QVERIFY2(takeAll() == steps[i].told, qPrintable(QStringLiteral("step %1").arg(i)));
         }
-    }
-
-    void aReleaseOfAnOrdinaryKeyIsToldWithoutItsPress() {
-        release(letterG);
-        QCOMPARE(takeKeys(), (Keys{released(kVK_ANSI_G)}));
-    }
-
-    /// Or the key's next press would pass for a repeat.
-    void aLostReleaseOfAnOrdinaryKeyIsInventedToo() {
-        press(letterG);
-        QVERIFY(m_translator.anyKeyDown());
-        m_translator.reconcile([](XKeyCode) { return false; });
-        QVERIFY(!m_translator.anyKeyDown());
-        press(letterG);
-        QCOMPARE(takeKeys(), (Keys{pressed(kVK_ANSI_G), released(kVK_ANSI_G), pressed(kVK_ANSI_G)}));
-    }
-
-    void unknownKeysAreLeftOut() {
-        press(255);
-        release(255);
-        QVERIFY(takeKeys().isEmpty());
-    }
-
-    void aModifierChangesOncePerRealChange() {
-        press(control);
-        press(control); // the second keyboard, or a repeat
-        QCOMPARE(takeKeys(), (Keys{changed(kVK_Control)}));
-        release(control);
-        release(control);
-        QCOMPARE(takeKeys(), (Keys{changed(kVK_Control)}));
-        press(capsLock);
-        release(capsLock);
-        QCOMPARE(takeKeys(), (Keys{changed(kVK_CapsLock), changed(kVK_CapsLock)}));
-    }
-
-    void aReleaseWithoutItsPressIsNoChange() {
-        release(shift);
-        QVERIFY(takeKeys().isEmpty());
-        press(shift);
-        QCOMPARE(takeKeys(), (Keys{changed(kVK_Shift)}));
-    }
-
-    void leftAndRightAreDifferentKeys() {
-        press(control);
-        press(rightControl);
-        release(control);
-        release(rightControl);
-        QCOMPARE(takeKeys(), (Keys{changed(kVK_Control), changed(kVK_RightControl), changed(kVK_Control),
-                                   changed(kVK_RightControl)}));
+        QCOMPARE(m_translator.anyKeyDown(), anyKeyDown);
     }
 
     void flagsShowWhatIsHeld() {
-        press(control);
-        press(shift);
-        press(option);
-        press(letterG);
-        release(shift);
-        const auto events = takeAll();
-        QCOMPARE(events.size(), 5);
-        QCOMPARE(events[0].flags, std::uint64_t{0x40000});
-        QCOMPARE(events[2].flags, std::uint64_t{0xE0000});
-        QCOMPARE(events[3].flags, std::uint64_t{0xE0000});
-        QCOMPARE(events[4].flags, std::uint64_t{0xC0000});
-    }
-
-    void aHiddenKeyChangesNothing() {
-        press(control);
-        m_translator.hideNext(DeviceEvent::KeyRelease, control);
-        release(control);
-        QVERIFY(m_translator.anyKeyDown());
-        m_translator.hideNext(DeviceEvent::KeyPress, control);
-        press(control);
-        release(control);
-        QCOMPARE(takeKeys(), (Keys{changed(kVK_Control), changed(kVK_Control)}));
-        QVERIFY(!m_translator.anyKeyDown());
-    }
-
-    void onlyTheVeryNextKeyIsHidden() {
-        press(control);
-        m_translator.hideNext(DeviceEvent::KeyRelease, control);
-        release(control);
-        release(control); // the user's
-        QCOMPARE(takeKeys(), (Keys{changed(kVK_Control), changed(kVK_Control)}));
-    }
-
-    void aHiddenKeyThatNeverCameHidesNothingElse() {
-        press(control);
-        m_translator.hideNext(DeviceEvent::KeyRelease, control);
-        press(letterG); // the server had nothing to release
-        release(control);
-        QCOMPARE(takeKeys(), (Keys{changed(kVK_Control), pressed(kVK_ANSI_G), changed(kVK_Control)}));
-    }
-
-    void aReleaseThatTheServerHadNothingToTellOfIsTold() {
-        press(control);
-        m_translator.hideNext(DeviceEvent::KeyRelease, control);
-        release(control);
-        m_translator.letGo(control);
-        m_translator.letGo(letterG);
-        QCOMPARE(takeKeys(), (Keys{changed(kVK_Control), changed(kVK_Control)}));
-        press(control);
-        m_translator.hideNext(DeviceEvent::KeyRelease, control);
-        m_translator.letGo(control);
-        release(control); // it was down after all
-        QCOMPARE(takeKeys(), (Keys{changed(kVK_Control), changed(kVK_Control)}));
-        m_translator.hideNext(DeviceEvent::KeyPress, control);
-        m_translator.letGo(shift);
-        press(control); // the user's
-        QCOMPARE(takeKeys(), (Keys{changed(kVK_Control)}));
-    }
-
-    void aLostReleaseIsInvented() {
-        press(control);
-        press(shift);
-        takeAll();
-        m_translator.reconcile([](XKeyCode key) { return key == shift; });
-        QCOMPARE(takeKeys(), (Keys{changed(kVK_Control)}));
-        release(control); // should it come after all
-        QVERIFY(takeKeys().isEmpty());
-        release(shift);
-        QCOMPARE(takeKeys(), (Keys{changed(kVK_Shift)}));
-    }
-
-    void nothingIsInventedForWhatTheServerHolds() {
-        press(control);
-        takeAll();
-        m_translator.reconcile([](XKeyCode) { return true; });
-        QVERIFY(takeKeys().isEmpty());
-        QVERIFY(m_translator.anyKeyDown());
-    }
-
-    void aPressIsNeverInvented() {
-        m_translator.reconcile([](XKeyCode) { return true; }); // held since before we listened
-        QVERIFY(takeKeys().isEmpty());
-        QVERIFY(!m_translator.anyKeyDown());
-    }
-
-    void anUnheardPressCostsThatHoldOnly() {
-        m_translator.hideNext(DeviceEvent::KeyPress, control);
-        press(control);
-        release(control);
-        QVERIFY(takeKeys().isEmpty());
-        press(control);
-        QVERIFY(m_translator.anyKeyDown());
-        release(control);
-        QVERIFY(!m_translator.anyKeyDown());
-        QCOMPARE(takeKeys(), (Keys{changed(kVK_Control), changed(kVK_Control)}));
-    }
-
-    void motionWithAButtonHeldIsNoMove_data() {
-        QTest::addColumn<int>("state");
-        QTest::addColumn<bool>("move");
-        QTest::newRow("nothing held") << 0 << true;
-        QTest::newRow("modifiers held") << 0xFF << true;
-        QTest::newRow("left button") << 0x100 << false;
-        QTest::newRow("middle button") << 0x200 << false;
-        QTest::newRow("right button") << 0x400 << false;
-    }
-
-    void motionWithAButtonHeldIsNoMove() {
-        QFETCH(int, state);
-        m_translator.take({DeviceEvent::Motion, 0, {5, 6}, static_cast<std::uint16_t>(state)});
-        const auto events = takeAll();
-        QTEST(events.size() == 1 && events[0].type == 5, "move");
-        QVERIFY(events.size() <= 1);
+        for (const int key : {control, shift, option, letterG})
+            take({Press, key, {}});
+        take({Release, shift, {}});
+        take({Release, control, {}});
+        take({Press, rightControl, {}});
+        QVector<std::uint64_t> flags;
+        for (vexa::InputEvent event; m_translator.next(event);)
+            flags.append(event.flags);
+        QCOMPARE(flags,
+                 (QVector<std::uint64_t>{0x40000, 0x60000, 0xE0000, 0xE0000, 0xC0000, 0x80000, 0xC0000}));
     }
 
     /// A thousand motions a second are looked at once in a while; what happens meanwhile says where.
-    void whatHappensElsewhereTellsOfAMoveThereFirst() {
-        m_translator.startAt({5, 6});
-        m_translator.take({DeviceEvent::ButtonPress, 1, {50, 60}, 0});
-        m_translator.take({DeviceEvent::ButtonRelease, 1, {70, 80}, 0x100}); // dragged
-        m_translator.take({DeviceEvent::KeyPress, letterG, {70, 80}, 0});
-        m_translator.take({DeviceEvent::KeyRelease, letterG, {90, 10}, 0});
-        QCOMPARE(placesOf(takeAll()), (Places{{kCGEventMouseMoved, 50, 60},
-                                              {kCGEventLeftMouseDown, 50, 60},
-                                              {kCGEventLeftMouseUp, 70, 80},
-                                              {kCGEventKeyDown, 0, 0},
-                                              {kCGEventMouseMoved, 90, 10},
-                                              {kCGEventKeyUp, 0, 0}}));
+    void thePointersWayIsTold_data() {
+        using Event = DeviceEvent;
+        const All moved{toldAt(kCGEventMouseMoved, 7, 8)};
+        Pointers::begin({
+            {"a move", {{Event::Motion, 0, {7, 8}, 0}}, moved},
+            {"a move with modifiers held", {{Event::Motion, 0, {7, 8}, 0xFF}}, moved},
+            {"a drag with the left button", {{Event::Motion, 0, {7, 8}, 0x100}}, {}},
+            {"a drag with the middle button", {{Event::Motion, 0, {7, 8}, 0x200}}, {}},
+            {"a drag with the right button", {{Event::Motion, 0, {7, 8}, 0x400}}, {}},
+            {"a motion into the corner", {{Event::Motion, 0, {0, 0}, 0}}, {toldAt(kCGEventMouseMoved, 0, 0)}},
+            {"a motion to where the pointer is", {{Event::Motion, 0, {5, 6}, 0}}, {}},
+            {"clicks and keys in other places, the first after a drag",
+             {{Event::ButtonPress, 1, {50, 60}, 0},
+              {Event::ButtonRelease, 1, {70, 80}, 0x100},
+              {Event::KeyPress, letterG, {70, 80}, 0},
+              {Event::KeyRelease, letterG, {90, 10}, 0}},
+             {toldAt(kCGEventMouseMoved, 50, 60), toldAt(kCGEventLeftMouseDown, 50, 60),
+              toldAt(kCGEventLeftMouseUp, 70, 80), pressed(kVK_ANSI_G), toldAt(kCGEventMouseMoved, 90, 10),
+              released(kVK_ANSI_G)}},
+            {"what is recorded without its place, where the pointer was last",
+             {{Event::KeyPress, letterG, {0, 0}, 0}, {Event::ButtonPress, 1, {0, 0}, 0}},
+             {pressed(kVK_ANSI_G), toldAt(kCGEventLeftMouseDown, 5, 6)}},
+        });
     }
 
-    void whatIsRecordedWithoutItsPlaceIsWhereThePointerWasLast() {
+    void thePointersWayIsTold() {
+        const auto [events, expected] = Pointers::row();
         m_translator.startAt({5, 6});
-        m_translator.take({DeviceEvent::KeyPress, letterG, {0, 0}, 0});
-        m_translator.take({DeviceEvent::ButtonPress, 1, {0, 0}, 0});
-        QCOMPARE(placesOf(takeAll()), (Places{{kCGEventKeyDown, 0, 0}, {kCGEventLeftMouseDown, 5, 6}}));
-    }
-
-    void aMotionIntoTheCornerIsAMove() {
-        m_translator.startAt({5, 6});
-        m_translator.take({DeviceEvent::Motion, 0, {0, 0}, 0});
-        QCOMPARE(placesOf(takeAll()), (Places{{kCGEventMouseMoved, 0, 0}}));
-    }
-
-    void aMotionToWhereThePointerIsTellsNothing() {
-        m_translator.startAt({5, 6});
-        m_translator.take({DeviceEvent::Motion, 0, {5, 6}, 0});
-        QVERIFY(!m_translator.hasNext());
+        for (const DeviceEvent &event : events)
+            m_translator.take(event);
+        QCOMPARE(takeAll(), expected);
     }
 
     void onlyTheLeftButtonIsTold() {
@@ -270,42 +211,39 @@ private slots:
             m_translator.take({DeviceEvent::ButtonPress, button, {5, 6}, 0});
             m_translator.take({DeviceEvent::ButtonRelease, button, {5, 6}, 0});
         }
-        const auto events = takeAll();
-        QCOMPARE(events.size(), 2);
-        QCOMPARE(events[0].type, std::uint32_t{kCGEventLeftMouseDown});
-        QCOMPARE(events[1].type, std::uint32_t{kCGEventLeftMouseUp});
-        QCOMPARE(events[0].x, 5.0);
-        QCOMPARE(events[0].y, 6.0);
+        QCOMPARE(takeAll(), (All{toldAt(kCGEventLeftMouseDown, 5, 6), toldAt(kCGEventLeftMouseUp, 5, 6)}));
     }
 
     void positionsAreRelativeToThePrimaryScreenAndInPoints() {
         m_translator.screen = {{1920, 100}, {1920, 1080}, 2};
         m_translator.take({DeviceEvent::Motion, 0, {1919, 301}, 0});
-        const auto events = takeAll();
-        QCOMPARE(events.size(), 1);
-        QCOMPARE(events[0].x, -0.5);
-        QCOMPARE(events[0].y, 100.5);
+        QCOMPARE(takeAll(), All{toldAt(kCGEventMouseMoved, -0.5, 100.5)});
     }
 
 private:
-    void key(bool down, XKeyCode code) {
-        m_translator.take({down ? DeviceEvent::KeyPress : DeviceEvent::KeyRelease, code, {0, 0}, 0});
+    void take(const Step &step) {
+        const auto key = static_cast<XKeyCode>(step.key);
+        switch (step.what) {
+        case Press:
+            return m_translator.take({DeviceEvent::KeyPress, key, {0, 0}, 0});
+        case Release:
+            return m_translator.take({DeviceEvent::KeyRelease, key, {0, 0}, 0});
+        case HidePress:
+            return m_translator.hideNext(DeviceEvent::KeyPress, key);
+        case HideRelease:
+            return m_translator.hideNext(DeviceEvent::KeyRelease, key);
+        case LetGo:
+            return m_translator.letGo(key);
+        case Look:
+            return m_translator.reconcile([key](XKeyCode other) { return other == key; });
+        }
     }
-    void press(XKeyCode code) { key(true, code); }
-    void release(XKeyCode code) { key(false, code); }
 
-    QVector<InputEvent> takeAll() {
-        QVector<InputEvent> all;
-        for (InputEvent event; m_translator.next(event);)
-            all.append(event);
+    All takeAll() {
+        All all;
+        for (vexa::InputEvent event; m_translator.next(event);)
+            all.append(toldOf(event));
         return all;
-    }
-
-    Keys takeKeys() {
-        Keys keys;
-        for (const InputEvent &event : takeAll())
-            keys.append({event.type, event.keyCode});
-        return keys;
     }
 
     EventTranslator m_translator;

@@ -14,22 +14,6 @@ void run(const QString &command) {
              qPrintable(command + QString::fromLocal8Bit(process.readAllStandardError())));
 }
 
-InputEvent keyEvent(std::uint32_t type, int key, std::uint64_t flags) {
-    InputEvent event;
-    event.type = type;
-    event.keyCode = key;
-    event.flags = flags;
-    return event;
-}
-
-InputEvent mouseEvent(std::uint32_t type, double x, double y) {
-    InputEvent event;
-    event.type = type;
-    event.x = x;
-    event.y = y;
-    return event;
-}
-
 void SessionFixture::openSession() {
     m_hand = std::make_unique<Hand>();
     m_hand->moveTo(500, 500);
@@ -58,7 +42,7 @@ bool SessionFixture::takeNext(InputEvent &event) {
 
 Told SessionFixture::tellNext() {
     InputEvent event;
-    return takeNext(event) ? Told{event.type, event.keyCode, event.x, event.y} : Told{};
+    return takeNext(event) ? toldOf(event) : Told{};
 }
 
 All SessionFixture::hear(const std::function<void()> &action) {
@@ -73,15 +57,25 @@ All SessionFixture::hearUpToMarker() {
     InputEvent event;
     while (takeNext(event))
         if (event.keyCode != marker)
-            all.append({event.type, event.keyCode, event.x, event.y});
+            all.append(toldOf(event));
         else if (event.type == kCGEventKeyUp)
             return all;
     QTest::qFail("the marker was not heard", __FILE__, __LINE__);
     return all;
 }
 
+void SessionFixture::pressModifiers() {
+    for (const int key : penModifiers)
+        m_hand->press(key);
+}
+
+void SessionFixture::releaseModifiers() {
+    for (const int key : penModifiers)
+        m_hand->release(key);
+}
+
 void SessionFixture::outwaitAClick() {
-    QVERIFY(post(keyEvent(kCGEventKeyDown, kVK_F19)));
+    QVERIFY(postKey(kVK_F19));
     for (InputEvent event; takeNext(event);)
         if (event.type == kCGEventKeyUp && event.keyCode == kVK_F19)
             return;

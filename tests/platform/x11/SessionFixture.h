@@ -2,12 +2,9 @@
 #pragma once
 
 #include "platform/SessionInput.h"
-#include "platform/quartz/CoreGraphics.h"
-#include "platform/quartz/InputBackend.h"
-#include "platform/quartz/VirtualKeys.h"
+#include "platform/x11/Told.h"
 #include "support/Hand.h"
-
-#include <QtTest>
+#include "support/XKeys.h"
 
 #include <functional>
 #include <memory>
@@ -15,41 +12,11 @@
 /// The X backend on a real X server, with a hand that works there and one source that listens.
 namespace vexa::test {
 
-// X key codes
-constexpr int control = 37, shift = 50, option = 64, letterA = 38, letterC = 54, letterG = 42, letterS = 39;
-constexpr int f5 = 71, escape = 9, space = 65, pageUp = 112, returnKey = 36, capsLock = 66;
-constexpr int penModifiers[] = {control, shift, option};
-
-struct Told {
-    std::uint32_t type;
-    std::int64_t key;
-    double x, y;
-    bool operator==(const Told &other) const {
-        return type == other.type && key == other.key && x == other.x && y == other.y;
-    }
-};
-using All = QVector<Told>;
-
-inline Told told(std::uint32_t type, int key) {
-    return {type, key, 0, 0};
+inline bool postKey(int key, std::uint64_t flags = 0, std::uint32_t type = kCGEventKeyDown) {
+    return inputBackend().post({type, key, flags});
 }
-inline Told pressed(int key) {
-    return told(kCGEventKeyDown, key);
-}
-inline Told released(int key) {
-    return told(kCGEventKeyUp, key);
-}
-inline Told changed(int modifier) {
-    return told(kCGEventFlagsChanged, modifier);
-}
-inline Told toldAt(std::uint32_t type, double x, double y) {
-    return {type, 0, x, y};
-}
-
-InputEvent keyEvent(std::uint32_t type, int key, std::uint64_t flags = 0);
-InputEvent mouseEvent(std::uint32_t type, double x, double y);
-inline bool post(const InputEvent &event) {
-    return inputBackend().post(event);
+inline bool postMouse(std::uint32_t type, double x, double y) {
+    return inputBackend().post({type, 0, 0, x, y});
 }
 
 /// A command of the shell, which must succeed.
@@ -70,6 +37,13 @@ protected:
     All hear(const std::function<void()> &action);
     void mark() { m_hand->type({markerKey}); }
     All hearUpToMarker();
+
+    /// Control, shift and option, on the pen.
+    void pressModifiers();
+    void releaseModifiers();
+
+    /// Where the pointer is.
+    QPoint pointer() const { return {m_hand->pointer().x, m_hand->pointer().y}; }
 
     /// After a click was posted: lets the pause go by that is kept before the next key.
     void outwaitAClick();

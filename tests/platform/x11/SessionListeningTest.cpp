@@ -1,10 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/SessionFixture.h"
+#include "support/Table.h"
 
 #include <poll.h>
 
 using namespace vexa::test;
 using vexa::InputEvent;
+
+namespace {
+
+using Layouts = Table<QString>;
+using Masters = Table<QString>;
+using Grabs = Table<bool>;
+
+} // namespace
 
 /// What is reported of a real X session: input by a second keyboard and by other clients.
 class SessionListeningTest : public QObject, private vexa::test::SessionFixture {
@@ -16,18 +25,15 @@ private slots:
     void cleanup() { closeSession(); }
 
     void codesDoNotFollowTheLayout_data() {
-        QTest::addColumn<QString>("layout");
-        QTest::newRow("French") << QStringLiteral("fr");
-        QTest::newRow("Dvorak") << QStringLiteral("us dvorak");
-        QTest::newRow("control on caps lock") << QStringLiteral("us -option ctrl:nocaps");
+        Layouts::begin(
+            {{"French", "fr"}, {"Dvorak", "us dvorak"}, {"control on caps lock", "us -option ctrl:nocaps"}});
     }
-
     void codesDoNotFollowTheLayout() {
-        QFETCH(QString, layout);
+        const auto [layout] = Layouts::row();
         run(QStringLiteral("setxkbmap ") + layout);
         QCOMPARE(hear([&] {
-                     for (const int key : {letterA, letterG})
-                         m_hand->type({key});
+                     m_hand->type({letterA});
+                     m_hand->type({letterG});
                  }),
                  (All{pressed(kVK_ANSI_A), released(kVK_ANSI_A), pressed(kVK_ANSI_G), released(kVK_ANSI_G)}));
         run(QStringLiteral("setxkbmap us -option ''"));
@@ -59,13 +65,11 @@ private slots:
     }
 
     void aModifierHeldForLongStaysHeld_data() {
-        QTest::addColumn<QString>("masterKeyboard");
-        QTest::newRow("on the only master keyboard") << "Virtual core keyboard";
-        QTest::newRow("on a second one") << "second keyboard";
+        Masters::begin({{"on the only master keyboard", "Virtual core keyboard"},
+                        {"on a second one", "second keyboard"}});
     }
-
     void aModifierHeldForLongStaysHeld() {
-        QFETCH(QString, masterKeyboard);
+        const auto [masterKeyboard] = Masters::row();
         const auto attachTo = [](const QString &master) {
             run(QStringLiteral("xinput reattach 'Xvfb keyboard' '%1'").arg(master));
         };
@@ -102,19 +106,12 @@ private slots:
     }
 
     void anUnpluggedKeyboardLetsGoOfItsModifiers() {
-        InputEvent event;
         m_hand->press(control);
         m_hand->press(option);
-        QVERIFY(takeNext(event) && takeNext(event));
+        QCOMPARE((All{tellNext(), tellNext()}), (All{changed(kVK_Control), changed(kVK_Option)}));
         run(QStringLiteral("xinput disable 'Xvfb keyboard'"));
-        QVector<std::int64_t> released;
-        for (int i = 0; i < 2; ++i) {
-            QVERIFY(takeNext(event));
-            QCOMPARE(event.type, std::uint32_t{kCGEventFlagsChanged});
-            released.append(event.keyCode);
-        }
-        std::sort(released.begin(), released.end());
-        QCOMPARE(released, (QVector<std::int64_t>{kVK_Option, kVK_Control}));
+        const All letGo{tellNext(), tellNext()}; // in any order
+        QVERIFY(letGo.contains(changed(kVK_Control)) && letGo.contains(changed(kVK_Option)));
         run(QStringLiteral("xinput enable 'Xvfb keyboard'"));
         QCOMPARE(hear([] {}), All{});
     }
@@ -148,22 +145,16 @@ private slots:
     }
 
     void keysAreHeardThroughOtherClientsGrabs_data() {
-        QTest::addColumn<bool>("synchronous");
-        QTest::newRow("asynchronous") << false;
-        QTest::newRow("synchronous") << true;
+        Grabs::begin({{"asynchronous", false}, {"synchronous", true}});
     }
-
     void keysAreHeardThroughOtherClientsGrabs() {
-        QFETCH(bool, synchronous);
+        const auto [synchronous] = Grabs::row();
         m_hand->grabKeyboard(synchronous);
         m_hand->press(letterG);
-        InputEvent event;
-        QVERIFY(takeNext(event));
-        QCOMPARE(event.keyCode, std::int64_t{kVK_ANSI_G});
+        QCOMPARE(tellNext(), pressed(kVK_ANSI_G));
         m_hand->ungrab();
         m_hand->release(letterG);
-        QVERIFY(takeNext(event));
-        QCOMPARE(event.type, std::uint32_t{kCGEventKeyUp});
+        QCOMPARE(tellNext(), released(kVK_ANSI_G));
     }
 
     void movesAreHeardThroughAPointerGrab() {

@@ -74,21 +74,12 @@ private slots:
     /// What is posted over the new one lifts the modifiers and puts them back without being heard, as before.
     void aPostingConnectionThatIsLostAloneIsMadeAgain() {
         const All modifiers{changed(kVK_Control), changed(kVK_Shift), changed(kVK_Option)};
-        QCOMPARE(hear([&] {
-                     for (const int key : penModifiers)
-                         m_hand->press(key);
-                 }),
-                 modifiers);
+        QCOMPARE(hear([&] { pressModifiers(); }), modifiers);
         breakConnections(m_posting);
         for (int time = 0; time < 2; ++time)
-            QCOMPARE(
-                hear([] { QVERIFY(post(keyEvent(kCGEventKeyDown, kVK_Return, kCGEventFlagMaskCommand))); }),
-                (All{pressed(kVK_F5), released(kVK_F5)}));
-        QCOMPARE(hear([&] {
-                     for (const int key : penModifiers)
-                         m_hand->release(key);
-                 }),
-                 modifiers);
+            QCOMPARE(hear([] { QVERIFY(postKey(kVK_Return, kCGEventFlagMaskCommand)); }),
+                     (All{pressed(kVK_F5), released(kVK_F5)}));
+        QCOMPARE(hear([&] { releaseModifiers(); }), modifiers);
     }
 
     /// The connection that posts may break while a recording is being made.

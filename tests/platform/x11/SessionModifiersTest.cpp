@@ -1,12 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/SessionFixture.h"
 #include "platform/x11/input/ModifierLift.h"
+#include "support/Table.h"
 
 #include <atomic>
 #include <thread>
 
 using namespace vexa::test;
-using vexa::InputEvent;
+
+namespace {
+
+using Holds = Table<bool, bool>;
+
+} // namespace
 
 /// Modifiers that are held, and change, while a key is posted.
 class SessionModifiersTest : public QObject, private vexa::test::SessionFixture {
@@ -17,16 +23,12 @@ private slots:
     void cleanup() { closeSession(); }
 
     void aModifierLetGoDuringAPostStaysReleased_data() {
-        QTest::addColumn<bool>("heldByAProgramToo");
-        QTest::addColumn<bool>("frozen");
-        QTest::newRow("held on the pen") << false << false;
-        QTest::newRow("held by a program too") << true << false;
-        QTest::newRow("while a program keeps the keys back") << false << true;
+        Holds::begin({{"held on the pen", false, false},
+                      {"held by a program too", true, false},
+                      {"while a program keeps the keys back", false, true}});
     }
-
     void aModifierLetGoDuringAPostStaysReleased() {
-        QFETCH(bool, heldByAProgramToo);
-        QFETCH(bool, frozen);
+        const auto [heldByAProgramToo, frozen] = Holds::row();
         const auto connection = vexa::x11::Connection::open();
         m_hand->press(control);
         m_hand->press(shift);
@@ -51,7 +53,7 @@ private slots:
     void whatAProgramHoldsStaysHeld() {
         m_hand->fakePress(control);
         for (int i = 0; i < 2; ++i) {
-            QVERIFY(post(keyEvent(kCGEventKeyDown, kVK_Escape)));
+            QVERIFY(postKey(kVK_Escape));
             QVERIFY(m_hand->isDown(control));
         }
         QCOMPARE(hear([&] { m_hand->fakeRelease(control); }),
@@ -61,11 +63,9 @@ private slots:
 
     void programsCanFakeModifiersAfterAPost() {
         m_hand->openFocusedWindow();
-        for (const int key : penModifiers)
-            m_hand->press(key);
-        QVERIFY(post(keyEvent(kCGEventKeyDown, kVK_Escape)));
-        for (const int key : penModifiers)
-            m_hand->release(key);
+        pressModifiers();
+        QVERIFY(postKey(kVK_Escape));
+        releaseModifiers();
         hear([] {});
         m_hand->takeGivenKeys();
 
@@ -95,7 +95,7 @@ private slots:
                     }
                 });
                 for (int i = 0; i < 2; ++i)
-                    posted = post(keyEvent(kCGEventKeyDown, kVK_Escape)) && posted;
+                    posted = postKey(kVK_Escape) && posted;
                 typing.join();
                 mark();
             });
@@ -108,14 +108,9 @@ private slots:
                 // Each press has its release, and has it now, not only when the modifiers are next looked at:
                 // the listener's toggles end where they began.
                 const int changes = heard.count(changed(key));
-                const QByteArray seen = QStringLiteral("round %1: key %2 changed %3 times")
-                                            .arg(round)
-                                            .arg(key)
-                                            .arg(changes)
-                                            .toUtf8();
-                QVERIFY2(changes > 0, seen.constData());
-                QVERIFY2(changes % 2 == 0, seen.constData());
-                QVERIFY2(!m_hand->isDown(x), seen.constData());
+                const bool right = changes > 0 && changes % 2 == 0 && !m_hand->isDown(x);
+                const auto seen = QStringLiteral("round %1: key %2 changed %3 times");
+                QVERIFY2(right, qPrintable(seen.arg(round).arg(key).arg(changes)));
             }
         }
     }

@@ -2,7 +2,6 @@
 #include "platform/x11/SessionFixture.h"
 
 using namespace vexa::test;
-using vexa::InputEvent;
 
 /// Where events are reported and posted, as the primary screen lies.
 class SessionPlaceTest : public QObject, private vexa::test::SessionFixture {
@@ -15,9 +14,8 @@ private slots:
     void positionsFollowThePrimaryScreen() {
         vexa::platform::followPrimaryScreen({{800, 100}, {1120, 980}, 1});
         QCOMPARE(hear([&] { m_hand->moveTo(799, 99); }), (All{toldAt(kCGEventMouseMoved, -1, -1)}));
-        QVERIFY(post(mouseEvent(kCGEventMouseMoved, -10, 20)));
-        QCOMPARE(m_hand->pointer().x, 790);
-        QCOMPARE(m_hand->pointer().y, 120);
+        QVERIFY(postMouse(kCGEventMouseMoved, -10, 20));
+        QCOMPARE(pointer(), QPoint(790, 120));
     }
 
     /// The toolkit, whose screens the windows are on, knows nothing of the parts.
@@ -25,8 +23,8 @@ private slots:
         run(QStringLiteral("xrandr --setmonitor '*left' 960/300x1080/300+0+0 screen"));
         run(QStringLiteral("xrandr --setmonitor 'right' 960/300x1080/300+960+0 none"));
         QCOMPARE(hear([&] { m_hand->moveTo(1000, 20); }), (All{toldAt(kCGEventMouseMoved, 1000, 20)}));
-        QVERIFY(post(mouseEvent(kCGEventMouseMoved, 990, 20)));
-        QCOMPARE(m_hand->pointer().x, 990);
+        QVERIFY(postMouse(kCGEventMouseMoved, 990, 20));
+        QCOMPARE(pointer().x(), 990);
         run(QStringLiteral("xrandr --delmonitor left; xrandr --delmonitor right"));
     }
 
@@ -34,9 +32,8 @@ private slots:
         vexa::platform::useSessionInput({{0, 0}, {1920, 1080}, 2});
         m_source = vexa::inputBackend().open();
         QCOMPARE(hear([&] { m_hand->moveTo(201, 100); }), (All{toldAt(kCGEventMouseMoved, 100.5, 50)}));
-        QVERIFY(post(mouseEvent(kCGEventMouseMoved, 100, 30)));
-        QCOMPARE(m_hand->pointer().x, 200);
-        QCOMPARE(m_hand->pointer().y, 60);
+        QVERIFY(postMouse(kCGEventMouseMoved, 100, 30));
+        QCOMPARE(pointer(), QPoint(200, 60));
     }
 };
 

@@ -1,10 +1,22 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/SessionFixture.h"
+#include "support/Table.h"
 
 #include <xcb/xproto.h>
 
 using namespace vexa::test;
-using vexa::InputEvent;
+
+namespace {
+
+using Meanings = Table<QString, int, int>;
+using Holders = Table<bool>;
+
+All clickAt(int x, int y) {
+    return {toldAt(kCGEventMouseMoved, x, y), toldAt(kCGEventLeftMouseDown, x, y),
+            toldAt(kCGEventLeftMouseUp, x, y)};
+}
+
+} // namespace
 
 /// What is posted into a real X session.
 class SessionPostingTest : public QObject, private vexa::test::SessionFixture {
@@ -16,7 +28,7 @@ private slots:
 
     void commandReturnBecomesF5() {
         m_hand->openFocusedWindow();
-        QVERIFY(post(keyEvent(kCGEventKeyDown, kVK_Return, kCGEventFlagMaskCommand)));
+        QVERIFY(postKey(kVK_Return, kCGEventFlagMaskCommand));
         const auto given = m_hand->takeGivenKeys();
         QCOMPARE(given.size(), std::size_t{2});
         QCOMPARE(given[0].xKeyCode, f5);
@@ -30,60 +42,47 @@ private slots:
                                      {kVK_Space, space},
                                      {kVK_PageUp, pageUp},
                                      {kVK_Return, returnKey}}) {
-            QVERIFY(post(keyEvent(10, key)));
+            QVERIFY(postKey(key));
             QVERIFY(!m_hand->isDown(x));
             QCOMPARE(hear([] {}), (All{pressed(key), released(key)}));
-            QVERIFY(post(keyEvent(11, key)));
+            QVERIFY(postKey(key, 0, kCGEventKeyUp));
             QCOMPARE(hear([] {}), All{});
         }
     }
 
-    /// As users who want escape in another place have it.
+    /// As users who want escape in another place have it. What is expected is an X key code.
     void keysArriveWithTheirMeaningWhereTheUserHasChangedThat_data() {
-        QTest::addColumn<QString>("change");
-        QTest::addColumn<int>("key");
-        QTest::addColumn<int>("expected"); // X key code
-        QTest::newRow("exchanged") << "setxkbmap us -option caps:swapescape" << int(kVK_Escape) << capsLock;
-        QTest::newRow("another key too") << "setxkbmap us -option caps:escape" << int(kVK_Escape) << escape;
-        QTest::newRow("no key") << "xmodmap -e 'keycode 112 = End'" << int(kVK_PageUp) << pageUp;
-        QTest::newRow("only with shift")
-            << "xmodmap -e 'keycode 65 = a' -e 'keycode 67 = b space'" << int(kVK_Space) << space;
+        Meanings::begin({
+            {"exchanged", "setxkbmap us -option caps:swapescape", kVK_Escape, capsLock},
+            {"another key too", "setxkbmap us -option caps:escape", kVK_Escape, escape},
+            {"no key", "xmodmap -e 'keycode 112 = End'", kVK_PageUp, pageUp},
+            {"only with shift", "xmodmap -e 'keycode 65 = a' -e 'keycode 67 = b space'", kVK_Space, space},
+        });
     }
 
     void keysArriveWithTheirMeaningWhereTheUserHasChangedThat() {
-        QFETCH(QString, change);
-        QFETCH(int, key);
-        QFETCH(int, expected);
+        const auto [change, key, expected] = Meanings::row();
         run(change);
         const auto restore = qScopeGuard([] { run(QStringLiteral("setxkbmap us -option ''")); });
         m_hand->openFocusedWindow();
-        QVERIFY(post(keyEvent(kCGEventKeyDown, key)));
+        QVERIFY(postKey(key));
         const auto given = m_hand->takeGivenKeys();
         QCOMPARE(given.size(), std::size_t{2});
         QCOMPARE(given[0].xKeyCode, expected);
     }
 
-    void keysThatCannotBePostedAreRefused() {
-        QVERIFY(!post(keyEvent(kCGEventKeyDown, 127)));
-        QVERIFY(!post(keyEvent(kCGEventKeyDown, -1)));
-        QVERIFY(!post(keyEvent(kCGEventKeyDown, 1000)));
-        QVERIFY(!post(
-            keyEvent(kCGEventKeyDown, kVK_ANSI_A, kCGEventFlagMaskCommand))); // command+A means nothing here
-        QVERIFY(!post(keyEvent(kCGEventFlagsChanged, kVK_Shift)));
-        QVERIFY(!post(mouseEvent(6, 1, 1)));
+    void whatCannotBePostedIsRefused() {
+        for (const int key : {127, -1, 1000})
+            QVERIFY(!postKey(key));
+        QVERIFY(!postKey(kVK_ANSI_A, kCGEventFlagMaskCommand)); // command+A means nothing here
+        QVERIFY(!postKey(kVK_Shift, 0, kCGEventFlagsChanged));
+        QVERIFY(!postMouse(6, 1, 1));
         QCOMPARE(hear([] {}), All{});
     }
 
     void aClickMovesFirstAndThePointerStays() {
-        QCOMPARE(hear([&] {
-                     for (const std::uint32_t type :
-                          {kCGEventMouseMoved, kCGEventLeftMouseDown, kCGEventLeftMouseUp})
-                         QVERIFY(post(mouseEvent(type, 120, 130)));
-                 }),
-                 (All{toldAt(kCGEventMouseMoved, 120, 130), toldAt(kCGEventLeftMouseDown, 120, 130),
-                      toldAt(kCGEventLeftMouseUp, 120, 130)}));
-        QCOMPARE(m_hand->pointer().x, 120);
-        QCOMPARE(m_hand->pointer().y, 130);
+        QCOMPARE(hear([&] { click(120, 130); }), clickAt(120, 130));
+        QCOMPARE(pointer(), QPoint(120, 130));
         outwaitAClick();
     }
 
@@ -92,53 +91,40 @@ private slots:
         run(QStringLiteral("xmodmap -e 'pointer = 3 2 1'"));
         const auto restore = qScopeGuard([] { run(QStringLiteral("xmodmap -e 'pointer = default'")); });
         const auto isFirstDown = [this] { return m_hand->buttonsDown() == XCB_BUTTON_MASK_1; };
-        QCOMPARE(hear([&] {
-                     QVERIFY(post(mouseEvent(kCGEventMouseMoved, 120, 130)));
-                     QVERIFY(post(mouseEvent(kCGEventLeftMouseDown, 120, 130)));
-                     QVERIFY(isFirstDown());
-                     QVERIFY(post(mouseEvent(kCGEventLeftMouseUp, 120, 130)));
-                 }),
-                 (All{toldAt(kCGEventMouseMoved, 120, 130), toldAt(kCGEventLeftMouseDown, 120, 130),
-                      toldAt(kCGEventLeftMouseUp, 120, 130)}));
+        QCOMPARE(hear([&] { click(120, 130, [&] { QVERIFY(isFirstDown()); }); }), clickAt(120, 130));
         outwaitAClick();
         QCOMPARE(hear([&] { // and what the user's own finger presses
                      m_hand->button(3, true);
                      QVERIFY(isFirstDown());
                      m_hand->button(3, false);
                  }),
-                 (All{toldAt(kCGEventLeftMouseDown, 120, 130), toldAt(kCGEventLeftMouseUp, 120, 130)}));
+                 clickAt(120, 130).mid(1));
     }
 
     void keysArriveWithoutTheModifiersHeld_data() {
-        QTest::addColumn<bool>("faked");
-        QTest::newRow("held on the pen") << false;
-        QTest::newRow("held by a program") << true;
+        Holders::begin({{"held on the pen", false}, {"held by a program", true}});
     }
 
     void keysArriveWithoutTheModifiersHeld() {
-        QFETCH(bool, faked);
+        const auto [faked] = Holders::row();
         m_hand->openFocusedWindow();
         for (const int key : penModifiers)
             faked ? m_hand->fakePress(key) : m_hand->press(key);
         m_hand->takeGivenKeys();
-        QVERIFY(post(keyEvent(kCGEventKeyDown, kVK_Escape)));
-        int presses = 0;
-        for (const auto &given : m_hand->takeGivenKeys()) {
-            if (given.xKeyCode != escape)
-                continue;
-            QCOMPARE(given.modifiers, 0);
-            ++presses;
-        }
-        QCOMPARE(presses, 2);
+        QVERIFY(postKey(kVK_Escape));
+        QVector<int> modifiers;
+        for (const auto &given : m_hand->takeGivenKeys())
+            if (given.xKeyCode == escape)
+                modifiers.append(given.modifiers);
+        QCOMPARE(modifiers, (QVector<int>{0, 0}));
         for (const int key : penModifiers)
             faked ? m_hand->fakeRelease(key) : m_hand->release(key);
     }
 
     void modifiersAreAsBeforeAfterAPost() {
-        for (const int key : penModifiers)
-            m_hand->press(key);
-        QCOMPARE(hear([] {}), (All{changed(kVK_Control), changed(kVK_Shift), changed(kVK_Option)}));
-        QCOMPARE(hear([] { QVERIFY(post(keyEvent(kCGEventKeyDown, kVK_Return, kCGEventFlagMaskCommand))); }),
+        const All modifiers{changed(kVK_Control), changed(kVK_Shift), changed(kVK_Option)};
+        QCOMPARE(hear([&] { pressModifiers(); }), modifiers);
+        QCOMPARE(hear([] { QVERIFY(postKey(kVK_Return, kCGEventFlagMaskCommand)); }),
                  (All{pressed(kVK_F5), released(kVK_F5)}));
         for (const int key : penModifiers)
             QVERIFY(m_hand->isDown(key));
@@ -146,23 +132,28 @@ private slots:
         // The release chord of a held tool, as the pen goes on.
         QCOMPARE(hear([&] {
                      m_hand->type({letterS});
-                     for (const int key : penModifiers)
-                         m_hand->release(key);
+                     releaseModifiers();
                  }),
-                 (All{pressed(kVK_ANSI_S), released(kVK_ANSI_S), changed(kVK_Control), changed(kVK_Shift),
-                      changed(kVK_Option)}));
+                 (All{pressed(kVK_ANSI_S), released(kVK_ANSI_S)} + modifiers));
     }
 
     void clicksArriveWithoutTheModifiersHeld() {
         m_hand->press(option);
-        QVERIFY(post(mouseEvent(kCGEventLeftMouseDown, 10, 10)));
-        QVERIFY(post(mouseEvent(kCGEventLeftMouseUp, 10, 10)));
+        QVERIFY(postMouse(kCGEventLeftMouseDown, 10, 10));
+        QVERIFY(postMouse(kCGEventLeftMouseUp, 10, 10));
         QVERIFY(m_hand->isDown(option));
-        QCOMPARE(hear([&] { m_hand->release(option); }),
-                 (All{changed(kVK_Option), toldAt(kCGEventMouseMoved, 10, 10),
-                      toldAt(kCGEventLeftMouseDown, 10, 10), toldAt(kCGEventLeftMouseUp, 10, 10),
-                      changed(kVK_Option)}));
+        const All optionChanged{changed(kVK_Option)};
+        QCOMPARE(hear([&] { m_hand->release(option); }), optionChanged + clickAt(10, 10) + optionChanged);
         outwaitAClick();
+    }
+
+private:
+    static void click(
+        int x, int y, const std::function<void()> &whileDown = [] {}) {
+        QVERIFY(postMouse(kCGEventMouseMoved, x, y));
+        QVERIFY(postMouse(kCGEventLeftMouseDown, x, y));
+        whileDown();
+        QVERIFY(postMouse(kCGEventLeftMouseUp, x, y));
     }
 };
 

@@ -2,6 +2,7 @@
 #include "platform/Session.h"
 
 #include "support/NoThreads.h"
+#include "support/Table.h"
 #include "support/Thrown.h"
 
 #include <QFile>
@@ -13,6 +14,29 @@
 #include <unistd.h>
 
 using namespace vexa::test;
+
+namespace {
+
+using Platforms = Table<QByteArray, QByteArray, bool>;
+using Sessions = Table<QByteArray, QByteArray, bool>;
+using Scales = Table<QByteArray, QByteArray, QByteArray>;
+
+/// A null value is none at all.
+void setVariable(const char *name, const QByteArray &value) {
+    value.isNull() ? qunsetenv(name) : qputenv(name, value);
+}
+
+void loadResources(const QByteArray &resources) {
+    QProcess xrdb;
+    xrdb.start(QStringLiteral("xrdb"),
+               {QStringLiteral("-nocpp"), QStringLiteral("-load"), QStringLiteral("-")});
+    xrdb.write(resources);
+    xrdb.closeWriteChannel();
+    QVERIFY(xrdb.waitForFinished(-1));
+    QCOMPARE(xrdb.exitCode(), 0);
+}
+
+} // namespace
 
 /// The look at the session before the toolkit's application object exists.
 class SessionTest : public QObject {
@@ -56,21 +80,14 @@ private slots:
     }
 
     void keepsTheWindowsWhereTheInputIs_data() {
-        QTest::addColumn<QByteArray>("users");
-        QTest::addColumn<QByteArray>("platform");
-        QTest::addColumn<bool>("isSaid");
-        QTest::newRow("nothing said") << QByteArray() << QByteArray("xcb") << false;
-        QTest::newRow("the same") << QByteArray("xcb") << QByteArray("xcb") << false;
-        QTest::newRow("the same with arguments")
-            << QByteArray("xcb:key=value") << QByteArray("xcb:key=value") << false;
-        QTest::newRow("Wayland") << QByteArray("wayland") << QByteArray("xcb") << true;
-        QTest::newRow("no platform at all") << QByteArray("xcbnonsense") << QByteArray("xcb") << true;
+        Platforms::begin({{"nothing said", "", "xcb", false},
+                          {"the same", "xcb", "xcb", false},
+                          {"the same with arguments", "xcb:key=value", "xcb:key=value", false},
+                          {"Wayland", "wayland", "xcb", true},
+                          {"no platform at all", "xcbnonsense", "xcb", true}});
     }
-
     void keepsTheWindowsWhereTheInputIs() {
-        QFETCH(QByteArray, users);
-        QFETCH(QByteArray, platform);
-        QFETCH(bool, isSaid);
+        const auto [users, platform, isSaid] = Platforms::row();
         qputenv("QT_QPA_PLATFORM", users);
         if (isSaid)
             QTest::ignoreMessage(QtWarningMsg,
@@ -82,20 +99,13 @@ private slots:
     }
 
     void saysThatThePenIsOutOfReach_data() {
-        QTest::addColumn<QByteArray>("variable");
-        QTest::addColumn<QByteArray>("value");
-        QTest::addColumn<bool>("outOfReach");
-        QTest::newRow("X11 session") << QByteArray("XDG_SESSION_TYPE") << QByteArray("x11") << false;
-        QTest::newRow("Wayland session") << QByteArray("XDG_SESSION_TYPE") << QByteArray("wayland") << true;
-        QTest::newRow("Wayland compositor")
-            << QByteArray("WAYLAND_DISPLAY") << QByteArray("wayland-0") << true;
-        QTest::newRow("none") << QByteArray("WAYLAND_DISPLAY") << QByteArray("") << false;
+        Sessions::begin({{"X11 session", "XDG_SESSION_TYPE", "x11", false},
+                         {"Wayland session", "XDG_SESSION_TYPE", "wayland", true},
+                         {"Wayland compositor", "WAYLAND_DISPLAY", "wayland-0", true},
+                         {"none", "WAYLAND_DISPLAY", "", false}});
     }
-
     void saysThatThePenIsOutOfReach() {
-        QFETCH(QByteArray, variable);
-        QFETCH(QByteArray, value);
-        QFETCH(bool, outOfReach);
+        const auto [variable, value, outOfReach] = Sessions::row();
         qputenv(variable.constData(), value);
         if (outOfReach)
             QTest::ignoreMessage(QtWarningMsg,
@@ -105,82 +115,41 @@ private slots:
         QCOMPARE(vexa::platform::penOutOfReach(), outOfReach);
     }
 
-    void keepsTheToolkitFromABusThatIsNotThere_data() {
-        QTest::addColumn<QByteArray>("address");
-        QTest::newRow("nowhere") << QByteArray("unix:path=/nowhere/at/all");
-        QTest::newRow("not set, for which the toolkit would start one") << QByteArray();
-    }
-
+    /// For one that is not set the toolkit would start one.
     void keepsTheToolkitFromABusThatIsNotThere() {
-        QFETCH(QByteArray, address);
-        if (address.isNull())
-            qunsetenv("DBUS_SESSION_BUS_ADDRESS");
-        else
-            qputenv("DBUS_SESSION_BUS_ADDRESS", address);
-        vexa::platform::prepareSession();
-        QCOMPARE(qgetenv("DBUS_SESSION_BUS_ADDRESS"), QByteArray("disabled:"));
+        for (const QByteArray &address : {QByteArray("unix:path=/nowhere/at/all"), QByteArray()}) {
+            setVariable("DBUS_SESSION_BUS_ADDRESS", address);
+            vexa::platform::prepareSession();
+            QVERIFY2(qgetenv("DBUS_SESSION_BUS_ADDRESS") == "disabled:", address.constData());
+        }
     }
 
-    void scalesAsTheDesktopDoes_data() {
-        QTest::addColumn<QByteArray>("resources");
-        QTest::addColumn<QByteArray>("scale");
-        QTest::newRow("nothing said") << QByteArray("Other.thing: 1\n") << QByteArray("1");
-        QTest::newRow("a little more") << QByteArray("Xft.dpi: 120\n") << QByteArray("1.25");
-        QTest::newRow("more than the screen has room for")
-            << QByteArray("Xft.dpi: 192\n") << QByteArray("1.5");
+    void scalesAsTheDesktopDoesUnlessTheUserSaysOtherwise_data() {
+        Scales::begin({{"nothing said", "Other.thing: 1\n", {}, "1"},
+                       {"a little more", "Xft.dpi: 120\n", {}, "1.25"},
+                       {"more than the screen has room for", "Xft.dpi: 192\n", {}, "1.5"},
+                       {"the user's own", "Xft.dpi: 120\n", "1.5", "1.5"}});
+        for (const char *unusable : {"100", "1e9", "0", "-2", "nan", "inf", "abc", ""})
+            QTest::addRow("the user's '%s'", unusable)
+                << QByteArray("Xft.dpi: 120\n") << QByteArray(unusable) << QByteArray("1.25");
     }
-
-    void scalesAsTheDesktopDoes() {
-        QFETCH(QByteArray, resources);
-        QFETCH(QByteArray, scale);
+    void scalesAsTheDesktopDoesUnlessTheUserSaysOtherwise() {
+        const auto [resources, users, scale] = Scales::row();
         loadResources(resources);
-        qunsetenv("QT_SCALE_FACTOR");
+        setVariable("QT_SCALE_FACTOR", users);
         vexa::platform::prepareSession();
         QCOMPARE(qgetenv("QT_SCALE_FACTOR"), scale);
     }
 
-    void takesAnUnusableScaleOfTheUserForNone() {
-        loadResources("Xft.dpi: 120\n");
-        for (const char *scale : {"100", "1e9", "0", "-2", "nan", "inf", "abc", ""}) {
-            qputenv("QT_SCALE_FACTOR", scale);
-            vexa::platform::prepareSession();
-            QCOMPARE(qgetenv("QT_SCALE_FACTOR"), QByteArray("1.25"));
+    void withoutADisplayTheTextNamesTheCause() {
+        for (const QByteArray &display : {QByteArray(), QByteArray(":98765")}) {
+            setVariable("DISPLAY", display);
+            const QByteArray text = textThrownBy<std::runtime_error>(vexa::platform::prepareSession);
+            QVERIFY2(text == "cannot reach the X server of this session (DISPLAY)", display + ": " + text);
         }
     }
 
-    void leavesAScaleThatTheUserHasSet() {
-        qputenv("QT_SCALE_FACTOR", "1.5");
-        vexa::platform::prepareSession();
-        QCOMPARE(qgetenv("QT_SCALE_FACTOR"), QByteArray("1.5"));
-    }
-
-    void withoutADisplayTheTextNamesTheCause_data() {
-        QTest::addColumn<QByteArray>("display");
-        QTest::newRow("none") << QByteArray();
-        QTest::newRow("one that is not there") << QByteArray(":98765");
-    }
-
-    void withoutADisplayTheTextNamesTheCause() {
-        QFETCH(QByteArray, display);
-        if (display.isNull())
-            qunsetenv("DISPLAY");
-        else
-            qputenv("DISPLAY", display);
-        QCOMPARE(textThrownBy<std::runtime_error>(vexa::platform::prepareSession),
-                 QByteArray("cannot reach the X server of this session (DISPLAY)"));
-    }
-
 private:
-    static void loadResources(const QByteArray &resources) {
-        QProcess xrdb;
-        xrdb.start(QStringLiteral("xrdb"),
-                   {QStringLiteral("-nocpp"), QStringLiteral("-load"), QStringLiteral("-")});
-        xrdb.write(resources);
-        xrdb.closeWriteChannel();
-        QVERIFY(xrdb.waitForFinished(-1));
-        QCOMPARE(xrdb.exitCode(), 0);
-    }
-
     QByteArray m_display;
 };
 
