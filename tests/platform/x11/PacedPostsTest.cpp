@@ -2,14 +2,15 @@
 #include "platform/x11/input/PacedPosts.h"
 
 #include "platform/quartz/CoreGraphics.h"
+#include "support/NoThreads.h"
 #include "support/Table.h"
 
 #include <QtTest>
 
 #include <atomic>
-#include <future>
 #include <memory>
-#include <pthread.h>
+#include <mutex>
+#include <vector>
 
 using namespace std::chrono_literals;
 using vexa::InputEvent;
@@ -17,196 +18,153 @@ using vexa::x11::PacedPosts;
 
 namespace {
 
+using Clock = std::chrono::steady_clock;
 using Types = std::vector<std::uint32_t>;
 
 const Types click{kCGEventMouseMoved, kCGEventLeftMouseDown, kCGEventLeftMouseUp};
+const Types clickAndKey{kCGEventMouseMoved, kCGEventLeftMouseDown, kCGEventLeftMouseUp, kCGEventKeyDown};
 
-/// What has left, and when.
+/// What is posted, what has left of it, and when.
 class Session {
 public:
-    PacedPosts::Post post() {
-        return [this](const InputEvent &event) {
-            const std::lock_guard lock(m_mutex);
-            m_types.push_back(event.type);
-            m_times.push_back(std::chrono::steady_clock::now());
-            return !refuses;
-        };
+    template<typename... Given>
+    explicit Session(Given... pace)
+        : m_posts(std::make_unique<PacedPosts>(
+              [this](const InputEvent &event) { return leave(event); },
+              [this](const InputEvent &) { return [this] { return reads.load(); }; }, pace...)) {}
+
+    bool post(std::uint32_t type) { return m_posts->post({type}); }
+    void postAll(const Types &types) {
+        for (const std::uint32_t type : types)
+            QVERIFY(post(type));
     }
+    void end() { m_posts.reset(); }
+
     Types types() const {
         const std::lock_guard lock(m_mutex);
         return m_types;
     }
-    std::vector<std::chrono::steady_clock::time_point> times() const {
+    std::vector<Clock::time_point> times() const {
         const std::lock_guard lock(m_mutex);
         return m_times;
     }
 
-    /// The program under the clicks.
-    PacedPosts::Ask ask() {
-        return [this](const InputEvent &) { return [this] { return reads.load(); }; };
-    }
-
     bool refuses = false;
-    std::atomic<bool> reads{true};
+    std::atomic<bool> reads{true}; ///< whether the program under the clicks does
 
 private:
+    bool leave(const InputEvent &event) {
+        const std::lock_guard lock(m_mutex);
+        m_types.push_back(event.type);
+        m_times.push_back(Clock::now());
+        return !refuses;
+    }
+
     mutable std::mutex m_mutex;
     Types m_types;
-    std::vector<std::chrono::steady_clock::time_point> m_times;
+    std::vector<Clock::time_point> m_times;
+    std::unique_ptr<PacedPosts> m_posts; // which may post until it has gone
 };
-
-bool post(PacedPosts &posts, std::uint32_t type) {
-    InputEvent event;
-    event.type = type;
-    return posts.post(event);
-}
-
-void postClick(PacedPosts &posts) {
-    for (const std::uint32_t type : click)
-        QVERIFY(post(posts, type));
-}
 
 Types operator+(Types left, const Types &right) {
     left.insert(left.end(), right.begin(), right.end());
     return left;
 }
 
+using Orders = vexa::test::Table<Types, std::size_t>;
 using Ends = vexa::test::Table<PacedPosts::Pace, bool>;
 
 } // namespace
 
 Q_DECLARE_METATYPE(PacedPosts::Pace)
+Q_DECLARE_METATYPE(Types)
 
 /// Where an hour stands for the pause, what leaves does so because it need not wait.
 class PacedPostsTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void withoutAClickEverythingLeavesAtOnce() {
-        Session session;
-        PacedPosts posts(session.post(), session.ask(), {1h, 0ms});
-        const Types all{kCGEventKeyDown, kCGEventKeyUp, kCGEventMouseMoved, kCGEventKeyDown};
-        for (const std::uint32_t type : all)
-            QVERIFY(post(posts, type));
+    void whatNeedNotWaitLeavesAtOnceAndTheRestInOrder_data() {
+        const Types keys{kCGEventKeyDown, kCGEventKeyUp, kCGEventMouseMoved, kCGEventKeyDown};
+        Orders::begin({{"without a click", keys, 4},
+                       {"behind a press alone", Types{kCGEventLeftMouseDown} + keys, 5},
+                       {"a click, a move, and the key behind them",
+                        click + Types{kCGEventMouseMoved, kCGEventKeyDown}, 4},
+                       {"what is posted behind a waiting key",
+                        click + Types{kCGEventKeyDown, kCGEventKeyUp, kCGEventMouseMoved}, 3}});
+    }
+    void whatNeedNotWaitLeavesAtOnceAndTheRestInOrder() {
+        const auto [all, atOnce] = Orders::row();
+        Session session(PacedPosts::Pace{1h, 0ms});
+        session.postAll(all); // and this returns
+        QCOMPARE(session.types(), Types(all.begin(), all.begin() + std::ptrdiff_t(atOnce)));
+        session.end();
         QCOMPARE(session.types(), all);
     }
 
-    void aClickLeavesAtOnceAndTheKeyBehindItWaits() {
-        Session session;
-        PacedPosts posts(session.post(), session.ask(), {1h, 0ms});
-        postClick(posts);
-        QVERIFY(post(posts, kCGEventMouseMoved));
-        QVERIFY(post(posts, kCGEventKeyDown)); // and this returns
-        QCOMPARE(session.types(), click + Types{kCGEventMouseMoved});
-    }
-
-    void whatIsPostedBehindAWaitingKeyWaitsToo() {
-        Session session;
-        {
-            PacedPosts posts(session.post(), session.ask(), {1h, 0ms});
-            postClick(posts);
-            for (const std::uint32_t type : {kCGEventKeyDown, kCGEventKeyUp, kCGEventMouseMoved})
-                QVERIFY(post(posts, type));
-            QCOMPARE(session.types(), click);
-        }
-        QCOMPARE(session.types(), (click + Types{kCGEventKeyDown, kCGEventKeyUp, kCGEventMouseMoved}));
-    }
-
     void aWaitingKeyLeavesByItselfAfterThePause() {
-        Session session;
-        PacedPosts posts(session.post(), session.ask(), {50ms, 0ms});
-        for (int round = 0; round < 3; ++round) {
-            postClick(posts);
-            post(posts, kCGEventKeyDown);
-        }
-        QTRY_COMPARE(session.types().size(), std::size_t{12});
+        Session session(PacedPosts::Pace{50ms, 0ms});
+        for (int round = 0; round < 3; ++round)
+            session.postAll(clickAndKey);
+        QTRY_COMPARE(session.types(), clickAndKey + clickAndKey + clickAndKey);
         const auto times = session.times();
-        for (std::size_t key = 3; key < times.size(); key += 4) {
-            QCOMPARE(session.types()[key], std::uint32_t{kCGEventKeyDown});
+        for (std::size_t key = 3; key < times.size(); key += 4)
             QVERIFY(times[key] - times[key - 1] >= 50ms);
-        }
     }
 
     void unlessToldOtherwiseThePauseIsLongEnoughForABusyProgram() {
         Session session;
-        PacedPosts posts(session.post(), session.ask());
-        postClick(posts);
-        post(posts, kCGEventKeyDown);
-        QTRY_COMPARE(session.types().size(), std::size_t{4});
+        session.postAll(clickAndKey);
+        QTRY_COMPARE(session.types(), clickAndKey);
         QVERIFY(session.times()[3] - session.times()[2] >= 250ms);
     }
 
     void aKeyWaitsForAProgramThatStandsStill() {
-        Session session;
+        Session session(PacedPosts::Pace{300ms, 0ms, 1h});
         session.reads = false;
-        PacedPosts posts(session.post(), session.ask(), {300ms, 0ms, 1h});
-        postClick(posts);
-        post(posts, kCGEventKeyDown);
+        session.postAll(clickAndKey);
         QVERIFY(!QTest::qWaitFor([&] { return session.types() != click; }, 500));
-        const auto read = std::chrono::steady_clock::now();
+        const auto read = Clock::now();
         session.reads = true;
-        QTRY_COMPARE(session.types(), click + Types{kCGEventKeyDown});
+        QTRY_COMPARE(session.types(), clickAndKey);
         QVERIFY(session.times()[3] - read >= 300ms);
     }
 
     void aProgramThatNeverReadsIsNotWaitedForLonger_data() {
-        Ends::begin();
-        QTest::newRow("than its time") << PacedPosts::Pace{300ms, 0ms, 300ms} << false;
-        QTest::newRow("than the end may take") << PacedPosts::Pace{300ms, 30ms, 1h} << true;
+        Ends::begin({{"than its time", {300ms, 0ms, 300ms}, false},
+                     {"than the end may take", {300ms, 30ms, 1h}, true}});
     }
     void aProgramThatNeverReadsIsNotWaitedForLonger() {
         const auto [pace, ends] = Ends::row();
-        Session session;
+        Session session(pace);
         session.reads = false;
-        auto posts = std::make_unique<PacedPosts>(session.post(), session.ask(), pace);
-        postClick(*posts);
-        post(*posts, kCGEventKeyDown);
+        session.postAll(clickAndKey);
         if (ends)
-            posts.reset();
-        QTRY_COMPARE(session.types(), click + Types{kCGEventKeyDown});
-    }
-
-    void aPressAloneLetsNoKeyWait() {
-        Session session;
-        PacedPosts posts(session.post(), session.ask(), {1h, 0ms});
-        QVERIFY(post(posts, kCGEventLeftMouseDown));
-        QVERIFY(post(posts, kCGEventKeyDown));
-        QCOMPARE(session.types(), (Types{kCGEventLeftMouseDown, kCGEventKeyDown}));
+            session.end();
+        QTRY_COMPARE(session.types(), clickAndKey);
     }
 
     void whatWaitsAtTheEndLeavesFirst() {
         for (const PacedPosts::Pace pace : {PacedPosts::Pace{30ms, 1h}, PacedPosts::Pace{1h, 30ms}}) {
-            Session session;
-            {
-                PacedPosts posts(session.post(), session.ask(), pace);
-                postClick(posts);
-                post(posts, kCGEventKeyDown);
-            }
-            QCOMPARE(session.types(), click + Types{kCGEventKeyDown});
+            Session session(pace);
+            session.postAll(clickAndKey);
+            session.end();
+            QCOMPARE(session.types(), clickAndKey);
             QVERIFY(session.times()[3] - session.times()[2] >= 30ms); // in its time, or when there is no more
         }
     }
 
     void aRefusalIsTold() {
-        Session session;
+        Session session(PacedPosts::Pace{1h, 0ms});
         session.refuses = true;
-        PacedPosts posts(session.post(), session.ask(), {1h, 0ms});
-        QVERIFY(!post(posts, kCGEventKeyDown));
+        QVERIFY(!session.post(kCGEventKeyDown));
     }
 
     void withoutAThreadToWaitOnAKeyLeavesAtOnce() {
-        pthread_attr_t usual, impossible;
-        QCOMPARE(pthread_getattr_default_np(&usual), 0);
-        QCOMPARE(pthread_attr_init(&impossible), 0);
-        QCOMPARE(pthread_attr_setstacksize(&impossible, std::size_t{1} << 47), 0); // nobody has that much
-        QCOMPARE(pthread_setattr_default_np(&impossible), 0);
-        Session session;
-        PacedPosts posts(session.post(), session.ask(), {1h, 0ms});
-        postClick(posts);
-        const bool posted = post(posts, kCGEventKeyDown);
-        QCOMPARE(pthread_setattr_default_np(&usual), 0);
-        QVERIFY(posted);
-        QCOMPARE(session.types(), click + Types{kCGEventKeyDown});
+        const vexa::test::NoThreads noThreads;
+        Session session(PacedPosts::Pace{1h, 0ms});
+        session.postAll(clickAndKey);
+        QCOMPARE(session.types(), clickAndKey);
     }
 };
 
