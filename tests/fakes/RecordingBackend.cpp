@@ -81,31 +81,19 @@ void RecordingBackend::feed(const InputEvent &event) {
 }
 
 void RecordingBackend::feedKey(int keyCode, bool down) {
-    InputEvent event;
-    event.type = down ? kCGEventKeyDown : kCGEventKeyUp;
-    event.keyCode = keyCode;
-    feed(event);
+    feed({down ? kCGEventKeyDown : kCGEventKeyUp, keyCode});
 }
 
 void RecordingBackend::feedModifier(int keyCode) {
-    InputEvent event;
-    event.type = kCGEventFlagsChanged;
-    event.keyCode = keyCode;
-    feed(event);
+    feed({kCGEventFlagsChanged, keyCode});
 }
 
 void RecordingBackend::feedMove(double x, double y) {
-    InputEvent event;
-    event.type = kCGEventMouseMoved;
-    event.x = x;
-    event.y = y;
-    feed(event);
+    feed({kCGEventMouseMoved, 0, 0, x, y});
 }
 
 void RecordingBackend::feedButton(bool down) {
-    InputEvent event;
-    event.type = down ? kCGEventLeftMouseDown : kCGEventLeftMouseUp;
-    feed(event);
+    feed({down ? kCGEventLeftMouseDown : kCGEventLeftMouseUp});
 }
 
 std::vector<InputEvent> RecordingBackend::posts() const {

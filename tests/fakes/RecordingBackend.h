@@ -10,6 +10,11 @@
 
 namespace vexa {
 
+inline bool operator==(const InputEvent &one, const InputEvent &other) {
+    return one.type == other.type && one.keyCode == other.keyCode && one.flags == other.flags &&
+           one.x == other.x && one.y == other.y && one.button == other.button;
+}
+
 /// A session made of what a test feeds and what was posted. In use from construction to destruction; any
 /// thread.
 class RecordingBackend : public InputBackend {

@@ -2,12 +2,13 @@
 #include "StatelessPromise.h"
 #include "fakes/RecordingBackend.h"
 #include "input/CKeyboardHandler.h"
+#include "support/NoThreads.h"
+#include "support/Table.h"
 #include "support/Thrown.h"
 
 #include <QSignalSpy>
 #include <QtTest>
 
-#include <pthread.h>
 #include <system_error>
 #include <thread>
 
@@ -32,71 +33,47 @@ void countFailuresTold(QObject *caller, int signal, void **) {
         ++failuresTold;
 }
 
-/// Passes a source on.
-class PassingSource : public vexa::InputSource {
-public:
-    explicit PassingSource(std::unique_ptr<vexa::InputSource> source) : m_source(std::move(source)) {}
-
-    int fd() const override { return m_source->fd(); }
-    bool next(vexa::InputEvent &event) override { return m_source->next(event); }
-
-private:
-    std::unique_ptr<vexa::InputSource> m_source;
-};
-
-/// Notes on which threads its last source came and went. To be read when the handler is gone, which has
-/// joined the only other thread.
+/// Notes on which threads its last source came and went, to be read when the handler is gone, which has
+/// joined the only other thread; and may break the source with its first event.
 class WatchedBackend : public vexa::RecordingBackend {
 public:
+    using Break = void (*)();
+    explicit WatchedBackend(Break breaking = [] {}) : m_breaking(breaking) {}
+
     std::unique_ptr<vexa::InputSource> open() override {
         openedOn = std::this_thread::get_id();
-        return std::make_unique<Source>(RecordingBackend::open(), endedOn);
+        return std::make_unique<Source>(*this, RecordingBackend::open());
     }
 
     std::thread::id openedOn;
     std::thread::id endedOn;
 
 private:
-    class Source : public PassingSource {
+    class Source : public vexa::InputSource {
     public:
-        Source(std::unique_ptr<vexa::InputSource> source, std::thread::id &endedOn)
-            : PassingSource(std::move(source)), m_endedOn(endedOn) {}
-        ~Source() override { m_endedOn = std::this_thread::get_id(); }
+        Source(WatchedBackend &backend, std::unique_ptr<vexa::InputSource> source)
+            : m_backend(backend), m_source(std::move(source)) {}
+        ~Source() override { m_backend.endedOn = std::this_thread::get_id(); }
 
-    private:
-        std::thread::id &m_endedOn;
-    };
-};
-
-/// Its source breaks with its first event.
-class BreakingBackend : public vexa::RecordingBackend {
-public:
-    explicit BreakingBackend(bool withText) : m_withText(withText) {}
-
-    std::unique_ptr<vexa::InputSource> open() override {
-        return std::make_unique<Source>(RecordingBackend::open(), m_withText);
-    }
-
-private:
-    class Source : public PassingSource {
-    public:
-        Source(std::unique_ptr<vexa::InputSource> source, bool withText)
-            : PassingSource(std::move(source)), m_withText(withText) {}
-
+        int fd() const override { return m_source->fd(); }
         bool next(vexa::InputEvent &event) override {
-            if (!PassingSource::next(event))
-                return false;
-            if (m_withText)
-                throw std::runtime_error("the session broke");
-            throw 7;
+            const bool taken = m_source->next(event);
+            if (taken)
+                m_backend.m_breaking();
+            return taken;
         }
 
     private:
-        bool m_withText;
+        WatchedBackend &m_backend;
+        std::unique_ptr<vexa::InputSource> m_source;
     };
 
-    bool m_withText;
+    const Break m_breaking;
 };
+
+using Messages = QList<QVariantList>;
+using Refusals = Table<bool, QByteArray>;
+using Breaks = Table<WatchedBackend::Break, QByteArray>;
 
 /// A handler, and what it tells.
 struct Watched {
@@ -107,6 +84,8 @@ struct Watched {
 };
 
 } // namespace
+
+Q_DECLARE_METATYPE(WatchedBackend::Break)
 
 // The toolkit's hook for debuggers: the one way to hear of a signal of an object whose constructor fails.
 struct QSignalSpyCallbackSet {
@@ -143,9 +122,7 @@ private slots:
         m_backend.feedKey(kVK_ANSI_G, false);
         m_backend.feedKey(kVK_ANSI_A, true);
         QTRY_COMPARE(watched.keys.size(), 3);
-        QCOMPARE(watched.keys.takeFirst(), (QVariantList{kVK_ANSI_G, 1}));
-        QCOMPARE(watched.keys.takeFirst(), (QVariantList{kVK_ANSI_G, 0}));
-        QCOMPARE(watched.keys.takeFirst(), (QVariantList{kVK_ANSI_A, 1}));
+        QCOMPARE(Messages(watched.keys), (Messages{{kVK_ANSI_G, 1}, {kVK_ANSI_G, 0}, {kVK_ANSI_A, 1}}));
     }
 
     void aModifierArrivesWithItsToggledState() {
@@ -153,9 +130,7 @@ private slots:
         for (const int key : {kVK_Control, kVK_RightShift, kVK_Control})
             m_backend.feedModifier(key);
         QTRY_COMPARE(watched.keys.size(), 3);
-        QCOMPARE(watched.keys.at(0), (QVariantList{kVK_Control, 1}));
-        QCOMPARE(watched.keys.at(1), (QVariantList{kVK_RightShift, 0}));
-        QCOMPARE(watched.keys.at(2), (QVariantList{kVK_Control, 0}));
+        QCOMPARE(Messages(watched.keys), (Messages{{kVK_Control, 1}, {kVK_RightShift, 0}, {kVK_Control, 0}}));
     }
 
     void aPointerMoveArrivesWithWholeCoordinates() {
@@ -241,15 +216,9 @@ private slots:
     }
 
     void aThreadThatCannotBeStartedThrowsItsOwnError() {
-        pthread_attr_t usual, impossible;
-        QCOMPARE(pthread_getattr_default_np(&usual), 0);
-        QCOMPARE(pthread_attr_init(&impossible), 0);
-        QCOMPARE(pthread_attr_setstacksize(&impossible, std::size_t{1} << 47),
-                 0); // no address space has that much
-        QCOMPARE(pthread_setattr_default_np(&impossible), 0);
-        const std::error_code thrown = codeThrownBy<std::system_error>([] { CKeyboardHandler(); });
-        QCOMPARE(pthread_setattr_default_np(&usual), 0);
-        QCOMPARE(thrown, std::make_error_code(std::errc::resource_unavailable_try_again));
+        const NoThreads noThreads;
+        QCOMPARE(codeThrownBy<std::system_error>([] { CKeyboardHandler(); }),
+                 std::make_error_code(std::errc::resource_unavailable_try_again));
         QCOMPARE(m_backend.openSources(), 0);
     }
 
@@ -266,67 +235,55 @@ private slots:
     }
 
     void aSecondHandlerBreaksItsPromiseAndTheFirstWorksOn() {
-        CKeyboardHandler first;
-        QSignalSpy keys(&first, &CKeyboardHandler::MysignalKeyboardMessage);
+        Watched first;
         QVERIFY_EXCEPTION_THROWN(CKeyboardHandler(), std::future_error);
         m_backend.feedKey(kVK_ANSI_G, true);
-        QTRY_COMPARE(keys.size(), 1);
+        QTRY_COMPARE(first.keys.size(), 1);
     }
 
     void aFailureIsToldWithItsText_data() {
-        QTest::addColumn<bool>("refused");
-        QTest::addColumn<QByteArray>("text");
-        QTest::newRow("no tap") << true << QByteArray("Failed to create eventTap");
-        QTest::newRow("port taken") << false << QByteArray("Failed to create messagePort");
+        Refusals::begin({{"no tap", true, "Failed to create eventTap"},
+                         {"port taken", false, "Failed to create messagePort"}});
     }
-
     void aFailureIsToldWithItsText() {
-        QFETCH(bool, refused);
-        CKeyboardHandler handler; // holds the port
-        QSignalSpy failures(&handler, &CKeyboardHandler::signalKeyboardException);
+        const auto [refused, text] = Refusals::row();
+        Watched watched; // holds the port
         m_backend.refuse(refused);
-        std::thread(CKeyboardHandler::run, std::promise<CAnyKeyboardKiller>(), &handler).join();
-        QCOMPARE(failures.size(), 1); // told while the thread was still running, on this living handler
-        QTEST(failures.first().first().value<CKeyboardExceptionMessage>().text, "text");
+        std::thread(CKeyboardHandler::run, std::promise<CAnyKeyboardKiller>(), &watched.handler).join();
+        QCOMPARE(watched.failures.size(), 1); // told while the thread was still running
+        QCOMPARE(watched.failures.first().first().value<CKeyboardExceptionMessage>().text, text);
     }
 
     void aFailureWhileListeningIsToldAndTheHandlerStillEnds_data() {
-        QTest::addColumn<bool>("withText");
-        QTest::addColumn<QByteArray>("text");
-        QTest::newRow("a failure with a text") << true << QByteArray("the session broke");
-        QTest::newRow("any other") << false << QByteArray("Unknown keyboard exception!");
+        Breaks::begin({{"a failure with a text", [] { throw std::runtime_error("it broke"); }, "it broke"},
+                       {"any other", [] { throw 7; }, "Unknown keyboard exception!"}});
     }
-
     void aFailureWhileListeningIsToldAndTheHandlerStillEnds() {
-        QFETCH(bool, withText);
-        QFETCH(QByteArray, text);
-        BreakingBackend breaking(withText);
+        const auto [breaking, text] = Breaks::row();
+        WatchedBackend backend(breaking);
         const int before = threadsOfThisProcess();
         {
-            CKeyboardHandler handler;
-            QSignalSpy keys(&handler, &CKeyboardHandler::MysignalKeyboardMessage);
+            Watched watched;
             QByteArrayList told;
-            connect(&handler, &CKeyboardHandler::signalKeyboardException, this,
+            connect(&watched.handler, &CKeyboardHandler::signalKeyboardException, this,
                     [&told](const CKeyboardExceptionMessage &message) { told.append(message.text); });
-            breaking.feedKey(kVK_ANSI_G, true);
+            backend.feedKey(kVK_ANSI_G, true);
             QTRY_COMPARE(told, QByteArrayList{text});
             QTRY_COMPARE(threadsOfThisProcess(), before);
-            QCOMPARE(breaking.openSources(), 0);
-            QVERIFY(keys.isEmpty());
+            QCOMPARE(backend.openSources(), 0);
+            QVERIFY(watched.keys.isEmpty());
         } // its handle reaches nobody any more, and its thread has ended by itself
         QCOMPARE(threadsOfThisProcess(), before);
     }
 
     void aRunWithoutPromiseIsToldAsFailure() {
-        CKeyboardHandler *handler = new CKeyboardHandler;
-        QSignalSpy failures(handler, &CKeyboardHandler::signalKeyboardException);
-        handler->stopListening();
+        Watched watched;
+        watched.handler.stopListening();
         QTRY_COMPARE(m_backend.openSources(), 0); // its port is free
-        std::thread(CKeyboardHandler::run, statelessPromise(), handler).join();
-        QCOMPARE(failures.size(), 1);
-        QVERIFY(!failures.first().first().value<CKeyboardExceptionMessage>().text.isEmpty());
-        delete handler; // the handle it kept reaches nobody, and the destructor still joins
-    }
+        std::thread(CKeyboardHandler::run, statelessPromise(), &watched.handler).join();
+        QCOMPARE(watched.failures.size(), 1);
+        QVERIFY(!watched.failures.first().first().value<CKeyboardExceptionMessage>().text.isEmpty());
+    } // the handle it kept reaches nobody, and the destructor still joins
 
     void theExceptionSlotIgnoresWhatItIsTold() {
         Watched watched;

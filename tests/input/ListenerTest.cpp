@@ -2,6 +2,7 @@
 #include "StatelessPromise.h"
 #include "fakes/RecordingBackend.h"
 #include "input/CKeyboardListenerMac.h"
+#include "support/Table.h"
 #include "support/Thrown.h"
 
 #include <QSignalSpy>
@@ -40,7 +41,18 @@ struct Key {
     bool operator==(const Key &other) const { return code == other.code && state == other.state; }
 };
 
+/// An event, and the state that it is told with.
+struct Change {
+    std::uint32_t type;
+    CGKeyCode key;
+    int state;
+};
+using Changes = Table<QVector<Change>>;
+using Positions = Table<double, double, QPoint>;
+
 } // namespace
+
+Q_DECLARE_METATYPE(Change)
 
 class ListenerTest : public QObject {
     Q_OBJECT
@@ -62,55 +74,37 @@ private slots:
 
     void theMaskIs7206() { QCOMPARE(CKeyboardListenerMac::CreateMask(), CGEventMask{7206}); }
 
+    void keysGiveTheirCodeAndState_data() {
+        constexpr std::uint32_t down = kCGEventKeyDown, up = kCGEventKeyUp, flags = kCGEventFlagsChanged;
+        Changes::begin({
+            {"a press and a release", {{down, kVK_ANSI_G, 1}, {up, kVK_ANSI_G, 0}}},
+            {"a press each time that it repeats",
+             {{down, kVK_ANSI_A, 1}, {down, kVK_ANSI_A, 1}, {down, kVK_ANSI_A, 1}, {up, kVK_ANSI_A, 0}}},
+            {"the left shift alone", {{flags, kVK_Shift, 1}, {flags, kVK_Shift, 0}}},
+            {"the three left modifiers, each by itself",
+             {{flags, kVK_Control, 1},
+              {flags, kVK_Shift, 1},
+              {flags, kVK_Option, 1},
+              {flags, kVK_Shift, 0},
+              {flags, kVK_Control, 0},
+              {flags, kVK_Option, 0}}},
+        });
+        for (const CGKeyCode key :
+             std::initializer_list<CGKeyCode>{kVK_RightCommand, kVK_Command, kVK_CapsLock, kVK_RightShift,
+                                              kVK_RightOption, kVK_RightControl, kVK_Function})
+            QTest::addRow("modifier %d, which toggles nothing", int(key))
+                << QVector<Change>{{flags, key, 0}, {flags, key, 0}, {flags, kVK_Shift, 1}};
+    }
     void keysGiveTheirCodeAndState() {
-        send({kCGEventKeyDown, kVK_ANSI_G});
-        send({kCGEventKeyUp, kVK_ANSI_G});
-        QCOMPARE(keysOf(*m_keys), (QVector<Key>{{kVK_ANSI_G, 1}, {kVK_ANSI_G, 0}}));
-        const auto message = m_keys->first().first().value<CKeyboardMessage>();
-        QVERIFY(message.text.isEmpty());
+        const auto [changes] = Changes::row();
+        QVector<Key> expected;
+        for (const auto &[type, key, state] : changes) {
+            send({type, key});
+            expected.append({key, state});
+        }
+        QCOMPARE(keysOf(*m_keys), expected);
+        QVERIFY(m_keys->first().first().value<CKeyboardMessage>().text.isEmpty());
         QVERIFY(m_moves->isEmpty());
-    }
-
-    void autoRepeatGivesAPressEachTime() {
-        for (const std::uint32_t type : {kCGEventKeyDown, kCGEventKeyDown, kCGEventKeyDown, kCGEventKeyUp})
-            send({type, 0});
-        QCOMPARE(keysOf(*m_keys),
-                 (QVector<Key>{{kVK_ANSI_A, 1}, {kVK_ANSI_A, 1}, {kVK_ANSI_A, 1}, {kVK_ANSI_A, 0}}));
-    }
-
-    void leftShiftAloneTogglesOnAndOff() {
-        send({kCGEventFlagsChanged, kVK_Shift});
-        send({kCGEventFlagsChanged, kVK_Shift});
-        QCOMPARE(keysOf(*m_keys), (QVector<Key>{{kVK_Shift, 1}, {kVK_Shift, 0}}));
-    }
-
-    void theThreeLeftModifiersToggleIndependently() {
-        for (const CGKeyCode key : std::initializer_list<CGKeyCode>{kVK_Control, kVK_Shift, kVK_Option,
-                                                                    kVK_Shift, kVK_Control, kVK_Option})
-            send({kCGEventFlagsChanged, key});
-        QCOMPARE(keysOf(*m_keys), (QVector<Key>{{kVK_Control, 1},
-                                                {kVK_Shift, 1},
-                                                {kVK_Option, 1},
-                                                {kVK_Shift, 0},
-                                                {kVK_Control, 0},
-                                                {kVK_Option, 0}}));
-    }
-
-    void otherModifiersHaveStateZero_data() {
-        QTest::addColumn<int>("key");
-        for (const int key : {kVK_RightCommand, kVK_Command, kVK_CapsLock, kVK_RightShift, kVK_RightOption,
-                              kVK_RightControl, kVK_Function})
-            QTest::addRow("%d", key) << key;
-    }
-
-    void otherModifiersHaveStateZero() {
-        QFETCH(int, key);
-        send({kCGEventFlagsChanged, CGKeyCode(key)});
-        send({kCGEventFlagsChanged, CGKeyCode(key)});
-        QCOMPARE(keysOf(*m_keys), (QVector<Key>{{key, 0}, {key, 0}}));
-        m_keys->clear();
-        send({kCGEventFlagsChanged, kVK_Shift}); // and no toggle has changed
-        QCOMPARE(keysOf(*m_keys), (QVector<Key>{{kVK_Shift, 1}}));
     }
 
     void aReleaseSeenFirstIsCountedAsAChange() {
@@ -120,46 +114,26 @@ private slots:
         QCOMPARE(keysOf(*m_keys), (QVector<Key>{{kVK_Control, 1}}));
     }
 
-    void leftClicksGiveNoMessage() {
-        send({kCGEventLeftMouseDown, CGPointMake(3, 4)});
-        send({kCGEventLeftMouseUp, CGPointMake(3, 4)});
-        QVERIFY(m_keys->isEmpty());
-        QVERIFY(m_moves->isEmpty());
-    }
-
-    void dragsAndOtherTypesGiveNoMessage_data() {
-        QTest::addColumn<uint>("type");
-        for (const uint type : {0u, 3u, 4u, 6u, 7u, 8u, 9u, 13u, 14u, 22u, 64u, 0xFFFFFFFFu})
-            QTest::addRow("%u", type) << type;
-    }
-
-    void dragsAndOtherTypesGiveNoMessage() {
-        QFETCH(uint, type);
-        const Event event(type, CGPointMake(3, 4));
-        QCOMPARE(send(event), event.get());
-        QVERIFY(m_keys->isEmpty());
-        QVERIFY(m_moves->isEmpty());
+    void clicksDragsAndOtherTypesGiveNoMessage() {
+        for (const uint type : {0u, 1u, 2u, 3u, 4u, 6u, 7u, 8u, 9u, 13u, 14u, 22u, 64u, 0xFFFFFFFFu}) {
+            const Event event(type, CGPointMake(3, 4));
+            const bool returned = send(event) == event.get();
+            QVERIFY2(returned && m_keys->isEmpty() && m_moves->isEmpty(), qPrintable(QString::number(type)));
+        }
     }
 
     void positionsAreTruncatedTowardZero_data() {
-        QTest::addColumn<double>("x");
-        QTest::addColumn<double>("y");
-        QTest::addColumn<int>("expectedX");
-        QTest::addColumn<int>("expectedY");
-        QTest::newRow("inside") << 100.9 << 0.99 << 100 << 0;
-        QTest::newRow("just left of the screen") << -0.5 << -0.99 << 0 << 0;
-        QTest::newRow("far left") << -1280.7 << 1079.0 << -1280 << 1079;
+        Positions::begin({{"inside", 100.9, 0.99, {100, 0}},
+                          {"just left of the screen", -0.5, -0.99, {0, 0}},
+                          {"far left", -1280.7, 1079.0, {-1280, 1079}}});
     }
-
     void positionsAreTruncatedTowardZero() {
-        QFETCH(double, x);
-        QFETCH(double, y);
+        const auto [x, y, expected] = Positions::row();
         send({kCGEventMouseMoved, CGPointMake(x, y)});
         QCOMPARE(m_moves->size(), 1);
         const auto message = m_moves->first().first().value<CKeyboardMessage>();
         QCOMPARE(message.mouseEvent, 5);
-        QTEST(message.mouseX, "expectedX");
-        QTEST(message.mouseY, "expectedY");
+        QCOMPARE(QPoint(message.mouseX, message.mouseY), expected);
         QVERIFY(m_keys->isEmpty());
     }
 
@@ -177,9 +151,7 @@ private slots:
 
     void aDisabledTapIsEnabledAgain() {
         for (const std::uint32_t reason : {kCGEventTapDisabledByTimeout, kCGEventTapDisabledByUserInput}) {
-            vexa::InputEvent disabled;
-            disabled.type = reason;
-            m_backend->feed(disabled);
+            m_backend->feed({reason});
             m_backend->feedKey(kVK_ANSI_G, true);
             pump();
             QCOMPARE(keysOf(*m_keys), (QVector<Key>{{kVK_ANSI_G, 1}}));

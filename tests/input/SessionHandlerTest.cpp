@@ -5,6 +5,7 @@
 #include "platform/quartz/InputBackend.h"
 #include "platform/quartz/VirtualKeys.h"
 #include "support/Hand.h"
+#include "support/XKeys.h"
 
 #include <QSignalSpy>
 #include <QTemporaryFile>
@@ -17,8 +18,7 @@ using namespace vexa::test;
 
 namespace {
 
-constexpr int control = 37, shift = 50, option = 64, letterG = 42, letterS = 39;
-constexpr int f5 = 71, escape = 9, space = 65, pageUp = 112;
+using Messages = QList<QVariantList>;
 
 /// Takes what the process writes to its standard output and error, as long as it lives.
 class TakenOutput {
@@ -73,11 +73,9 @@ private slots:
         QSignalSpy keys(&handler, &CKeyboardHandler::MysignalKeyboardMessage);
         m_hand.type({control, shift, option, letterG});
         QTRY_COMPARE(keys.size(), 8);
-        const QVector<QVariantList> expected{{kVK_Control, 1}, {kVK_Shift, 1},  {kVK_Option, 1},
-                                             {kVK_ANSI_G, 1},  {kVK_ANSI_G, 0}, {kVK_Option, 0},
-                                             {kVK_Shift, 0},   {kVK_Control, 0}};
-        for (int i = 0; i < expected.size(); ++i)
-            QCOMPARE(keys.at(i), expected.at(i));
+        const Messages expected{{kVK_Control, 1}, {kVK_Shift, 1},  {kVK_Option, 1}, {kVK_ANSI_G, 1},
+                                {kVK_ANSI_G, 0},  {kVK_Option, 0}, {kVK_Shift, 0},  {kVK_Control, 0}};
+        QCOMPARE(Messages(keys), expected);
     }
 
     void thePointerArrivesAsMessages() {
@@ -91,19 +89,17 @@ private slots:
     void theReleaseChordIsRecognisedAfterAPostInBetween() {
         CKeyboardHandler handler;
         QSignalSpy keys(&handler, &CKeyboardHandler::MysignalKeyboardMessage);
-        for (const int key : {control, shift, option})
+        for (const int key : penModifiers)
             m_hand.press(key);
         CKeyboardListenerMac::SetPageUp();
-        m_hand.press(letterS);
-        m_hand.release(letterS);
+        m_hand.type({letterS});
         for (const int key : {option, shift, control})
             m_hand.release(key);
         QTRY_COMPARE(keys.size(), 10);
-        const QVector<QVariantList> expected{
-            {kVK_Control, 1}, {kVK_Shift, 1},  {kVK_Option, 1}, {kVK_PageUp, 1}, {kVK_PageUp, 0},
-            {kVK_ANSI_S, 1},  {kVK_ANSI_S, 0}, {kVK_Option, 0}, {kVK_Shift, 0},  {kVK_Control, 0}};
-        for (int i = 0; i < expected.size(); ++i)
-            QCOMPARE(keys.at(i), expected.at(i));
+        const Messages expected{{kVK_Control, 1}, {kVK_Shift, 1},  {kVK_Option, 1}, {kVK_PageUp, 1},
+                                {kVK_PageUp, 0},  {kVK_ANSI_S, 1}, {kVK_ANSI_S, 0}, {kVK_Option, 0},
+                                {kVK_Shift, 0},   {kVK_Control, 0}};
+        QCOMPARE(Messages(keys), expected);
     }
 
     void theSlideShowIsStartedAndEnded() {

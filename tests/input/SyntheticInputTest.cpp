@@ -1,120 +1,94 @@
 // SPDX-License-Identifier: MIT
 #include "fakes/RecordingBackend.h"
 #include "input/CKeyboardListenerMac.h"
-
-#include <QtTest>
+#include "support/Table.h"
 
 namespace {
 
-struct Posted {
-    std::uint32_t type;
-    std::int64_t key;
-    std::uint64_t flags;
-    double x, y;
-    bool operator==(const Posted &other) const {
-        return type == other.type && key == other.key && flags == other.flags && x == other.x && y == other.y;
-    }
-};
+using Posts = std::vector<vexa::InputEvent>;
 
-Posted key(std::uint32_t type, int code, std::uint64_t flags = 0) {
-    return {type, code, flags, 0, 0};
+vexa::InputEvent mouse(std::uint32_t type, double x, double y, std::uint32_t button = 0) {
+    return {type, 0, 0, x, y, button};
 }
 
-Posted mouse(std::uint32_t type, double x, double y) {
-    return {type, 0, 0, x, y};
-}
+using Listener = CKeyboardListenerMac;
+using Call = void (*)();
+using Calls = vexa::test::Table<Call, Posts>;
 
 } // namespace
+
+Q_DECLARE_METATYPE(Call)
+Q_DECLARE_METATYPE(Posts)
 
 class SyntheticInputTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { QVERIFY(!CKeyboardListenerMac::EnterPPT); }
+    void initTestCase() { QVERIFY(!Listener::EnterPPT); }
     void init() {
         m_backend.refuse(false);
         m_backend.clearPosts();
-        CKeyboardListenerMac::EnterPPT = false;
+        Listener::EnterPPT = false;
     }
 
     void twoSlideShowCallsPostCommandReturnThenEscape() {
-        CKeyboardListenerMac::SetPPTFullScreen();
-        QVERIFY(CKeyboardListenerMac::EnterPPT);
-        QCOMPARE(posted(), (QVector<Posted>{key(kCGEventKeyDown, kVK_Return, kCGEventFlagMaskCommand)}));
-        CKeyboardListenerMac::SetPPTFullScreen();
-        QVERIFY(!CKeyboardListenerMac::EnterPPT);
-        QCOMPARE(posted(), (QVector<Posted>{key(kCGEventKeyDown, kVK_Return, kCGEventFlagMaskCommand),
-                                            key(kCGEventKeyDown, kVK_Escape)}));
+        Listener::SetPPTFullScreen();
+        QVERIFY(Listener::EnterPPT);
+        QCOMPARE(m_backend.posts(), (Posts{{kCGEventKeyDown, kVK_Return, kCGEventFlagMaskCommand}}));
+        Listener::SetPPTFullScreen();
+        QVERIFY(!Listener::EnterPPT);
+        QCOMPARE(m_backend.posts(), (Posts{{kCGEventKeyDown, kVK_Return, kCGEventFlagMaskCommand},
+                                           {kCGEventKeyDown, kVK_Escape}}));
     }
 
-    void playOrPausePostsSpaceDownAndUp() {
-        CKeyboardListenerMac::SetPlayOrPause();
-        QCOMPARE(posted(), (QVector<Posted>{key(kCGEventKeyDown, kVK_Space), key(kCGEventKeyUp, kVK_Space)}));
+    void postsWhatItIsCalledFor_data() {
+        Calls::begin({
+            {"play or pause, with its release",
+             Listener::SetPlayOrPause,
+             {{kCGEventKeyDown, kVK_Space}, {kCGEventKeyUp, kVK_Space}}},
+            {"page up, without", Listener::SetPageUp, {{kCGEventKeyDown, kVK_PageUp}}},
+            {"a move", [] { Listener::SetMouseMove(4, -7); }, {mouse(kCGEventMouseMoved, 4, -7)}},
+            {"a press, which moves first and does not release",
+             [] { Listener::SetMouseDown(10, 20); },
+             {mouse(kCGEventMouseMoved, 10, 20), mouse(kCGEventLeftMouseDown, 10, 20)}},
+            {"a click",
+             [] { Listener::SetMouseClick(10, 20); },
+             {mouse(kCGEventMouseMoved, 10, 20), mouse(kCGEventLeftMouseDown, 10, 20),
+              mouse(kCGEventLeftMouseUp, 10, 20)}},
+            {"any mouse event",
+             [] {
+                 PostMouseEvent(kCGMouseButtonRight, kCGEventLeftMouseUp, {1.5, 2.5});
+             },
+             {mouse(kCGEventLeftMouseUp, 1.5, 2.5, 1)}},
+            {"the camera's pane", Listener::SetpTosysCamera, {}},
+        });
     }
-
-    void pageUpPostsNoKeyUp() {
-        CKeyboardListenerMac::SetPageUp();
-        QCOMPARE(posted(), (QVector<Posted>{key(kCGEventKeyDown, kVK_PageUp)}));
-    }
-
-    void movingPostsOneMove() {
-        CKeyboardListenerMac::SetMouseMove(4, -7);
-        QCOMPARE(posted(), (QVector<Posted>{mouse(kCGEventMouseMoved, 4, -7)}));
-    }
-
-    void pressingMovesFirstAndDoesNotRelease() {
-        CKeyboardListenerMac::SetMouseDown(10, 20);
-        QCOMPARE(posted(),
-                 (QVector<Posted>{mouse(kCGEventMouseMoved, 10, 20), mouse(kCGEventLeftMouseDown, 10, 20)}));
-    }
-
-    void clickingMovesPressesAndReleases() {
-        CKeyboardListenerMac::SetMouseClick(10, 20);
-        QCOMPARE(posted(),
-                 (QVector<Posted>{mouse(kCGEventMouseMoved, 10, 20), mouse(kCGEventLeftMouseDown, 10, 20),
-                                  mouse(kCGEventLeftMouseUp, 10, 20)}));
-        for (const vexa::InputEvent &event : m_backend.posts())
-            QCOMPARE(event.button, 0u);
-    }
-
-    void anyMouseEventCanBePosted() {
-        PostMouseEvent(kCGMouseButtonRight, kCGEventLeftMouseUp, CGPointMake(1.5, 2.5));
-        QCOMPARE(posted(), (QVector<Posted>{mouse(kCGEventLeftMouseUp, 1.5, 2.5)}));
-        QCOMPARE(m_backend.posts().front().button, 1u);
-    }
-
-    void openingThePermissionPanePostsNothing() {
-        CKeyboardListenerMac::SetpTosysCamera();
-        QVERIFY(posted().isEmpty());
+    void postsWhatItIsCalledFor() {
+        const auto [call, expected] = Calls::row();
+        call();
+        QCOMPARE(m_backend.posts(), expected);
     }
 
     void onlyTheSlideShowFlipsTheFlag() {
         for (const bool flag : {false, true}) {
-            CKeyboardListenerMac::EnterPPT = flag;
-            CKeyboardListenerMac::SetPlayOrPause();
-            CKeyboardListenerMac::SetPageUp();
-            CKeyboardListenerMac::SetMouseClick(1, 1);
-            CKeyboardListenerMac::SetMouseDown(1, 1);
-            CKeyboardListenerMac::SetpTosysCamera();
-            QCOMPARE(CKeyboardListenerMac::EnterPPT, flag);
+            Listener::EnterPPT = flag;
+            Listener::SetPlayOrPause();
+            Listener::SetPageUp();
+            Listener::SetMouseClick(1, 1);
+            Listener::SetMouseDown(1, 1);
+            Listener::SetpTosysCamera();
+            QCOMPARE(Listener::EnterPPT, flag);
         }
     }
 
     void aRefusedPostChangesNothingElse() {
         m_backend.refuse();
-        CKeyboardListenerMac::SetPPTFullScreen();
-        QVERIFY(CKeyboardListenerMac::EnterPPT);
-        QVERIFY(posted().isEmpty());
+        Listener::SetPPTFullScreen();
+        QVERIFY(Listener::EnterPPT);
+        QVERIFY(m_backend.posts().empty());
     }
 
 private:
-    QVector<Posted> posted() const {
-        QVector<Posted> all;
-        for (const vexa::InputEvent &event : m_backend.posts())
-            all.append({event.type, event.keyCode, event.flags, event.x, event.y});
-        return all;
-    }
-
     vexa::RecordingBackend m_backend;
 };
 

@@ -3,6 +3,7 @@
 #include "input/CEventTap.h"
 #include "input/CMessagePort.h"
 #include "input/CRunLoopSource.h"
+#include "support/Table.h"
 
 #include <QtTest>
 
@@ -23,6 +24,7 @@ void freeCounted(int *object) {
 }
 
 using Owner = vexa::OwnedReference<int *, freeCounted>;
+using Use = void (*)(Owner &);
 using Freed = std::vector<int>;
 
 CFDataRef noAnswer(CFMessagePortRef, SInt32, CFDataRef, void *) {
@@ -54,7 +56,14 @@ template<typename Wrapper> constexpr bool freesWithoutThrowing() {
         std::declval<Wrapper &>().Set(Reference())) &&noexcept(std::declval<Wrapper &>() = nullptr);
 }
 
+/// What a use of a wrapper frees, what the wrapper shows then, and what was freed when it has gone.
+using Uses = vexa::test::Table<Freed, int *, Freed, Use>;
+
 } // namespace
+
+Q_DECLARE_METATYPE(Use)
+Q_DECLARE_METATYPE(Freed)
+Q_DECLARE_METATYPE(int *)
 
 class WrappersTest : public QObject {
     Q_OBJECT
@@ -75,102 +84,58 @@ private slots:
         QVERIFY(freed.empty());
     }
 
-    void destructionFrees() {
-        {
-            Owner owner(reference(1));
-            QVERIFY(owner);
-            QCOMPARE(owner.Get(), reference(1));
-            QVERIFY(freed.empty());
-        }
-        QCOMPARE(freed, Freed{1});
-    }
-
-    void freeFreesOnce() {
-        {
-            Owner owner(reference(1));
+    /// By a wrapper that has the first one. Assigned null, it keeps showing what it has freed.
+    void eachReferenceIsFreedOnce_data() {
+        Uses::begin();
+        const auto row = [](const char *name, const Freed &byIt, int *shown, const Freed &inAll, Use use) {
+            QTest::newRow(name) << byIt << shown << inAll << use;
+        };
+        int *const first = reference(1);
+        int *const second = reference(2);
+        row("not used", {}, first, {1}, [](Owner &) {});
+        row("freed", {1}, nullptr, {1}, [](Owner &owner) { owner.Free(); });
+        row("freed twice", {1}, nullptr, {1}, [](Owner &owner) {
             owner.Free();
-            QCOMPARE(freed, Freed{1});
             owner.Free();
-        }
-        QCOMPARE(freed, Freed{1});
-    }
-
-    void setFreesTheOldReference() {
-        {
-            Owner owner;
-            owner.Set(reference(1));
-            QVERIFY(freed.empty());
-            owner.Set(reference(2));
-            QCOMPARE(freed, Freed{1});
-            QCOMPARE(owner.Get(), reference(2));
-        }
-        QCOMPARE(freed, (Freed{1, 2}));
-    }
-
-    void moveConstructionTransfers() {
-        {
-            Owner source(reference(1));
-            const Owner target(std::move(source));
-            QVERIFY(!source);
+        });
+        row("set", {1}, second, {1, 2}, [](Owner &owner) { owner.Set(reference(2)); });
+        row("released", {}, nullptr, {}, [](Owner &owner) { QCOMPARE(owner.Release(), reference(1)); });
+        row("moved from", {1}, nullptr, {1}, [](Owner &owner) {
+            const Owner target(std::move(owner));
             QCOMPARE(target.Get(), reference(1));
             QVERIFY(freed.empty());
-        }
-        QCOMPARE(freed, Freed{1});
-    }
-
-    void moveAssignmentFreesTheOwnAndTakesTheOther() {
-        {
-            Owner source(reference(1));
+        });
+        row("assigned from", {2, 1}, nullptr, {2, 1}, [](Owner &owner) {
             Owner target(reference(2));
-            target = std::move(source);
-            QCOMPARE(freed, Freed{2});
-            QVERIFY(!source);
+            target = std::move(owner);
             QCOMPARE(target.Get(), reference(1));
-        }
-        QCOMPARE(freed, (Freed{2, 1}));
-    }
-
-    void moveAssignmentToItselfKeepsTheReference() {
-        {
-            Owner owner(reference(1));
+            QCOMPARE(freed, Freed{2});
+        });
+        row("assigned another", {1}, second, {1, 2}, [](Owner &owner) { owner = Owner(reference(2)); });
+        row("assigned itself", {}, first, {1}, [](Owner &owner) {
             Owner &same = owner;
             owner = std::move(same);
-            QVERIFY(freed.empty());
-            QCOMPARE(owner.Get(), reference(1));
-        }
-        QCOMPARE(freed, Freed{1});
+        });
+        row("assigned null", {1}, first, {1}, [](Owner &owner) { owner = nullptr; });
+        row("assigned null, then another", {1}, second, {1, 2}, [](Owner &owner) {
+            owner = nullptr;
+            owner = Owner(reference(2));
+        });
+        row("assigned null, then set", {1}, second, {1, 2}, [](Owner &owner) {
+            owner = nullptr;
+            owner.Set(reference(2));
+        });
     }
-
-    void releaseGivesUpOwnership() {
+    void eachReferenceIsFreedOnce() {
+        const auto [freedByIt, shown, freedInAll, use] = Uses::row();
         {
             Owner owner(reference(1));
-            QCOMPARE(owner.Release(), reference(1));
-            QVERIFY(!owner);
+            use(owner);
+            QCOMPARE(freed, freedByIt);
+            QCOMPARE(owner.Get(), shown);
+            QCOMPARE(bool(owner), shown != nullptr);
         }
-        QVERIFY(freed.empty());
-    }
-
-    void assignmentOfNullFreesAndKeepsShowingTheReference() {
-        Owner owner(reference(1));
-        owner = nullptr;
-        QCOMPARE(freed, Freed{1});
-        QCOMPARE(owner.Get(), reference(1));
-        QVERIFY(owner);
-    }
-
-    void aWrapperAssignedNullCanBeReassigned() {
-        {
-            Owner byMove(reference(1));
-            byMove = nullptr;
-            byMove = Owner(reference(2));
-            QCOMPARE(byMove.Get(), reference(2));
-            Owner bySet(reference(3));
-            bySet = nullptr;
-            bySet.Set(reference(4));
-            QCOMPARE(bySet.Get(), reference(4));
-            QCOMPARE(freed, (Freed{1, 3}));
-        }
-        QCOMPARE(freed, (Freed{1, 3, 4, 2}));
+        QCOMPARE(freed, freedInAll);
     }
 
     void theThreeWrappersCanOnlyBeMoved() {
