@@ -3,6 +3,8 @@
 #include "input/CKeyboardHandler.h"
 #include "input/CKeyboardListenerMac.h"
 #include "platform/quartz/VirtualKeys.h"
+#include "support/Table.h"
+#include "support/Thrown.h"
 
 #include <QSignalSpy>
 #include <QtTest>
@@ -14,21 +16,24 @@
 namespace {
 
 fakes::InputEvent key(CGEventType type, std::int64_t code) {
-    fakes::InputEvent event;
-    event.type = type;
-    event.keyCode = code;
-    return event;
+    return {type, code};
 }
 
 fakes::InputEvent pointer(CGEventType type, double x, double y) {
-    fakes::InputEvent event;
-    event.type = type;
-    event.point = {x, y};
-    return event;
+    return {type, 0, 0, {x, y}};
 }
 
-using Post = std::function<void()>;
-using Messages = QList<QList<QVariant>>;
+using Messages = QList<QVariantList>;
+using Reasons = vexa::test::Table<CGEventType>;
+using Steps = vexa::test::Table<bool fakes::Quartz::*, QByteArray>;
+using Post = void (*)();
+using Posts = vexa::test::Table<Post, QStringList, int>;
+
+// A key comes from no source at all, and stays the system's; pressed is 1.
+QStringList postingOfKey(int code, int pressed, const QString &flags) {
+    return {QStringLiteral("CGEventCreateKeyboardEvent null %1 %2").arg(code).arg(pressed), flags,
+            QStringLiteral("CGEventPost 0")};
+}
 
 // One mouse event of a click: each has a source of its own, which is not released, and is released itself.
 QStringList postingOf(int type, const QString &point) {
@@ -40,6 +45,8 @@ QStringList postingOf(int type, const QString &point) {
 
 } // namespace
 
+Q_DECLARE_METATYPE(CGEventType)
+Q_DECLARE_METATYPE(bool fakes::Quartz::*)
 Q_DECLARE_METATYPE(Post)
 
 /// The program's own listener, built against Apple's names, on a fake of what Apple has behind them.
@@ -138,19 +145,18 @@ private slots:
     }
 
     void switchesOnAgainATapThatWasSwitchedOff_data() {
-        QTest::addColumn<quint32>("reason");
-        QTest::newRow("too slow") << quint32(kCGEventTapDisabledByTimeout);
-        QTest::newRow("by user input, as around sleep") << quint32(kCGEventTapDisabledByUserInput);
+        Reasons::begin({{"too slow", kCGEventTapDisabledByTimeout},
+                        {"by user input, as around sleep", kCGEventTapDisabledByUserInput}});
     }
 
     // The modifiers were let go while nobody listened; then the pen is pressed.
     void switchesOnAgainATapThatWasSwitchedOff() {
-        QFETCH(quint32, reason);
+        const auto [reason] = Reasons::row();
         const CKeyboardHandler handler;
         QSignalSpy keys(&handler, &CKeyboardHandler::MysignalKeyboardMessage);
         for (const int code : {kVK_Shift, kVK_Option, kVK_Control})
             QVERIFY(m_quartz->send(key(kCGEventFlagsChanged, code)));
-        m_quartz->disableTaps(CGEventType(reason));
+        m_quartz->disableTaps(reason);
         QCOMPARE(m_quartz->enabledTaps(), 1);
         for (const int code : {kVK_Control, kVK_Option, kVK_Shift})
             QVERIFY(m_quartz->send(key(kCGEventFlagsChanged, code)));
@@ -185,29 +191,19 @@ private slots:
     }
 
     void namesTheStepThatFailed_data() {
-        QTest::addColumn<int>("step");
-        QTest::addColumn<QByteArray>("text");
-        QTest::newRow("tap") << 0 << QByteArray("Failed to create eventTap");
-        QTest::newRow("local port") << 1 << QByteArray("Failed to create messagePort");
-        QTest::newRow("remote port") << 2 << QByteArray("Failed to create killerMessagePort");
+        Steps::begin(
+            {{"tap", &fakes::Quartz::permitsTaps, "Failed to create eventTap"},
+             {"local port", &fakes::Quartz::permitsLocalPorts, "Failed to create messagePort"},
+             {"remote port", &fakes::Quartz::permitsRemotePorts, "Failed to create killerMessagePort"}});
     }
-
     void namesTheStepThatFailed() {
-        QFETCH(int, step);
-        QFETCH(QByteArray, text);
-        constexpr bool fakes::Quartz::*steps[] = {&fakes::Quartz::permitsTaps,
-                                                  &fakes::Quartz::permitsLocalPorts,
-                                                  &fakes::Quartz::permitsRemotePorts};
-        *m_quartz.*steps[step] = false;
+        const auto [step, text] = Steps::row();
+        *m_quartz.*step = false;
         std::promise<CAnyKeyboardKiller> promise;
         auto killer = promise.get_future();
-        QByteArray thrown;
-        try {
-            CKeyboardListenerMac listener(std::move(promise));
-        } catch (const std::runtime_error &error) {
-            thrown = error.what();
-        }
-        QCOMPARE(thrown, text);
+        QCOMPARE(vexa::test::textThrownBy<std::runtime_error>(
+                     [&] { const CKeyboardListenerMac listener(std::move(promise)); }),
+                 text);
         QVERIFY_EXCEPTION_THROWN(killer.get(), std::future_error);
     }
 
@@ -215,25 +211,6 @@ private slots:
         for (int time = 0; time < 20; ++time)
             const CKeyboardHandler handler;
         QCOMPARE(m_quartz->taps().size(), std::size_t{20});
-    }
-
-    void postsTheSlideShowsKeys() {
-        CKeyboardListenerMac::EnterPPT = false;
-        CKeyboardListenerMac::SetPPTFullScreen();
-        CKeyboardListenerMac::SetPPTFullScreen();
-        const auto posted = m_quartz->posted();
-        QCOMPARE(posted.size(), std::size_t{2});
-        QCOMPARE(posted[0].keyCode, std::int64_t{kVK_Return});
-        QCOMPARE(quint64(posted[0].flags), quint64(0x100000));
-        QCOMPARE(posted[1].keyCode, std::int64_t{kVK_Escape});
-        QCOMPARE(quint64(posted[1].flags), quint64(0));
-        for (const auto &event : posted) {
-            QCOMPARE(int(event.type), 10);
-            QCOMPARE(int(event.location), 0);
-            QVERIFY(!event.privateSource); // posted from no source at all
-        }
-        QVERIFY(!CKeyboardListenerMac::EnterPPT);
-        QCOMPARE(m_quartz->eventsAlive(), 2); // posted keys stay the system's
     }
 
     // 0x800000 is the function key, which belongs to page up; the others are the four that make a chord.
@@ -251,60 +228,36 @@ private slots:
         QVERIFY(flags == expected);
     }
 
-    void postsAClickWhereThePointerThenStays() {
-        CKeyboardListenerMac::SetMouseClick(30, -4);
-        const auto posted = m_quartz->posted();
-        const int types[] = {5, 1, 2};
-        QCOMPARE(posted.size(), std::size(types));
-        for (std::size_t i = 0; i < posted.size(); ++i) {
-            QCOMPARE(int(posted[i].type), types[i]);
-            QCOMPARE(posted[i].point.x, 30.0);
-            QCOMPARE(posted[i].point.y, -4.0);
-            QCOMPARE(int(posted[i].button), 0);
-            QCOMPARE(int(posted[i].location), 0);
-            QVERIFY(posted[i].privateSource);
-        }
-        QCOMPARE(m_quartz->eventsAlive(), 0);
-    }
-
+    // With how many events then stay the system's.
     void postsStepByStep_data() {
-        QTest::addColumn<Post>("post");
-        QTest::addColumn<QStringList>("expected");
         const QString at = QStringLiteral("30 -4");
+        const QString command = QStringLiteral("CGEventSetFlags 1048576");
         const QString held = QStringLiteral("CGEventGetFlags");
-        const QString keyPosted = QStringLiteral("CGEventPost 0");
         using Listener = CKeyboardListenerMac;
-        QTest::newRow("a slide show begun and ended")
-            << Post([] {
-                   Listener::SetPPTFullScreen();
-                   Listener::SetPPTFullScreen();
-               })
-            << QStringList{QStringLiteral("CGEventCreateKeyboardEvent null 36 1"),
-                           QStringLiteral("CGEventSetFlags 1048576"),
-                           keyPosted,
-                           QStringLiteral("CGEventCreateKeyboardEvent null 53 1"),
-                           held,
-                           keyPosted};
-        QTest::newRow("play or pause")
-            << Post(Listener::SetPlayOrPause)
-            << QStringList{QStringLiteral("CGEventCreateKeyboardEvent null 49 1"), held, keyPosted,
-                           QStringLiteral("CGEventCreateKeyboardEvent null 49 0"), held, keyPosted};
-        QTest::newRow("page up") << Post(Listener::SetPageUp)
-                                 << QStringList{QStringLiteral("CGEventCreateKeyboardEvent null 116 1"), held,
-                                                keyPosted};
-        QTest::newRow("a move") << Post([] { Listener::SetMouseMove(30, -4); }) << postingOf(5, at);
-        QTest::newRow("a press") << Post([] { Listener::SetMouseDown(30, -4); })
-                                 << postingOf(5, at) + postingOf(1, at);
-        QTest::newRow("a click") << Post([] { Listener::SetMouseClick(30, -4); })
-                                 << postingOf(5, at) + postingOf(1, at) + postingOf(2, at);
-        QTest::newRow("the camera's pane") << Post(Listener::SetpTosysCamera) << QStringList();
+        Posts::begin({
+            {"a slide show begun and ended",
+             [] {
+                 Listener::SetPPTFullScreen();
+                 Listener::SetPPTFullScreen();
+             },
+             postingOfKey(36, 1, command) + postingOfKey(53, 1, held), 2},
+            {"play or pause", Listener::SetPlayOrPause, postingOfKey(49, 1, held) + postingOfKey(49, 0, held),
+             2},
+            {"page up", Listener::SetPageUp, postingOfKey(116, 1, held), 1},
+            {"a move", [] { Listener::SetMouseMove(30, -4); }, postingOf(5, at), 0},
+            {"a press", [] { Listener::SetMouseDown(30, -4); }, postingOf(5, at) + postingOf(1, at), 0},
+            {"a click", [] { Listener::SetMouseClick(30, -4); },
+             postingOf(5, at) + postingOf(1, at) + postingOf(2, at), 0},
+            {"the camera's pane", Listener::SetpTosysCamera, {}, 0},
+        });
     }
-
     void postsStepByStep() {
-        QFETCH(Post, post);
+        const auto [post, expected, staying] = Posts::row();
         CKeyboardListenerMac::EnterPPT = false;
         post();
-        QTEST(calls(), "expected");
+        QCOMPARE(calls(), expected);
+        QCOMPARE(m_quartz->eventsAlive(), staying);
+        QVERIFY(!CKeyboardListenerMac::EnterPPT);
     }
 
     void postsNothingWhenThereIsNoEventToPost() {
