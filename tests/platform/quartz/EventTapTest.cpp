@@ -107,10 +107,8 @@ private slots:
     void aTapDisabledByTheSystemIsToldWhateverItsMask() {
         Seen seen;
         seen.enableAgain = true;
-        vexa::InputEvent disabled;
-        disabled.type = kCGEventTapDisabledByTimeout;
-        run(seen, keysOnly, [&] {
-            m_backend->feed(disabled);
+        run(seen, keysOnly, [this] {
+            m_backend->feed({kCGEventTapDisabledByTimeout});
             m_backend->feedKey(kVK_ANSI_G, false);
         });
         QCOMPARE(seen.types, (std::vector<std::uint32_t>{kCGEventTapDisabledByTimeout, kCGEventKeyUp}));
@@ -119,10 +117,9 @@ private slots:
     void aTapNotEnabledAgainStaysDisabled() {
         Seen seen;
         Seen other;
-        vexa::InputEvent disabled;
-        disabled.type = kCGEventTapDisabledByUserInput;
         const Tap tap(seen, keysOnly);
-        m_backend->feed(disabled); // the second tap does not exist yet and does not see this
+        m_backend->feed(
+            {kCGEventTapDisabledByUserInput}); // the second tap does not exist yet and does not see this
         run(other, keysOnly, [this] { m_backend->feedKey(kVK_ANSI_G, false); });
         QCOMPARE(seen.types, std::vector<std::uint32_t>{kCGEventTapDisabledByUserInput});
         QCOMPARE(other.types, std::vector<std::uint32_t>{kCGEventKeyUp});
@@ -131,9 +128,7 @@ private slots:
     void typesBeyondTheMaskAreNotSeen() {
         Seen seen;
         run(seen, ~CGEventMask{0}, [this] {
-            vexa::InputEvent strange;
-            strange.type = 64 + 10;
-            m_backend->feed(strange);
+            m_backend->feed({64 + 10});
             m_backend->feedKey(kVK_ANSI_G, false);
         });
         QCOMPARE(seen.types, std::vector<std::uint32_t>{kCGEventKeyUp});
@@ -183,15 +178,9 @@ private slots:
         CGEventPost(kCGHIDEventTap, mouse);
         CFRelease(mouse);
 
-        const auto posts = m_backend->posts();
-        QCOMPARE(posts.size(), std::size_t{2});
-        QCOMPARE(posts[0].type, std::uint32_t{kCGEventKeyDown});
-        QCOMPARE(posts[0].keyCode, std::int64_t{kVK_Return});
-        QCOMPARE(posts[0].flags, std::uint64_t{1048576});
-        QCOMPARE(posts[1].type, std::uint32_t{kCGEventLeftMouseUp});
-        QCOMPARE(posts[1].x, 1.5);
-        QCOMPARE(posts[1].y, -2.0);
-        QCOMPARE(posts[1].button, 1u);
+        QCOMPARE(m_backend->posts(),
+                 (std::vector<vexa::InputEvent>{{kCGEventKeyDown, kVK_Return, 1048576},
+                                                {kCGEventLeftMouseUp, 0, 0, 1.5, -2, 1}}));
     }
 
     void everySourceOfEventsIsCounted() {
