@@ -60,10 +60,6 @@ private slots:
         QCOMPARE(texts, 9);
     }
 
-    void withoutACatalogueTheSourceVersionShows() {
-        QCOMPARE(shown("SetWindow", "2.0.0.0"), QString("2.0.0.0"));
-    }
-
     void simplifiedRestoresTheSourcesAfterAnotherLanguage() {
         // The guide leaves a translator of its own behind; the one installed later is asked first.
         QTranslator guide;

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "res/ExpectedRows.h"
-#include "res/Wording.h"
 
 #include <QSet>
 #include <QtTest>
@@ -9,11 +8,6 @@ namespace {
 
 QVector<TsRow> rowsOf(Catalogue catalogue) {
     return readTsFile(QStringLiteral(CATALOGUE_DIR "/lang_%1.ts").arg(catalogueName(catalogue)));
-}
-
-int rowsOfContext(const QVector<TsRow> &rows, const QString &context) {
-    return int(
-        std::count_if(rows.begin(), rows.end(), [&](const TsRow &row) { return row.context == context; }));
 }
 
 QStringList sorted(const QVector<TsRow> &rows) {
@@ -31,35 +25,6 @@ class CatalogueRowsTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void eachContextHasItsNumberOfRows_data() {
-        QTest::addColumn<QString>("context");
-        QTest::addColumn<QVector<int>>("expected");
-        for (const Count &count : counts())
-            QTest::newRow(count.context)
-                << QString(count.context) << QVector<int>{count.english, count.simplified, count.traditional};
-        QTest::newRow("all contexts") << QString() << QVector<int>{151, 142, 140};
-    }
-    void eachContextHasItsNumberOfRows() {
-        QFETCH(QString, context);
-        QFETCH(QVector<int>, expected);
-        QVector<int> actual;
-        for (Catalogue catalogue : catalogues) {
-            const QVector<TsRow> rows = rowsOf(catalogue);
-            actual.append(context.isEmpty() ? rows.size() : rowsOfContext(rows, context));
-        }
-        QCOMPARE(actual, expected);
-    }
-
-    void noContextIsUnknown() {
-        QSet<QString> known;
-        for (const Count &count : counts())
-            known.insert(count.context);
-        QCOMPARE(known.size(), 33);
-        for (Catalogue catalogue : catalogues)
-            for (const TsRow &row : rowsOf(catalogue))
-                QVERIFY2(known.contains(row.context), qPrintable(row.context));
-    }
-
     void theCatalogueHasExactlyTheAgreedRows_data() { everyCatalogue(); }
     void theCatalogueHasExactlyTheAgreedRows() {
         QFETCH(int, catalogue);
@@ -72,17 +37,22 @@ private slots:
                 QVERIFY2(row.type.isEmpty(), qPrintable(row.context + ": " + row.source + " is " + row.type));
     }
 
-    void thereAre433RowsOf73Texts() {
-        int rowCount = 0;
+    /// A row that goes from the wording and from a catalogue together is missed here.
+    void thereAre433RowsOf73TextsIn33Contexts() {
+        QVector<int> rowCounts;
         QSet<QString> texts;
-        for (Catalogue catalogue : catalogues) {
-            for (const TsRow &row : rowsOf(catalogue)) {
-                ++rowCount;
+        QSet<QString> contexts;
+        for (const Catalogue catalogue : catalogues) {
+            const QVector<TsRow> rows = rowsOf(catalogue);
+            rowCounts.append(rows.size());
+            for (const TsRow &row : rows) {
                 texts.insert(row.source);
+                contexts.insert(row.context);
             }
         }
-        QCOMPARE(rowCount, 433);
+        QCOMPARE(rowCounts, (QVector<int>{151, 142, 140}));
         QCOMPARE(texts.size(), 73);
+        QCOMPARE(contexts.size(), 33);
     }
 };
 

@@ -4,6 +4,7 @@
 #include <QtTest>
 
 #include <cmath>
+#include <tuple>
 
 namespace {
 
@@ -56,22 +57,16 @@ private slots:
     void textOnTheBackgroundCanBeRead_data() {
         QTest::addColumn<QRect>("area");
         QTest::addColumn<QColor>("colour");
-        struct Key {
-            const char *name;
-            int title;
-            int click;
-            int longPress;
-            bool left;
-        };
-        for (const Key &key : {Key{"key 1", 491, 518, 556, false}, Key{"key 2", 491, 518, 556, true},
-                               Key{"key 3", 89, 116, 154, false}, Key{"key 4", 89, 116, 154, true}}) {
-            const int x = key.left ? 296 : 703 - 135;
-            const QByteArray name = key.name;
-            QTest::newRow(name + " title") << QRect(x, key.title, 135, 19) << white;
-            QTest::newRow(name + " click") << QRect(x, key.click, 135, 16) << white;
-            QTest::newRow(name + " click value") << QRect(x, key.click + 17, 135, 16) << grey;
-            QTest::newRow(name + " long press") << QRect(x, key.longPress, 135, 16) << white;
-            QTest::newRow(name + " long press value") << QRect(x, key.longPress + 17, 135, 16) << grey;
+        for (const auto &[key, title, click, longPress, left] :
+             {std::tuple("key 1", 491, 518, 556, false), std::tuple("key 2", 491, 518, 556, true),
+              std::tuple("key 3", 89, 116, 154, false), std::tuple("key 4", 89, 116, 154, true)}) {
+            const int x = left ? 296 : 703 - 135;
+            const QByteArray name = key;
+            QTest::newRow(name + " title") << QRect(x, title, 135, 19) << white;
+            QTest::newRow(name + " click") << QRect(x, click, 135, 16) << white;
+            QTest::newRow(name + " click value") << QRect(x, click + 17, 135, 16) << grey;
+            QTest::newRow(name + " long press") << QRect(x, longPress, 135, 16) << white;
+            QTest::newRow(name + " long press value") << QRect(x, longPress + 17, 135, 16) << grey;
         }
     }
     void textOnTheBackgroundCanBeRead() {
@@ -105,26 +100,23 @@ private slots:
         }
     }
 
-    void aLineLeadsFromEachKeyToItsArrow_data() {
-        QTest::addColumn<QPoint>("arrow");
-        QTest::newRow("key 1") << QPoint(679, 457);
-        QTest::newRow("key 2") << QPoint(296, 457);
-        QTest::newRow("key 3") << QPoint(679, 196);
-        QTest::newRow("key 4") << QPoint(296, 196);
-    }
     void aLineLeadsFromEachKeyToItsArrow() {
-        QFETCH(QPoint, arrow);
         const QImage background(":/bg@3x.png");
-        const int middle = (arrow.y() + 12) * 2;
-        const bool left = arrow.x() < 499;
-        const int arrowEdge = left ? arrow.x() + 24 + 2 : arrow.x() - 2;
-        const int keyEdge = left ? 478 : 521; // within the outer key of the pen
-        for (int x = std::min(arrowEdge, keyEdge) * 2; x < std::max(arrowEdge, keyEdge) * 2; ++x) {
-            if (x > 455 * 2 && x < 465 * 2)
-                continue; // the flank of the pen, as bright as the line
-            const double line = luminance(background.pixelColor(x, middle));
-            QVERIFY2(line > luminance(background.pixelColor(x, middle - 8)), qPrintable(QString::number(x)));
-            QVERIFY2(line > luminance(background.pixelColor(x, middle + 8)), qPrintable(QString::number(x)));
+        for (const auto &[key, arrow] :
+             {std::pair("key 1", QPoint(679, 457)), std::pair("key 2", QPoint(296, 457)),
+              std::pair("key 3", QPoint(679, 196)), std::pair("key 4", QPoint(296, 196))}) {
+            const int middle = (arrow.y() + 12) * 2;
+            const bool left = arrow.x() < 499;
+            const int arrowEdge = left ? arrow.x() + 24 + 2 : arrow.x() - 2;
+            const int keyEdge = left ? 478 : 521; // within the outer key of the pen
+            for (int x = std::min(arrowEdge, keyEdge) * 2; x < std::max(arrowEdge, keyEdge) * 2; ++x) {
+                if (x > 455 * 2 && x < 465 * 2)
+                    continue; // the flank of the pen, as bright as the line
+                const double line = luminance(background.pixelColor(x, middle));
+                for (const int beside : {middle - 8, middle + 8})
+                    QVERIFY2(line > luminance(background.pixelColor(x, beside)),
+                             qPrintable(QString("%1: %2").arg(key).arg(x)));
+            }
         }
     }
 

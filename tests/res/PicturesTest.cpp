@@ -6,7 +6,6 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include <array>
 #include <cmath>
 
 namespace {
@@ -28,16 +27,6 @@ QStringList tableColumn(int column) {
         if (!line.startsWith('#') && !line.trimmed().isEmpty())
             cells.append(line.simplified().split(' ').value(column));
     return cells;
-}
-
-std::array<int, 4> channels(QRgb pixel) {
-    return {qRed(pixel), qGreen(pixel), qBlue(pixel), qAlpha(pixel)};
-}
-
-std::array<int, 4> sum(std::array<int, 4> a, const std::array<int, 4> &b) {
-    for (std::size_t i = 0; i < a.size(); ++i)
-        a[i] += b[i];
-    return a;
 }
 
 struct Difference {
@@ -148,15 +137,10 @@ private slots:
     }
 
     void everyPictureNamedInTheSourcesIsThere() {
-        int files = 0;
-        for (const QString folder : {SOURCE_ROOT "/src", SOURCE_ROOT "/qml"}) {
-            for (const QString &file : sourceFiles(folder)) {
-                ++files;
-                const QStringList missing = missingPictures(fileText(file));
-                QVERIFY2(missing.isEmpty(), qPrintable(file + ": " + missing.join(", ")));
-            }
+        for (const QString &file : sourceFiles()) {
+            const QStringList missing = missingPictures(fileText(file));
+            QVERIFY2(missing.isEmpty(), qPrintable(file + ": " + missing.join(", ")));
         }
-        QVERIFY(files > 0);
     }
 
     void aPictureThatIsNotThereIsNoticed() {
@@ -193,12 +177,13 @@ private slots:
         QCOMPARE(plain.size(), large.size());
         for (int y = 1; y < large.height(); y += 3) {
             for (int x = 1; x < large.width(); x += 3) {
-                std::array<int, 4> sums{};
-                for (int i = 0; i < 9; ++i)
-                    sums = sum(sums, channels(plain.pixel(x - 1 + i % 3, y - 1 + i / 3)));
-                const std::array<int, 4> shown = channels(large.pixel(x, y));
-                for (std::size_t i = 0; i < sums.size(); ++i)
-                    QVERIFY(std::abs(shown[i] - sums[i] / 9) <= 2);
+                for (const unsigned shift : {0U, 8U, 16U, 24U}) {
+                    const auto channel = [shift](QRgb pixel) { return int(pixel >> shift & 0xffU); };
+                    int sum = 0;
+                    for (int i = 0; i < 9; ++i)
+                        sum += channel(plain.pixel(x - 1 + i % 3, y - 1 + i / 3));
+                    QVERIFY(std::abs(channel(large.pixel(x, y)) - sum / 9) <= 2);
+                }
             }
         }
     }

@@ -5,12 +5,20 @@
 #include <QFile>
 #include <QRegularExpression>
 
-QStringList sourceFiles(const QString &folder) {
+QStringList sourceFolders() {
+    return {SOURCE_ROOT "/src", SOURCE_ROOT "/qml"};
+}
+
+QStringList sourceFiles() {
     QStringList files;
-    QDirIterator found(folder, {"*.cpp", "*.h", "*.ui", "*.qml", "*.js"}, QDir::Files,
-                       QDirIterator::Subdirectories);
-    while (found.hasNext())
-        files.append(found.next());
+    for (const QString &folder : sourceFolders()) {
+        QDirIterator found(folder, {"*.cpp", "*.h", "*.ui", "*.qml", "*.js"}, QDir::Files,
+                           QDirIterator::Subdirectories);
+        if (!found.hasNext())
+            qFatal("no sources in %s", qPrintable(folder));
+        while (found.hasNext())
+            files.append(found.next());
+    }
     return files;
 }
 

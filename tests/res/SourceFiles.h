@@ -4,8 +4,10 @@
 #include <QString>
 #include <QStringList>
 
-/// The program's own sources (C++, forms, views), for the tests that look for texts and names in them.
-QStringList sourceFiles(const QString &folder);
+/// The folders with the program's own sources, and the files below them (C++, forms, views), for the tests
+/// that look for texts and names in them. Never none.
+QStringList sourceFolders();
+QStringList sourceFiles();
 
 /// The whole text of a UTF-8 file; empty when it cannot be read.
 QString fileText(const QString &fileName);

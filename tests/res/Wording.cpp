@@ -147,43 +147,4 @@ const QVector<Inert> &inertRows() {
     };
     return table;
 }
-
-const QVector<Count> &counts() {
-    static const QVector<Count> table{
-        {"MainKeySetting", 23, 23, 23},
-        {"MainWindow", 22, 17, 21},
-        {"Key4Window", 13, 13, 13},
-        {"About", 11, 11, 11},
-        {"SetWindow", 10, 9, 10},
-        {"Key2Window", 8, 8, 8},
-        {"Key3Window", 8, 8, 8},
-        {"PrivacyWindow", 8, 8, 0},
-        {"KeySetting2", 6, 6, 6},
-        {"Key1Window", 5, 5, 5},
-        {"Key4LongPress", 4, 4, 4},
-        {"BlackWindow", 3, 3, 3},
-        {"promptwindow2", 3, 1, 3},
-        {"LightpenSetWindow", 2, 2, 2},
-        {"MagnifierSetWindow", 2, 2, 2},
-        {"PizhuForm", 2, 2, 2},
-        {"PizhuSetPenColor", 2, 2, 2},
-        {"PromptWindow", 2, 1, 1},
-        {"SportLightSetWindow", 2, 2, 2},
-        {"blackBoardform", 2, 1, 2},
-        {"AboutButton2", 1, 1, 1},
-        {"AboutButton3", 1, 1, 1},
-        {"Key1Press", 1, 1, 1},
-        {"KeySetButton2", 1, 1, 1},
-        {"KeySetButton2_update", 1, 1, 1},
-        {"LightPen", 1, 1, 1},
-        {"LightPenSet", 1, 1, 1},
-        {"Magnifie", 1, 1, 1},
-        {"MagnifierSet", 1, 1, 1},
-        {"PizhuSetPenSize", 1, 1, 1},
-        {"PrivacyprivilegesWindow", 1, 2, 0},
-        {"Spolight2", 1, 1, 1},
-        {"SportLightSet", 1, 1, 1},
-    };
-    return table;
-}
 // clang-format on

@@ -21,14 +21,5 @@ struct Inert {
     const char *contexts; ///< Separated by blanks.
 };
 
-/// How many rows each catalogue has of one context.
-struct Count {
-    const char *context;
-    int english;
-    int simplified;
-    int traditional;
-};
-
 const QVector<Wording> &wordings();
 const QVector<Inert> &inertRows();
-const QVector<Count> &counts();
