@@ -38,13 +38,12 @@ private slots:
 
     void listTellsItsChoice_data() {
         Lists::begin();
-        const QStringList actions{"无操作", "PPT放映：开始/结束", "播放器：暂停/播放", "黑板", "屏幕截屏"};
-        QTest::newRow("key 2") << key2Button << QString("长按") << ViewMessage::Key2P << actions;
-        QTest::newRow("key 3") << key3Button << QString("长按") << ViewMessage::Key3P << actions;
+        QTest::newRow("key 2") << key2Button << QString("长按") << ViewMessage::Key2P << actionNames;
+        QTest::newRow("key 3") << key3Button << QString("长按") << ViewMessage::Key3P << actionNames;
         QTest::newRow("key 4, single press")
-            << key4Button << QString("单击") << ViewMessage::Key4C << actions;
-        QTest::newRow("key 4, long press") << key4Button << QString("长按") << ViewMessage::Key4P
-                                           << QStringList{"聚光灯", "放大镜", "数字激光点"};
+            << key4Button << QString("单击") << ViewMessage::Key4C << actionNames;
+        QTest::newRow("key 4, long press")
+            << key4Button << QString("长按") << ViewMessage::Key4P << toolNames;
         QTest::newRow("language") << settingsButton << QString("语言") << ViewMessage::Language
                                   << QStringList{"简体中文", "繁体中文"}; // a third push would come too soon
     }

@@ -34,11 +34,10 @@ private slots:
     void listsOfferActionsAndTools() {
         QCOMPARE(m_view->list(clickList)->property("count").toInt(), 5);
         QQuickItem *tools = m_view->list(longPressList);
-        const QStringList names{"聚光灯", "放大镜", "数字激光点"};
-        QCOMPARE(tools->property("count").toInt(), names.size());
-        for (int row = 0; row < names.size(); ++row) {
+        QCOMPARE(tools->property("count").toInt(), toolNames.size());
+        for (int row = 0; row < toolNames.size(); ++row) {
             m_view->push(ViewMessage::Key4P, row);
-            QCOMPARE(tools->property("displayText").toString(), names.at(row));
+            QCOMPARE(tools->property("displayText").toString(), toolNames.at(row));
         }
     }
 
@@ -92,23 +91,8 @@ private slots:
         }
     }
 
-    void pushesAreNotSent() {
-        m_view->push(ViewMessage::Key4C, KeyAction::None);
-        m_view->push(ViewMessage::Key4P, HeldToolChoice::Laser);
-        QVERIFY(m_view->messages.isEmpty());
-    }
-
     void headingIsTheSpotlightsBeforeAnyPush() {
         QCOMPARE(m_view->textAt(toolHeading), QString("聚光灯设置"));
-    }
-
-    void spotlightSizeReachesTheHostAsItsIdentifier() {
-        m_view->push(ViewMessage::Key4P, HeldToolChoice::Spotlight);
-        m_view->push(ViewMessage::SportLightSize, 100);
-        m_view->messages.clear();
-        // The right end of the second slider.
-        m_view->click({30 + 20 + 16 + 174, 87 + 208 + 228 + 3});
-        QCOMPARE(m_view->messages.last(), Message({ViewMessage::SportLightSize, 250}));
     }
 
 public slots:
