@@ -2,7 +2,6 @@
 #include "app/MainWindow.h"
 #include "qml/PanelView.h"
 #include "qml/Sliders.h"
-#include "settings/ZrToolXmlClass.h"
 #include "support/TestMain.h"
 #include "support/UserFile.h"
 #include "support/ViewNumbers.h"
@@ -11,8 +10,6 @@
 
 using namespace vexa::test;
 using namespace places;
-
-using Settings = ZrToolXmlClass;
 
 namespace {
 
@@ -28,10 +25,6 @@ int stored(const char *element) {
 /// What key 2's long press says that it does, in each language.
 const QStringList slideShow{"PPT放映：开始/结束", "PPT放映：開始/結束", "PPT Slide on/off"};
 
-QPoint end(const QPoint &slider) {
-    return slider + QPoint(174, 3);
-}
-
 } // namespace
 
 /// The panel in the program's own window: each choice ends up in the settings file, and stays in the view.
@@ -40,8 +33,7 @@ class HostedPanelTest : public QObject {
 
 private slots:
     void init() {
-        userfile::clear();
-        userfile::forgetSettings();
+        userfile::startAfresh();
         open();
     }
     void cleanup() {
@@ -95,31 +87,18 @@ private slots:
         QCOMPARE(stored("PenColor0"), 4);
     }
 
-    void valuesOfTheToolsAreStored_data() { sliders::everySlider(); }
-    void valuesOfTheToolsAreStored() {
+    void valuesOfTheToolsAreStoredAtOnceAndByEachClick_data() { sliders::everySlider(); }
+    void valuesOfTheToolsAreStoredAtOnceAndByEachClick() {
         QFETCH(sliders::Slider, slider);
+        const QPoint end = sliders::at(slider.corner, 1);
         m_view->click(key4Button);
         m_view->pick(longPressList, slider.tool);
-        m_view->click(end(slider.corner));
-        QCOMPARE(stored(slider.element), slider.most);
-    }
-
-    void laserSizeAtItsEndIsStoredAtOnce() {
-        m_view->click(key4Button);
-        m_view->pick(longPressList, HeldToolChoice::Laser);
-        m_view->press(end(secondSlider)); // not yet released
-        QCOMPARE(Settings::LaserPenSize, 25);
-        QCOMPARE(stored("LaserPenSize"), 25);
-        m_view->release(end(secondSlider));
-    }
-
-    void clickThatMovesNothingStoresTheSameValue() {
-        m_view->click(key4Button);
-        m_view->pick(longPressList, HeldToolChoice::Laser);
-        m_view->click(end(secondSlider));
+        m_view->press(end);
+        QCOMPARE(stored(slider.element), slider.most); // before it is released
+        m_view->release(end);
         userfile::clear();
-        m_view->click(end(secondSlider));
-        QCOMPARE(stored("LaserPenSize"), 25);
+        m_view->click(end); // moves nothing, and stores all the same
+        QCOMPARE(stored(slider.element), slider.most);
     }
 
     void choosingALanguageStoresItAndNeverBounces() {
@@ -270,7 +249,7 @@ private slots:
             QCOMPARE(stored("LaserPenColor"), value);
         }
         // And it still answers.
-        m_view->click(end(secondSlider));
+        m_view->click(sliders::at(secondSlider, 1));
         QCOMPARE(stored("LaserPenSize"), 25);
     }
 
