@@ -2,6 +2,7 @@
 #include "app/PrivacyprivilegesWindow.h"
 #include "qml/PanelView.h"
 #include "settings/ZrToolXmlClass.h"
+#include "support/Table.h"
 #include "support/TestMain.h"
 #include "support/UserFile.h"
 
@@ -9,6 +10,8 @@
 #include <QPushButton>
 #include <QQuickWidget>
 #include <QTimer>
+
+#include <functional>
 
 using namespace vexa::test;
 
@@ -37,34 +40,56 @@ const QList<Line> lines{
     {{20 + 26, 256}, 0, "下次不再提示", "Never ask me again"},
 };
 
+using Deed = std::function<void(PrivacyprivilegesWindow &)>;
+
 } // namespace
+
+Q_DECLARE_METATYPE(Deed)
 
 /// The guide to the privacy permissions, as its user meets it.
 class PrivacyGuideTest : public QObject {
     Q_OBJECT
 
+    using Answers = Table<Deed, int>;
+    using Languages = Table<int, bool>; // the stored one, and whether English is shown
+
 private slots:
     void initTestCase() { qml::failOnWarnings(); }
     void init() {
-        userfile::clear();
-        userfile::forgetSettings();
+        userfile::startAfresh();
         speak(simplifiedChinese);
     }
     void cleanup() { userfile::clear(); }
 
-    void theAnswerIsWhetherItWasTicked_data() {
-        QTest::addColumn<QList<QPoint>>("clicks");
-        QTest::addColumn<int>("answer");
-        QTest::newRow("confirmed") << QList<QPoint>{confirmButton} << 0;
-        QTest::newRow("ticked and confirmed") << QList<QPoint>{tick, confirmButton} << 1;
-        QTest::newRow("tick taken back") << QList<QPoint>{tickLabel, tick, confirmButton} << 0;
+    void theAnswerIsWhetherItWasTickedAndIsNotStored_data() {
+        Answers::begin();
+        QTest::newRow("confirmed") << Deed([](auto &guide) { click(guide, {confirmButton}); }) << 0;
+        QTest::newRow("ticked and confirmed") << Deed([](auto &guide) {
+            click(guide, {tick, confirmButton});
+        }) << 1;
+        QTest::newRow("ticked and confirmed by the keyboard") << Deed(tickAndConfirmByKeyboard) << 1;
+        QTest::newRow("tick taken back") << Deed([](auto &guide) {
+            click(guide, {tickLabel, tick, confirmButton});
+        }) << 0;
+        QTest::newRow("closed") << Deed([](auto &guide) { guide.close(); }) << 0;
+        QTest::newRow("Escape") << Deed([](auto &guide) { press(guide, Qt::Key_Escape); }) << 0;
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
+            const auto pressIt = [key](auto &guide) {
+                press(guide, key);
+                press(guide, Qt::Key_Escape);
+            };
+            QTest::addRow("key %#x is no answer, then Escape", key) << Deed(pressIt) << 0;
+        }
     }
-    void theAnswerIsWhetherItWasTicked() {
-        QFETCH(QList<QPoint>, clicks);
-        QTEST(run([&clicks](auto &guide) { click(guide, clicks); }), "answer");
-        userfile::forgetSettings();
-        ZrToolXmlClass::ZrXmlRead();
-        QCOMPARE(ZrToolXmlClass::ShowPrivacyWindow, 1); // whatever it was, the guide stores nothing itself
+    void theAnswerIsWhetherItWasTickedAndIsNotStored() {
+        const auto [deed, answer] = Answers::row();
+        // Not as a save would put it, so that one of the same values shows too.
+        const QByteArray before =
+            "<PenSetting><Setting><ShowPrivacyWindow>1</ShowPrivacyWindow></Setting></PenSetting>";
+        QVERIFY(userfile::write(before));
+        QCOMPARE(run(deed), answer);
+        QCOMPARE(userfile::read(), before);
+        QCOMPARE(ZrToolXmlClass::ShowPrivacyWindow, 1);
     }
 
     void clicksInOneGoAreAllHeard() {
@@ -77,23 +102,6 @@ private slots:
         }
     }
 
-    void escapeGives0() {
-        QCOMPARE(run([](auto &guide) { press(guide, Qt::Key_Escape); }), 0);
-    }
-
-    void returnIsNoAnswer() {
-        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space})
-            QCOMPARE(run([key](auto &guide) {
-                         press(guide, key);
-                         press(guide, Qt::Key_Escape);
-                     }),
-                     0);
-    }
-
-    void closingGives0() {
-        QCOMPARE(run([](auto &guide) { guide.close(); }), 0);
-    }
-
     void unknownMessagesAreIgnored() {
         PrivacyprivilegesWindow guide;
         QSignalSpy finished(&guide, &QDialog::finished);
@@ -102,18 +110,6 @@ private slots:
         QCOMPARE(finished.size(), 0);
         guide.recvQmlMessage(1, 7);
         QCOMPARE(finished, QList<QVariantList>({{1}}));
-    }
-
-    void storesNothingItself() {
-        // Not as a save would put it, so that one of the same values shows too.
-        const QByteArray before =
-            "<PenSetting><Setting><ShowPrivacyWindow>1</ShowPrivacyWindow></Setting></PenSetting>";
-        QVERIFY(userfile::write(before));
-        run([](auto &guide) { click(guide, {tick, confirmButton}); });
-        run([](auto &guide) { click(guide, {confirmButton}); });
-        run([](auto &guide) { press(guide, Qt::Key_Escape); });
-        QCOMPARE(userfile::read(), before);
-        QCOMPARE(ZrToolXmlClass::ShowPrivacyWindow, 1);
     }
 
     void elementsStandAtTheirPlaces() {
@@ -137,17 +133,15 @@ private slots:
         QVERIFY(qml::is(find(guide, "PanelText", {386, 248}), "color: #333333"));
     }
 
-    void textsSpeakTheStoredLanguage_data() {
-        QTest::addColumn<int>("language");
-        QTest::addColumn<bool>("inEnglish");
+    void textsAndNamesSpeakTheStoredLanguage_data() {
+        Languages::begin();
         QTest::newRow("Simplified Chinese") << int(simplifiedChinese) << false;
         QTest::newRow("Traditional Chinese has no rows for the guide") << int(traditionalChinese) << false;
         QTest::newRow("English") << int(english) << true;
         QTest::newRow("unknown") << 5 << false;
     }
-    void textsSpeakTheStoredLanguage() {
-        QFETCH(int, language);
-        QFETCH(bool, inEnglish);
+    void textsAndNamesSpeakTheStoredLanguage() {
+        const auto [language, inEnglish] = Languages::row();
         speak(language);
         PrivacyprivilegesWindow guide;
         const QString confirm = inEnglish ? "Confirm" : "确定";
@@ -157,6 +151,16 @@ private slots:
         QVERIFY(qml::is(find(guide, "PanelText", {386, 248}), "text: " + confirm));
         QCOMPARE(guide.findChild<QPushButton *>("pushButton")->text(), confirm);
         QCOMPARE(guide.findChild<QPushButton *>("pushButton_2")->text(), QString("下次不再显示"));
+        // What a screen reader calls the two controls that the keyboard reaches.
+        QStringList names;
+        for (QQuickItem *item : qml::tree(root(guide))) {
+            if (!item->activeFocusOnTab())
+                continue;
+            const QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(item);
+            QVERIFY(accessible);
+            names.append(accessible->text(QAccessible::Name));
+        }
+        QCOMPARE(names, QStringList({inEnglish ? "Never ask me again" : "下次不再提示", confirm}));
     }
 
     void formHasItsPieces() {
@@ -201,24 +205,6 @@ private slots:
         }
     }
 
-    void controlsHaveNamesInTheStoredLanguage_data() { textsSpeakTheStoredLanguage_data(); }
-    void controlsHaveNamesInTheStoredLanguage() {
-        QFETCH(int, language);
-        QFETCH(bool, inEnglish);
-        speak(language);
-        PrivacyprivilegesWindow guide;
-        QStringList names;
-        for (QQuickItem *item : qml::tree(root(guide))) {
-            if (!item->activeFocusOnTab())
-                continue;
-            const QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(item);
-            QVERIFY(accessible);
-            names.append(accessible->text(QAccessible::Name));
-        }
-        QCOMPARE(names, inEnglish ? QStringList({"Never ask me again", "Confirm"})
-                                  : QStringList({"下次不再提示", "确定"}));
-    }
-
     void everyActionOfAScreenReaderTurnsTheTick() {
         PrivacyprivilegesWindow guide;
         QAccessibleInterface *tickBox = tickBoxOf(guide);
@@ -233,19 +219,6 @@ private slots:
         }
     }
 
-    void keyboardTicksAndConfirms() {
-        QCOMPARE(run([](PrivacyprivilegesWindow &guide) {
-                     QTRY_VERIFY(guide.isActiveWindow());
-                     auto *view = guide.findChild<QQuickWidget *>(QString("quickWidget"));
-                     view->setFocus();
-                     QTest::keyClick(view, Qt::Key_Tab);
-                     QTest::keyClick(view, Qt::Key_Space);
-                     QTest::keyClick(view, Qt::Key_Tab);
-                     QTest::keyClick(view, Qt::Key_Space);
-                 }),
-                 1);
-    }
-
 private:
     /// As a screen reader finds it, or null.
     static QAccessibleInterface *tickBoxOf(PrivacyprivilegesWindow &guide) {
@@ -257,9 +230,9 @@ private:
         return nullptr;
     }
     /// Runs the guide as the start does, and does something to it meanwhile.
-    template<typename Action> int run(Action action) {
+    static int run(const Deed &deed) {
         PrivacyprivilegesWindow guide;
-        QTimer::singleShot(0, &guide, [&] { action(guide); });
+        QTimer::singleShot(0, &guide, [&] { deed(guide); });
         QTimer::singleShot(30000, &guide, [&guide] { guide.done(-1); });
         return guide.exec();
     }
@@ -272,6 +245,13 @@ private:
     static void click(PrivacyprivilegesWindow &guide, const QList<QPoint> &places) {
         for (const QPoint &place : places)
             QTest::mouseClick(guide.windowHandle(), Qt::LeftButton, {}, place);
+    }
+    static void tickAndConfirmByKeyboard(PrivacyprivilegesWindow &guide) {
+        QTRY_VERIFY(guide.isActiveWindow());
+        auto *view = guide.findChild<QQuickWidget *>(QString("quickWidget"));
+        view->setFocus();
+        for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Space, Qt::Key_Tab, Qt::Key_Space})
+            QTest::keyClick(view, key);
     }
     static void speak(int language) {
         ZrToolXmlClass::Language = language;
