@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "qml/PanelPlaces.h"
 #include "qml/PanelView.h"
+#include "support/Table.h"
 #include "support/TestMain.h"
 
 namespace {
@@ -20,6 +21,9 @@ QQuickItem *rectangleAt(QQuickItem *top, const QRectF &place) {
 /// a click does to it.
 class ControlsTest : public QObject {
     Q_OBJECT
+
+    using Ids = QList<ViewMessage>;
+    using Views = vexa::test::Table<Ids>; // of the messages that are its own
 
 private slots:
     void keyButtonHasItsDefaults() {
@@ -51,10 +55,6 @@ private slots:
         }
     }
 
-    void clickTogglesAKeyButton() {
-        QCOMPARE(checkedAfterTwoClicks("KeyButton"), (QList<bool>{false, true, false}));
-    }
-
     void colourButtonHasItsLooks() {
         PanelView view("qrc:/PizhuSetButton1.qml");
         QQuickItem *button = view.root();
@@ -68,10 +68,6 @@ private slots:
         QVERIFY(qml::is(disc, "radius: 11; color: #82ff20"));
         button->setProperty("showimage", false);
         QVERIFY(!disc->isVisible());
-    }
-
-    void colourButtonIsCheckedByAClickAndStaysSo() {
-        QCOMPARE(checkedAfterTwoClicks("PizhuSetButton1"), (QList<bool>{false, true, true}));
     }
 
     void widthButtonHasItsLooks() {
@@ -100,8 +96,16 @@ private slots:
         QCOMPARE(number.toInt(), 3);
     }
 
-    void widthButtonIsCheckedByAClickAndStaysSo() {
-        QCOMPARE(checkedAfterTwoClicks("PizhuSetButton2"), (QList<bool>{false, true, true}));
+    void clickTogglesAKeyButtonAndChecksAColourOrAWidthForGood() {
+        for (const auto &[file, afterTwo] :
+             {std::pair("KeyButton", false), std::pair("PizhuSetButton1", true),
+              std::pair("PizhuSetButton2", true)}) {
+            PanelView view(QString("qrc:/%1.qml").arg(file));
+            for (const bool checked : {false, true, afterTwo}) {
+                QVERIFY2(view.root()->property("checked").toBool() == checked, file);
+                view.click({12, 12});
+            }
+        }
     }
 
     void textBoxSaysPageUpUntilTold() {
@@ -160,34 +164,23 @@ private slots:
     }
 
     void otherIdentifiersLeaveAViewAlone_data() {
-        QTest::addColumn<QString>("file");
-        QTest::addColumn<QList<ViewMessage>>("own");
-        QTest::newRow("key 1") << "Key1Window"
-                               << QList<ViewMessage>{ViewMessage::PenColor0, ViewMessage::PenColor1,
-                                                     ViewMessage::PenColor2, ViewMessage::PenThickness};
-        QTest::newRow("key 2") << "Key2Window" << QList<ViewMessage>{ViewMessage::Key2P};
-        QTest::newRow("key 3") << "Key3Window" << QList<ViewMessage>{ViewMessage::Key3P};
-        QTest::newRow("key 4") << "Key4Window"
-                               << QList<ViewMessage>{ViewMessage::SportLightTran, ViewMessage::SportLightSize,
-                                                     ViewMessage::MagnifierColor, ViewMessage::MagnifierSize,
-                                                     ViewMessage::LaserPenColor,  ViewMessage::LaserPenSize,
-                                                     ViewMessage::Key4C,          ViewMessage::Key4P};
-        QTest::newRow("settings") << "SetWindow"
-                                  << QList<ViewMessage>{ViewMessage::Language, ViewMessage::AutoStart};
-        QTest::newRow("laser") << "LightpenSetWindow"
-                               << QList<ViewMessage>{ViewMessage::LaserPenColor, ViewMessage::LaserPenSize,
-                                                     ViewMessage::Key4P};
-        QTest::newRow("magnifier") << "MagnifierSetWindow"
-                                   << QList<ViewMessage>{ViewMessage::MagnifierColor,
-                                                         ViewMessage::MagnifierSize, ViewMessage::Key4P};
-        QTest::newRow("spotlight") << "SportLightSetWindow"
-                                   << QList<ViewMessage>{ViewMessage::SportLightTran,
-                                                         ViewMessage::SportLightSize, ViewMessage::Key4P};
+        const Ids laser{ViewMessage::LaserPenColor, ViewMessage::LaserPenSize, ViewMessage::Key4P};
+        const Ids magnifier{ViewMessage::MagnifierColor, ViewMessage::MagnifierSize, ViewMessage::Key4P};
+        const Ids spotlight{ViewMessage::SportLightTran, ViewMessage::SportLightSize, ViewMessage::Key4P};
+        Views::begin();
+        QTest::newRow("Key1Window") << Ids{ViewMessage::PenColor0, ViewMessage::PenColor1,
+                                           ViewMessage::PenColor2, ViewMessage::PenThickness};
+        QTest::newRow("Key2Window") << Ids{ViewMessage::Key2P};
+        QTest::newRow("Key3Window") << Ids{ViewMessage::Key3P};
+        QTest::newRow("Key4Window") << laser + magnifier + spotlight + Ids{ViewMessage::Key4C};
+        QTest::newRow("SetWindow") << Ids{ViewMessage::Language, ViewMessage::AutoStart};
+        QTest::newRow("LightpenSetWindow") << laser;
+        QTest::newRow("MagnifierSetWindow") << magnifier;
+        QTest::newRow("SportLightSetWindow") << spotlight;
     }
     void otherIdentifiersLeaveAViewAlone() {
-        QFETCH(QString, file);
-        QFETCH(QList<ViewMessage>, own);
-        PanelView view(QString("qrc:/%1.qml").arg(file));
+        const auto [own] = Views::row();
+        PanelView view(QString("qrc:/%1.qml").arg(QTest::currentDataTag()));
         view.moveTo({0, 0});
         const QImage before = view.widget().grabFramebuffer();
         for (int id = -1; id <= 18; ++id)
@@ -195,18 +188,6 @@ private slots:
                 view.push(ViewMessage(id), 2);
         view.push(ViewMessage::ShowView, 0);
         QCOMPARE(view.widget().grabFramebuffer(), before);
-    }
-
-private:
-    /// Whether the button of this file is checked at first, after a click, and after another.
-    static QList<bool> checkedAfterTwoClicks(const char *file) {
-        PanelView view(QString("qrc:/%1.qml").arg(file));
-        QList<bool> checked;
-        for (int clicks = 0; clicks < 3; ++clicks) {
-            checked += view.root()->property("checked").toBool();
-            view.click({12, 12});
-        }
-        return checked;
     }
 };
 

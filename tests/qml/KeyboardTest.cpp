@@ -27,16 +27,11 @@ private slots:
     void viewOpenedWithTheKeyboardTakesItAndGivesItBack_data() {
         QTest::addColumn<QString>("button");
         QTest::addColumn<QString>("view");
-        QTest::newRow("key 1") << "key1Button"
-                               << "Key1Window";
-        QTest::newRow("key 2") << "key2Button"
-                               << "Key2Window";
-        QTest::newRow("key 3") << "key3Button"
-                               << "Key3Window";
-        QTest::newRow("key 4") << "key4Button"
-                               << "Key4Window";
-        QTest::newRow("settings") << "setButton"
-                                  << "SetWindow";
+        for (const auto &[button, view] :
+             {std::pair("key1Button", "Key1Window"), std::pair("key2Button", "Key2Window"),
+              std::pair("key3Button", "Key3Window"), std::pair("key4Button", "Key4Window"),
+              std::pair("setButton", "SetWindow")})
+            QTest::newRow(view) << button << view;
     }
     void viewOpenedWithTheKeyboardTakesItAndGivesItBack() {
         QFETCH(QString, button);

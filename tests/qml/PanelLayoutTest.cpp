@@ -90,12 +90,13 @@ private slots:
     }
 
     void textsAndPiecesStandAtTheirPlaces() {
-        const struct {
-            const Place &view;
+        struct Piece {
+            Place view;
             const char *type;
             QPoint corner; // in the view
             QString looks;
-        } rows[] = {
+        };
+        QList<Piece> pieces{
             {overview, "PanelText", {657, 491}, "text: Key 1; width: 46; font.pixelSize: 16"},
             {overview, "PanelText", {608, 518}, "text: 单击; width: 95"},
             {overview, "PanelText", {608, 535}, "text: 切换画笔颜色; width: 95; color: #7d7d7d"},
@@ -125,22 +126,10 @@ private slots:
             {key1, "PizhuSetPenColor", {30, 114}, "width: 207; height: 272"},
             {key1, "Separator", {31, 408}, "width: 206; height: 1; color: #707070"},
             {key1, "MyTextBox", {30, 450}, "width: 207; height: 30"},
-            {key2, "PanelText", {20, 22}, "text: 单击; width: 72; height: 12"},
-            {key2, "PanelText", {20, 116}, "text: 长按; width: 104; height: 12"},
             {key2, "MyTextBox", {20, 42}, "width: 207; height: 30"},
-            {key2, "Separator", {21, 94}, "width: 206; height: 1; color: #707070"},
-            {key2, "ComboxControl", {20, 136}, "width: 207; height: 30"},
-            {key3, "PanelText", {20, 22}, "text: 单击; width: 72; height: 12"},
-            {key3, "PanelText", {20, 116}, "text: 长按; width: 104; height: 12"},
             {key3, "MyTextBox", {20, 42}, "width: 207; height: 30"},
-            {key3, "Separator", {21, 94}, "width: 206; height: 1; color: #707070"},
-            {key3, "ComboxControl", {20, 136}, "width: 207; height: 30"},
-            {key4, "PanelText", {20, 22}, "text: 单击; width: 72; height: 12"},
-            {key4, "PanelText", {20, 116}, "text: 长按; width: 104; height: 12"},
             {key4, "PanelText", {20, 188}, "text: 聚光灯设置; width: 104; height: 12"},
             {key4, "ComboxControl", {20, 42}, "width: 207; height: 30"},
-            {key4, "Separator", {21, 94}, "width: 206; height: 1; color: #707070"},
-            {key4, "ComboxControl", {20, 136}, "width: 207; height: 30"},
             {settings, "PanelText", {20, 23}, "text: 设置; font.pixelSize: 16; font.bold: true"},
             {settings, "PanelText", {20, 78}, "text: 开机自启动"},
             {settings, "PanelText", {20, 136}, "text: 语言"},
@@ -154,15 +143,21 @@ private slots:
             {settings, "Separator", {20, 234}, "width: 207; height: 1; color: #707070"},
             {settings, "SwitchControl", {189, 74}, "width: 38; height: 20; color: #4d4d4d"},
             {settings, "ComboxControl", {87, 129}, "width: 140; height: 30"}};
-        for (const auto &row : rows) {
-            open(row.view);
-            QString looks = row.looks;
+        for (const Place &view : {key2, key3, key4})
+            pieces += {{view, "PanelText", {20, 22}, "text: 单击; width: 72; height: 12"},
+                       {view, "PanelText", {20, 116}, "text: 长按; width: 104; height: 12"},
+                       {view, "Separator", {21, 94}, "width: 206; height: 1; color: #707070"},
+                       {view, "ComboxControl", {20, 136}, "width: 207; height: 30"}};
+        for (const Piece &piece : qAsConst(pieces)) {
+            open(piece.view);
+            QString looks = piece.looks;
             if (looks.startsWith("text"))
                 for (const QString usual : {"font.family: Arial", "font.pixelSize: 13", "font.bold: false",
                                             "font.underline: false", "color: white", "truncated: false"})
                     if (!looks.contains(usual.section(':', 0, 0)))
                         looks += "; " + usual;
-            QVERIFY2(qml::is(m_view->item(row.type, row.view.corner + row.corner), looks), qPrintable(looks));
+            QVERIFY2(qml::is(m_view->item(piece.type, piece.view.corner + piece.corner), looks),
+                     qPrintable(looks));
         }
     }
 
