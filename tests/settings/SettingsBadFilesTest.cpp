@@ -186,10 +186,7 @@ private slots:
 
     void aBadLinkIsMovedAside() {
         const QString target = QCoreApplication::applicationDirPath() + QStringLiteral("/elsewhere.xml");
-        QFile file(target);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("broken");
-        file.close();
+        QVERIFY(userfile::write("broken", target));
         QVERIFY(QFile::link(target, userfile::path()));
 
         Store::ZrXmlRead();
@@ -202,10 +199,7 @@ private slots:
 
     void aBadLinkStaysWhereNothingCanBeWritten() {
         const QString target = QCoreApplication::applicationDirPath() + QStringLiteral("/elsewhere.xml");
-        QFile file(target);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("broken");
-        file.close();
+        QVERIFY(userfile::write("broken", target));
         QVERIFY(QFile::link(target, userfile::path()));
         {
             const disk::Full full(0);

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/Disk.h"
-#include "support/StoredSettings.h"
+#include "support/UserFile.h"
 
-#include <QDir>
-#include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -110,16 +108,8 @@ private slots:
 private:
     QString file() const { return m_folder->filePath(QStringLiteral("VexaPenSetting.xml")); }
 
-    QByteArray content() const {
-        QFile present(file());
-        return present.open(QIODevice::ReadOnly) ? present.readAll() : QByteArray();
-    }
-
-    void write(const QByteArray &bytes) const {
-        QFile present(file());
-        QVERIFY(present.open(QIODevice::WriteOnly));
-        QCOMPARE(present.write(bytes), bytes.size());
-    }
+    QByteArray content() const { return userfile::read(file()); }
+    void write(const QByteArray &bytes) const { QVERIFY(userfile::write(bytes, file())); }
 
     void protect(const QString &path, int mode) const {
         QCOMPARE(chmod(QFile::encodeName(path).constData(), static_cast<mode_t>(mode)), 0);

@@ -19,8 +19,8 @@ inline QString badPath() {
     return path() + QStringLiteral(".bad");
 }
 
-inline bool write(const QByteArray &bytes) {
-    QFile file(path());
+inline bool write(const QByteArray &bytes, const QString &name = path()) {
+    QFile file(name);
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
 }
 
