@@ -9,6 +9,7 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QPointer>
 #include <QPushButton>
 #include <QScreen>
@@ -28,11 +29,17 @@ inline vexa::DrawingForm *make(bool face) {
     return new PizhuForm;
 }
 
-/// Columns for a test that holds for both.
+/// The rows of a test program that runs once for each.
 inline void both() {
     QTest::addColumn<bool>("face");
     QTest::newRow("annotation") << annotation;
     QTest::newRow("blackboard") << blackboard;
+}
+
+/// The one that it runs for now.
+inline bool current() {
+    QFETCH_GLOBAL(bool, face);
+    return face;
 }
 
 /// Calls `then` when the window reports that the user leaves it.
@@ -46,6 +53,17 @@ template<typename Then> void whenItReports(vexa::DrawingForm *form, Then then) {
 inline void show(QWidget &form) {
     vexa::platform::showOverPrimaryScreen(form);
     QVERIFY(QTest::qWaitForWindowExposed(&form));
+}
+
+/// A new window, shown over what the program would give it: the board, or this picture of the screen.
+inline vexa::DrawingForm *open(bool face, const QPixmap &picture) {
+    vexa::DrawingForm *const form = make(face);
+    if (auto *board = qobject_cast<blackBoardform *>(form))
+        board->Setbackground2();
+    else
+        form->Setbackground(new QPixmap(picture));
+    show(*form);
+    return form;
 }
 
 inline QPushButton *exitButton(const QWidget &form) {
@@ -64,6 +82,15 @@ inline QLabel *title(const QWidget &form) {
 /// The screen as it is now, without what lies over it at other places.
 inline QImage screen() {
     return QGuiApplication::primaryScreen()->grabWindow(0).toImage();
+}
+
+/// What there is to draw on in a picture of the screen: all but the title and the buttons.
+inline QImage sheet(const QWidget &form, QImage picture, const QColor &elsewhere = Qt::gray) {
+    QPainter painter(&picture);
+    for (const QWidget *child : form.findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly))
+        if (!child->isWindow())
+            painter.fillRect(child->geometry(), elsewhere);
+    return picture;
 }
 
 inline void mouse(QWidget &form, QEvent::Type type, const QPointF &at) {

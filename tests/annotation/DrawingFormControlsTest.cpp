@@ -2,7 +2,10 @@
 #include "annotation/DrawingFaces.h"
 #include "overlays/promptwindow2.h"
 #include "support/Pattern.h"
+#include "support/Table.h"
 #include "support/TestMain.h"
+
+#include <QTranslator>
 
 using namespace vexa::test;
 
@@ -22,26 +25,50 @@ public:
     }
 };
 
+bool promptSeen(const DrawingForm &form) {
+    return form.prompt()->isVisible() && form.prompt()->windowOpacity() > 0;
+}
+
+QString promptSwatch(const DrawingForm &form) {
+    return form.prompt()->findChild<QLabel *>("label_2")->styleSheet();
+}
+
+/// Where the letters are, drawn as in the label but without its picture around them.
+QRect lettersOf(const QLabel &title) {
+    QLabel bare;
+    bare.setFont(title.font());
+    bare.setText(title.text());
+    bare.setAlignment(title.alignment());
+    bare.setFixedSize(title.size());
+    bare.setStyleSheet("background: black; color: white");
+    const QImage shot = bare.grab().toImage();
+    QRect letters;
+    for (int y = 0; y < shot.height(); ++y)
+        for (int x = 0; x < shot.width(); ++x)
+            if (qGray(shot.pixel(x, y)) > 100)
+                letters |= QRect(x, y, 1, 1);
+    return letters;
+}
+
 } // namespace
 
-/// The title, the buttons and the cursors of the two drawing windows.
+/// The title, the buttons, the pens and the cursors of the two drawing windows.
 class DrawingFormControlsTest : public QObject {
     Q_OBJECT
+
+    using Titles = Table<QString, QStringList>; // a catalogue, and what the two are called
 
 private slots:
     void initTestCase_data() { faces::both(); }
     void init() {
         ZrToolXmlClass::PenColor0 = 2; // red
+        ZrToolXmlClass::PenColor1 = 4; // "#82FF20"
+        ZrToolXmlClass::PenColor2 = 0; // black
         ZrToolXmlClass::PenThickness = 3;
-    }
-
-    void cleanup() {
-        delete m_form;
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        open();
     }
 
     void titleAndButtonsStandAtTheirPlaces() {
-        open();
         QCOMPARE(faces::title(*m_form)->geometry(), QRect(820, 0, 280, 40));
         QCOMPARE(faces::penButton(*m_form)->geometry(), QRect(850, 980, 60, 60));
         QCOMPARE(faces::eraserButton(*m_form)->geometry(), QRect(930, 980, 60, 60));
@@ -51,7 +78,6 @@ private slots:
     /// Windows of their own would keep the scale of the screen they were made on when another becomes the
     /// primary one; only a server with several screens shows it.
     void controlsBelongToTheWindowAndHaveNoneOfTheirOwn() {
-        open();
         m_form->prompt()->showWithTimer();
         QVERIFY(m_form->prompt()->internalWinId() != 0);
         const auto controls = m_form->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
@@ -61,10 +87,7 @@ private slots:
     }
 
     void titleIsWhiteOnItsPicture() {
-        QFETCH_GLOBAL(bool, face);
-        open();
         const QLabel &title = *faces::title(*m_form);
-        QCOMPARE(title.text(), QString(face == faces::blackboard ? "黑板" : "批注模式"));
         QCOMPARE(title.font().family(), QString("Arial"));
         QCOMPARE(title.font().pointSize(), 25);
         QVERIFY(title.font().bold());
@@ -74,13 +97,34 @@ private slots:
         const QPixmap picture(":/annotatebg@1080p.png");
         QVERIFY(!picture.isNull());
         QCOMPARE(title.palette().brush(QPalette::Window).texture().toImage(), picture.toImage());
-        // The whole title fits into its box.
-        QVERIFY(title.fontMetrics().horizontalAdvance(title.text()) <= title.width());
-        QVERIFY(title.fontMetrics().height() <= title.height());
+    }
+
+    void titleFitsItsBoxInEveryLanguage_data() {
+        Titles::begin();
+        QTest::newRow("none") << "" << QStringList{"批注模式", "黑板"};
+        QTest::newRow("simplified") << "lang_Cn" << QStringList{"批注模式", "黑板"};
+        QTest::newRow("traditional") << "lang_Tw" << QStringList{"批註模式", "黑板"};
+        QTest::newRow("English") << "lang_En" << QStringList{"Annotation Mode", "Black Board"};
+    }
+    void titleFitsItsBoxInEveryLanguage() {
+        const auto [catalogue, texts] = Titles::row();
+        QTranslator translator;
+        QVERIFY(catalogue.isEmpty() || translator.load(QString(":/language_qm/%1.qm").arg(catalogue)));
+        QCoreApplication::installTranslator(&translator);
+        open();
+        const QLabel &title = *faces::title(*m_form);
+        QCOMPARE(title.text(), texts.at(faces::current() == faces::annotation ? 0 : 1));
+
+        // Cut letters would touch the edge of the box.
+        const QRect letters = lettersOf(title);
+        QVERIFY(!letters.isEmpty());
+        QVERIFY(QRect(4, 1, 280 - 8, 40 - 2).contains(letters));
+        const int left = letters.left();
+        const int right = 279 - letters.right();
+        QVERIFY2(qAbs(left - right) <= 4, qPrintable(QString("%1 and %2").arg(left).arg(right)));
     }
 
     void buttonsAreTwoToolsAndAnExit() {
-        open();
         const QPushButton &pen = *faces::penButton(*m_form);
         const QPushButton &eraser = *faces::eraserButton(*m_form);
         const QPushButton &exit = *faces::exitButton(*m_form);
@@ -99,7 +143,6 @@ private slots:
     }
 
     void buttonsShowTheirPictures() {
-        open();
         // Each button draws the artwork it names over the background, scaled to its 60 points.
         const QImage shot = m_form->grab().toImage();
         for (QPushButton *button : m_form->findChildren<QPushButton *>()) {
@@ -112,7 +155,6 @@ private slots:
     }
 
     void cursorIsTheToolInHand() {
-        open();
         const auto penShown = [this] {
             const QPixmap picture = m_form->cursor().pixmap();
             return picture.size() == QSize(10, 10) && picture.toImage().pixel(5, 5) == 0xffff0000 &&
@@ -131,7 +173,7 @@ private slots:
         QCOMPARE(eraser.pixel(25, 1), 0xff000000); // the rim: two pixels around the circle of 48
         QCOMPARE(eraser.pixel(25, 48), 0xff000000);
         QCOMPARE(qAlpha(eraser.pixel(0, 0)), 0);
-        QTest::mouseClick(m_form, Qt::LeftButton, {}, {400, 300});
+        QTest::mouseClick(m_form.get(), Qt::LeftButton, {}, {400, 300});
         QCOMPARE(m_form->cursor().pixmap().size(), QSize(50, 50));
         QTest::mouseClick(faces::penButton(*m_form), Qt::LeftButton);
         QVERIFY(penShown());
@@ -151,9 +193,8 @@ private slots:
     }
 
     void everyClickRunsItsSlotTwice() {
-        open();
         CursorRecorder recorder(*m_form);
-        QVERIFY(QMetaObject::invokeMethod(m_form, "on_pushButton_pen_clicked"));
+        QVERIFY(QMetaObject::invokeMethod(m_form.get(), "on_pushButton_pen_clicked"));
         const int changesOfOneRun = recorder.changes;
         QVERIFY(changesOfOneRun > 0);
         const auto runsOfAClickOn = [&](QPushButton *button) {
@@ -169,18 +210,62 @@ private slots:
         QCOMPARE(m_form->cursor().pixmap().size(), QSize(10, 10));
     }
 
-private:
-    void open() {
-        QFETCH_GLOBAL(bool, face);
-        m_form = faces::make(face);
-        if (face == faces::blackboard)
-            static_cast<blackBoardform *>(m_form.data())->Setbackground2();
-        else
-            m_form->Setbackground(new QPixmap(QPixmap::fromImage(pattern({1920, 1080}))));
-        faces::show(*m_form);
+    void threeColourStepsReturnToTheFirstAndEachShowsThePrompt() {
+        int x = 100;
+        for (const auto &[colour, name] :
+             {std::pair{0xff82ff20u, "#82FF20"}, {0xff000000u, "#000000"}, {0xffff0000u, "#FF0000"}}) {
+            m_form->prompt()->hideWindow();
+            m_form->ChangePenColorID();
+            QVERIFY(promptSeen(*m_form));
+            QVERIFY2(promptSwatch(*m_form).contains(QString("background-color:%1").arg(name)), name);
+            x += 100;
+            faces::stroke(*m_form, faces::line({x, 200}, {x, 400}, 50));
+            QTRY_COMPARE(faces::screen().pixel(x, 300), colour);
+        }
     }
 
-    QPointer<DrawingForm> m_form;
+    void colourStepReadsTheSettingsAgain() {
+        ZrToolXmlClass::PenColor1 = 7; // "#9C1FFF"
+        ZrToolXmlClass::PenThickness = 0;
+        m_form->ChangePenColorID();
+        QCOMPARE(m_form->cursor().pixmap().size(), QSize(2, 2));
+        faces::stroke(*m_form, faces::line({200, 200}, {200, 400}, 50));
+        QTRY_COMPARE(faces::screen().pixel(199, 300), 0xff9c1fff);
+        const QRgb beside = faces::current() == faces::blackboard ? faces::boardColour : patternAt(197, 300);
+        QCOMPARE(faces::screen().pixel(197, 300), beside);
+    }
+
+    void colourStepDuringAStrokeChangesNothing() {
+        faces::press(*m_form, {200, 300});
+        faces::move(*m_form, {300, 300});
+        m_form->ChangePenColorID();
+        QVERIFY(!promptSeen(*m_form));
+        QCOMPARE(m_form->cursor().shape(), Qt::BlankCursor);
+        faces::move(*m_form, {500, 300});
+        faces::move(*m_form, {600, 300});
+        faces::release(*m_form, {600, 300});
+        QTRY_COMPARE(faces::screen().pixel(450, 300), 0xffff0000);
+        m_form->ChangePenColorID(); // the first step after all
+        QVERIFY(promptSwatch(*m_form).contains("#82FF20"));
+    }
+
+    void colourStepWithTheEraserChangesNothing() {
+        QTest::mouseClick(faces::eraserButton(*m_form), Qt::LeftButton);
+        m_form->ChangePenColorID();
+        QVERIFY(!promptSeen(*m_form));
+        QCOMPARE(m_form->cursor().pixmap().size(), QSize(50, 50));
+        QTest::mouseClick(faces::penButton(*m_form), Qt::LeftButton);
+        faces::stroke(*m_form, faces::line({200, 300}, {400, 300}, 50));
+        QTRY_COMPARE(faces::screen().pixel(300, 300), 0xffff0000);
+    }
+
+private:
+    void open() {
+        m_form.reset();
+        m_form.reset(faces::open(faces::current(), QPixmap::fromImage(pattern({1920, 1080}))));
+    }
+
+    std::unique_ptr<DrawingForm> m_form;
 };
 
 VEXA_WIDGET_TEST_MAIN(DrawingFormControlsTest)

@@ -2,9 +2,9 @@
 #include "annotation/DrawingFaces.h"
 #include "overlays/promptwindow2.h"
 #include "support/ResidentMemory.h"
+#include "support/Table.h"
 #include "support/TestMain.h"
 
-#include <QPainter>
 #include <QSignalSpy>
 
 using namespace vexa::test;
@@ -19,9 +19,9 @@ void turnEventLoop() {
     QCoreApplication::processEvents();
 }
 
-QPixmap *plainPicture(Qt::GlobalColor colour) {
-    auto *picture = new QPixmap(1920, 1080);
-    picture->fill(colour);
+QPixmap plain(Qt::GlobalColor colour) {
+    QPixmap picture(1920, 1080);
+    picture.fill(colour);
     return picture;
 }
 
@@ -30,166 +30,110 @@ QPixmap *plainPicture(Qt::GlobalColor colour) {
 class DrawingFormLifeTest : public QObject {
     Q_OBJECT
 
+    using Exits = Table<int, int>; // clicks of the mouse on the exit button, reports
+
 private slots:
+    void initTestCase_data() { faces::both(); }
     void init() {
         ZrToolXmlClass::PenColor0 = 2;
         ZrToolXmlClass::PenThickness = 3;
+        m_form = faces::open(faces::current(), plain(Qt::green));
     }
+    void cleanup() { delete m_form; }
 
     void exitButtonReportsOnceThenTheWindowIsGone_data() {
-        QTest::addColumn<bool>("face");
-        QTest::addColumn<int>("code");
-        QTest::newRow("annotation") << faces::annotation << 1;
-        QTest::newRow("blackboard") << faces::blackboard << 0;
+        Exits::begin();
+        QTest::newRow("one click") << 1 << 1;
+        QTest::newRow("a second click before the window is gone") << 2 << 1;
+        QTest::newRow("no click of the mouse") << 0 << 0;
     }
     void exitButtonReportsOnceThenTheWindowIsGone() {
-        QFETCH(bool, face);
-        QFETCH(int, code);
-        QPointer<DrawingForm> form = faces::make(face);
-        const QPointer<promptwindow2> prompt = form->prompt();
-        QSignalSpy spy(form, SIGNAL(signalPizhukWindow(int)));
+        const auto [clicks, reports] = Exits::row();
+        const QPointer<promptwindow2> prompt = m_form->prompt();
+        QSignalSpy spy(m_form, SIGNAL(signalPizhukWindow(int)));
         bool visibleWhenReported = false;
-        faces::show(*form);
-        faces::whenItReports(form, [&] { visibleWhenReported = form->isVisible(); });
-        QTest::mouseClick(faces::exitButton(*form), Qt::LeftButton);
-        QCOMPARE(spy.count(), 1);
-        QCOMPARE(spy.at(0).at(0).toInt(), code);
-        QVERIFY(visibleWhenReported);
-        QVERIFY(form.isNull() || !form->isVisible());
+        faces::whenItReports(m_form, [&] { visibleWhenReported = m_form->isVisible(); });
+        for (int i = 0; i < clicks && m_form; ++i)
+            QTest::mouseClick(faces::exitButton(*m_form), Qt::LeftButton);
+        if (clicks == 0)
+            faces::exitButton(*m_form)->click();
+        QVERIFY(!m_form || !m_form->isVisible());
         turnEventLoop();
-        QVERIFY(form.isNull());
-        QVERIFY(prompt.isNull());
-        QCOMPARE(spy.count(), 1);
+        QVERIFY(!m_form);
+        QVERIFY(!prompt);
+        QCOMPARE(spy.count(), reports);
+        QCOMPARE(visibleWhenReported, reports > 0);
+        if (reports > 0)
+            QCOMPARE(spy.at(0).at(0).toInt(), faces::current() == faces::annotation ? 1 : 0);
     }
 
-    void secondPressBeforeTheWindowIsGoneReportsNothing_data() { faces::both(); }
-    void secondPressBeforeTheWindowIsGoneReportsNothing() {
-        QFETCH(bool, face);
-        QPointer<DrawingForm> form = faces::make(face);
-        QSignalSpy spy(form, SIGNAL(signalPizhukWindow(int)));
-        faces::show(*form);
-        faces::press(*faces::exitButton(*form), {30, 30});
-        if (form)
-            faces::press(*faces::exitButton(*form), {30, 30});
-        turnEventLoop();
-        QCOMPARE(spy.count(), 1);
-        QVERIFY(form.isNull());
-    }
-
-    void itMayBeDeletedByWhoeverItReportsTo_data() { faces::both(); }
     void itMayBeDeletedByWhoeverItReportsTo() {
-        QFETCH(bool, face);
-        const QPointer<DrawingForm> form = faces::make(face);
-        faces::whenItReports(form, [form] { delete form; });
-        faces::show(*form);
-        faces::press(*faces::exitButton(*form), {30, 30});
-        QVERIFY(form.isNull());
+        faces::whenItReports(m_form, [this] { delete m_form; });
+        faces::press(*faces::exitButton(*m_form), {30, 30});
+        QVERIFY(!m_form);
     }
 
-    void clickOfTheExitButtonByOtherMeansClosesWithoutAReport_data() { faces::both(); }
-    void clickOfTheExitButtonByOtherMeansClosesWithoutAReport() {
-        QFETCH(bool, face);
-        QPointer<DrawingForm> form = faces::make(face);
-        QSignalSpy spy(form, SIGNAL(signalPizhukWindow(int)));
-        faces::show(*form);
-        faces::exitButton(*form)->click();
-        turnEventLoop();
-        QVERIFY(form.isNull());
-        QCOMPARE(spy.count(), 0);
-    }
-
-    void toolSlotsRunTwiceWithoutHarm_data() { faces::both(); }
     void toolSlotsRunTwiceWithoutHarm() {
-        QFETCH(bool, face);
-        const std::unique_ptr<DrawingForm> form(faces::make(face));
         for (int i = 0; i < 2; ++i)
-            QVERIFY(QMetaObject::invokeMethod(form.get(), "on_pushButton_eraser_clicked"));
-        QCOMPARE(form->cursor().pixmap().size(), QSize(50, 50));
+            QVERIFY(QMetaObject::invokeMethod(m_form, "on_pushButton_eraser_clicked"));
+        QCOMPARE(m_form->cursor().pixmap().size(), QSize(50, 50));
         for (int i = 0; i < 2; ++i)
-            QVERIFY(QMetaObject::invokeMethod(form.get(), "on_pushButton_pen_clicked"));
-        QCOMPARE(form->cursor().pixmap().size(), QSize(10, 10));
+            QVERIFY(QMetaObject::invokeMethod(m_form, "on_pushButton_pen_clicked"));
+        QCOMPARE(m_form->cursor().pixmap().size(), QSize(10, 10));
     }
 
-    void buildingThePenAnewTakesThePenButLeavesTheButtons_data() { faces::both(); }
     void buildingThePenAnewTakesThePenButLeavesTheButtons() {
-        QFETCH(bool, face);
-        const std::unique_ptr<DrawingForm> form(faces::make(face));
-        faces::eraserButton(*form)->click();
-        form->setPenInit();
-        QVERIFY(faces::eraserButton(*form)->isChecked());
-        faces::press(*form, {400, 300});
-        QCOMPARE(form->cursor().shape(), Qt::BlankCursor); // a pen draws
+        faces::eraserButton(*m_form)->click();
+        m_form->setPenInit();
+        QVERIFY(faces::eraserButton(*m_form)->isChecked());
+        faces::press(*m_form, {400, 300});
+        QCOMPARE(m_form->cursor().shape(), Qt::BlankCursor); // a pen draws
     }
 
-    void boardFillsTheWholeWindow() {
-        const std::unique_ptr<blackBoardform> board(new blackBoardform);
-        board->Setbackground2();
-        faces::show(*board);
-        QTRY_COMPARE(faces::screen().pixel(5, 5), faces::boardColour);
-        QImage shot = faces::screen();
-        for (const QWidget *child : board->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly))
-            if (!child->isWindow())
-                QPainter(&shot).fillRect(child->geometry(), QColor(faces::boardColour));
-        QImage bare(shot.size(), shot.format());
-        bare.fill(faces::boardColour);
-        QCOMPARE(shot, bare);
+    void backgroundFillsTheWholeWindow() {
+        const QRgb colour = faces::current() == faces::blackboard ? faces::boardColour : 0xff00ff00;
+        QTRY_COMPARE(faces::screen().pixel(5, 5), colour);
+        const QImage sheet = faces::sheet(*m_form, faces::screen(), colour);
+        QImage bare(sheet.size(), sheet.format());
+        bare.fill(colour);
+        QCOMPARE(sheet, bare);
     }
 
-    void boardTakesAPictureToo() {
-        const std::unique_ptr<blackBoardform> board(new blackBoardform);
-        board->Setbackground2();
-        faces::show(*board);
-        board->Setbackground(plainPicture(Qt::green));
-        QTRY_COMPARE(faces::screen().pixel(500, 500), 0xff00ff00);
-        board->Setbackground2();
-        QTRY_COMPARE(faces::screen().pixel(500, 500), faces::boardColour);
-    }
-
-    void newBackgroundTakesThePlaceOfTheOld_data() { faces::both(); }
     void newBackgroundTakesThePlaceOfTheOld() {
-        QFETCH(bool, face);
-        const std::unique_ptr<DrawingForm> form(faces::make(face));
-        form->Setbackground(plainPicture(Qt::green));
-        faces::show(*form);
-        QTRY_COMPARE(faces::screen().pixel(500, 500), 0xff00ff00);
-        QPixmap *second = plainPicture(Qt::blue);
-        form->Setbackground(second);
-        QTRY_COMPARE(faces::screen().pixel(500, 500), 0xff0000ff);
-        form->Setbackground(second);
-        QTRY_COMPARE(faces::screen().pixel(500, 500), 0xff0000ff);
-        form->Setbackground(nullptr);
-        form->Setbackground(plainPicture(Qt::yellow));
+        auto *const second = new QPixmap(plain(Qt::blue));
+        for (int i = 0; i < 2; ++i) { // also of itself
+            m_form->Setbackground(second);
+            QTRY_COMPARE(faces::screen().pixel(500, 500), 0xff0000ff);
+        }
+        m_form->Setbackground(nullptr);
+        m_form->Setbackground(new QPixmap(plain(Qt::yellow)));
         QTRY_COMPARE(faces::screen().pixel(500, 500), 0xffffff00);
+        if (auto *const board = qobject_cast<blackBoardform *>(m_form)) {
+            board->Setbackground2();
+            QTRY_COMPARE(faces::screen().pixel(500, 500), faces::boardColour);
+        }
     }
 
-    void backgroundIsThereWhetherActiveOrNot_data() { faces::both(); }
     void backgroundIsThereWhetherActiveOrNot() {
-        QFETCH(bool, face);
-        const std::unique_ptr<DrawingForm> form(faces::make(face));
-        form->Setbackground(plainPicture(Qt::green));
-        for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
-            QCOMPARE(form->palette().brush(group, QPalette::Window).textureImage().pixel(9, 9), 0xff00ff00);
-        if (face == faces::annotation)
-            return;
-        static_cast<blackBoardform *>(form.get())->Setbackground2();
-        for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
-            QCOMPARE(form->palette().brush(group, QPalette::Window), QBrush(QColor(24, 24, 39)));
+        constexpr QPalette::ColorGroup groups[] = {QPalette::Active, QPalette::Inactive, QPalette::Disabled};
+        if (faces::current() == faces::blackboard)
+            for (const auto group : groups)
+                QCOMPARE(m_form->palette().brush(group, QPalette::Window), QBrush(QColor(24, 24, 39)));
+        m_form->Setbackground(new QPixmap(plain(Qt::green)));
+        for (const auto group : groups)
+            QCOMPARE(m_form->palette().brush(group, QPalette::Window).textureImage().pixel(9, 9), 0xff00ff00);
     }
 
-    void bothWindowsOpenTogetherCloseInEitherOrder_data() { faces::both(); }
     void bothWindowsOpenTogetherCloseInEitherOrder() {
-        QFETCH(bool, face);
-        QPointer<DrawingForm> annotation = faces::make(faces::annotation);
-        QPointer<DrawingForm> board = faces::make(faces::blackboard);
-        annotation->Setbackground(plainPicture(Qt::green));
-        static_cast<blackBoardform *>(board.data())->Setbackground2();
-        faces::show(*annotation);
-        faces::show(*board);
+        delete m_form;
+        QPointer<DrawingForm> annotation = faces::open(faces::annotation, plain(Qt::green));
+        QPointer<DrawingForm> board = faces::open(faces::blackboard, {});
         faces::press(*board, {100, 100});
         faces::move(*board, {200, 200});
-        (face ? annotation : board)->close(); // in the midst of a stroke
+        const bool boardStays = faces::current() == faces::blackboard;
+        DrawingForm *const left = boardStays ? board.data() : annotation.data();
+        (boardStays ? annotation : board)->close(); // in the midst of a stroke
         turnEventLoop();
-        QPointer<DrawingForm> left = face ? board : annotation;
         faces::stroke(*left, faces::line({300, 300}, {600, 300}, 30));
         QTRY_COMPARE(faces::screen().pixel(450, 300), 0xffff0000);
         left->close();
@@ -197,28 +141,25 @@ private slots:
         QVERIFY(annotation.isNull() && board.isNull());
     }
 
-    void mouseSamplesAreKeptOnlyWhileAWindowNeedsThem_data() {
-        QTest::addColumn<bool>("mergedBefore");
-        QTest::newRow("not merged before") << false;
-        QTest::newRow("merged before") << true; // the last, for the tests that follow
-    }
     void mouseSamplesAreKeptOnlyWhileAWindowNeedsThem() {
-        QFETCH(bool, mergedBefore);
-        QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, mergedBefore);
-        {
-            const std::unique_ptr<DrawingForm> first(faces::make(faces::annotation));
-            { const std::unique_ptr<DrawingForm> second(faces::make(faces::blackboard)); }
-            QVERIFY(!QCoreApplication::testAttribute(Qt::AA_CompressHighFrequencyEvents));
+        delete m_form;
+        constexpr auto merging = Qt::AA_CompressHighFrequencyEvents;
+        for (const bool mergedBefore : {false, true}) { // the usual one last, for the tests that follow
+            QCoreApplication::setAttribute(merging, mergedBefore);
+            {
+                const std::unique_ptr<DrawingForm> first(faces::make(faces::annotation));
+                { const std::unique_ptr<DrawingForm> second(faces::make(faces::blackboard)); }
+                QVERIFY(!QCoreApplication::testAttribute(merging));
+            }
+            QCOMPARE(QCoreApplication::testAttribute(merging), mergedBefore);
         }
-        QCOMPARE(QCoreApplication::testAttribute(Qt::AA_CompressHighFrequencyEvents), mergedBefore);
     }
 
-    void hundredsOfOpeningsLeaveMemoryFlat_data() { faces::both(); }
     void hundredsOfOpeningsLeaveMemoryFlat() {
-        QFETCH(bool, face);
-        const double grown = growth(30, 200, [face] {
-            DrawingForm *form = faces::make(face);
-            form->Setbackground(plainPicture(Qt::green));
+        delete m_form;
+        const double grown = growth(30, 200, [] {
+            DrawingForm *form = faces::make(faces::current());
+            form->Setbackground(new QPixmap(plain(Qt::green)));
             form->prompt()->showWithTransperent();
             vexa::platform::showOverPrimaryScreen(*form);
             faces::stroke(*form, faces::line({300, 300}, {600, 400}, 20));
@@ -230,6 +171,9 @@ private slots:
         // Ink, coverage and picture of one window are some 20 MB, its prompt and cursors some 0.1 MB.
         QVERIFY2(grown < 10, qPrintable(QString::number(grown)));
     }
+
+private:
+    QPointer<DrawingForm> m_form;
 };
 
 VEXA_WIDGET_TEST_MAIN(DrawingFormLifeTest)

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "annotation/DrawingFaces.h"
 #include "support/Pattern.h"
-
-#include <QApplication>
+#include "support/TestMain.h"
 
 using namespace vexa::test;
 
@@ -46,21 +45,11 @@ private slots:
 
 private:
     static vexa::DrawingForm *openOver(const QImage &slide) {
-        auto *picture = new QPixmap(QPixmap::fromImage(slide));
-        picture->setDevicePixelRatio(2);
-        vexa::DrawingForm *form = faces::make(faces::annotation);
-        form->Setbackground(picture);
-        faces::show(*form);
-        return form;
+        QPixmap picture = QPixmap::fromImage(slide);
+        picture.setDevicePixelRatio(2);
+        return faces::open(faces::annotation, picture);
     }
 };
 
-int main(int argc, char *argv[]) {
-    qputenv("QT_FONT_DPI", "72");
-    qputenv("QT_SCALE_FACTOR", "2");
-    QApplication application(argc, argv);
-    QApplication::setQuitOnLastWindowClosed(false);
-    DrawingFormScaledTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+VEXA_WIDGET_TEST_MAIN(DrawingFormScaledTest)
 #include "DrawingFormScaledTest.moc"

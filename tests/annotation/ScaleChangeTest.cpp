@@ -6,6 +6,7 @@
 #include "overlays/PromptWindow.h"
 #include "support/DesktopDpi.h"
 #include "support/Resolution.h"
+#include "support/Table.h"
 
 #include <QApplication>
 
@@ -33,26 +34,16 @@ void setScreen(const QSize &pixels, int scale) {
 using Open = std::function<QWidget *()>;
 
 /// Red on the whole screen.
-QPixmap *red() {
-    auto *picture = new QPixmap(screenPoints() * screenRatio());
-    picture->setDevicePixelRatio(screenRatio());
-    picture->fill(Qt::red);
+QPixmap red() {
+    QPixmap picture(screenPoints() * screenRatio());
+    picture.setDevicePixelRatio(screenRatio());
+    picture.fill(Qt::red);
     return picture;
 }
 
-QWidget *openDrawing(bool face) {
-    vexa::DrawingForm *const form = faces::make(face);
-    if (face == faces::blackboard)
-        static_cast<blackBoardform *>(form)->Setbackground2();
-    else
-        form->Setbackground(red());
-    faces::show(*form);
-    return form;
-}
-
 QWidget *openHeld(const HeldToolKind &kind) {
-    const std::unique_ptr<QPixmap> picture(red());
-    QWidget *const tool = kind.open(picture.get());
+    QPixmap picture = red();
+    QWidget *const tool = kind.open(&picture);
     kind.move(tool, {200, 200});
     return tool;
 }
@@ -73,69 +64,62 @@ Q_DECLARE_METATYPE(Open)
 class ScaleChangeTest : public QObject {
     Q_OBJECT
 
+    /// The last lies in the window at the new scale, but not if it had kept its pixels.
+    using Windows = Table<Open, QSize, QPoint>;
+
 private slots:
-    void initTestCase();
-    void anOpenWindowGetsItsPixelsAndItsPictures_data();
-    void anOpenWindowGetsItsPixelsAndItsPictures();
-    void aCardHasItsSizeAfterwardsWhateverTheToolkitMadeOfIt();
+    void initTestCase() {
+        setToolSizes(40);
+        ZrToolXmlClass::SportLightTran = 100; // some veil
+        addResolution(few);
+    }
+
+    void anOpenWindowGetsItsPixelsAndItsPictures_data() {
+        Windows::begin();
+        // Further out lies the outline of the spotlight's veil, as black as the bare screen.
+        const QPoint corner(many.width() - 10, many.height() - 10), inTheCard(1100, 700);
+        const std::tuple<const char *, Open, QPoint> windows[] = {
+            {"annotation", [] { return faces::open(faces::annotation, red()); }, corner},
+            {"blackboard", [] { return faces::open(faces::blackboard, red()); }, corner},
+            {"laser", [] { return openHeld(laser); }, corner},
+            {"spotlight", [] { return openHeld(spotlight); }, corner},
+            {"magnifier", [] { return openHeld(magnifier); }, corner},
+            {"card", openCard, inTheCard},
+        };
+        for (const auto &[name, open, within] : windows) {
+            QTest::addRow("%s, as many points", name) << open << few << within;
+            QTest::addRow("%s, fewer points", name) << open << many << within;
+        }
+    }
+    /// It is to look as one that is opened at the new scale.
+    void anOpenWindowGetsItsPixelsAndItsPictures() {
+        const auto [open, before, within] = Windows::row();
+        setScreen(before, 1);
+        const QPointer<QWidget> opened(open());
+        QVERIFY(QTest::qWaitForWindowExposed(opened));
+        setScreen(many, 2);
+        QTRY_VERIFY_WITH_TIMEOUT(shownOnScreen().pixel(within) != bare, patience);
+
+        const QPointer<QWidget> anew(open());
+        QVERIFY(QTest::qWaitForWindowExposed(anew));
+        QTRY_COMPARE_WITH_TIMEOUT(differences(opened->grab().toImage(), anew->grab().toImage()), 0, patience);
+        for (const auto &window : {opened, anew}) {
+            window->close();
+            QTRY_VERIFY_WITH_TIMEOUT(!window, patience);
+        }
+        QTRY_COMPARE_WITH_TIMEOUT(shownOnScreen().pixel(within), bare, patience);
+    }
+
+    /// As when the server confirms an earlier place too late: as many pixels are other points then.
+    void aCardHasItsSizeAfterwardsWhateverTheToolkitMadeOfIt() {
+        setScreen(few, 1);
+        const std::unique_ptr<QWidget> card(openCard());
+        QVERIFY(QTest::qWaitForWindowExposed(card.get()));
+        card->resize(190, 90);
+        setScreen(many, 2);
+        QTRY_COMPARE_WITH_TIMEOUT(card->geometry(), QRect(210, 210, 380, 180), patience);
+    }
 };
-
-void ScaleChangeTest::initTestCase() {
-    setToolSizes(40);
-    ZrToolXmlClass::SportLightTran = 100; // some veil
-    addResolution(few);
-}
-
-void ScaleChangeTest::anOpenWindowGetsItsPixelsAndItsPictures_data() {
-    QTest::addColumn<Open>("open");
-    QTest::addColumn<QSize>("before");
-    QTest::addColumn<QPoint>("within"); // in it at the new scale, and not if it had kept its pixels
-    // Further out lies the outline of the spotlight's veil, as black as the bare screen.
-    const QPoint corner(many.width() - 10, many.height() - 10), inTheCard(1100, 700);
-    const std::tuple<const char *, Open, QPoint> windows[] = {
-        {"annotation", [] { return openDrawing(faces::annotation); }, corner},
-        {"blackboard", [] { return openDrawing(faces::blackboard); }, corner},
-        {"laser", [] { return openHeld(laser); }, corner},
-        {"spotlight", [] { return openHeld(spotlight); }, corner},
-        {"magnifier", [] { return openHeld(magnifier); }, corner},
-        {"card", openCard, inTheCard},
-    };
-    for (const auto &[name, open, within] : windows) {
-        QTest::addRow("%s, as many points", name) << open << few << within;
-        QTest::addRow("%s, fewer points", name) << open << many << within;
-    }
-}
-
-/// It is to look as one that is opened at the new scale.
-void ScaleChangeTest::anOpenWindowGetsItsPixelsAndItsPictures() {
-    QFETCH(Open, open);
-    QFETCH(QSize, before);
-    QFETCH(QPoint, within);
-    setScreen(before, 1);
-    const QPointer<QWidget> opened(open());
-    QVERIFY(QTest::qWaitForWindowExposed(opened));
-    setScreen(many, 2);
-    QTRY_VERIFY_WITH_TIMEOUT(shownOnScreen().pixel(within) != bare, patience);
-
-    const QPointer<QWidget> anew(open());
-    QVERIFY(QTest::qWaitForWindowExposed(anew));
-    QTRY_COMPARE_WITH_TIMEOUT(differences(opened->grab().toImage(), anew->grab().toImage()), 0, patience);
-    for (const auto &window : {opened, anew}) {
-        window->close();
-        QTRY_VERIFY_WITH_TIMEOUT(!window, patience);
-    }
-    QTRY_COMPARE_WITH_TIMEOUT(shownOnScreen().pixel(within), bare, patience);
-}
-
-/// As when the server confirms an earlier place too late: as many pixels are other points then.
-void ScaleChangeTest::aCardHasItsSizeAfterwardsWhateverTheToolkitMadeOfIt() {
-    setScreen(few, 1);
-    const std::unique_ptr<QWidget> card(openCard());
-    QVERIFY(QTest::qWaitForWindowExposed(card.get()));
-    card->resize(190, 90);
-    setScreen(many, 2);
-    QTRY_COMPARE_WITH_TIMEOUT(card->geometry(), QRect(210, 210, 380, 180), patience);
-}
 
 int main(int argc, char *argv[]) {
     DesktopDpi dpi(usualDpi);
