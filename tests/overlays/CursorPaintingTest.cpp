@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "overlays/CursorPainting.h"
 
+#include "support/Table.h"
+
 #include <QRandomGenerator>
 #include <QtTest>
 
 using vexa::paintCursor;
+using vexa::test::Table;
 
 namespace {
 
@@ -49,88 +52,51 @@ void paintSlowly(QImage &screen, const QRect &area, const QImage &cursor, const 
 class CursorPaintingTest : public QObject {
     Q_OBJECT
 
+    /// A colour, a picture in it, the size that it is said to have, the pointer, and what is seen of it.
+    using Pictures = Table<QRgb, QSize, QSize, QPoint, QRect>;
+
+    static constexpr QRect area{100, 100, 50, 60};
+
 private slots:
-    void thePictureMovesByTheArrowsTip() {
-        QImage screen = plain({100, 80}, screenColour);
-        paintCursor(screen, {200, 300, 100, 80}, plain({1, 1}, cursorColour), {1, 1}, {240, 350});
-        QImage expected = plain({100, 80}, screenColour);
-        expected.setPixel(240 - 200 - 4, 350 - 300 - 3, cursorColour);
-        QCOMPARE(screen, expected);
+    void whatIsSeenOfAPictureOfOneColour_data() {
+        Pictures::begin();
+        const auto row = [](const char *name, QRgb word, QSize size, QPoint pointer, QRect seen) {
+            QTest::newRow(name) << word << size << size << pointer << seen;
+        };
+        // What an arrow points at is 4 to the right and 3 down in its picture.
+        row("moved by the arrow's tip", cursorColour, {1, 1}, {140, 150}, {36, 47, 1, 1});
+        row("opaque black", 0xFF000000, {1, 1}, {120, 120}, {16, 17, 1, 1});
+        row("a soft colour, which becomes opaque", 0x40102030, {1, 1}, {120, 120}, {16, 17, 1, 1});
+        row("nothing", 0, {8, 8}, {120, 120}, {});
+        row("hardly black", 0x01000000, {8, 8}, {120, 120}, {});
+        row("half black", 0x80000000, {8, 8}, {120, 120}, {});
+        row("nearly opaque black", 0xFE000000, {8, 8}, {120, 120}, {});
+        row("over all of it and more: the first column and row stay free", cursorColour, {100, 100}, {99, 98},
+            {1, 1, 49, 59});
+        row("left of it", cursorColour, {16, 16}, {100 + 4 - 16, 120}, {});
+        row("right of it", cursorColour, {16, 16}, {100 + 50 + 4, 120}, {});
+        row("above it", cursorColour, {16, 16}, {120, 100 + 3 - 16}, {});
+        row("below it", cursorColour, {16, 16}, {120, 100 + 60 + 3}, {});
+        row("far away", cursorColour, {16, 16}, {-100000, 100000}, {});
+        const QPoint middle(120, 120);
+        QTest::newRow("larger than said")
+            << cursorColour << QSize(32, 32) << QSize(2, 1) << middle << QRect(16, 17, 2, 1);
+        QTest::newRow("smaller than said")
+            << cursorColour << QSize(1, 1) << QSize(40, 40) << middle << QRect(16, 17, 1, 1);
+        QTest::newRow("no picture") << cursorColour << QSize() << QSize(40, 40) << middle << QRect();
+    }
+    void whatIsSeenOfAPictureOfOneColour() {
+        const auto [word, picture, size, pointer, seen] = Pictures::row();
+        QImage screen = plain(area.size(), screenColour);
+        paintCursor(screen, area, plain(picture, word), size, pointer);
+        for (int y = 0; y < area.height(); ++y)
+            for (int x = 0; x < area.width(); ++x)
+                QCOMPARE(screen.pixel(x, y), seen.contains(x, y) ? word | 0xFF000000 : screenColour);
     }
 
-    void opaqueBlackIsPainted() {
-        QImage screen = plain({50, 50}, screenColour);
-        paintCursor(screen, {0, 0, 50, 50}, plain({1, 1}, 0xFF000000), {1, 1}, {20, 20});
-        QCOMPARE(screen.pixel(16, 17), QRgb(0xFF000000));
-    }
-
-    void otherBlackAndNothingAreNot_data() {
-        QTest::addColumn<QRgb>("word");
-        QTest::newRow("nothing") << QRgb(0);
-        QTest::newRow("hardly black") << QRgb(0x01000000);
-        QTest::newRow("half black") << QRgb(0x80000000);
-        QTest::newRow("nearly opaque black") << QRgb(0xFE000000);
-    }
-    void otherBlackAndNothingAreNot() {
-        QFETCH(QRgb, word);
-        QImage screen = plain({50, 50}, screenColour);
-        paintCursor(screen, {0, 0, 50, 50}, plain({8, 8}, word), {8, 8}, {20, 20});
-        QCOMPARE(screen, plain({50, 50}, screenColour));
-    }
-
-    void softColoursArePaintedOpaque() {
-        QImage screen = plain({50, 50}, screenColour);
-        paintCursor(screen, {0, 0, 50, 50}, plain({1, 1}, 0x40102030), {1, 1}, {20, 20});
-        QCOMPARE(screen.pixel(16, 17), QRgb(0xFF102030));
-    }
-
-    void firstColumnAndRowStayFree() {
-        QImage screen = plain({50, 40}, screenColour);
-        const QRect area(10, 20, 50, 40);
-        // Everything of the area lies under this cursor, and more on each side.
-        paintCursor(screen, area, plain({100, 100}, cursorColour), {100, 100},
-                    area.topLeft() + QPoint(4, 3) - QPoint(5, 5));
-        for (int y = 0; y < 40; ++y)
-            for (int x = 0; x < 50; ++x)
-                QCOMPARE(screen.pixel(x, y), x == 0 || y == 0 ? screenColour : cursorColour);
-    }
-
-    void aPointerOutsideChangesNothing_data() {
-        QTest::addColumn<QPoint>("pointer");
-        QTest::newRow("left") << QPoint(100 + 4 - 16, 120);
-        QTest::newRow("right") << QPoint(100 + 50 + 4, 120);
-        QTest::newRow("above") << QPoint(120, 100 + 3 - 16);
-        QTest::newRow("below") << QPoint(120, 100 + 40 + 3);
-        QTest::newRow("far") << QPoint(-100000, 100000);
-    }
-    void aPointerOutsideChangesNothing() {
-        QFETCH(QPoint, pointer);
-        QImage screen = plain({50, 40}, screenColour);
-        paintCursor(screen, {100, 100, 50, 40}, plain({16, 16}, cursorColour), {16, 16}, pointer);
-        QCOMPARE(screen, plain({50, 40}, screenColour));
-    }
-
-    void onlyTheSaidSizeCounts() {
-        QImage screen = plain({50, 50}, screenColour);
-        paintCursor(screen, {0, 0, 50, 50}, plain({32, 32}, cursorColour), {2, 1}, {20, 20});
-        QImage expected = plain({50, 50}, screenColour);
-        expected.setPixel(16, 17, cursorColour);
-        expected.setPixel(17, 17, cursorColour);
-        QCOMPARE(screen, expected);
-    }
-
-    void aPictureSmallerThanItsSizeOrNoneIsHarmless() {
-        QImage screen = plain({50, 50}, screenColour);
-        paintCursor(screen, {0, 0, 50, 50}, plain({1, 1}, cursorColour), {40, 40}, {20, 20});
-        QImage expected = plain({50, 50}, screenColour);
-        expected.setPixel(16, 17, cursorColour);
-        QCOMPARE(screen, expected);
-
-        paintCursor(screen, {0, 0, 50, 50}, QImage(), {40, 40}, {20, 20});
-        QCOMPARE(screen, expected);
-
+    void withoutAScreenNothingIsPainted() {
         QImage none;
-        paintCursor(none, {0, 0, 50, 50}, plain({8, 8}, cursorColour), {8, 8}, {20, 20});
+        paintCursor(none, area, plain({8, 8}, cursorColour), {8, 8}, {120, 120});
         QVERIFY(none.isNull());
     }
 
@@ -139,20 +105,20 @@ private slots:
         const auto between = [&random](int low, int high) { return random.bounded(low, high + 1); };
         int painted = 0;
         for (int round = 0; round < 500; ++round) {
-            const QRect area(between(-50, 50), between(-50, 50), between(20, 60), between(20, 60));
+            const QRect place(between(-50, 50), between(-50, 50), between(20, 60), between(20, 60));
             QImage cursor = plain({between(5, 40), between(5, 40)}, 0);
             const QRgb words[] = {0, 0xFF000000, 0x70000000, cursorColour, 0x33224466, 0x00010000};
             for (int y = 0; y < cursor.height(); ++y)
                 for (int x = 0; x < cursor.width(); ++x)
                     reinterpret_cast<QRgb *>(cursor.scanLine(y))[x] = words[random.bounded(6)];
-            const QPoint pointer(area.x() + between(-30, 50), area.y() + between(-30, 50));
+            const QPoint pointer(place.x() + between(-30, 50), place.y() + between(-30, 50));
 
-            QImage fast = plain(area.size(), screenColour);
+            QImage fast = plain(place.size(), screenColour);
             QImage slow = fast.copy();
-            paintCursor(fast, area, cursor, cursor.size(), pointer);
-            paintSlowly(slow, area, cursor, cursor.size(), pointer);
+            paintCursor(fast, place, cursor, cursor.size(), pointer);
+            paintSlowly(slow, place, cursor, cursor.size(), pointer);
             QCOMPARE(fast, slow);
-            painted += slow != plain(area.size(), screenColour) ? 1 : 0;
+            painted += slow != plain(place.size(), screenColour) ? 1 : 0;
         }
         QVERIFY2(painted > 100, "too few of the random pictures met the screen");
     }

@@ -5,6 +5,7 @@
 #include "platform/OverlayWindow.h"
 #include "platform/ScreenCapture.h"
 #include "support/ScreenProbe.h"
+#include "support/Table.h"
 #include "support/TestMain.h"
 
 using namespace vexa::test;
@@ -18,6 +19,8 @@ const QColor pointerColour(238, 136, 17);
 
 class GrabTest : public QObject {
     Q_OBJECT
+
+    using Pointers = Table<QRect, QPoint>;
 
 private slots:
     void initTestCase() {
@@ -49,29 +52,20 @@ private slots:
                      0);
     }
 
-    void aRectangleAnywhereIsThatOfTheScreen_data() {
+    void aRectangleIsWhatTheScreenHasOfIt_data() {
         QTest::addColumn<QRect>("rect");
         const QSize screen = screenPoints();
         QTest::newRow("one point") << QRect(33, 44, 1, 1);
         QTest::newRow("middle") << QRect(101, 99, 57, 83);
         QTest::newRow("bottom right corner") << QRect(screen.width() - 20, screen.height() - 10, 20, 10);
         QTest::newRow("everything") << QRect(QPoint(), screen);
-    }
-    void aRectangleAnywhereIsThatOfTheScreen() {
-        QFETCH(QRect, rect);
-        QCOMPARE(differences(Grab::qt_mac_grabScreenRect_10_6(rect).toImage(), part(rect)), 0);
-    }
-
-    void beyondTheScreenThereIsNothing_data() {
-        QTest::addColumn<QRect>("rect");
-        const QSize screen = screenPoints();
         QTest::newRow("over the right edge") << QRect(screen.width() - 20, 10, 100, 30);
         QTest::newRow("over the top left corner") << QRect(-15, -25, 60, 60);
         QTest::newRow("over every edge") << QRect(-10, -10, screen.width() + 20, screen.height() + 20);
         QTest::newRow("outside") << QRect(screen.width() + 5, 0, 50, 50);
         QTest::newRow("without area") << QRect(10, 10, 0, 0);
     }
-    void beyondTheScreenThereIsNothing() {
+    void aRectangleIsWhatTheScreenHasOfIt() {
         QFETCH(QRect, rect);
         const QPixmap picture = Grab::qt_mac_grabScreenRect_10_6(rect);
         const QRect inside = rect & QRect(QPoint(), screenPoints());
@@ -81,8 +75,7 @@ private slots:
     }
 
     void thePointerIsPaintedFourToTheLeftAndThreeUp_data() {
-        QTest::addColumn<QRect>("rect");
-        QTest::addColumn<QPoint>("pointer");
+        Pointers::begin();
         const QRect rect(100, 100, 80, 60);
         const int side = squarePointer;
         QTest::newRow("inside") << rect << QPoint(150, 130);
@@ -100,8 +93,7 @@ private slots:
             << QRect(screenPoints().width() - 40, 100, 80, 60) << QPoint(screenPoints().width() - 30, 120);
     }
     void thePointerIsPaintedFourToTheLeftAndThreeUp() {
-        QFETCH(QRect, rect);
-        QFETCH(QPoint, pointer);
+        const auto [rect, pointer] = Pointers::row();
         QPixmap square(squarePointer, squarePointer);
         square.fill(pointerColour);
         m_wall->setCursor(QCursor(square, 0, 0));

@@ -3,6 +3,7 @@
 // Each held tool, moved over the real screen, against the plain renderer: pixel by pixel, wherever it goes.
 #include "overlays/HeldToolKinds.h"
 #include "overlays/PlainRenderer.h"
+#include "overlays/TickCounter.h"
 #include "settings/ZrToolXmlClass.h"
 #include "support/Patience.h"
 #include "support/Table.h"
@@ -56,17 +57,6 @@ QImage plain(const HeldToolKind &kind, const QPixmap &background, const QPoint &
         return plainMagnifier(background, at, ZrToolXmlClass::MagnifierSize, blue);
     return plainLaser(background, at, ZrToolXmlClass::LaserPenSize, red);
 }
-
-/// Keeps a tool's timers from it while held.
-class Standstill : public QObject {
-public:
-    explicit Standstill(QObject *tool) { tool->installEventFilter(this); }
-    bool held = true;
-
-    bool eventFilter(QObject * /*watched*/, QEvent *event) override {
-        return held && event->type() == QEvent::Timer;
-    }
-};
 
 } // namespace
 
@@ -122,7 +112,8 @@ private slots:
         QPixmap background = screenWall();
         const std::unique_ptr<QWidget> tool(kind.make());
         tool->setAttribute(Qt::WA_DeleteOnClose, false);
-        const Standstill standstill(tool.get());
+        TickCounter ticks(tool.get());
+        ticks.held = true;
         kind.setBackground(tool.get(), &background);
         kind.press(tool.get(), true);
         vexa::platform::showOverPrimaryScreen(*tool);
@@ -136,7 +127,8 @@ private slots:
         const std::unique_ptr<QWidget> tool = opened(kind, background);
         QVERIFY(screenBecomes(plain(kind, background, pointer)));
 
-        Standstill standstill(tool.get());
+        TickCounter ticks(tool.get());
+        ticks.held = true;
         QMouseEvent press(QEvent::MouseButtonPress, QPointF(400.5, 180.4), Qt::LeftButton, Qt::LeftButton,
                           {});
         QCoreApplication::sendEvent(tool.get(), &press);
@@ -144,7 +136,7 @@ private slots:
         if (!drawnByThePressItself) {
             QCoreApplication::processEvents();
             QCOMPARE(differences(shownOnScreen(), plain(kind, background, pointer)), 0);
-            standstill.held = false;
+            ticks.held = false;
         }
         QVERIFY(screenBecomes(plain(kind, background, {401, 180})));
     }

@@ -40,27 +40,13 @@ private slots:
 
     void theFirstIsBuiltAsACardWithTextSwatchAndPen() {
         const PromptWindow prompt;
-        QVERIFY(!prompt.isVisible());
-        QCOMPARE(prompt.objectName(), QStringLiteral("PromptWindow"));
-        QCOMPARE(prompt.size(), QSize(380, 180));
-        QCOMPARE(prompt.windowTitle(), QStringLiteral("Form"));
-        QCOMPARE(prompt.windowFlags() & ~Qt::WindowFlags(Qt::WindowFullscreenButtonHint),
-                 Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
-        QVERIFY(isBackground(prompt, ":/capturebg@1080p.png"));
-
+        checkCard(prompt, "PromptWindow", {});
         const QLabel *text = label(prompt, "label");
         QCOMPARE(text->text(), QStringLiteral("Vexa Orbilo Setting"));
         QCOMPARE(text->geometry(), QRect(40, 65, 300, 50));
-        QCOMPARE(text->alignment(), Qt::AlignCenter);
         QCOMPARE(text->layoutDirection(), Qt::RightToLeft);
-        QCOMPARE(text->font().family(), QStringLiteral("Arial"));
         QCOMPARE(text->font().pointSize(), 30);
-        QVERIFY(text->font().bold());
-        for (const auto group : groups)
-            QCOMPARE(text->palette().color(group, QPalette::WindowText), QColor(Qt::white));
-
         QCOMPARE(label(prompt, "label_2")->geometry(), QRect(50, 40, 100, 100));
-        QVERIFY(label(prompt, "label_2")->text().isEmpty());
         QCOMPARE(swatch(prompt), QString::fromLatin1(squareStyle).arg("red"));
 
         const QLabel *pen = label(prompt, "label_3");
@@ -72,26 +58,12 @@ private slots:
 
     void theSecondIsBuiltAsACardWithTextAndRoundSwatch() {
         const promptwindow2 prompt;
-        QVERIFY(!prompt.isVisible());
-        QCOMPARE(prompt.objectName(), QStringLiteral("promptwindow2"));
-        QCOMPARE(prompt.size(), QSize(380, 180));
-        QCOMPARE(prompt.windowTitle(), QStringLiteral("Form"));
-        QCOMPARE(prompt.windowFlags() & ~Qt::WindowFlags(Qt::WindowFullscreenButtonHint),
-                 Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
-                     Qt::MaximizeUsingFullscreenGeometryHint);
-        QVERIFY(isBackground(prompt, ":/capturebg@1080p.png"));
-
+        checkCard(prompt, "promptwindow2", Qt::MaximizeUsingFullscreenGeometryHint);
         const QLabel *text = label(prompt, "label");
         QCOMPARE(text->text(), QStringLiteral("颜色"));
         QCOMPARE(text->geometry(), QRect(20, 42, 140, 95));
-        QCOMPARE(text->alignment(), Qt::AlignCenter);
-        QCOMPARE(text->font().family(), QStringLiteral("Arial"));
         QCOMPARE(text->font().pointSize(), 24);
-        QVERIFY(text->font().bold());
-        for (const auto group : groups)
-            QCOMPARE(text->palette().color(group, QPalette::WindowText), QColor(Qt::white));
         QCOMPARE(label(prompt, "label_2")->geometry(), QRect(220, 40, 100, 100));
-        QVERIFY(label(prompt, "label_2")->text().isEmpty());
         QCOMPARE(swatch(prompt), QString::fromLatin1(roundStyle).arg("red"));
         QVERIFY(!label(prompt, "label_3"));
     }
@@ -113,19 +85,17 @@ private slots:
 
     void modeZeroIsTheTextAlone() {
         PromptWindow prompt;
-        const auto hidden = [&prompt](const char *name) { return label(prompt, name)->isHidden(); };
-        prompt.setMode(1);
-        QVERIFY(hidden("label"));
-        QVERIFY(!hidden("label_2"));
-        QVERIFY(!hidden("label_3"));
-        prompt.setMode(0);
-        QVERIFY(!hidden("label"));
-        QVERIFY(hidden("label_2"));
-        QVERIFY(hidden("label_3"));
-        prompt.setMode(7);
-        QVERIFY(hidden("label"));
-        QVERIFY(hidden("label_2"));
-        QVERIFY(hidden("label_3"));
+        const auto shownIn = [&prompt](int mode) {
+            prompt.setMode(mode);
+            QStringList shown;
+            for (const char *name : {"label", "label_2", "label_3"})
+                if (!label(prompt, name)->isHidden())
+                    shown += name;
+            return shown;
+        };
+        QCOMPARE(shownIn(1), (QStringList{"label_2", "label_3"}));
+        QCOMPARE(shownIn(0), QStringList("label"));
+        QCOMPARE(shownIn(7), QStringList());
     }
 
     void theStripIsSlimAndFadesSlowly() {
@@ -182,24 +152,39 @@ private slots:
     }
 
     void aLanguageChangeBringsTheFormsTexts() {
-        PromptWindow first;
-        promptwindow2 second;
-        first.setText(QStringLiteral("anything"));
-        first.setWindowTitle(QStringLiteral("anything"));
-        second.setWindowTitle(QStringLiteral("anything"));
-        label(first, "label_2")->setText(QStringLiteral("anything"));
-        label(first, "label_3")->setText(QStringLiteral("anything"));
-        for (QWidget *prompt : {static_cast<QWidget *>(&first), static_cast<QWidget *>(&second)}) {
+        const auto textsAfterAChange = [](QWidget &&prompt) {
+            const auto labels = prompt.findChildren<QLabel *>();
+            prompt.setWindowTitle(QStringLiteral("anything"));
+            for (QLabel *text : labels)
+                text->setText(QStringLiteral("anything"));
             QEvent change(QEvent::LanguageChange);
-            QCoreApplication::sendEvent(prompt, &change);
-        }
-        QCOMPARE(first.windowTitle(), QStringLiteral("Form"));
-        QCOMPARE(second.windowTitle(), QStringLiteral("Form"));
-        QCOMPARE(label(first, "label")->text(), QStringLiteral("Vexa Orbilo Setting"));
-        QVERIFY(label(first, "label_2")->text().isEmpty());
-        QVERIFY(label(first, "label_3")->text().isEmpty());
-        QCOMPARE(label(second, "label")->text(), QStringLiteral("TextLabel"));
-        QCOMPARE(label(second, "label_2")->text(), QStringLiteral("TextLabel"));
+            QCoreApplication::sendEvent(&prompt, &change);
+            QStringList texts{prompt.windowTitle()};
+            for (const QLabel *text : labels)
+                texts += text->text();
+            return texts;
+        };
+        QCOMPARE(textsAfterAChange(PromptWindow()), (QStringList{"Form", "Vexa Orbilo Setting", "", ""}));
+        QCOMPARE(textsAfterAChange(promptwindow2()), (QStringList{"Form", "TextLabel", "TextLabel"}));
+    }
+
+private:
+    /// What both have: a frameless window with a text and a swatch that has no text.
+    static void checkCard(const QWidget &prompt, const char *name, Qt::WindowFlags further) {
+        QVERIFY(!prompt.isVisible());
+        QCOMPARE(prompt.objectName(), QString(name));
+        QCOMPARE(prompt.size(), QSize(380, 180));
+        QCOMPARE(prompt.windowTitle(), QStringLiteral("Form"));
+        QCOMPARE(prompt.windowFlags() & ~Qt::WindowFlags(Qt::WindowFullscreenButtonHint),
+                 Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | further);
+        QVERIFY(isBackground(prompt, ":/capturebg@1080p.png"));
+        const QLabel *text = label(prompt, "label");
+        QCOMPARE(text->alignment(), Qt::AlignCenter);
+        QCOMPARE(text->font().family(), QStringLiteral("Arial"));
+        QVERIFY(text->font().bold());
+        for (const auto group : groups)
+            QCOMPARE(text->palette().color(group, QPalette::WindowText), QColor(Qt::white));
+        QVERIFY(label(prompt, "label_2")->text().isEmpty());
     }
 };
 

@@ -95,24 +95,15 @@ private slots:
         }
     }
 
-    void aSlotOutsideTheThreeIsOnlyNoted() {
+    void aSlotOrColourOutsideTheListIsOnlyNoted() {
         m_prompt->setCurcolor(1);
         const QString before = swatch(*m_prompt);
-        for (const int slot : {3, -1, 1000}) {
+        for (const auto &[slot, colour] :
+             {std::pair(3, 4), {-1, 4}, {1000, 4}, {2, 8}, {2, -1}, {2, 100000}}) {
+            ZrToolXmlClass::PenColor2 = colour;
             m_prompt->setCurcolor(slot);
             QCOMPARE(swatch(*m_prompt), before);
             QCOMPARE(m_kind.slot(m_prompt.get()), slot);
-        }
-    }
-
-    void aColourOutsideThePaletteChangesNothing() {
-        m_prompt->setCurcolor(0);
-        const QString before = swatch(*m_prompt);
-        for (const int index : {8, -1, 100000}) {
-            ZrToolXmlClass::PenColor2 = index;
-            m_prompt->setCurcolor(2);
-            QCOMPARE(swatch(*m_prompt), before);
-            QCOMPARE(m_kind.slot(m_prompt.get()), 2);
         }
     }
 
@@ -179,28 +170,29 @@ private slots:
         QTRY_VERIFY_WITH_TIMEOUT(seen() != green, patience);
     }
 
-    void hiddenItEndsItsFadeAndStays() {
-        m_prompt->showWithTimer();
-        QTRY_VERIFY_WITH_TIMEOUT(m_ticks->count >= 2, patience);
-        m_prompt->hideWindow();
-        QVERIFY(coarseTimersOf(m_prompt.get()).isEmpty());
-        QCOMPARE(m_prompt->windowOpacity(), 0.0);
-        QVERIFY(m_prompt->isVisible());
-        m_prompt->hideWindow(); // again, with nothing to end
-        m_prompt->showWithTimer();
-        QCOMPARE(m_prompt->windowOpacity(), 1.0);
+    void hiddenOrShownTransparentItEndsItsFadeAndStays() {
+        for (const auto end : {&vexa::PromptCard::hideWindow, &vexa::PromptCard::showWithTransperent}) {
+            m_prompt->showWithTimer();
+            QCOMPARE(m_prompt->windowOpacity(), 1.0);
+            m_ticks->restart();
+            QTRY_VERIFY_WITH_TIMEOUT(m_ticks->count >= 2, patience);
+            for (int i = 0; i < 2; ++i) { // again, with nothing to end
+                (m_prompt.get()->*end)();
+                QVERIFY(coarseTimersOf(m_prompt.get()).isEmpty());
+                QCOMPARE(m_prompt->windowOpacity(), 0.0);
+                QVERIFY(m_prompt->isVisible());
+            }
+        }
     }
 
     void hiddenWhileItIsHeldBackItStaysHidden() {
-        QFETCH_GLOBAL(Kind, kind);
-        const std::unique_ptr<vexa::PromptCard> prompt(kind.make());
-        prompt->holdBack();
-        prompt->showWithTimer();
-        prompt->hideWindow();
-        prompt->letOut();
-        QCOMPARE(prompt->windowOpacity(), 0.0);
-        prompt->showWithTimer();
-        QCOMPARE(prompt->windowOpacity(), 1.0);
+        m_prompt->holdBack();
+        m_prompt->showWithTimer();
+        m_prompt->hideWindow();
+        m_prompt->letOut();
+        QCOMPARE(m_prompt->windowOpacity(), 0.0);
+        m_prompt->showWithTimer();
+        QCOMPARE(m_prompt->windowOpacity(), 1.0);
     }
 
     void theDelayedShowComesAfterItsDelay() {
@@ -224,14 +216,6 @@ private slots:
         QTRY_VERIFY_WITH_TIMEOUT(m_ticks->count >= 6, patience);
         // The first tick showed it; every other is a step.
         QVERIFY(hasFadedFor(m_ticks->count - 1));
-    }
-
-    void shownTransparentItEndsItsFade() {
-        m_prompt->showWithTimer();
-        m_prompt->showWithTransperent();
-        QVERIFY(coarseTimersOf(m_prompt.get()).isEmpty());
-        QVERIFY(m_prompt->isVisible());
-        QCOMPARE(m_prompt->windowOpacity(), 0.0);
     }
 
 private:
