@@ -4,6 +4,7 @@
 #include "app/MainWindow.h"
 #include "overlays/PromptWindow.h"
 #include "settings/ZrToolXmlClass.h"
+#include "support/Table.h"
 #include "support/TestMain.h"
 #include "support/UserFile.h"
 #include "support/ViewNumbers.h"
@@ -21,13 +22,8 @@ using vexa::Language;
 
 namespace {
 
-QString spoken(const char *text) {
-    return QCoreApplication::translate("SetWindow", text);
-}
-
-/// A text that only this port has.
-QString spokenClose() {
-    return QCoreApplication::translate("MainWindow", "关闭");
+QString spoken(const char *text, const char *context = "SetWindow") {
+    return QCoreApplication::translate(context, text);
 }
 
 /// The faces that draw this text in this font.
@@ -65,14 +61,16 @@ static void bringCataloguesBack() {
 class LanguageTest : public QObject {
     Q_OBJECT
 
+    using Spoken = Table<int, QStringList>;
+    using Faces = Table<int, QString>;
+
 private slots:
     void init() { userfile::startAfresh(); }
 
     void cleanupTestCase() { userfile::clear(); }
 
     void eachLanguageHasItsCatalogueAndOthersTheSourceTexts_data() {
-        QTest::addColumn<int>("language");
-        QTest::addColumn<QStringList>("texts");
+        Spoken::begin();
         const auto row = [](const char *name, int language, const QStringList &texts) {
             QTest::newRow(name) << language << texts;
         };
@@ -82,13 +80,13 @@ private slots:
         for (const int language : {-1, 3, 5, -2147483647 - 1})
             row(qPrintable(QString::number(language)), language, {"设置", "2.0.0.0", "关闭"});
     }
-
     void eachLanguageHasItsCatalogueAndOthersTheSourceTexts() {
-        QFETCH(int, language);
+        const auto [language, texts] = Spoken::row();
         Language spokenLanguage;
         spokenLanguage.change(english);
         spokenLanguage.change(language);
-        QTEST((QStringList{spoken("设置"), spoken("2.0.0.0"), spokenClose()}), "texts");
+        // The last is a text that only this port has.
+        QCOMPARE((QStringList{spoken("设置"), spoken("2.0.0.0"), spoken("关闭", "MainWindow")}), texts);
     }
 
     void catalogueThatCannotBeLoadedLeavesTheSourceTexts() {
@@ -113,10 +111,9 @@ private slots:
         spokenLanguage.change(english);
         spokenLanguage.change(traditionalChinese);
         // The guide to the permissions has no rows in Traditional Chinese; English must not shine through.
-        QCOMPARE(QCoreApplication::translate("PrivacyWindow", "辅助功能"), QStringLiteral("辅助功能"));
+        QCOMPARE(spoken("辅助功能", "PrivacyWindow"), QStringLiteral("辅助功能"));
         spokenLanguage.change(english);
-        QCOMPARE(QCoreApplication::translate("PrivacyWindow", "辅助功能"),
-                 QStringLiteral("Auxiliary Function;"));
+        QCOMPARE(spoken("辅助功能", "PrivacyWindow"), QStringLiteral("Auxiliary Function;"));
     }
 
     void endOfTheLanguageTakesTheCatalogueOut() {
@@ -129,16 +126,13 @@ private slots:
     }
 
     void chineseTextHasTheFaceOfItsReaders_data() {
-        QTest::addColumn<int>("language");
-        QTest::addColumn<QString>("face");
-        QTest::newRow("Simplified Chinese") << int(simplifiedChinese) << QStringLiteral("noto sans cjk sc");
-        QTest::newRow("Traditional Chinese") << int(traditionalChinese) << QStringLiteral("noto sans cjk tc");
-        QTest::newRow("English") << int(english) << QStringLiteral("noto sans cjk sc");
+        Faces::begin();
+        QTest::newRow("Simplified Chinese") << int(simplifiedChinese) << "noto sans cjk sc";
+        QTest::newRow("Traditional Chinese") << int(traditionalChinese) << "noto sans cjk tc";
+        QTest::newRow("English") << int(english) << "noto sans cjk sc";
     }
-
     void chineseTextHasTheFaceOfItsReaders() {
-        QFETCH(int, language);
-        QFETCH(QString, face);
+        const auto [language, face] = Faces::row();
         const QString chinese = QStringLiteral("直骨角");
         QLabel label;
         label.setFont(QFont(QStringLiteral("Arial"), 40));
@@ -191,20 +185,14 @@ private slots:
 
     void choosingALanguageIsSavedAndSpoken() {
         MainWindow window;
-        receive(window, ViewMessage::Language, english);
-        QCOMPARE(ZrToolXmlClass::Language, english);
-        QVERIFY(userfile::read().contains("<Language>2</Language>"));
-        QCOMPARE(spoken("设置"), QStringLiteral("Setting"));
-        receive(window, ViewMessage::Language, traditionalChinese);
-        QCOMPARE(spoken("设置"), QStringLiteral("設置"));
-    }
-
-    void languageOutsideTheListShowsTheSourceTexts() {
-        MainWindow window;
-        receive(window, ViewMessage::Language, english);
-        receive(window, ViewMessage::Language, 5);
-        QCOMPARE(ZrToolXmlClass::Language, 5);
-        QCOMPARE(spoken("设置"), QStringLiteral("设置"));
+        for (const auto &[language, text] :
+             {std::pair(english, "Setting"), std::pair(traditionalChinese, "設置"),
+              std::pair(english, "Setting"), std::pair(Number(5), "设置")}) { // the last is not in the list
+            receive(window, ViewMessage::Language, language);
+            QCOMPARE(ZrToolXmlClass::Language, language);
+            QVERIFY(userfile::read().contains("<Language>" + QByteArray::number(language) + "</Language>"));
+            QCOMPARE(spoken("设置"), QString(text));
+        }
     }
 
     void screenshotPromptFollowsTheLanguage() {

@@ -2,11 +2,13 @@
 #include "app/PenChords.h"
 
 #include "platform/quartz/VirtualKeys.h"
+#include "support/Table.h"
 
-#include <QtTest>
+#include <tuple>
 
 using vexa::PenChords;
 using vexa::PenCommand;
+using vexa::test::Table;
 using Commands = std::vector<PenCommand>;
 using Surroundings = PenChords::Surroundings;
 
@@ -25,10 +27,8 @@ struct State {
     bool aPressed = false;
     bool jPressed = false;
 
-    bool operator==(const State &other) const {
-        return control == other.control && shift == other.shift && option == other.option &&
-               armed == other.armed && aPressed == other.aPressed && jPressed == other.jPressed;
-    }
+    auto all() const { return std::tie(control, shift, option, armed, aPressed, jPressed); }
+    bool operator==(const State &other) const { return all() == other.all(); }
 };
 
 void hold(PenChords &chords, bool withControl, bool withShift, bool withOption) {
@@ -134,59 +134,81 @@ Commands expectedOf(State &state, int key, bool down, const Surroundings &around
 }
 
 QByteArray described(int key, bool down, const State &state) {
-    return QStringLiteral("key %1 down %2 modifiers %3%4%5 armed %6 marks %7%8")
-        .arg(key)
-        .arg(down)
-        .arg(state.control)
-        .arg(state.shift)
-        .arg(state.option)
-        .arg(state.armed)
-        .arg(state.aPressed)
-        .arg(state.jPressed)
+    return QString::asprintf("key %d down %d modifiers %d%d%d armed %d marks %d%d", key, down, state.control,
+                             state.shift, state.option, state.armed, state.aPressed, state.jPressed)
         .toUtf8();
 }
 
 } // namespace
 
 Q_DECLARE_METATYPE(Commands)
+Q_DECLARE_METATYPE(Surroundings)
 
 class PenChordsTest : public QObject {
     Q_OBJECT
 
+    /// What a pen does: [ and ] hold and release the modifiers, ! is a chosen setting.
+    using Stories = Table<QString, Surroundings, Commands>;
+
 private slots:
-    void everyChordHasItsMeaning_data() {
-        QTest::addColumn<int>("key");
-        QTest::addColumn<QString>("around");
-        QTest::addColumn<Commands>("onPress");
-        QTest::addColumn<Commands>("onRelease");
-        const auto row = [](int key, const char *around, const Commands &onPress, const Commands &onRelease) {
-            QTest::addRow("key %d, %s", key, around) << key << QString(around) << onPress << onRelease;
+    void aStoryEndsWithTheseCommands_data() {
+        Stories::begin();
+        const auto row = [](const char *name, const char *story, const Commands &commands,
+                            const Surroundings &around = {}) {
+            QTest::newRow(name) << QString(story) << around << commands;
         };
         using C = PenCommand;
-        row(kVK_ANSI_A, "", {}, {C::RunKey2Action});
-        row(kVK_ANSI_S, "", {C::CloseHeldTools}, {});
-        row(kVK_ANSI_D, "", {C::RunKey4Action}, {});
-        row(kVK_ANSI_G, "", {C::OpenHeldTool}, {});
-        row(kVK_ANSI_G, "show", {C::CancelRefocus, C::OpenHeldTool}, {});
-        row(kVK_ANSI_Y, "", {}, {});
-        row(kVK_ANSI_Y, "annotation", {C::StepAnnotationColour}, {});
-        row(kVK_ANSI_Y, "board", {C::StepBlackboardColour}, {});
-        row(kVK_ANSI_Y, "annotation and board", {C::StepAnnotationColour, C::StepBlackboardColour}, {});
-        row(kVK_ANSI_I, "", {C::ToggleAnnotation}, {});
-        row(kVK_ANSI_J, "", {}, {C::RunKey3Action});
-        row(kVK_ANSI_M, "", {}, {});
-        row(kVK_ANSI_F, "show, annotation and board", {}, {});
+        row("A acts", "[A+A-", {C::RunKey2Action});
+        row("S acts", "[S+S-", {C::CloseHeldTools});
+        row("D acts", "[D+D-", {C::RunKey4Action});
+        row("G acts", "[G+G-", {C::OpenHeldTool});
+        row("G acts in a slide show", "[G+G-", {C::CancelRefocus, C::OpenHeldTool}, {true, false, false});
+        row("Y does nothing without a drawing", "[Y+Y-", {});
+        row("Y acts over the annotation", "[Y+Y-", {C::StepAnnotationColour}, {false, true, false});
+        row("Y acts over the board", "[Y+Y-", {C::StepBlackboardColour}, {false, false, true});
+        row("Y acts over both", "[Y+Y-", {C::StepAnnotationColour, C::StepBlackboardColour},
+            {false, true, true});
+        row("I acts", "[I+I-", {C::ToggleAnnotation});
+        row("J acts", "[J+J-", {C::RunKey3Action});
+        row("M does nothing by itself", "[M+M-", {});
+        row("other keys do nothing", "[F+F-", {}, {true, true, true});
+
+        row("only A and J wait for their release", "[A+S+D+G+I+J+",
+            {C::CloseHeldTools, C::RunKey4Action, C::OpenHeldTool, C::ToggleAnnotation});
+        row("release of A without a chorded press", "A-[A-", {});
+        row("plain A of the keyboard", "A+A-", {});
+        row("A acts once, even after the modifiers are gone", "[A+]A-A-", {C::RunKey2Action});
+        row("annotation toggles once", "[I+I+", {C::ToggleAnnotation});
+        row("annotation toggles again after the release", "[I+I+I-I+",
+            {C::ToggleAnnotation, C::ToggleAnnotation});
+        row("annotation toggles again after the arming chord", "[I+M+I+",
+            {C::ToggleAnnotation, C::ToggleAnnotation});
+        row("annotation toggles again after a setting armed it", "[I+!I+",
+            {C::ToggleAnnotation, C::ToggleAnnotation});
+        row("plain press of I does not arm", "[I+]I+[I+", {C::ToggleAnnotation});
+        row("J does nothing while not armed", "[I+J+J-", {C::ToggleAnnotation});
+        row("J keeps its mark while not armed", "[I+J+J-M+J-J-", {C::ToggleAnnotation, C::RunKey3Action});
     }
 
-    void everyChordHasItsMeaning() {
-        QFETCH(int, key);
-        QFETCH(QString, around);
-        const Surroundings surroundings{around.contains("show"), around.contains("annotation"),
-                                        around.contains("board")};
+    void aStoryEndsWithTheseCommands() {
+        const auto [story, around, expected] = Stories::row();
+        const QMap<QChar, int> keys{{'A', kVK_ANSI_A}, {'D', kVK_ANSI_D}, {'F', kVK_ANSI_F},
+                                    {'G', kVK_ANSI_G}, {'I', kVK_ANSI_I}, {'J', kVK_ANSI_J},
+                                    {'M', kVK_ANSI_M}, {'S', kVK_ANSI_S}, {'Y', kVK_ANSI_Y}};
         PenChords chords;
-        hold(chords, true, true, true);
-        QTEST(chords.receive(key, 1, surroundings), "onPress");
-        QTEST(chords.receive(key, 0, surroundings), "onRelease");
+        Commands commands;
+        for (int i = 0; i < story.size(); ++i) {
+            const QChar step = story.at(i);
+            if (step == '!')
+                chords.arm();
+            else if (step == '[' || step == ']')
+                hold(chords, step == '[', step == '[', step == '[');
+            else
+                for (const PenCommand command :
+                     chords.receive(keys.value(step, -1), story.at(++i) == '+' ? 1 : 0, around))
+                    commands.push_back(command);
+        }
+        QCOMPARE(commands, expected);
     }
 
     void everyKeyInEveryStateWithAllModifiersDoesWhatTheTableSays() {
@@ -205,49 +227,6 @@ private slots:
                 QVERIFY2(stateOf(chords) == state, what);
             }
         }
-    }
-
-    void aStoryEndsWithTheseCommands_data() {
-        QTest::addColumn<QString>("story"); // [ and ] hold and release the modifiers, ! is a chosen setting
-        QTest::addColumn<Commands>("commands");
-        const auto row = [](const char *name, const char *story, const Commands &commands) {
-            QTest::newRow(name) << QString(story) << commands;
-        };
-        using C = PenCommand;
-        row("release of A without a chorded press", "A-[A-", {});
-        row("plain A of the keyboard", "A+A-", {});
-        row("A acts on its release", "[A+", {});
-        row("A acts once, even after the modifiers are gone", "[A+]A-A-", {C::RunKey2Action});
-        row("annotation toggles once", "[I+I+", {C::ToggleAnnotation});
-        row("annotation toggles again after the release", "[I+I+I-I+",
-            {C::ToggleAnnotation, C::ToggleAnnotation});
-        row("annotation toggles again after the arming chord", "[I+M+I+",
-            {C::ToggleAnnotation, C::ToggleAnnotation});
-        row("annotation toggles again after a setting armed it", "[I+!I+",
-            {C::ToggleAnnotation, C::ToggleAnnotation});
-        row("plain press of I does not arm", "[I+]I+[I+", {C::ToggleAnnotation});
-        row("J does nothing while not armed", "[I+J+J-", {C::ToggleAnnotation});
-        row("J keeps its mark while not armed", "[I+J+J-M+J-J-", {C::ToggleAnnotation, C::RunKey3Action});
-    }
-
-    void aStoryEndsWithTheseCommands() {
-        QFETCH(QString, story);
-        const QMap<QChar, int> keys{
-            {'A', kVK_ANSI_A}, {'I', kVK_ANSI_I}, {'J', kVK_ANSI_J}, {'M', kVK_ANSI_M}};
-        PenChords chords;
-        Commands commands;
-        for (int i = 0; i < story.size(); ++i) {
-            const QChar step = story.at(i);
-            if (step == '!')
-                chords.arm();
-            else if (step == '[' || step == ']')
-                hold(chords, step == '[', step == '[', step == '[');
-            else
-                for (const PenCommand command :
-                     chords.receive(keys.value(step, -1), story.at(++i) == '+' ? 1 : 0, {}))
-                    commands.push_back(command);
-        }
-        QTEST(commands, "commands");
     }
 
     void codesFrom60OnNeverChangeTheModifiers() {

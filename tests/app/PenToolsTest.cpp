@@ -178,24 +178,6 @@ private slots:
         QVERIFY(ToolPanel::nothingOpen());
     }
 
-    void annotationOpensAgainAfterItsExitButton() {
-        for (int round = 0; round < 2; ++round) {
-            m_panel->chord(pen::i);
-            QVERIFY(ToolPanel::form(false));
-            ToolPanel::pressExit(ToolPanel::form(false));
-            QVERIFY(ToolPanel::nothingOpen());
-        }
-    }
-
-    void annotationOpensAgainAfterTheDesktopClosedIt() {
-        m_panel->chord(pen::i);
-        ToolPanel::form(false)->close();
-        QTRY_COMPARE(ToolPanel::objects(), 0);
-        m_panel->chord(pen::y);
-        m_panel->chord(pen::i);
-        QVERIFY(ToolPanel::form(false));
-    }
-
     void key3TogglesTheBlackboard() {
         Settings::Key3P = Number(KeyAction::Blackboard);
         m_panel->press(pen::j);

@@ -3,16 +3,17 @@
 
 #include "support/Disk.h"
 #include "support/NoThreads.h"
+#include "support/Table.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QtTest>
 
 #include <atomic>
 #include <memory>
-#include <random>
 #include <sys/stat.h>
 
 using namespace vexa::test;
@@ -30,12 +31,7 @@ QImage plain(const QColor &colour) {
 /// A picture that takes its time to compress.
 QImage noise(int width, int height) {
     QImage picture(width, height, QImage::Format_RGB32);
-    std::minstd_rand random(7);
-    for (int y = 0; y < height; ++y) {
-        auto *line = reinterpret_cast<QRgb *>(picture.scanLine(y));
-        for (int x = 0; x < width; ++x)
-            line[x] = 0xff000000U | static_cast<QRgb>(random());
-    }
+    QRandomGenerator(7).fillRange(reinterpret_cast<quint32 *>(picture.bits()), picture.sizeInBytes() / 4);
     return picture;
 }
 
@@ -62,6 +58,9 @@ private:
 
 class PictureWriterTest : public QObject {
     Q_OBJECT
+
+    /// A picture, how many bytes of it the disk takes, and whether there is a file of that name.
+    using FullDisks = Table<QImage, int, bool>;
 
 private slots:
     void init() {
@@ -153,34 +152,28 @@ private slots:
         QCOMPARE(files().size(), 2);
     }
 
-    void fullDiskLeavesNoHalfFile_data() { pictures(); }
-    void fullDiskLeavesNoHalfFile() {
-        QFETCH(QImage, picture);
-        QFETCH(int, space);
+    void fullDiskLeavesWhatWasThereAndNoHalfFile_data() {
+        FullDisks::begin();
+        // A small one fits into the buffer of the file that it is written to.
+        for (const bool fileBefore : {false, true}) {
+            QTest::addRow("large, file before %d", fileBefore) << noise(800, 600) << 20000 << fileBefore;
+            QTest::addRow("small, file before %d", fileBefore) << plain(Qt::blue) << 100 << fileBefore;
+        }
+    }
+    void fullDiskLeavesWhatWasThereAndNoHalfFile() {
+        const auto [picture, space, fileBefore] = FullDisks::row();
+        if (fileBefore)
+            QVERIFY(plain(Qt::red).save(file("a.png")));
         const Listener listener;
         {
             const disk::Full full(space);
             PictureWriter writer;
             writer.write(file("a.png"), picture);
         }
-        QCOMPARE(files(), QStringList());
+        QCOMPARE(files(), fileBefore ? QStringList("a.png") : QStringList());
+        if (fileBefore)
+            QCOMPARE(QImage(file("a.png")).pixelColor(3, 3), QColor(Qt::red));
         QCOMPARE(Listener::lines.load(), 0);
-    }
-
-    void fullDiskLeavesTheFileThatWasThere_data() { pictures(); }
-    void fullDiskLeavesTheFileThatWasThere() {
-        QFETCH(QImage, picture);
-        QFETCH(int, space);
-        PictureWriter writer;
-        writer.write(file("a.png"), plain(Qt::red));
-        writer.flush();
-        {
-            const disk::Full full(space);
-            writer.write(file("a.png"), picture);
-            writer.flush();
-        }
-        QCOMPARE(files(), QStringList{QStringLiteral("a.png")});
-        QCOMPARE(QImage(file("a.png")).pixelColor(3, 3), QColor(Qt::red));
     }
 
     void folderThatCannotBeWrittenGetsNoFile() {
@@ -206,14 +199,6 @@ private slots:
     }
 
 private:
-    /// A small one fits into the buffer of the file that it is written to.
-    static void pictures() {
-        QTest::addColumn<QImage>("picture");
-        QTest::addColumn<int>("space");
-        QTest::newRow("large") << noise(800, 600) << 20000;
-        QTest::newRow("small") << plain(Qt::blue) << 100;
-    }
-
     QString file(const char *name) const { return m_folder->filePath(QLatin1String(name)); }
     QStringList files() const {
         return QDir(m_folder->path()).entryList(QDir::Files | QDir::Hidden, QDir::Name);

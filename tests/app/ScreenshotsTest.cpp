@@ -2,6 +2,7 @@
 #include "app/Screenshots.h"
 
 #include "support/PatternWindow.h"
+#include "support/Table.h"
 #include "support/TestMain.h"
 
 #include <QDir>
@@ -23,10 +24,6 @@ using vexa::Screenshots;
 
 namespace {
 
-QDateTime at(const char *moment) {
-    return QDateTime::fromString(QLatin1String(moment), QStringLiteral("yyyy-MM-dd hh:mm:ss.zzz"));
-}
-
 QByteArray systemsHome;
 
 /// Makes the user one who writes digits of another script, before the toolkit looks.
@@ -35,9 +32,23 @@ const bool otherDigits = [] {
     return qputenv("LC_CTYPE", "C.UTF-8") && qputenv("LANG", "ar_EG.UTF-8");
 }();
 
+constexpr auto usualTime = "2024-01-31 09:30:05.000";
+const QString usualFile = "Desktop/Vexa Orbilo/20240131/20240131093005.png";
+
 /// A clock that says these times, one after the other.
-Screenshots::Clock saying(QList<QDateTime> times) {
-    return [times]() mutable { return times.size() > 1 ? times.takeFirst() : times.first(); };
+Screenshots::Clock saying(QStringList times) {
+    return [times]() mutable {
+        return QDateTime::fromString(times.size() > 1 ? times.takeFirst() : times.first(),
+                                     QStringLiteral("yyyy-MM-dd hh:mm:ss.zzz"));
+    };
+}
+
+/// Takes shots at these times and waits for the files.
+void shoot(const QStringList &times = {usualTime}, int shots = 1) {
+    Screenshots screenshots(saying(times));
+    for (int i = 0; i < shots; ++i)
+        screenshots.take();
+    screenshots.flush();
 }
 
 /// A folder whose name is not UTF-8. The toolkit cannot remove one, nor what it lies in.
@@ -67,6 +78,8 @@ extern "C" passwd *getpwuid(uid_t) {
 class ScreenshotsTest : public QObject {
     Q_OBJECT
 
+    using Shots = Table<QStringList, QStringList>; // what the clock says, first of the day, then for the name
+
 private slots:
     void initTestCase() {
         QVERIFY(m_pattern.display());
@@ -80,13 +93,12 @@ private slots:
     void cleanup() { QVERIFY(m_home->remove()); }
 
     void everyShotLiesWhereTheClockSays_data() {
-        QTest::addColumn<QStringList>("times"); // each shot asks for the day, then for the name
-        QTest::addColumn<QStringList>("expected");
-        const auto row = [](const char *name, const QStringList &times, const QStringList &expected) {
-            QTest::newRow(name) << times << expected;
+        Shots::begin();
+        const auto row = [](const char *name, const QStringList &times, const QStringList &files) {
+            QTest::newRow(name) << times << files;
         };
-        row("first of a day", {"2024-01-31 09:30:05.000"}, {"20240131/20240131093005.png"});
-        row("later ones", {"2024-01-31 09:30:05.000", "2024-01-31 09:30:05.000", "2024-01-31 17:00:00.000"},
+        row("first of a day", {usualTime}, {"20240131/20240131093005.png"});
+        row("later ones", {usualTime, usualTime, "2024-01-31 17:00:00.000"},
             {"20240131/20240131093005.png", "20240131/20240131170000.png"});
         row("hours count to 24", {"2024-12-01 00:00:09.000"}, {"20241201/20241201000009.png"});
         row("midnight in between", {"2023-12-31 23:59:59.999", "2024-01-01 00:00:00.000"},
@@ -94,32 +106,21 @@ private slots:
         row("next day", {"2024-02-28 23:59:59.000", "2024-02-28 23:59:59.000", "2024-02-29 00:00:00.000"},
             {"20240228/20240228235959.png", "20240229/20240229000000.png"});
     }
-
     void everyShotLiesWhereTheClockSays() {
-        QFETCH(QStringList, times);
-        QFETCH(QStringList, expected);
-        QList<QDateTime> moments;
-        for (const QString &time : times)
-            moments += at(time.toLatin1().constData());
-        Screenshots screenshots(saying(moments));
-        for (int shot = 0; shot < expected.size(); ++shot)
-            screenshots.take();
-        screenshots.flush();
+        auto [times, expected] = Shots::row();
+        shoot(times, expected.size());
         QCOMPARE(files(), expected.replaceInStrings(QRegularExpression("^"), "Desktop/Vexa Orbilo/"));
     }
 
     void fileHoldsTheScreenPixelByPixel() {
-        Screenshots screenshots(saying({at("2024-01-31 09:30:05.000")}));
-        screenshots.take();
-        screenshots.flush();
-        const QImage shot(
-            m_home->filePath(QStringLiteral("Desktop/Vexa Orbilo/20240131/20240131093005.png")));
+        shoot();
+        const QImage shot(m_home->filePath(usualFile));
         QCOMPARE(shot.size(), QGuiApplication::primaryScreen()->size());
         QCOMPARE(shot.convertToFormat(QImage::Format_RGB32), pattern(shot.size()));
     }
 
     void secondShotInTheSameSecondReplacesTheFirst() {
-        Screenshots screenshots(saying({at("2024-01-31 09:30:05.000")}));
+        Screenshots screenshots(saying({usualTime}));
         screenshots.take();
 
         QWidget patch;
@@ -142,9 +143,7 @@ private slots:
         QFile obstacle(desktop());
         QVERIFY(obstacle.open(QIODevice::WriteOnly));
         obstacle.close();
-        Screenshots screenshots;
-        screenshots.take();
-        screenshots.flush();
+        shoot();
         QCOMPARE(files(), QStringList{QStringLiteral("Desktop")});
         QCOMPARE(QFileInfo(desktop()).size(), 0);
     }
@@ -166,7 +165,7 @@ private slots:
         QVERIFY(oddFolder.isValid());
         qputenv("HOME", below);
         const QStringList before = everything();
-        Screenshots screenshots(saying({at("2024-01-31 09:30:05.000")}));
+        Screenshots screenshots(saying({usualTime}));
         screenshots.take();
         screenshots.flush();
         QCOMPARE(everything(), before);
@@ -176,7 +175,7 @@ private slots:
         systemsHome = QFile::encodeName(m_home->filePath(QStringLiteral("known")));
         screenshots.take();
         screenshots.flush();
-        QVERIFY(files().contains(QStringLiteral("known/Desktop/Vexa Orbilo/20240131/20240131093005.png")));
+        QVERIFY(files().contains("known/" + usualFile));
     }
 
     void aHomeWithAnAccentIsAHome_data() {
@@ -192,9 +191,7 @@ private slots:
         const OddFolder folder(home);
         QVERIFY(folder.isValid());
         qputenv("HOME", home);
-        Screenshots screenshots(saying({at("2024-01-31 09:30:05.000")}));
-        screenshots.take();
-        screenshots.flush();
+        shoot();
         QCOMPARE(files().size(), 1);
     }
 
@@ -213,19 +210,19 @@ private slots:
         QVERIFY(name <= nameAt(after));
     }
 
-    void makesAllMissingFolders() {
-        const QString path = m_home->filePath(QStringLiteral("a/b c/d"));
-        QCOMPARE(Screenshots::makeFolder(path), path);
-        QVERIFY(QFileInfo(path).isDir());
-    }
-
-    void leavesExistingFoldersAlone() {
+    void makesAllMissingFoldersAndLeavesOthersAlone() {
+        for (const char *name : {"a/b c/d", "a/b c/d", "new/"}) {
+            const QString path = m_home->filePath(name);
+            QCOMPARE(Screenshots::makeFolder(path), path);
+            QVERIFY(QFileInfo(path).isDir());
+        }
+        QCOMPARE(Screenshots::makeFolder(QString()), QString());
+        QCOMPARE(everything(), (QStringList{"a", "a/b c", "a/b c/d", "new"}));
         const QString path = m_home->path();
         const QDateTime changed = QFileInfo(path).lastModified();
         QCOMPARE(Screenshots::makeFolder(path), path);
         QCOMPARE(Screenshots::makeFolder(path + '/'), path + '/');
         QCOMPARE(QFileInfo(path).lastModified(), changed);
-        QVERIFY(QDir(path).isEmpty());
     }
 
     void leavesAFileInTheWayAlone() {
@@ -238,13 +235,6 @@ private slots:
         QCOMPARE(Screenshots::makeFolder(path + QStringLiteral("/below")), path + QStringLiteral("/below"));
         QCOMPARE(files(), QStringList{QStringLiteral("file")});
         QCOMPARE(QFileInfo(path).size(), 4);
-    }
-
-    void emptyNamesAreNoFolders() {
-        QCOMPARE(Screenshots::makeFolder(QString()), QString());
-        const QString missing = m_home->filePath(QStringLiteral("new"));
-        QCOMPARE(Screenshots::makeFolder(missing + '/'), missing + '/');
-        QVERIFY(QFileInfo(missing).isDir());
     }
 
 private:

@@ -28,17 +28,6 @@ int kindOf(const QObject *tool) {
     return qobject_cast<const Magnifie *>(tool) ? SessionModel::Magnifier : SessionModel::Laser;
 }
 
-QList<QWidget *> heldTools() {
-    QList<QWidget *> all;
-    for (auto *tool : ToolPanel::open<LightPen>())
-        all += tool;
-    for (auto *tool : ToolPanel::open<Magnifie>())
-        all += tool;
-    for (auto *tool : ToolPanel::open<Spolight2>())
-        all += tool;
-    return all;
-}
-
 } // namespace
 
 /// Sessions made up at random, against a small model of what a session is: after every step the two agree on
@@ -178,7 +167,7 @@ private:
         const auto started = m_model.receive(key, state);
         if (started)
             noteTimer(*started);
-        for (QWidget *tool : heldTools())
+        for (QWidget *tool : ToolPanel::heldTools())
             if (!m_numbers.contains(tool)) {
                 m_numbers[tool] = m_model.newest();
                 connect(tool, &QObject::destroyed, this, [this](QObject *gone) { m_numbers.remove(gone); });
@@ -205,7 +194,7 @@ private:
 
     /// The mouse ends what is open, by a click or by the exit button.
     QString dismiss() {
-        const auto tools = heldTools();
+        const auto tools = ToolPanel::heldTools();
         if (!tools.isEmpty() && below(2) == 0) {
             QWidget *const tool = tools[below(tools.size())];
             m_model.click(m_numbers.value(tool));
@@ -241,7 +230,7 @@ private:
     /// The same words as the model's.
     QString observed() {
         QMap<int, int> kinds; // by number
-        for (const QWidget *tool : heldTools())
+        for (const QWidget *tool : ToolPanel::heldTools())
             kinds[m_numbers.value(const_cast<QWidget *>(tool))] = kindOf(tool);
         QString all;
         for (const int kind : qAsConst(kinds))
