@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <xcb/xcb.h>
+struct xcb_connection_t;
 
 namespace vexa::x11 {
 
@@ -10,13 +10,8 @@ namespace vexa::x11 {
 /// nothing happens.
 class ServerGrab {
 public:
-    explicit ServerGrab(xcb_connection_t *connection) : m_connection(connection) {
-        xcb_grab_server(m_connection);
-    }
-    ~ServerGrab() {
-        xcb_ungrab_server(m_connection);
-        xcb_flush(m_connection);
-    }
+    explicit ServerGrab(xcb_connection_t *connection);
+    ~ServerGrab();
     ServerGrab(const ServerGrab &) = delete;
     ServerGrab &operator=(const ServerGrab &) = delete;
 
