@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "HostedView.h"
+#include "support/Patience.h"
 #include "support/TestMain.h"
 #include "support/UserFile.h"
 
@@ -18,10 +19,12 @@ private slots:
         userfile::startAfresh();
         m_panel = std::make_unique<Panel>();
         m_panel->window.show();
+        QTRY_VERIFY_WITH_TIMEOUT(m_panel->window.isHidden(), patience); // a start withdraws the panel
+        m_panel->window.show();
         QVERIFY(QTest::qWaitForWindowExposed(&m_panel->window));
         m_panel->window.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&m_panel->window));
-        QTRY_COMPARE(m_panel->window.pos(), QPoint(-199, 0));
+        QTRY_COMPARE_WITH_TIMEOUT(m_panel->window.pos(), QPoint(-199, 0), patience);
     }
 
     void cleanup() { m_panel.reset(); }
