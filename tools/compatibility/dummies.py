@@ -18,12 +18,19 @@ def run(*command):
 
 
 def until(condition, patience=PATIENCE):
-    end = time.monotonic() + patience
+    latest = time.monotonic() + patience
     while not condition():
-        if time.monotonic() > end:
+        if time.monotonic() > latest:
             return False
         time.sleep(0.1)
     return True
+
+
+def end(process):
+    """An X server that is told to end just before it sleeps sleeps on: it is told again until it has gone."""
+    while process.poll() is None:
+        process.terminate()
+        time.sleep(0.02)
 
 
 class Server:
@@ -41,8 +48,7 @@ class Server:
         return self
 
     def __exit__(self, *_):
-        self.server.terminate()
-        self.server.wait(10)
+        end(self.server)
 
 
 class Session(Server):
@@ -55,8 +61,7 @@ class Session(Server):
         return self
 
     def __exit__(self, *_):
-        self.manager.terminate()
-        self.manager.wait(10)
+        end(self.manager)
         super().__exit__()
 
 
