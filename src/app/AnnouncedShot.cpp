@@ -4,7 +4,6 @@
 #include "overlays/PromptCard.h"
 #include "platform/ScreenCapture.h"
 
-#include <chrono>
 #include <utility>
 
 namespace vexa {
@@ -12,8 +11,7 @@ namespace vexa {
 namespace {
 
 constexpr int lookInterval = 8; // milliseconds
-constexpr std::chrono::milliseconds longestWait{500};
-constexpr int tileSize = 20; // device pixels
+constexpr int tileSize = 20;    // device pixels
 /// One more than needed: a window may clear an area before it paints it.
 constexpr int enoughClearLooks = 2;
 
@@ -23,8 +21,9 @@ QImage lookAt(const QRect &area) {
 
 } // namespace
 
-AnnouncedShot::AnnouncedShot(PromptCard &prompt, std::function<void()> shoot)
-    : m_prompt(prompt), m_shoot(std::move(shoot)) {}
+AnnouncedShot::AnnouncedShot(PromptCard &prompt, std::function<void()> shoot,
+                             std::chrono::milliseconds longestWait)
+    : m_prompt(prompt), m_shoot(std::move(shoot)), m_longestWait(longestWait) {}
 
 AnnouncedShot::~AnnouncedShot() {
     if (m_looks.isActive())
@@ -46,7 +45,7 @@ void AnnouncedShot::take() {
         return;
     }
     m_clearLooks = 0;
-    m_deadline = QDeadlineTimer(longestWait);
+    m_deadline = QDeadlineTimer(m_longestWait);
     m_looks.start(lookInterval, Qt::PreciseTimer, this);
 }
 
