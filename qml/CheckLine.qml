@@ -56,7 +56,6 @@ Item {
         Accessible.checkable: true
         Accessible.checked: root.checked
         Accessible.name: label.text
-        Accessible.onToggleAction: triggered()
         Accessible.role: Accessible.CheckBox
         onTriggered: root.checked = !root.checked
     }

@@ -20,6 +20,7 @@ MouseArea {
     hoverEnabled: true
 
     Accessible.onPressAction: triggered()
+    Accessible.onToggleAction: triggered()
     Keys.onEnterPressed: triggered()
     Keys.onReturnPressed: triggered()
     // With the release, as buttons do: what is opened may take the focus, and the release with it.

@@ -35,7 +35,6 @@ Rectangle {
         Accessible.checkable: true
         Accessible.checked: root.checked
         Accessible.name: root.name
-        Accessible.onToggleAction: triggered()
         Accessible.role: root.toggles ? Accessible.Button : Accessible.RadioButton
         onTriggered: root.checked = !root.toggles || !root.checked
     }

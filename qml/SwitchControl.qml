@@ -33,7 +33,6 @@ Rectangle {
         Accessible.checkable: true
         Accessible.checked: root.myChecked
         Accessible.name: root.name
-        Accessible.onToggleAction: triggered()
         Accessible.role: Accessible.CheckBox
         onTriggered: root.clicked()
     }
