@@ -14,13 +14,6 @@
 # vexa_test(name PROGRAM other ...): the program of another test once more, on another display or with an
 # ENVIRONMENT of its own.
 
-# The toolkit's headers, parsed once for all tests: that was two thirds of the time their compilation took. Of Gui and
-# Widgets only the headers: a test that does not link them lacks their definitions, and the headers must fit it, too.
-add_library(vexa_test_headers OBJECT "${PROJECT_SOURCE_DIR}/tests/support/PrecompiledHeaders.cpp")
-target_link_libraries(vexa_test_headers PRIVATE vexa_options Qt5::Core)
-target_include_directories(vexa_test_headers SYSTEM PRIVATE ${Qt5Gui_INCLUDE_DIRS} ${Qt5Widgets_INCLUDE_DIRS})
-target_precompile_headers(vexa_test_headers PRIVATE <QtWidgets> <algorithm> <functional> <memory> <vector>)
-
 # The optimizer took two fifths of the time that a test's compilation takes in a release, and more under the sanitizers.
 # What the tests are about, and what they share, is compiled as the preset says.
 if(VEXA_SANITIZE)
@@ -28,7 +21,56 @@ if(VEXA_SANITIZE)
 else()
   set(vexa_test_effort $<$<CONFIG:Release>:-O0>)
 endif()
-target_compile_options(vexa_test_headers PRIVATE ${vexa_test_effort})
+
+# What tests include, parsed once for all of them, and no more than most include: the templates that a header uses are
+# instantiated for each test anew. QTest's own header holds more for a test that has widgets.
+function(vexa_test_headers name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LINK;HEADERS")
+  add_library(${name} OBJECT "${PROJECT_SOURCE_DIR}/tests/support/PrecompiledHeaders.cpp")
+  target_link_libraries(${name} PRIVATE vexa_options ${arg_LINK} Qt5::Test)
+  target_compile_options(${name} PRIVATE ${vexa_test_effort})
+  target_precompile_headers(
+    ${name}
+    PRIVATE
+    <QTest>
+    <QElapsedTimer>
+    <QPointer>
+    <QProcess>
+    <QSignalSpy>
+    <QTemporaryDir>
+    <algorithm>
+    <functional>
+    <memory>
+    <vector>
+    ${arg_HEADERS})
+endfunction()
+vexa_test_headers(vexa_test_headers)
+vexa_test_headers(vexa_test_headers_of_widgets LINK Qt5::Widgets HEADERS <QLabel> <QPainter> <QScreen>)
+
+# vexa_test_reuse(name WHAT ...): gives a test that links WHAT the precompiled headers that fit. A compiler takes them
+# only where what QTest's header asks for is defined as it was for them; of Gui alone and of the network no test uses
+# anything there.
+function(vexa_test_reuse name)
+  set(headers vexa_test_headers)
+  set(links ${ARGN})
+  while(links)
+    list(POP_FRONT links link)
+    if(link STREQUAL "Qt5::Widgets")
+      set(headers vexa_test_headers_of_widgets)
+    elseif(TARGET ${link})
+      get_property(
+        further
+        TARGET ${link}
+        PROPERTY INTERFACE_LINK_LIBRARIES)
+      list(APPEND links ${further})
+    endif()
+  endwhile()
+  if(headers STREQUAL "vexa_test_headers")
+    target_compile_options(${name} PRIVATE -UQT_GUI_LIB)
+  endif()
+  target_compile_options(${name} PRIVATE -UQT_NETWORK_LIB)
+  target_precompile_headers(${name} REUSE_FROM ${headers})
+endfunction()
 
 # LLVM's linker takes an eighth of the time that the system's own takes for a test.
 if(NOT APPLE)
@@ -73,7 +115,7 @@ function(vexa_test name)
     target_link_libraries(${name} PRIVATE vexa_options ${arg_LINK} Qt5::Test)
     if(NOT arg_OPTIMIZED)
       target_compile_options(${name} PRIVATE ${vexa_test_effort})
-      target_precompile_headers(${name} REUSE_FROM vexa_test_headers)
+      vexa_test_reuse(${name} ${arg_LINK})
     endif()
     if(VEXA_LLD)
       target_link_options(${name} PRIVATE -fuse-ld=lld)

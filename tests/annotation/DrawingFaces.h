@@ -13,7 +13,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QScreen>
-#include <QtTest>
+#include <QTest>
 
 /// What the tests of the two drawing windows share.
 namespace faces {

@@ -6,7 +6,7 @@
 #include "support/Table.h"
 
 #include <QGuiApplication>
-#include <QtTest>
+#include <QTest>
 
 using namespace vexa::test;
 

@@ -13,6 +13,7 @@
 #include <QLabel>
 #include <QQuickItem>
 #include <QQuickWidget>
+#include <QScopeGuard>
 #include <QStandardPaths>
 #include <QTextLayout>
 

@@ -6,6 +6,7 @@
 #include "support/ViewNumbers.h"
 
 #include <QQuickWidget>
+#include <QRegularExpression>
 
 using namespace vexa::test;
 

@@ -3,7 +3,7 @@
 
 #include "platform/ScreenPlace.h"
 
-#include <QtTest>
+#include <QTest>
 
 using vexa::PointerFence;
 using vexa::platform::Pixels;

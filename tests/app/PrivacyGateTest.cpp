@@ -3,7 +3,7 @@
 
 #include "support/UserFile.h"
 
-#include <QtTest>
+#include <QTest>
 
 using namespace vexa::test;
 

@@ -6,6 +6,8 @@
 #include "support/TestMain.h"
 #include "support/UserFile.h"
 
+#include <QTimer>
+
 using namespace vexa::test;
 
 /// The guide at the start, with its own window: where it leads.

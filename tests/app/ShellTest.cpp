@@ -2,7 +2,8 @@
 #include "app/Shell.h"
 
 #include <QTemporaryDir>
-#include <QtTest>
+#include <QTest>
+#include <QTimer>
 
 #include <csignal>
 

@@ -6,6 +6,9 @@
 #include "support/TestMain.h"
 #include "support/UserFile.h"
 
+#include <QSignalSpy>
+#include <QTimer>
+
 using namespace vexa::test;
 
 using Settings = ZrToolXmlClass;

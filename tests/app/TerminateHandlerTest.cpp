@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <QProcess>
-#include <QtTest>
+#include <QTest>
 
 class TerminateHandlerTest : public QObject {
     Q_OBJECT

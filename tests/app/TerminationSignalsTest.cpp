@@ -2,7 +2,7 @@
 #include "app/TerminationSignals.h"
 
 #include <QSignalSpy>
-#include <QtTest>
+#include <QTest>
 
 #include <csignal>
 

@@ -14,7 +14,7 @@
 
 #include <QApplication>
 #include <QPushButton>
-#include <QtTest>
+#include <QTest>
 
 /// The keys of the pen.
 namespace pen {

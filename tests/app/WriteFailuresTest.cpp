@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/WriteFailures.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <cerrno>
 #include <csignal>

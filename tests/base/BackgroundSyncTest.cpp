@@ -4,7 +4,8 @@
 #include "support/NoThreads.h"
 
 #include <QTemporaryFile>
-#include <QtTest>
+#include <QTest>
+#include <QThread>
 
 #include <future>
 #include <memory>

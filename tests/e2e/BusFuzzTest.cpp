@@ -8,7 +8,7 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
-#include <QtTest>
+#include <QTest>
 
 using namespace vexa::test;
 

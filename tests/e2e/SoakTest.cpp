@@ -9,7 +9,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
-#include <QtTest>
+#include <QTest>
 
 #include <cmath>
 #include <functional>

@@ -9,6 +9,7 @@
 
 #include <QDir>
 #include <QElapsedTimer>
+#include <QThread>
 
 #include <csignal>
 #include <thread>

@@ -7,7 +7,7 @@
 #include "support/Thrown.h"
 
 #include <QSignalSpy>
-#include <QtTest>
+#include <QTest>
 
 #include <system_error>
 #include <thread>

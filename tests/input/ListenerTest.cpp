@@ -6,7 +6,7 @@
 #include "support/Thrown.h"
 
 #include <QSignalSpy>
-#include <QtTest>
+#include <QTest>
 
 using namespace vexa::test;
 

@@ -3,7 +3,7 @@
 #include "input/CKeyboardListenerMac.h"
 #include "platform/quartz/VirtualKeys.h"
 
-#include <QtTest>
+#include <QTest>
 
 Q_DECLARE_METATYPE(const QMetaObject *)
 

@@ -3,7 +3,7 @@
 #include "input/CKeyboardListenerMac.h"
 #include "support/Thrown.h"
 
-#include <QtTest>
+#include <QTest>
 
 /// Takes the library's place in this program: nobody can be reached.
 CFMessagePortRef CFMessagePortCreateRemote(CFAllocatorRef, CFStringRef) {

@@ -9,7 +9,7 @@
 
 #include <QSignalSpy>
 #include <QTemporaryFile>
-#include <QtTest>
+#include <QTest>
 
 #include <fcntl.h>
 #include <unistd.h>

@@ -2,7 +2,7 @@
 #include "fakes/RecordingBackend.h"
 #include "input/CKeyboardHandler.h"
 
-#include <QtTest>
+#include <QTest>
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include "input/CRunLoopSource.h"
 #include "support/Table.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <type_traits>
 

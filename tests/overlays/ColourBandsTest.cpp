@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "overlays/ColourBands.h"
 
-#include <QtTest>
+#include <QTest>
 
 using vexa::colourOfSlider;
 

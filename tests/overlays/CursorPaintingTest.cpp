@@ -4,7 +4,7 @@
 #include "support/Table.h"
 
 #include <QRandomGenerator>
-#include <QtTest>
+#include <QTest>
 
 using vexa::paintCursor;
 using vexa::test::Table;

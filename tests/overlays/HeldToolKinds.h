@@ -8,7 +8,7 @@
 #include "settings/ZrToolXmlClass.h"
 #include "support/ScreenProbe.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <functional>
 

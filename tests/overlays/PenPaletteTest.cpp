@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "overlays/PenPalette.h"
 
-#include <QtTest>
+#include <QTest>
 
 class PenPaletteTest : public QObject {
     Q_OBJECT

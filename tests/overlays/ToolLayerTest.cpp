@@ -3,7 +3,7 @@
 
 #include <QPainter>
 #include <QRandomGenerator>
-#include <QtTest>
+#include <QTest>
 
 using vexa::ToolLayer;
 

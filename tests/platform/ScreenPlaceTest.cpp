@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/ScreenPlace.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <cmath>
 

@@ -4,6 +4,8 @@
 #include "support/Table.h"
 #include "support/TestMain.h"
 
+#include <QSignalSpy>
+
 namespace {
 
 /// The bare rectangle that covers this part of the item, or null.

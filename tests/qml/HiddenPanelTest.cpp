@@ -4,6 +4,8 @@
 
 #include <QAbstractEventDispatcher>
 #include <QQuickWindow>
+#include <QSignalSpy>
+#include <QTimer>
 
 using namespace places;
 

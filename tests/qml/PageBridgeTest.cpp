@@ -3,6 +3,8 @@
 #include "qml/Sliders.h"
 #include "support/TestMain.h"
 
+#include <QSignalSpy>
+
 using namespace places;
 
 namespace {

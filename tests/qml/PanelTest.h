@@ -4,7 +4,7 @@
 #include "qml/PanelPlaces.h"
 #include "qml/PanelView.h"
 
-#include <QtTest>
+#include <QTest>
 
 using vexa::test::english;
 using vexa::test::Number;

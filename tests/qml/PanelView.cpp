@@ -4,7 +4,7 @@
 #include <QImage>
 #include <QQmlProperty>
 #include <QQuickWindow>
-#include <QtTest>
+#include <QTest>
 
 namespace {
 

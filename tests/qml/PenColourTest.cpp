@@ -2,6 +2,8 @@
 #include "qml/PanelTest.h"
 #include "support/TestMain.h"
 
+#include <QRegularExpression>
+
 using namespace places;
 
 namespace {

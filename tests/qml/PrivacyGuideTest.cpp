@@ -9,6 +9,7 @@
 #include <QAccessible>
 #include <QPushButton>
 #include <QQuickWidget>
+#include <QSignalSpy>
 #include <QTimer>
 
 #include <functional>

@@ -6,6 +6,7 @@
 
 #include <QQuickWindow>
 #include <QSGRendererInterface>
+#include <QSignalSpy>
 
 using namespace places;
 using namespace sliders;

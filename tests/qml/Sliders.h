@@ -5,7 +5,7 @@
 #include "settings/Choices.h"
 #include "settings/ViewMessage.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <cmath>
 

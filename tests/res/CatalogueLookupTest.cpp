@@ -3,8 +3,8 @@
 #include "res/Wording.h"
 
 #include <QTemporaryDir>
+#include <QTest>
 #include <QTranslator>
-#include <QtTest>
 
 namespace {
 

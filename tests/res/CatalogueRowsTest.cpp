@@ -2,7 +2,7 @@
 #include "res/ExpectedRows.h"
 
 #include <QSet>
-#include <QtTest>
+#include <QTest>
 
 namespace {
 

@@ -5,7 +5,7 @@
 
 #include <QPair>
 #include <QSet>
-#include <QtTest>
+#include <QTest>
 
 namespace {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <QImage>
 #include <QPainter>
-#include <QtTest>
+#include <QTest>
 
 #include <cmath>
 #include <tuple>

@@ -5,7 +5,7 @@
 #include <QProcess>
 #include <QSet>
 #include <QTemporaryDir>
-#include <QtTest>
+#include <QTest>
 
 /// Looks for texts in code, forms and views that no catalogue knows.
 class SourceTextsTest : public QObject {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <QFile>
-#include <QtTest>
+#include <QTest>
 
 /// The file that a fresh installation loads, held against its text written out once more.
 class BuiltInSettingsTest : public QObject {

@@ -2,7 +2,7 @@
 #include "support/Disk.h"
 #include "support/UserFile.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <sys/resource.h>
 #include <sys/stat.h>

@@ -4,7 +4,7 @@
 #include "support/StoredSettings.h"
 #include "support/ViewNumbers.h"
 
-#include <QtTest>
+#include <QTest>
 
 using namespace vexa::test;
 

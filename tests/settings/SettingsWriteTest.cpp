@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/UserFile.h"
 
-#include <QtTest>
+#include <QTest>
 
 using namespace vexa::test;
 

@@ -8,7 +8,7 @@
 #include <QPainter>
 #include <QRasterWindow>
 #include <QScreen>
-#include <QtTest>
+#include <QTest>
 
 namespace vexa::test {
 

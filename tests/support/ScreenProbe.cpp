@@ -3,7 +3,7 @@
 
 #include <QGuiApplication>
 #include <QScreen>
-#include <QtTest>
+#include <QTest>
 
 #include <cmath>
 #include <cstdlib>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QtTest>
+#include <QTest>
 
 #include <tuple>
 

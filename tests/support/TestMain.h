@@ -2,7 +2,7 @@
 #pragma once
 
 #include <QApplication>
-#include <QtTest>
+#include <QTest>
 
 /// The entry function of a test that shows windows: as in the program, one point is one pixel.
 #define VEXA_WIDGET_TEST_MAIN(TestClass)                                                                     \

@@ -6,7 +6,7 @@
 #include "support/Hand.h"
 
 #include <QProcess>
-#include <QtTest>
+#include <QTest>
 
 #include <poll.h>
 

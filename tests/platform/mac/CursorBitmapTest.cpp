@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/mac/CursorBitmap.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <vector>
 

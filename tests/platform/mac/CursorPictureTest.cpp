@@ -2,7 +2,7 @@
 #include "fakes/mac/AppKit.h"
 #include "platform/ScreenCapture.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <limits>
 #include <optional>

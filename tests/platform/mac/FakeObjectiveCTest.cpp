@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "fakes/mac/ObjectiveCRuntime.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <csignal>
 #include <functional>

@@ -4,7 +4,7 @@
 #include "annotation/EveryPointerSample.h"
 #include "fakes/mac/AppKit.h"
 
-#include <QtTest>
+#include <QTest>
 
 class PointerSamplesTest : public QObject {
     Q_OBJECT

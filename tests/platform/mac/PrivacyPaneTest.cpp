@@ -3,7 +3,7 @@
 #include "fakes/mac/Consents.h"
 #include "platform/ScreenCapture.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <optional>
 

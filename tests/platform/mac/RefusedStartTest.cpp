@@ -3,7 +3,7 @@
 
 #include "fakes/mac/Quartz.h"
 
-#include <QtTest>
+#include <QTest>
 
 /// Who starts the program in the Finder is shown why it ends.
 class RefusedStartTest : public QObject {

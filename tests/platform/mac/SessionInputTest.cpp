@@ -4,7 +4,7 @@
 #include "fakes/mac/AppKit.h"
 #include "fakes/mac/Consents.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <optional>
 

@@ -4,7 +4,7 @@
 #include "platform/AutoStart.h"
 #include "platform/SessionInput.h"
 
-#include <QtTest>
+#include <QTest>
 
 class SessionTest : public QObject {
     Q_OBJECT

@@ -2,7 +2,7 @@
 #include "fakes/RecordingBackend.h"
 #include "platform/quartz/Quartz.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <vector>
 

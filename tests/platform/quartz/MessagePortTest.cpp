@@ -2,7 +2,7 @@
 #include "platform/quartz/Quartz.h"
 #include "support/Sanitized.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <memory>
 #include <sys/resource.h>

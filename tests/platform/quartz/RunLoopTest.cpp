@@ -3,7 +3,7 @@
 
 #include "platform/quartz/Quartz.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <atomic>
 #include <future>

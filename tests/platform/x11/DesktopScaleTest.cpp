@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/DesktopScale.h"
 
-#include <QtTest>
+#include <QTest>
 
 using vexa::platform::Pixels;
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/activation/DisplayOwnership.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <future>
 #include <poll.h>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/input/KeyTable.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <map>
 #include <set>

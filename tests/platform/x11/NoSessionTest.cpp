@@ -4,7 +4,7 @@
 #include "platform/quartz/InputBackend.h"
 
 #include <QProcess>
-#include <QtTest>
+#include <QTest>
 
 /// Sessions in which nothing can be heard: said in one sentence, and never with a crash.
 class NoSessionTest : public QObject {

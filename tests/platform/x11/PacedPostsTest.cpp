@@ -5,7 +5,7 @@
 #include "support/NoThreads.h"
 #include "support/Table.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <atomic>
 #include <memory>

@@ -5,7 +5,7 @@
 #include "support/Sanitized.h"
 
 #include <QFile>
-#include <QtTest>
+#include <QTest>
 
 #include <thread>
 #include <vector>

@@ -3,7 +3,7 @@
 
 #include "support/ResidentMemory.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <algorithm>
 #include <thread>

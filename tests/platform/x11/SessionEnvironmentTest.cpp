@@ -5,7 +5,7 @@
 #include <QGuiApplication>
 #include <QProcess>
 #include <QScreen>
-#include <QtTest>
+#include <QTest>
 
 namespace {
 

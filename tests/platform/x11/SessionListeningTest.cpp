@@ -2,6 +2,8 @@
 #include "platform/x11/SessionFixture.h"
 #include "support/Table.h"
 
+#include <QScopeGuard>
+
 #include <poll.h>
 
 using namespace vexa::test;

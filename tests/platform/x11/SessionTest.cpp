@@ -7,7 +7,9 @@
 
 #include <QFile>
 #include <QProcess>
-#include <QtTest>
+#include <QRegularExpression>
+#include <QTest>
+#include <QThread>
 
 #include <stdexcept>
 #include <sys/resource.h>

@@ -5,7 +5,7 @@
 #include "platform/quartz/InputBackend.h"
 #include "platform/quartz/VirtualKeys.h"
 
-#include <QtTest>
+#include <QTest>
 
 /// What the X backend reports, to be compared as a list.
 namespace vexa::test {
