@@ -19,6 +19,7 @@ template<typename T> using Reply = std::unique_ptr<T, FreeReply>;
 
 /// A connection of our own to the X server that DISPLAY names, apart from the toolkit's. One thread at a
 /// time. When it breaks it stays broken: requests are dropped, and what waits for an answer returns at once.
+/// The process must ignore SIGPIPE, which a write to a server that goes in that moment raises.
 class Connection {
 public:
     /// Null when the server cannot be reached.
