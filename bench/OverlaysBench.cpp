@@ -4,13 +4,13 @@
 // pointer moves and while it rests, the time from a key's command to the first pixel, and what is left in
 // memory. Prints a table.
 #include "Median.h"
-#include "ProcessMeter.h"
 #include "overlays/LightPen.h"
 #include "overlays/Magnifie.h"
 #include "overlays/ScreenPicture.h"
 #include "overlays/Spolight2.h"
 #include "platform/OverlayWindow.h"
 #include "settings/ZrToolXmlClass.h"
+#include "support/ProcessMeter.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -32,11 +32,11 @@ constexpr int manyOpenings = 200;
 constexpr int warmUp = 10;
 
 double processorSeconds() {
-    return bench::processorSeconds(QCoreApplication::applicationPid());
+    return vexa::test::processorSeconds(QCoreApplication::applicationPid());
 }
 
 double residentMebibytes() {
-    return bench::residentMebibytes(QCoreApplication::applicationPid());
+    return vexa::test::residentMebibytes(QCoreApplication::applicationPid());
 }
 
 void runFor(int milliseconds) {

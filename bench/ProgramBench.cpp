@@ -7,10 +7,10 @@
 // report of them.
 #include "Floors.h"
 #include "Median.h"
-#include "ProcessMeter.h"
 #include "Samples.h"
 #include "e2e/Desktop.h"
 #include "e2e/Program.h"
+#include "support/ProcessMeter.h"
 #include "support/RealInput.h"
 
 #include <QApplication>
@@ -106,9 +106,9 @@ std::vector<Tool> allTools() {
 double share(qint64 pid, const std::function<void()> &something) {
     QElapsedTimer timer;
     timer.start();
-    const double before = bench::processorSeconds(pid);
+    const double before = processorSeconds(pid);
     something();
-    return 100 * (bench::processorSeconds(pid) - before) / seconds(timer);
+    return 100 * (processorSeconds(pid) - before) / seconds(timer);
 }
 
 void circle() {
@@ -150,7 +150,7 @@ public:
 
     bool isReady() const { return m_ready; }
     qint64 pid() const { return m_program.pid(); }
-    double memory() const { return bench::proportionalMebibytes(pid()); }
+    double memory() const { return proportionalMebibytes(pid()); }
 
     /// From the chord to the first pixel, in milliseconds, or -1.
     double open() const {
@@ -235,7 +235,7 @@ void benchFloors() {
     empty.start(QStringLiteral(EMPTY_PROGRAM), QStringList());
     empty.waitForStarted();
     rest(promptFades);
-    print("floor: empty program's memory", "MiB", bench::proportionalMebibytes(empty.processId()));
+    print("floor: empty program's memory", "MiB", proportionalMebibytes(empty.processId()));
     empty.kill();
     empty.waitForFinished();
 }

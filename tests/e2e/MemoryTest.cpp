@@ -3,6 +3,7 @@
 #include "e2e/Program.h"
 #include "e2e/ServerResources.h"
 #include "support/Patience.h"
+#include "support/ProcessMeter.h"
 #include "support/RealInput.h"
 #include "support/Sanitized.h"
 #include "support/TestMain.h"
@@ -20,19 +21,6 @@ constexpr double screenPicture = 1920.0 * 1080 * 4 / (1 << 20); // MiB
 constexpr double allowedWhileHidden = 100;
 constexpr double allowedWithATool = 130;
 constexpr double allowedAfterUse = 2.5;
-
-QByteArray processFile(qint64 pid, const char *name) {
-    QFile file(QStringLiteral("/proc/%1/%2").arg(pid).arg(QLatin1String(name)));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-/// What a process has in memory, in MiB. Pages of files count whole, however many programs use them.
-double memoryOf(const e2e::Program &program) {
-    for (const QByteArray &line : processFile(program.pid(), "smaps_rollup").split('\n'))
-        if (line.startsWith("Rss:"))
-            return line.mid(4).trimmed().split(' ').first().toDouble() / 1024;
-    return 0;
-}
 
 /// The toolkit keeps the last eight cursors that were made of pictures.
 e2e::ServerResources onServerFor(const e2e::Program &program) {
@@ -79,7 +67,9 @@ private slots:
     void openGlIsNotLoadedWithoutACard() {
         e2e::Program program;
         QVERIFY(e2e::startAndSettle(program));
-        const QByteArray loaded = processFile(program.pid(), "maps");
+        QFile maps(QStringLiteral("/proc/%1/maps").arg(program.pid()));
+        QVERIFY(maps.open(QIODevice::ReadOnly));
+        const QByteArray loaded = maps.readAll();
         QVERIFY(loaded.contains("libQt5Quick"));
         for (const char *library : {"libLLVM", "_dri.so", "libGLX_", "libqtgraphicaleffects"})
             QVERIFY2(!loaded.contains(library), library);
@@ -98,7 +88,7 @@ private slots:
         QFETCH(Use, use);
         e2e::Program program({{"Key4P", use.heldTool}, {"Key3P", 3}});
         QVERIFY(e2e::startAndSettle(program));
-        const double hidden = memoryOf(program);
+        const double hidden = residentMebibytes(program.pid());
         QVERIFY(hidden > screenPicture);
         QVERIFY(addressSanitized || hidden < allowedWhileHidden);
 
@@ -106,13 +96,14 @@ private slots:
         for (int round = 0; round < 3; ++round) {
             open(use);
             QTRY_VERIFY_WITH_TIMEOUT(isAnyToolOpen(program), patience);
-            const double opened = memoryOf(program);
+            const double opened = residentMebibytes(program.pid());
             QVERIFY(addressSanitized || use.tools > 1 || opened < allowedWithATool);
             close(use);
             QTRY_VERIFY_WITH_TIMEOUT(!isAnyToolOpen(program), patience);
-            QTRY_VERIFY_WITH_TIMEOUT(addressSanitized || memoryOf(program) < hidden + allowedAfterUse,
-                                     patience);
-            qInfo("hidden %.1f, open %.1f, hidden again %.1f MiB", hidden, opened, memoryOf(program));
+            QTRY_VERIFY_WITH_TIMEOUT(
+                addressSanitized || residentMebibytes(program.pid()) < hidden + allowedAfterUse, patience);
+            qInfo("hidden %.1f, open %.1f, hidden again %.1f MiB", hidden, opened,
+                  residentMebibytes(program.pid()));
             // What the first tool of all leaves behind is there to stay.
             if (round == 0)
                 onServer = onServerFor(program);

@@ -3,6 +3,7 @@
 #include "e2e/Program.h"
 #include "e2e/ServerResources.h"
 #include "support/Patience.h"
+#include "support/ProcessMeter.h"
 #include "support/RealInput.h"
 #include "support/Sanitized.h"
 
@@ -20,28 +21,11 @@ namespace {
 
 constexpr int roundsToWarmUp = 6; ///< every tool twice, every language twice
 constexpr int fewestRounds = 6;
-constexpr int megabytesOfGrowth = 10;
+constexpr double growth = 10; // MiB
 const QSize wholeScreen(1920, 1080);
 
 /// How long to go on after that.
 int minutesToSoak = 0;
-
-int entriesOf(qint64 pid, const char *folder) {
-    return int(QDir(QStringLiteral("/proc/%1/%2").arg(pid).arg(QLatin1String(folder)))
-                   .entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot)
-                   .size());
-}
-
-/// The process's own share of the memory, in kilobytes.
-int memoryOf(qint64 pid) {
-    QFile rollup(QStringLiteral("/proc/%1/smaps_rollup").arg(pid));
-    if (!rollup.open(QIODevice::ReadOnly))
-        return 0;
-    for (const QByteArray &line : rollup.readAll().split('\n'))
-        if (line.startsWith("Pss:"))
-            return line.mid(4).trimmed().split(' ').first().toInt();
-    return 0;
-}
 
 } // namespace
 
@@ -58,11 +42,11 @@ private slots:
         for (int round = 0; round < roundsToWarmUp; ++round)
             if (!present(round))
                 QFAIL(m_failure.constData());
-        const int memory = memoryOf(pid);
-        const int descriptors = entriesOf(pid, "fd");
-        const int threads = entriesOf(pid, "task");
+        const double memory = proportionalMebibytes(pid);
+        const int descriptors = descriptorsOf(pid);
+        const int threads = threadsOf(pid);
         const e2e::ServerResources inServer = e2e::serverResourcesOf(pid);
-        qInfo("at first: %d kB, %d descriptors, %d threads, %lld windows and %lld bytes of pixmaps in the "
+        qInfo("at first: %.1f MiB, %d descriptors, %d threads, %lld windows and %lld bytes of pixmaps in the "
               "server",
               memory, descriptors, threads, inServer.value("WINDOW"), inServer.value("bytes of pixmaps"));
 
@@ -73,15 +57,17 @@ private slots:
             if (!present(rounds))
                 QFAIL(m_failure.constData());
             if (rounds % 20 == 19)
-                qInfo("%d rounds in %lld s: %d kB", rounds + 1, timer.elapsed() / 1000, memoryOf(pid));
+                qInfo("%d rounds in %lld s: %.1f MiB", rounds + 1, timer.elapsed() / 1000,
+                      proportionalMebibytes(pid));
         }
         const auto grown = [&] { return e2e::grown(inServer, e2e::serverResourcesOf(pid)); };
         QVERIFY2(QTest::qWaitFor([&] { return grown().isEmpty(); }, patience), qPrintable(grown().join(';')));
-        QTRY_VERIFY_WITH_TIMEOUT(entriesOf(pid, "fd") <= descriptors, patience);
-        QTRY_VERIFY_WITH_TIMEOUT(entriesOf(pid, "task") <= threads, patience);
-        qInfo("after %d rounds in %lld s: %d kB", rounds, timer.elapsed() / 1000, memoryOf(pid));
+        QTRY_VERIFY_WITH_TIMEOUT(noMore(descriptors, descriptorsOf(pid)), patience);
+        QTRY_VERIFY_WITH_TIMEOUT(noMore(threads, threadsOf(pid)), patience);
+        qInfo("after %d rounds in %lld s: %.1f MiB", rounds, timer.elapsed() / 1000,
+              proportionalMebibytes(pid));
         if (!addressSanitized)
-            QTRY_VERIFY_WITH_TIMEOUT(memoryOf(pid) < memory + megabytesOfGrowth * 1000, patience);
+            QTRY_VERIFY_WITH_TIMEOUT(proportionalMebibytes(pid) < memory + growth, patience);
         QVERIFY(program.isRunning());
     }
 

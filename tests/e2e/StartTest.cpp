@@ -3,6 +3,7 @@
 #include "e2e/Program.h"
 #include "e2e/WindowWatch.h"
 #include "support/Patience.h"
+#include "support/ProcessMeter.h"
 #include "support/RealInput.h"
 #include "support/StoredSettings.h"
 #include "support/TestMain.h"
@@ -29,17 +30,6 @@ quint32 existing(qint64 pid, const QSize &size) {
     for (const e2e::Window &window : e2e::windowsOf(pid))
         if (window.geometry.size() == size)
             return window.id;
-    return 0;
-}
-
-/// The most memory that a running program has held, in MiB.
-int peakMemory(qint64 pid) {
-    QFile status(QStringLiteral("/proc/%1/status").arg(pid));
-    if (!status.open(QIODevice::ReadOnly))
-        return 0;
-    for (const QByteArray &line : status.readAll().split('\n'))
-        if (line.startsWith("VmHWM:"))
-            return line.mid(6).trimmed().split(' ').first().toInt() / 1024;
     return 0;
 }
 
@@ -232,7 +222,7 @@ private slots:
 
     void badSettingsFilesDoNotKeepItFromStarting() {
         QFETCH(Place, place);
-        const int usual = usualPeak();
+        const double usual = usualPeak();
         QVERIFY(usual > 0);
         e2e::Program program{e2e::Program::Settings()};
         QVERIFY(place(program.settingsPath()));
@@ -240,7 +230,7 @@ private slots:
         QVERIFY(program.start());
         // What holds in memory says that the guide is to be shown.
         QTRY_VERIFY_WITH_TIMEOUT(e2e::visibleWindowOfSize(program.pid(), guideSize).id, patience);
-        const int peak = peakMemory(program.pid());
+        const double peak = peakMebibytes(program.pid());
         QVERIFY(peak > 0);
         QVERIFY2(peak < usual + 50,
                  qPrintable(QStringLiteral("%1 MiB, usually %2 MiB").arg(peak).arg(usual)));
@@ -250,17 +240,17 @@ private slots:
 private:
     /// That of a start without any settings file. Not beside another instance, which it would leave the field
     /// to.
-    int usualPeak() {
+    double usualPeak() {
         if (m_usualPeak == 0) {
             e2e::Program program{e2e::Program::Settings()};
             const auto guide = [&] { return e2e::visibleWindowOfSize(program.pid(), guideSize).id != 0; };
             if (program.start() && QTest::qWaitFor(guide, patience))
-                m_usualPeak = peakMemory(program.pid());
+                m_usualPeak = peakMebibytes(program.pid());
         }
         return m_usualPeak;
     }
 
-    int m_usualPeak = 0;
+    double m_usualPeak = 0;
 };
 
 VEXA_WIDGET_TEST_MAIN(StartTest)

@@ -4,10 +4,10 @@
 #include "e2e/ServerResources.h"
 #include "e2e/ServerStrain.h"
 #include "support/Patience.h"
+#include "support/ProcessMeter.h"
 #include "support/RealInput.h"
 #include "support/TestMain.h"
 
-#include <QDir>
 #include <QElapsedTimer>
 #include <QThread>
 
@@ -20,12 +20,6 @@ namespace {
 
 const QRgb dotColour = qRgb(0, 255, 90); // what the slider's 600 stands for
 const QPoint place(500, 400);
-
-int entriesOf(qint64 pid, const char *folder) {
-    return int(QDir(QStringLiteral("/proc/%1/%2").arg(pid).arg(QLatin1String(folder)))
-                   .entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot)
-                   .size());
-}
 
 } // namespace
 
@@ -110,15 +104,15 @@ private slots:
             openAndClose();
         // A closed tool is out of sight at once, and destroyed a moment later.
         QTRY_COMPARE_WITH_TIMEOUT(int(e2e::windowsOf(pid).size()), windows, patience);
-        const int descriptors = entriesOf(pid, "fd");
-        const int threads = entriesOf(pid, "task");
+        const int descriptors = descriptorsOf(pid);
+        const int threads = threadsOf(pid);
         const e2e::ServerResources inServer = e2e::serverResourcesOf(pid);
         QVERIFY(inServer.value("WINDOW") > 0);
         for (int round = 0; round < 10; ++round)
             openAndClose();
         QTRY_COMPARE_WITH_TIMEOUT(int(e2e::windowsOf(pid).size()), windows, patience);
-        QTRY_VERIFY_WITH_TIMEOUT(entriesOf(pid, "fd") <= descriptors, patience);
-        QTRY_VERIFY_WITH_TIMEOUT(entriesOf(pid, "task") <= threads, patience);
+        QTRY_VERIFY_WITH_TIMEOUT(noMore(descriptors, descriptorsOf(pid)), patience);
+        QTRY_VERIFY_WITH_TIMEOUT(noMore(threads, threadsOf(pid)), patience);
         const auto grown = [&] { return e2e::grown(inServer, e2e::serverResourcesOf(pid)); };
         QVERIFY2(QTest::qWaitFor([&] { return grown().isEmpty(); }, patience), qPrintable(grown().join(';')));
     }
