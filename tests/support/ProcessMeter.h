@@ -5,8 +5,8 @@
 
 namespace vexa::test {
 
-// What a process uses, as the kernel tells it. Amounts are not a number, and counts 0, where it does not
-// tell, as of a process that has gone: no comparison holds then.
+// What a process uses, as the kernel tells it. Where it does not tell, as of a process that has gone, amounts
+// are not a number, which no comparison holds for, and counts are 0, which noMore() takes for a failure.
 
 /// Processor time that all threads of a process have used so far, in seconds; to the nanosecond as the kernel
 /// counts.
@@ -21,6 +21,7 @@ double peakMebibytes(qint64 pid);
 /// Memory that a process has in use, in MiB, where pages that several share count for each in part.
 double proportionalMebibytes(qint64 pid);
 
+/// Descriptors that are open, and threads that run.
 int descriptorsOf(qint64 pid);
 int threadsOf(qint64 pid);
 
